@@ -1,0 +1,97 @@
+#pragma once
+
+// Times work of this library beside other libraries that do the same work. Ours in each processor form and
+// all peers run in turns, so that a busy machine hits everybody alike; what counts is the ratio of medians.
+//
+//     int main(int argc, char** argv)
+//     {
+//         bench::PeerBench peers(argc, argv);
+//         bench::Contest   contest;
+//         contest.Title = "fast stretch 0.28";
+//         contest.Run = [&] { Stretch(target); };
+//         contest.Check = [&] { return target == reference; };
+//         contest.Peers.push_back({"opencv nearest", [&] { cv::resize(...); }});
+//         contest.AtMost = 0.95;
+//         peers.Compare(contest);
+//         return peers.Finish();
+//     }
+//
+// Flags: --only=TEXT (titles that contain it), --rounds=N (default 21), --markdown=FILE (appends the table),
+// --strict (a ratio over its bound counts as failure), and those of Google Benchmark, whose reporters list
+// every sample set too (--benchmark_out=FILE --benchmark_out_format=json).
+
+#include "foundation/CpuForms.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace bench {
+
+// Work of another library. Its result is its own business, Check only makes sure that it did the work.
+struct Peer {
+    std::string           Name;
+    std::function<void()> Run;
+    std::function<void()> Prepare;    // not timed; called before each run; may be empty
+    std::function<bool()> Check;      // after a run; may be empty
+};
+
+struct Contest {
+    std::string           Title;
+    std::function<void()> Run;        // ours; the form to use has been forced before
+    std::function<void()> Prepare;    // not timed; called before each run; may be empty
+    std::function<bool()> Check;      // after a run: the result equals the plain reference, byte for byte
+    std::vector<Peer>     Peers;      // none: only times and the ratio to the plain form are printed
+    double                AtMost = 0.0;    // bound of the ratio to the best peer in the AVX2 form; 0: none
+    double                AtMostAvx512 = 0.0;     // the same for AVX-512; 0: as AtMost
+    bool                  ColdCaches = false;     // before each run other memory sweeps the caches, untimed
+    bool                  PlainIsSlow = false;    // the plain form is checked but not timed
+    int                   Rounds = 0;             // samples of each; 0: as the flag says
+};
+
+class PeerBench {
+public:
+    PeerBench(int& argc, char** argv);
+
+    // Checks, times and prints one line per form. False when a check failed: then nothing is timed.
+    bool Compare(const Contest& contest);
+
+    // For results that are no comparison of times, kept for the table.
+    void Note(const std::string& line);
+
+    // Prints the table with machine and date and answers the program's exit code.
+    int Finish();
+
+private:
+    struct Row {
+        std::string Title;
+        std::string Form;
+        std::string Peer;            // the best one; empty without peers
+        double      Ours = 0.0;      // ms
+        double      Theirs = 0.0;    // ms
+        double      Spread = 0.0;    // of ours: half the distance of the quartiles over the median
+        double      AtMost = 0.0;
+        double      Quietest = 0.0;    // ratio of the fastest samples; 0 without peers
+    };
+    struct Samples {
+        std::string         Name;
+        std::vector<double> Seconds;
+    };
+
+    std::string Table() const;
+
+    std::string              OnlyTitle;
+    std::string              MarkdownFile;
+    std::string              Program;
+    int                      Rounds = 21;
+    bool                     Strict = false;
+    bool                     Failed = false;
+    std::vector<Row>         Rows;
+    std::vector<Samples>     AllSamples;    // replayed to Google Benchmark's reporters
+    std::vector<std::string> Notes;
+};
+
+// "plain", "sse2", "avx2", "avx512".
+const char* NameOf(CpuForm form);
+
+}

@@ -1,0 +1,68 @@
+# What every target of this project is compiled with.
+
+function(vostel_compile_rules target)
+    target_compile_features(${target} PUBLIC cxx_std_20)
+    target_compile_options(${target} PRIVATE    # every build computes the same bits
+        "$<IF:$<CXX_COMPILER_ID:MSVC>,/utf-8;/fp:precise,-ffp-contract=off>")
+    if(NOT MSVC)
+        target_compile_options(${target} PRIVATE -Wall -Wextra)
+    endif()
+    if(VOSTEL_WARNINGS_AS_ERRORS)
+        target_compile_options(${target} PRIVATE "$<IF:$<CXX_COMPILER_ID:MSVC>,/WX,-Werror>")
+    endif()
+    if(VOSTEL_SANITIZE)
+        # The reports need lines, not variables; leaving those out halves the build.
+        target_compile_options(${target} PRIVATE -O1 -g1 -fno-omit-frame-pointer
+            -fsanitize=address,undefined -fno-sanitize-recover=all)
+        target_link_options(${target} PRIVATE -fsanitize=address,undefined)
+    endif()
+    if(MINGW)
+        target_link_options(${target} PRIVATE -static)    # the runtime goes into each program and library
+    endif()
+endfunction()
+
+# A library that shows the names it marks for export and no other.
+function(vostel_shared_library target)
+    set_target_properties(${target} PROPERTIES
+        LINKER_LANGUAGE CXX CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON
+        VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+    if(WIN32)
+        set_target_properties(${target} PROPERTIES PREFIX "")
+    elseif(NOT APPLE)
+        # Visibility does not hide what the standard library's templates leave behind.
+        set(names ${PROJECT_SOURCE_DIR}/cmake/HiddenNames.map)
+        target_link_options(${target} PRIVATE
+            "LINKER:--exclude-libs,ALL" "LINKER:--version-script=${names}")
+        set_target_properties(${target} PROPERTIES LINK_DEPENDS ${names})
+    endif()
+endfunction()
+
+set(VOSTEL_X86_64 FALSE)
+if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64|amd64")
+    set(VOSTEL_X86_64 TRUE)
+endif()
+
+# Adds fast forms of one file to a target: vostel_fast_forms(target feature files...). The suffix of a
+# file names the feature it is compiled for; other processors leave the files out.
+function(vostel_fast_forms target feature)
+    if(NOT VOSTEL_X86_64)
+        return()
+    endif()
+    if(feature STREQUAL "avx2")
+        set(flags "$<IF:$<CXX_COMPILER_ID:MSVC>,/arch:AVX2,-mavx2>")
+    elseif(feature STREQUAL "avx512")
+        set(flags "$<IF:$<CXX_COMPILER_ID:MSVC>,/arch:AVX512,-mavx512f;-mavx512bw;-mavx512vl;-mavx512dq>")
+        # GCC 12 takes the unset operand inside its own intrinsics for a variable of ours.
+        list(APPEND flags "$<$<CXX_COMPILER_ID:GNU>:-Wno-uninitialized;-Wno-maybe-uninitialized>")
+    elseif(NOT feature STREQUAL "sse2")
+        message(FATAL_ERROR "no processor feature named ${feature}")
+    endif()
+    if(MINGW)
+        # The compiler aligns the stack to 16 bytes only and yet spills wider registers with aligned moves.
+        list(APPEND flags "-Wa,-muse-unaligned-vector-move")
+    endif()
+    foreach(file IN LISTS ARGN)
+        set_source_files_properties(${file} TARGET_DIRECTORY ${target} PROPERTIES COMPILE_OPTIONS "${flags}")
+        target_sources(${target} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/${file})
+    endforeach()
+endfunction()

@@ -1,0 +1,67 @@
+#include "Host.h"
+
+#include <cstdlib>
+#include <cstring>
+
+Host::Host(int canvas, int width, int height) : Canvas(canvas), Client(0, 0, width, height)
+{
+    Screen = CreateCompatibleDC(nullptr);
+    BITMAPINFO info = {};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = width;
+    info.bmiHeader.biHeight = height;
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 32;
+    Frame = CreateDIBSection(Screen, &info, DIB_RGB_COLORS, &Bits, nullptr, 0);
+    Displaced = SelectObject(Screen, Frame);
+    gCVSSetClient(Canvas, Client, Screen);
+}
+
+Host::~Host()
+{
+    SelectObject(Screen, Displaced);
+    DeleteObject(Frame);
+    DeleteDC(Screen);
+}
+
+void Host::Move(CPoint at)
+{
+    gCVSOnMouseMove(Canvas, 0, at);
+}
+
+void Host::Drag(unsigned int flags, CPoint from, CPoint to)
+{
+    constexpr int Steps = 8;
+    Move(from);
+    gCVSOnLButtonDown(Canvas, flags | MK_LBUTTON, from);
+    for (int step = 1; step <= Steps; ++step)
+        gCVSOnMouseMove(Canvas, flags | MK_LBUTTON,
+                        CPoint(from.x + (to.x - from.x) * step / Steps, from.y + (to.y - from.y) * step / Steps));
+    gCVSOnLButtonUp(Canvas, flags, to);
+}
+
+void Host::Zoom(int steps, CPoint at)
+{
+    for (int step = 0; step < std::abs(steps); ++step) {
+        gCVSOnMouseWheel(Canvas, MK_CONTROL, steps > 0 ? 120 : -120, at);
+        gCVSOnDraw(Canvas, Screen);    // the zoom limit looks at what the last paint showed
+    }
+}
+
+bool Host::WriteFrame(const std::string& path)
+{
+    gCVSOnDraw(Canvas, Screen);
+    GdiFlush();
+    CImage picture;
+    if (!picture.Create(Client.Width(), Client.Height(), 24))
+        return false;
+    for (int y = 0; y < Client.Height(); ++y) {
+        // The frame's rows run bottom-up, four bytes a pixel.
+        const unsigned char* source =
+            static_cast<const unsigned char*>(Bits) + static_cast<std::size_t>(Client.Height() - 1 - y) * Client.Width() * 4;
+        unsigned char* target = static_cast<unsigned char*>(picture.GetBits()) + static_cast<std::ptrdiff_t>(y) * picture.GetPitch();
+        for (int x = 0; x < Client.Width(); ++x)
+            std::memcpy(target + 3 * x, source + 4 * x, 3);
+    }
+    return picture.Save(std::wstring(path.begin(), path.end()).c_str()) >= 0;
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <VostelObj.h>
+
+#include <string>
+
+// A host without a window: a memory bitmap takes the place of the screen. It owns the bitmap and its context,
+// hands the canvas the events that a window would get, and writes frames as pictures.
+class Host {
+public:
+    Host(int canvas, int width, int height);
+    ~Host();
+    Host(const Host&) = delete;
+    Host& operator=(const Host&) = delete;
+
+    // Gestures, as a user makes them. Points are client px.
+    void Move(CPoint at);
+    void Drag(unsigned int flags, CPoint from, CPoint to);
+    void Zoom(int steps, CPoint at);    // Control and the wheel; negative steps zoom out
+
+    // Paints and writes the frame; false when the file cannot be written.
+    bool WriteFrame(const std::string& path);
+
+private:
+    int     Canvas;
+    CRect   Client;
+    HDC     Screen = nullptr;
+    HBITMAP Frame = nullptr;
+    HGDIOBJ Displaced = nullptr;
+    void*   Bits = nullptr;
+};

@@ -1,0 +1,113 @@
+#pragma once
+
+// The two-dimensional array of the whole system. Every image, kernel, label plane and raw plane is one:
+// row-major, reachable as one flat buffer and through a table of row pointers, so that Ptr2D[y][x] and
+// Ptr1D[y * Width + x] are the same element. A colour image is three 8-bit planes.
+
+#include "vostel/Colour.h"
+#include "vostel/Geometry.h"
+#include "vostel/export.h"
+
+#include <type_traits>
+
+template <typename T>
+struct StructData2D {
+    T*           Ptr1D = nullptr;    // Width * Height elements, row after row, no padding
+    T**          Ptr2D = nullptr;    // Height row pointers into Ptr1D
+    std::int32_t Width = 0;          // -1 after Release
+    std::int32_t Height = 0;         // -1 after Release
+    ZEKRECT      Region;             // whole image, kept up by Allocate and Release only
+    bool         OwnPtr1D = true;    // Release frees Ptr1D
+    bool         OwnPtr2D = true;    // Release frees Ptr2D
+
+    // Stores the size and makes both arrays, without releasing what was there before and without touching
+    // Region. The buffer is not cleared. A product of the sizes that leaves 32 bits, or is negative, fails
+    // with the allocator's exception; the size is then stored and the pointers are as they were.
+    void AllocateBuffers(int width, int height);
+
+    // Element-wise: the sum of the element, as float, and the offset, formed in 32-bit float. To an
+    // integer it is truncated towards zero and its low bits are stored: no saturation. This object takes
+    // the source's size through AllocateBuffers, so that it must be empty or loses its buffers.
+    // Pairs: float from unsigned short, short, unsigned char; unsigned short from float, short, unsigned
+    // char.
+    template <typename S>
+    void ConvertFrom(StructData2D<S>& source, float offset);
+
+    // Smallest and largest element; both 0 from an empty container.
+    void GetMinMax(float& minValue, float& maxValue)
+        requires std::is_same_v<T, float>;
+};
+
+template <typename T>
+class ClassData2DIOGeneral : public StructData2D<T> {
+public:
+    ClassData2DIOGeneral() = default;
+    ClassData2DIOGeneral(const ClassData2DIOGeneral& other) : StructData2D<T>() { *this = other; }
+    ~ClassData2DIOGeneral() { ClassData2DIOGeneral::Release(); }
+
+    // Releases, then makes a fresh buffer and row table, also when the size does not change. The contents
+    // are undefined. Errors as for AllocateBuffers; Allocate(0, 0) gives non-null empty arrays.
+    virtual void Allocate(int width, int height);
+
+    // Frees what is owned; Width and Height become -1. Safe to repeat.
+    virtual void Release();
+
+    // Ptr1D + y * Width; y is not checked.
+    virtual T* GetRow(int y);
+
+    // Deep copy through Allocate. Assigning a container to itself destroys its data.
+    virtual ClassData2DIOGeneral& operator=(const ClassData2DIOGeneral& other);
+};
+
+template <typename T>
+class ClassData2DIO : public ClassData2DIOGeneral<T> {
+public:
+    ClassData2DIO() = default;
+    ClassData2DIO(const ClassData2DIO&) = default;
+    ClassData2DIO& operator=(const ClassData2DIO& other)
+    {
+        ClassData2DIOGeneral<T>::operator=(other);
+        return *this;
+    }
+
+    // The pixel at coordinates that may lie outside the image: the image is reflected with the edge sample
+    // repeated, so -1 reads 0 and Width reads Width - 1. 0 from an empty container.
+    unsigned char MirrorValue(PointTemplateBase<int> p)
+        requires std::is_same_v<T, unsigned char>;
+
+    // Fills the allocated buffer from a file of plain elements, starting offset bytes into it; a short file
+    // leaves the tail as it was. Shows "文件不存在" if the path does not exist.
+    void ReadFile(const char* path, unsigned int offset)
+        requires std::is_same_v<T, short> || std::is_same_v<T, float>;
+    void ReadFile(const char* path)
+        requires std::is_same_v<T, unsigned char>;
+
+    // Scales a kernel so that its elements, added in row-major order in float, sum to one. Left alone when
+    // the sum is not above 1e-10 in magnitude.
+    void NormalizeSum()
+        requires std::is_same_v<T, float>;
+};
+
+extern template struct VOSTEL_API StructData2D<unsigned char>;
+extern template struct VOSTEL_API StructData2D<short>;
+extern template struct VOSTEL_API StructData2D<unsigned short>;
+extern template struct VOSTEL_API StructData2D<int>;
+extern template struct VOSTEL_API StructData2D<float>;
+extern template struct VOSTEL_API StructData2D<tagStructRGBA>;
+extern template class VOSTEL_API  ClassData2DIOGeneral<unsigned char>;
+extern template class VOSTEL_API  ClassData2DIOGeneral<short>;
+extern template class VOSTEL_API  ClassData2DIOGeneral<unsigned short>;
+extern template class VOSTEL_API  ClassData2DIOGeneral<int>;
+extern template class VOSTEL_API  ClassData2DIOGeneral<float>;
+extern template class VOSTEL_API  ClassData2DIOGeneral<tagStructRGBA>;
+extern template class VOSTEL_API  ClassData2DIO<unsigned char>;
+extern template class VOSTEL_API  ClassData2DIO<short>;
+extern template class VOSTEL_API  ClassData2DIO<unsigned short>;
+extern template class VOSTEL_API  ClassData2DIO<int>;
+extern template class VOSTEL_API  ClassData2DIO<float>;
+extern template VOSTEL_API void   StructData2D<float>::ConvertFrom(StructData2D<unsigned short>&, float);
+extern template VOSTEL_API void   StructData2D<float>::ConvertFrom(StructData2D<short>&, float);
+extern template VOSTEL_API void   StructData2D<float>::ConvertFrom(StructData2D<unsigned char>&, float);
+extern template VOSTEL_API void   StructData2D<unsigned short>::ConvertFrom(StructData2D<float>&, float);
+extern template VOSTEL_API void   StructData2D<unsigned short>::ConvertFrom(StructData2D<short>&, float);
+extern template VOSTEL_API void   StructData2D<unsigned short>::ConvertFrom(StructData2D<unsigned char>&, float);

@@ -1,0 +1,249 @@
+#include "canvas/PixelSurface.h"
+
+#include "canvas/CanvasView.h"
+#include "foundation/Truncate.h"
+#include "output/PlaneUploads.h"
+#include "output/WordRows.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+BITMAPINFO CanvasHeader(int width, int height)
+{
+    BITMAPINFO info = {};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = width;
+    info.bmiHeader.biHeight = height;    // positive: bottom-up
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 32;
+    info.bmiHeader.biCompression = BI_RGB;
+    return info;
+}
+
+// One axis of the visible part. The fractions are single, the overhang's product is double.
+struct Span {
+    int SourceLow, SourceHigh;
+    int TargetLow, TargetHigh;
+};
+
+Span VisibleSpan(LONG displayLow, LONG displayHigh, LONG clientLow, LONG clientHigh, int extent)
+{
+    const float shown = static_cast<float>(static_cast<long long>(displayHigh) - displayLow);
+    Span        span;
+    const float low = static_cast<float>(static_cast<long long>(clientLow) - displayLow) / shown;
+    if (low < 0.0f) {
+        span.SourceLow = 0;
+        span.TargetLow = displayLow;
+    } else {
+        span.SourceLow = TruncToInt(static_cast<float>(extent) * low);
+        span.TargetLow = 0;    // not clientLow: client areas start at the origin
+    }
+    const float high = static_cast<float>(static_cast<long long>(clientHigh) - displayHigh) / shown;
+    if (high < 0.0f) {
+        span.TargetHigh = clientHigh;
+        span.SourceHigh = TruncToInt((1.0 - static_cast<double>(std::fabs(high))) * extent);
+    } else {
+        span.SourceHigh = extent;
+        span.TargetHigh = displayHigh;
+    }
+    return span;
+}
+
+BytePlane RowsFrom(const BytePlane& plane, int row)
+{
+    const std::size_t skipped = plane.Stride * static_cast<std::size_t>(row);
+    if (!plane.Data || skipped >= plane.Bytes)
+        return BytePlane();
+    return {plane.Data + skipped, plane.Bytes - skipped, plane.Stride};
+}
+
+}
+
+HBITMAP CreateDibPixels(HDC dc, int width, int height, void** bits)
+{
+    *bits = nullptr;
+    if (width < 1 || height < 1)
+        return nullptr;
+    BITMAPINFO    info = CanvasHeader(width, height);
+    const HBITMAP bitmap = CreateDIBSection(dc, &info, DIB_RGB_COLORS, bits, nullptr, 0);
+    if (!bitmap) {
+        *bits = nullptr;
+        return nullptr;
+    }
+    GetDIBits(dc, bitmap, 0, 0, nullptr, &info, DIB_RGB_COLORS);
+    return bitmap;
+}
+
+PixelSurface::~PixelSurface()
+{
+    DropBitmap();
+    if (MemDC)
+        DeleteDC(MemDC);
+    FreeRowTable();
+}
+
+void PixelSurface::Rebuild(HDC dc, int width, int height, bool cleared)
+{
+    // A bitmap of the same size serves again: touching fresh memory costs more than the upload.
+    const bool kept = Bitmap && width == Width && height == Height;
+    if (!kept)
+        DropBitmap();
+    else if (OldBitmap)
+        SelectObject(MemDC, OldBitmap);
+    if (MemDC)
+        DeleteDC(MemDC);
+    Width = width;
+    Height = height;
+    MemDC = CreateCompatibleDC(dc);
+    if (!kept)
+        CreateCanvasBitmap();
+    else if (cleared)
+        Fill(0);
+    OldBitmap = Bitmap ? SelectObject(MemDC, Bitmap) : nullptr;
+}
+
+bool PixelSurface::CreateCanvasBitmap()
+{
+    DropBitmap();
+    void* bits = nullptr;
+    if (Width >= 1 && Height >= 1) {
+        const BITMAPINFO info = CanvasHeader(Width, Height);
+        Bitmap = CreateDIBSection(MemDC, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+    }
+    Pixels = Bitmap ? static_cast<unsigned int*>(bits) : nullptr;
+    return Bitmap != nullptr;
+}
+
+unsigned int** PixelSurface::CreateRowTable()
+{
+    FreeRowTable();
+    const int rows = Pixels ? Height : 0;
+    Rows = new unsigned int*[static_cast<std::size_t>(rows)];
+    for (int i = 0; i < rows; ++i)
+        Rows[i] = Pixels + static_cast<std::size_t>(i) * static_cast<std::size_t>(Width);
+    return Rows;
+}
+
+void PixelSurface::FreeRowTable()
+{
+    delete[] Rows;
+    Rows = nullptr;
+}
+
+// Calls upload(memory row, source row, columns, past the caches) for every row that lies on the surface.
+void PixelSurface::ForEachUploadRow(int width, int height, auto&& upload)
+{
+    const int columns = std::min(width, Width);
+    const int rows = std::min(height, Height);
+    if (!Pixels || columns < 1 || rows < 1)
+        return;
+    const bool pastCaches =
+        WritesPastCaches(static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows) * sizeof *Pixels);
+    for (int y = 0; y < rows; ++y)
+        upload(Pixels + static_cast<std::size_t>(y) * static_cast<std::size_t>(Width), height - 1 - y, columns,
+               pastCaches);
+    if (pastCaches)
+        WordFence();
+}
+
+void PixelSurface::UploadGray(const unsigned char* gray, int width, int height)
+{
+    ForEachUploadRow(width, height, [&](unsigned int* target, int row, int columns, bool pastCaches) {
+        UploadGrayRow(gray + static_cast<std::size_t>(row) * static_cast<std::size_t>(width), target, columns,
+                      pastCaches);
+    });
+}
+
+void PixelSurface::UploadRows(const unsigned char* const* rows, int width, int height, int mode)
+{
+    const auto uploadRow = mode == 0   ? UploadGrayRow
+                           : mode == 1 ? UploadTripleRow
+                           : mode == 2 ? UploadQuadRow
+                                       : nullptr;
+    if (!uploadRow || !rows)
+        return;
+    ForEachUploadRow(width, height, [&](unsigned int* target, int row, int columns, bool pastCaches) {
+        uploadRow(rows[row], target, columns, pastCaches);
+    });
+}
+
+void PixelSurface::UploadPlanes(const BytePlane& red, const BytePlane& green, const BytePlane& blue, int width,
+                                int height)
+{
+    ForEachUploadRow(width, height, [&](unsigned int* target, int row, int columns, bool pastCaches) {
+        const BytePlane a = RowsFrom(red, row);
+        const BytePlane b = RowsFrom(green, row);
+        const BytePlane c = RowsFrom(blue, row);
+        UploadPlanesRow(a.Data, a.Bytes, b.Data, b.Bytes, c.Data, c.Bytes, target, columns, pastCaches);
+    });
+}
+
+void PixelSurface::Fill(unsigned int word)
+{
+    if (!Pixels)
+        return;
+    const std::size_t count = static_cast<std::size_t>(Width) * static_cast<std::size_t>(Height);
+    const bool        pastCaches = WritesPastCaches(count * sizeof *Pixels);
+    FillWords(Pixels, count, word, pastCaches);
+    if (pastCaches)
+        WordFence();
+}
+
+bool PixelSurface::FindVisible(Visible& visible) const
+{
+    const CRect& shown = ViewRef->DisplayRect;
+    const CRect& client = ViewRef->ClientRect;
+    if (shown.right <= shown.left || shown.bottom <= shown.top)
+        return false;
+    const Span x = VisibleSpan(shown.left, shown.right, client.left, client.right, Width);
+    const Span y = VisibleSpan(shown.top, shown.bottom, client.top, client.bottom, Height);
+    visible.Source = CRect(x.SourceLow, y.SourceLow, x.SourceHigh, y.SourceHigh);
+    visible.Target = CRect(x.TargetLow, y.TargetLow, x.TargetHigh, y.TargetHigh);
+    return true;
+}
+
+void PixelSurface::BlitTo(HDC target)
+{
+    SetStretchBltMode(target, StretchMode);
+    Visible visible;
+    if (!ViewRef || !FindVisible(visible))
+        return;
+    ViewRef->SourceRect = visible.Source;
+    const CRect& from = visible.Source;
+    const CRect& to = visible.Target;
+    const CRect& all = ViewRef->DisplayRect;
+    if (StretchMode == COLORONCOLOR) {
+        // Only what is visible is stretched, at the cost of source positions rounded to whole pixels.
+        StretchBlt(target, to.left, to.top, WrapSub(to.right, to.left), WrapSub(to.bottom, to.top), MemDC, from.left,
+                   from.top, WrapSub(from.right, from.left), WrapSub(from.bottom, from.top), SRCCOPY);
+    } else if (StretchMode == HALFTONE) {
+        StretchBlt(target, all.left, all.top, WrapSub(all.right, all.left), WrapSub(all.bottom, all.top), MemDC, 0, 0,
+                   Width, Height, SRCCOPY);
+    }
+}
+
+CRect PixelSurface::CoveredClient() const
+{
+    Visible visible;
+    if (!Bitmap || !ViewRef || !FindVisible(visible))
+        return CRect();
+    if (StretchMode == HALFTONE)
+        return ViewRef->DisplayRect;
+    const CRect& from = visible.Source;
+    const bool   whole = from.left >= 0 && from.left < from.right && from.right <= Width && from.top >= 0 &&
+                       from.top < from.bottom && from.bottom <= Height;
+    return StretchMode == COLORONCOLOR && whole && !visible.Target.IsRectEmpty() ? visible.Target : CRect();
+}
+
+void PixelSurface::DropBitmap()
+{
+    if (OldBitmap)
+        SelectObject(MemDC, OldBitmap);
+    if (Bitmap)
+        DeleteObject(Bitmap);
+    OldBitmap = nullptr;
+    Bitmap = nullptr;
+    Pixels = nullptr;
+}

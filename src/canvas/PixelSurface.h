@@ -1,0 +1,90 @@
+#pragma once
+
+#include "vostel/platform.h"
+
+#include <cstddef>
+
+class CanvasView;
+
+// A section bitmap of 32 bits with rows running bottom-up, as the canvas's and the client's surfaces are.
+// On failure *bits and the result are null.
+HBITMAP CreateDibPixels(HDC dc, int width, int height, void** bits);
+
+// A byte plane as an upload reads it: rows of Stride bytes, top row first. Reads beyond Bytes give zero.
+struct BytePlane {
+    const unsigned char* Data = nullptr;    // borrowed
+    std::size_t          Bytes = 0;
+    std::size_t          Stride = 0;
+};
+
+// The image at image size: a 32-bit bottom-up bitmap in a memory context, with direct access to its
+// pixels. Words are 0x00RRGGBB; memory row 0 is the lowest row on the screen.
+class PixelSurface {
+public:
+    HDC            MemDC = nullptr;        // owned
+    HBITMAP        Bitmap = nullptr;       // owned
+    HGDIOBJ        OldBitmap = nullptr;    // what Bitmap displaced; selected back before teardown
+    unsigned int*  Pixels = nullptr;       // the bitmap's bits; null while there is no bitmap
+    unsigned int** Rows = nullptr;         // owned; built on request, row 0 is the bottom row
+    int            Width = 0;              // px
+    int            Height = 0;             // rows
+    int            StretchMode = COLORONCOLOR;    // or HALFTONE
+    CanvasView*    ViewRef = nullptr;      // borrowed from the canvas
+
+    PixelSurface() = default;
+    ~PixelSurface();
+    PixelSurface(const PixelSurface&) = delete;
+    PixelSurface& operator=(const PixelSurface&) = delete;
+
+    // A context like dc with a bitmap of the given size in it, in place of the present ones. The pixels are
+    // black if cleared, else whatever they were: for callers that write every one of them.
+    void Rebuild(HDC dc, int width, int height, bool cleared);
+
+    // Makes Bitmap for Width x Height with MemDC as the context, deleting the one before. False, with no
+    // bitmap, when the size is below 1 or there is no memory for it.
+    bool CreateCanvasBitmap();
+
+    // A fresh table of Height row pointers, an empty one without a bitmap. The table before is freed.
+    unsigned int** CreateRowTable();
+    void           FreeRowTable();
+
+    // Writes a gray picture of width x height bytes, top row first.
+    void UploadGray(const unsigned char* gray, int width, int height);
+
+    // Writes a picture of byte rows, top row first. Mode 0: one gray byte a pixel; 1: blue, green, red;
+    // 2: blue, green, red and a dropped fourth. Other modes do nothing.
+    void UploadRows(const unsigned char* const* rows, int width, int height, int mode);
+
+    // Writes three planes as red, green and blue. The second plane is read one and the third two columns
+    // further to the right than the first; hosts are used to that skew.
+    void UploadPlanes(const BytePlane& red, const BytePlane& green, const BytePlane& blue, int width, int height);
+
+    // Fills all pixels with one word.
+    void Fill(unsigned int word);
+
+    // Copies the surface to the target by the view's transform and notes in the view what is visible.
+    // Nothing happens while the display rectangle is empty.
+    void BlitTo(HDC target);
+
+    // The client pixels that a BlitTo would cover now, empty if none for certain.
+    CRect CoveredClient() const;
+
+    // The word in a memory row, counted from the bottom; 0 outside the surface.
+    unsigned int WordAt(int x, int memoryRow) const
+    {
+        const bool inside = Pixels && x >= 0 && x < Width && memoryRow >= 0 && memoryRow < Height;
+        return inside ? Pixels[static_cast<std::size_t>(memoryRow) * static_cast<std::size_t>(Width) +
+                               static_cast<std::size_t>(x)]
+                      : 0;
+    }
+
+private:
+    // What a stretch of the visible part takes and where it goes.
+    struct Visible {
+        CRect Source;    // image px
+        CRect Target;    // client px
+    };
+    bool FindVisible(Visible& visible) const;
+    void ForEachUploadRow(int width, int height, auto&& upload);
+    void DropBitmap();
+};

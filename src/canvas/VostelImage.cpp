@@ -1,0 +1,176 @@
+#include "canvas/VostelImage.h"
+
+#include "foundation/Planes.h"
+#include "foundation/Truncate.h"
+#include "output/FloatRange.h"
+
+#include <algorithm>
+#include <functional>
+
+namespace {
+
+constexpr float RawTop = 65535.0f;    // Raw holds 0..RawTop
+constexpr float NoValue = -1.0f;      // read back where there is nothing
+
+template <typename T>
+BytePlane PlaneOf(const StructData2D<T>& data)
+{
+    return {data.Ptr1D, CountOf(data), data.Width > 0 ? static_cast<std::size_t>(data.Width) : 0};
+}
+
+bool Overlaps(const float* data, std::size_t count, const ClassData2DIO<float>& held)
+{
+    const std::less<const float*> before;
+    return count > 0 && CountOf(held) > 0 && before(data, held.Ptr1D + CountOf(held)) &&
+           before(held.Ptr1D, data + count);
+}
+
+}
+
+void VostelImage::PrepareImage(int width, int height, bool clearObjects, bool cleared)
+{
+    CanvasWidth = width;
+    CanvasHeight = height;
+    VostelDC::PrepareImage(width, height, clearObjects, cleared);
+}
+
+void VostelImage::ShowGray(ClassData2DIO<unsigned char>& src, bool clearObjects)
+{
+    RawOri.Release();
+    Raw.Release();
+    CurrentFileType = FileTypeByte;
+    const std::size_t count = CountOf(src);
+    PrepareImage(src.Width, src.Height, clearObjects, count == 0);
+    if (count > 0)
+        CanvasSurface.UploadGray(src.Ptr1D, src.Width, src.Height);
+}
+
+void VostelImage::ShowColor(ClassData2DIO<unsigned char>& p1, ClassData2DIO<unsigned char>& p2,
+                            ClassData2DIO<unsigned char>& p3, bool clearObjects)
+{
+    RawOri.Release();
+    Raw.Release();
+    CurrentFileType = FileTypeByte;
+    const std::size_t count = CountOf(p1);
+    PrepareImage(p1.Width, p1.Height, clearObjects, count == 0);
+    if (count > 0)
+        CanvasSurface.UploadPlanes(PlaneOf(p1), PlaneOf(p2), PlaneOf(p3), p1.Width, p1.Height);
+}
+
+void VostelImage::ShowRaw(ClassData2DIO<float>& src, bool keepOriginal, bool clearObjects)
+{
+    const std::size_t count = CountOf(src);
+    if (Overlaps(src.Ptr1D, count, Raw) || Overlaps(src.Ptr1D, count, RawOri)) {
+        // A host shows data of this very canvas: the planes below are about to be written.
+        ClassData2DIO<float> copy;
+        copy = src;
+        ShowRaw(copy, keepOriginal, clearObjects);
+        return;
+    }
+    const int width = src.Width;
+    const int height = src.Height;
+    if (!keepOriginal)
+        RawOri.Release();
+    CurrentFileType = FileTypeRaw;
+    if (clearObjects)
+        DeleteAll();
+    const bool whole = LabelsWholeImage() && count > 0;
+    PrepareImage(width, height, false, !whole);
+
+    SizeForOverwriting(Raw, width, height);
+    if (keepOriginal)
+        SizeForOverwriting(RawOri, width, height);
+    float low = 0.0f;
+    float high = 0.0f;
+    if (count == 0) {
+        std::fill_n(Raw.Ptr1D, CountOf(Raw), 0.0f);
+        std::fill_n(RawOri.Ptr1D, CountOf(RawOri), 0.0f);
+    }
+    if (keepOriginal)
+        FloatCopyMinMax(src.Ptr1D, RawOri.Ptr1D, count, low, high);
+    else
+        FloatMinMax(src.Ptr1D, count, low, high);
+    const RemapRule rule = MakeRemapRule(low, high, 0.0f, RawTop);
+
+    // The whole range first, so that a slider window that is no window leaves that.
+    StoreContrastWindow(0.0f, 1.0f);
+    if (ShowContrastCtrl)
+        StoreContrastWindow(ContrastCtrl.Low, ContrastCtrl.High);
+    if (whole && HasSurfacePixels()) {
+        SizeForOverwriting(LabelIma, width, height);
+        ContrastShowRemapped(Contrast, rule, src.Ptr1D, Raw.Ptr1D, width, height, CanvasSurface.Pixels, LabelIma.Ptr1D);
+    } else {
+        RemapFloats(rule, src.Ptr1D, Raw.Ptr1D, count);
+        RedrawRaw();
+    }
+}
+
+void VostelImage::SetLutPara(float low, float high)
+{
+    if (CurrentFileType != FileTypeRaw)
+        return;
+    StoreContrastWindow(low, high);
+    RedrawRaw();
+}
+
+void VostelImage::StoreContrastWindow(float low, float high)
+{
+    const int l = TruncToInt(low * RawTop);
+    const int h = TruncToInt(high * RawTop);
+    if (h > l) {
+        Map.RangeHigh = std::min(h, 65535);
+        Map.RangeLow = std::max(l, 0);
+    }
+    Map.GetMapUs();
+    Contrast.Build(Map);
+}
+
+void VostelImage::RedrawRaw()
+{
+    const bool drawable = HasSurfacePixels() && IsPlaneOf(Raw, CanvasWidth, CanvasHeight);
+    if (drawable && LabelsWholeImage()) {
+        SizeForOverwriting(LabelIma, CanvasWidth, CanvasHeight);
+        ContrastShowAll(Contrast, Raw.Ptr1D, CanvasWidth, CanvasHeight, CanvasSurface.Pixels, LabelIma.Ptr1D);
+        return;
+    }
+    GenerateLabel(true);
+    if (drawable && IsPlaneOf(LabelIma, CanvasWidth, CanvasHeight))
+        ContrastShowLabelled(Contrast, Raw.Ptr1D, CanvasWidth, CanvasHeight, CanvasSurface.Pixels, LabelIma.Ptr1D);
+}
+
+float VostelImage::ReadPixelValue(CPoint p)
+{
+    const PointTemplateBase<double> at = View.ClientToImage(p);
+    const int ix = TruncToInt(std::max(0.0, std::min(at.x, static_cast<double>(CanvasWidth) - 1.0)));
+    const int iy = TruncToInt(std::max(0.0, std::min(at.y, static_cast<double>(CanvasHeight) - 1.0)));
+    if (CurrentFileType == FileTypeRaw || CurrentFileType == FileTypeRawPlain)
+        return ValueAt(RawOri, ix, iy);
+    if (CurrentFileType == FileTypeByte && HasSurfacePixels()) {
+        const unsigned int word = CanvasSurface.WordAt(ix, CanvasHeight - iy - 1);
+        const int          r = word >> 16 & 0xFF;
+        const int          g = word >> 8 & 0xFF;
+        const int          b = word & 0xFF;
+        // The products do not always add up to the gray itself: 65 levels read one lower. No rounding.
+        return static_cast<float>(TruncToInt(g * 0.587 + r * 0.299 + b * 0.114));
+    }
+    return NoValue;
+}
+
+float ValueAt(const StructData2D<float>& plane, int x, int y)
+{
+    return CountOf(plane) > 0 && x >= 0 && x < plane.Width && y >= 0 && y < plane.Height
+               ? plane.Ptr1D[static_cast<std::size_t>(y) * static_cast<std::size_t>(plane.Width) +
+                             static_cast<std::size_t>(x)]
+               : NoValue;
+}
+
+bool VostelImage::LabelsWholeImage() const
+{
+    return std::none_of(Elements.begin(), Elements.end(), [](const VostelObj* element) { return element->Selected; });
+}
+
+bool VostelImage::HasSurfacePixels() const
+{
+    return CanvasSurface.Pixels && CanvasWidth > 0 && CanvasHeight > 0 && CanvasSurface.Width == CanvasWidth &&
+           CanvasSurface.Height == CanvasHeight;
+}

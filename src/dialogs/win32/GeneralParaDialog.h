@@ -1,0 +1,16 @@
+#pragma once
+
+// One text value.
+
+#include "dialogs/win32/ParameterDialog.h"
+
+class GeneralParaDialog : public ParameterDialog {
+public:
+    GeneralParaDialog(const wchar_t* name, const std::wstring& start);
+
+    std::wstring Value;    // what the field starts with, and the answer after a confirmed Ask
+
+protected:
+    void Fill() override;
+    bool Read() override;
+};

@@ -1,0 +1,129 @@
+#include "dialogs/win32/ParameterDialog.h"
+
+#include "dialogs/win32/NumberText.h"
+
+namespace {
+// Dialog units.
+constexpr short kWidth = 190;
+constexpr short kMargin = 8;
+constexpr short kFieldX = 80;
+constexpr short kFieldWidth = kWidth - kFieldX - kMargin;
+constexpr short kRowHeight = 17;
+constexpr short kButtonWidth = 50;
+}
+
+ParameterDialog::ParameterDialog(const wchar_t* caption) : Template(caption, kWidth) {}
+
+bool ParameterDialog::Ask()
+{
+    const short buttonY = static_cast<short>(NextY + 4);
+    const short cancelX = kWidth - kMargin - kButtonWidth;
+    const short okX = cancelX - 4 - kButtonWidth;
+    Template.AddButton(L"确定", IDOK, true, okX, buttonY, kButtonWidth);
+    Template.AddButton(L"取消", IDCANCEL, false, cancelX, buttonY, kButtonWidth);
+    Template.SetHeight(static_cast<short>(buttonY + 14 + kMargin));
+    return DialogBoxIndirectParamW(GetModuleHandleW(nullptr), Template.Get(), GetActiveWindow(), Procedure,
+                                   reinterpret_cast<LPARAM>(this)) == IDOK;
+}
+
+void ParameterDialog::AddEditRow(const wchar_t* caption, WORD id)
+{
+    AddRowCaption(caption);
+    Template.AddEdit(id, kFieldX, NextY, kFieldWidth);
+    NextY = static_cast<short>(NextY + kRowHeight);
+}
+
+void ParameterDialog::AddComboRow(const wchar_t* caption, WORD id)
+{
+    AddRowCaption(caption);
+    Template.AddCombo(id, kFieldX, NextY, kFieldWidth);
+    NextY = static_cast<short>(NextY + kRowHeight);
+}
+
+void ParameterDialog::AddCheckRow(const wchar_t* caption, WORD id)
+{
+    Template.AddCheckBox(caption, id, kFieldX, NextY, kFieldWidth);
+    NextY = static_cast<short>(NextY + kRowHeight);
+}
+
+void ParameterDialog::AddRowCaption(const wchar_t* caption)
+{
+    Template.AddStatic(caption, kMargin, static_cast<short>(NextY + 2), kFieldX - kMargin - 4);
+}
+
+void ParameterDialog::SetText(WORD id, const std::wstring& text)
+{
+    SetDlgItemTextW(Window, id, text.c_str());
+}
+
+std::wstring ParameterDialog::GetText(WORD id) const
+{
+    const HWND   field = GetDlgItem(Window, id);
+    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(field)) + 1, L'\0');
+    text.resize(static_cast<std::size_t>(GetWindowTextW(field, text.data(), static_cast<int>(text.size()))));
+    return text;
+}
+
+void ParameterDialog::SetChoices(WORD id, std::initializer_list<const wchar_t*> texts, int chosen)
+{
+    for (const wchar_t* text : texts)
+        SendDlgItemMessageW(Window, id, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
+    const bool known = chosen >= 0 && chosen < static_cast<int>(texts.size());
+    SendDlgItemMessageW(Window, id, CB_SETCURSEL, known ? static_cast<WPARAM>(chosen) : 0, 0);
+}
+
+int ParameterDialog::GetChoice(WORD id) const
+{
+    return static_cast<int>(SendDlgItemMessageW(Window, id, CB_GETCURSEL, 0, 0));
+}
+
+void ParameterDialog::SetCheck(WORD id, bool checked)
+{
+    CheckDlgButton(Window, id, checked ? BST_CHECKED : BST_UNCHECKED);
+}
+
+bool ParameterDialog::GetCheck(WORD id) const
+{
+    return IsDlgButtonChecked(Window, id) == BST_CHECKED;
+}
+
+template<class Number>
+bool ParameterDialog::GetNumber(WORD id, Number& number) const
+{
+    if (ParseNumber(GetText(id), number))
+        return true;
+    FocusField(id);
+    return false;
+}
+
+template bool ParameterDialog::GetNumber(WORD, std::int32_t&) const;
+template bool ParameterDialog::GetNumber(WORD, std::uint32_t&) const;
+template bool ParameterDialog::GetNumber(WORD, float&) const;
+
+void ParameterDialog::FocusField(WORD id) const
+{
+    MessageBeep(MB_ICONWARNING);
+    const HWND field = GetDlgItem(Window, id);
+    SetFocus(field);
+    SendMessageW(field, EM_SETSEL, 0, -1);
+}
+
+INT_PTR CALLBACK ParameterDialog::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (message == WM_INITDIALOG) {
+        SetWindowLongPtrW(window, DWLP_USER, lParam);
+        ParameterDialog& dialog = *reinterpret_cast<ParameterDialog*>(lParam);
+        dialog.Window = window;
+        dialog.Fill();
+        return TRUE;
+    }
+    ParameterDialog* dialog = reinterpret_cast<ParameterDialog*>(GetWindowLongPtrW(window, DWLP_USER));
+    // The first answer counts: a command may still arrive between it and the window's end.
+    if (message != WM_COMMAND || !dialog || !dialog->Window)
+        return FALSE;
+    if (LOWORD(wParam) == IDCANCEL || (LOWORD(wParam) == IDOK && dialog->Read())) {
+        dialog->Window = nullptr;
+        EndDialog(window, LOWORD(wParam));
+    }
+    return TRUE;
+}

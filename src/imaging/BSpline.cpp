@@ -1,0 +1,161 @@
+#include "vostel/RasterFills.h"
+
+#include "foundation/Truncate.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace {
+
+using Point = PointTemplateBase<int>;
+
+constexpr int MostPoints = 199;
+constexpr int RowLength = 205;    // of the working array; holds the largest system
+constexpr int Band = 3;           // columns right of the diagonal that elimination can fill
+constexpr int SamplesPerSegment = 11;
+
+// A linear system with two right-hand sides, x and y together. Column-major: elimination runs down columns.
+// The matrix is a band, and what elimination would add elsewhere is a multiple of an exact zero, so only
+// columns up to Band right of the diagonal are touched; every operation that is left keeps its order.
+class ControlSystem {
+public:
+    explicit ControlSystem(const std::vector<Point>& points) : Size(static_cast<int>(points.size()) + 3)
+    {
+        for (int c = 0; c < Size; ++c)
+            std::fill_n(Columns[c], Size, 0.0);
+        const int    last = Size - 1;
+        const int    count = static_cast<int>(points.size());
+        const Point& first = points.front();
+        const Point& end = points.back();
+        // The first point stands twice: knot i passes through point i - 1.
+        const auto knot = [&](int i) -> const Point& { return points[static_cast<std::size_t>(i == 0 ? 0 : i - 1)]; };
+
+        Set(0, 0, -0.5);
+        Set(0, 2, 1.5);
+        SetRight(0, first.x, first.y);
+        Set(1, 1, 2.0 / 3.0);
+        Set(1, 2, 2.0 / 3.0);
+        SetRight(1, first.x / 3.0 + knot(0).x, first.y / 3.0 + knot(0).y);
+        for (int r = 2; r <= count; ++r) {
+            Set(r, r - 1, 1.0 / 6.0);
+            Set(r, r, 2.0 / 3.0);
+            Set(r, r + 1, 1.0 / 6.0);
+            SetRight(r, knot(r - 1).x, knot(r - 1).y);
+        }
+        Set(last - 1, last - 2, 2.0 / 9.0);
+        Set(last - 1, last - 1, 2.0 / 3.0);
+        SetRight(last - 1, knot(count).x - end.x / 9.0, knot(count).y - end.y / 9.0);
+        Set(last, last - 2, -0.5);
+        Set(last, last, 1.5);
+        SetRight(last, end.x, end.y);
+    }
+
+    // Gauss-Jordan. The pivot is not the largest of its column: the row that beats the diagonal last wins.
+    void Solve()
+    {
+        for (int k = 0; k < Size; ++k) {
+            const double diagonal = std::fabs(Columns[k][k]);
+            int          pivot = k;
+            for (int i = k; i < Size; ++i) {
+                if (std::fabs(Columns[k][i]) > diagonal)
+                    pivot = i;
+            }
+            if (pivot != k)
+                SwapRows(pivot, k);
+            const double divisor = Columns[k][k];
+            const int    end = std::min(k + Band, Size - 1);
+            for (int c = k; c <= end; ++c)
+                Columns[c][k] /= divisor;
+            RightX[k] /= divisor;
+            RightY[k] /= divisor;
+            Eliminate(k, end);
+        }
+    }
+
+    double X(int row) const { return RightX[row]; }
+    double Y(int row) const { return RightY[row]; }
+    int    Count() const { return Size; }
+
+private:
+    int    Size;
+    double Columns[RowLength][RowLength];
+    double RightX[RowLength];
+    double RightY[RowLength];
+
+    void Set(int row, int column, double value) { Columns[column][row] = value; }
+    void SetRight(int row, double x, double y)
+    {
+        RightX[row] = x;
+        RightY[row] = y;
+    }
+    void SwapRows(int a, int b)
+    {
+        for (int c = 0; c < Size; ++c)
+            std::swap(Columns[c][a], Columns[c][b]);
+        std::swap(RightX[a], RightX[b]);
+        std::swap(RightY[a], RightY[b]);
+    }
+
+    // Adds -M[r][k] times row k to every other row. The factors are the column itself, which is cleared last.
+    void Eliminate(int k, int end)
+    {
+        double* const factors = Columns[k];
+        // Rows more than the band below the diagonal have an exact zero there.
+        const int rows = std::min(k + Band + 1, Size);
+        const double kept = factors[k];
+        factors[k] = 0.0;
+        for (int c = k + 1; c <= end; ++c)
+            AddMultiples(Columns[c], factors, Columns[c][k], rows);
+        AddMultiples(RightX, factors, RightX[k], rows);
+        AddMultiples(RightY, factors, RightY[k], rows);
+        std::fill_n(factors, rows, 0.0);
+        factors[k] = kept;
+    }
+
+    static void AddMultiples(double* target, const double* factors, double value, int rows)
+    {
+        if (value == 0.0)
+            return;
+        for (int r = 0; r < rows; ++r)
+            target[r] += -factors[r] * value;
+    }
+};
+
+// The cubic basis at u on one segment.
+double Blend(double u, double c0, double c1, double c2, double c3)
+{
+    const double b0 = (1.0 - 3.0 * u + 3.0 * u * u - u * u * u) / 6.0;
+    const double b1 = (4.0 - 6.0 * u * u + 3.0 * u * u * u) / 6.0;
+    const double b2 = (1.0 + 3.0 * u + 3.0 * u * u - 3.0 * u * u * u) / 6.0;
+    const double b3 = u * u * u / 6.0;
+    return b0 * c0 + b1 * c1 + b2 * c2 + b3 * c3;
+}
+
+}
+
+void mB3Line(const std::vector<Point>& input, std::vector<Point>& curve, std::vector<Point>& controls)
+{
+    const std::size_t count = input.size();
+    if (count < 2 || count > MostPoints)
+        return;
+    ControlSystem system(input);
+    system.Solve();
+
+    std::vector<Point> points;    // input may be one of the results
+    points.reserve(static_cast<std::size_t>(system.Count()));
+    for (int i = 0; i < system.Count(); ++i)
+        points.emplace_back(TruncToInt(system.X(i)), TruncToInt(system.Y(i)));
+    std::vector<Point> samples;
+    samples.reserve(SamplesPerSegment * (count - 1));
+    for (int j = 0; j + 1 < static_cast<int>(count); ++j) {
+        for (int t = 0; t < SamplesPerSegment; ++t) {
+            const double u = t / 10.0;
+            samples.emplace_back(
+                TruncToInt(Blend(u, system.X(j + 1), system.X(j + 2), system.X(j + 3), system.X(j + 4))),
+                TruncToInt(Blend(u, system.Y(j + 1), system.Y(j + 2), system.Y(j + 3), system.Y(j + 4))));
+        }
+    }
+    controls = std::move(points);
+    curve = std::move(samples);
+}

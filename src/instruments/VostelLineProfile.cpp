@@ -1,0 +1,99 @@
+#include "instruments/VostelLineProfile.h"
+
+#include "canvas/HitTests.h"
+#include "canvas/VostelImage.h"
+#include "foundation/Truncate.h"
+
+#include <cmath>
+
+namespace {
+
+constexpr float ShortestLine = 10.0f;    // image px; below it there is no plot
+
+}
+
+VostelLineProfile::VostelLineProfile()
+{
+    TypeCode = OverlayLineProfile;
+    MaxPoints = 2;
+    ClickPerPoint = 0;
+    DrawBody = false;
+}
+
+void VostelLineProfile::OnLButtonDown(unsigned int flags, CPoint point)
+{
+    if (!PlotHit)
+        VostelSingleLine::OnLButtonDown(flags, point);
+    ProfilePlot.OnLButtonDown(flags, point);
+}
+
+void VostelLineProfile::OnLButtonUp(unsigned int flags, CPoint point)
+{
+    if (!PlotHit)
+        VostelSingleLine::OnLButtonUp(flags, point);
+    ProfilePlot.OnLButtonUp(flags, point);
+}
+
+void VostelLineProfile::OnMouseMove(unsigned int flags, CPoint point)
+{
+    if (!PlotHit)
+        VostelSingleLine::OnMouseMove(flags, point);
+    ProfilePlot.OnMouseMove(flags, point);
+    // No samples empty the plot, so that a line that has become too short shows no stale curve.
+    ClassData2DIO<float> samples = Samples();
+    ProfilePlot.SetData(samples);
+}
+
+void VostelLineProfile::SetCanvasView(CanvasView* view)
+{
+    View = view;
+    RefreshClientGeometry();
+    ProfilePlot.SetCanvasView(view);
+}
+
+bool VostelLineProfile::HitTest(CPoint point)
+{
+    PlotHit = PtInRect(&ProfilePlot.ClientBox, point) != 0;
+    Selected = PtInRect(&MidRect, point) || HitRectList(HandleRects, point) != -1 || PlotHit;
+    return Selected;
+}
+
+void VostelLineProfile::SetPlacement(float x, float y, float w, float h)
+{
+    ProfilePlot.SetPlacement(x, y, w, h);
+}
+
+void VostelLineProfile::OnDraw(HDC dc)
+{
+    VostelSingleLine::OnDraw(dc);
+    if (OwnerImage && OwnerImage->CurrentFileType != FileTypeNone)
+        ProfilePlot.OnDraw(dc);
+}
+
+ClassData2DIO<float> VostelLineProfile::Samples() const
+{
+    ClassData2DIO<float> samples;
+    if (ImagePoints.size() != 2 || !OwnerImage || OwnerImage->CurrentFileType == FileTypeNone)
+        return samples;
+    const PointTemplateBase<double>& from = ImagePoints[0];
+    const PointTemplateBase<double>& to = ImagePoints[1];
+    const float length = static_cast<float>(
+        std::sqrt((from.x - to.x) * (from.x - to.x) + (from.y - to.y) * (from.y - to.y)));
+    // A line beyond any image is no measurement; the clamp keeps real ones inside.
+    if (!(length >= ShortestLine) || length > 1e7f)
+        return samples;
+    const int    count = TruncToInt(std::floor(length));
+    const double dx = (to.x - from.x) / static_cast<double>(length);
+    const double dy = (to.y - from.y) / static_cast<double>(length);
+    const bool   raw = OwnerImage->CurrentFileType != FileTypeByte;
+    samples.Allocate(count, 1);
+    for (int i = 0; i < count; ++i) {
+        const int x = TruncToInt(static_cast<double>(i) * dx + from.x);
+        const int y = TruncToInt(static_cast<double>(i) * dy + from.y);
+        samples.Ptr1D[i] = raw ? ValueAt(OwnerImage->RawOri, x, y)
+                               : static_cast<float>(OwnerImage->CanvasSurface.WordAt(
+                                                        x, WrapSub(WrapSub(OwnerImage->CanvasHeight, y), 1)) &
+                                                    0xFF);
+    }
+    return samples;
+}

@@ -1,0 +1,119 @@
+#include "instruments/VostelMeasureAngle4Pts.h"
+
+#include "canvas/HitTests.h"
+#include "foundation/Truncate.h"
+
+#include <cstdint>
+
+namespace {
+
+constexpr double   NearEnd = 100.0;    // client px from the press at its zoom; the far ends lie twice as far
+constexpr int      GripRadius = 4;
+constexpr COLORREF GripColour = 65535;    // yellow
+
+// A x + B y + C = 0 through two points. The integers are formed whole and then rounded to float once.
+struct Line {
+    float A, B, C;
+};
+
+Line LineThrough(CPoint p, CPoint q)
+{
+    const std::int64_t x0 = p.x, y0 = p.y, x1 = q.x, y1 = q.y;
+    return {static_cast<float>(y1 - y0), static_cast<float>(x0 - x1), static_cast<float>(y0 * x1 - y1 * x0)};
+}
+
+}
+
+VostelMeasureAngle4Pts::VostelMeasureAngle4Pts()
+{
+    TypeCode = OverlayAngle4Pts;
+    MaxPoints = 4;
+}
+
+void VostelMeasureAngle4Pts::OnLButtonDown(unsigned int flags, CPoint point)
+{
+    BeginPress(point);
+    if (PtInRect(&CrossBox, point))
+        BeginMove();
+    if ((flags & MK_SHIFT) != 0) {
+        PlaceCross(point.x, point.y);
+        if (static_cast<int>(ImagePoints.size()) >= MaxPoints)
+            StartOver();
+        const PointTemplateBase<double> at = ClientToImage(point);
+        const double                    u = NearEnd / (View ? View->Scale : 1.0);
+        ImagePoints.emplace_back(at.x, at.y - u);
+        ImagePoints.emplace_back(at.x, at.y - 2.0 * u);
+        ImagePoints.emplace_back(at.x + u, at.y);
+        ImagePoints.emplace_back(at.x + 2.0 * u, at.y);
+        RefreshClientGeometry();
+        Label.SetPlacement(static_cast<float>(Cross.x) - 200.0f, static_cast<float>(Cross.y) - 100.0f, 50.0f, 30.0f);
+        CString text = Caption();
+        Label.SetTextAndFit(text);
+    }
+    Label.OnLButtonDown(flags, point);
+}
+
+void VostelMeasureAngle4Pts::OnMouseMove(unsigned int flags, CPoint point)
+{
+    VostelMeasureAngle::OnMouseMove(flags, point);
+    Label.OnMouseMove(flags, point);
+    if (ImagePoints.size() == 4) {
+        RefreshCross();
+        CString text = Caption();
+        Label.SetText(text);
+    }
+}
+
+void VostelMeasureAngle4Pts::SetCanvasView(CanvasView* view)
+{
+    View = view;
+    RefreshClientGeometry();
+    Label.SetCanvasView(view);
+    RefreshCross();
+}
+
+bool VostelMeasureAngle4Pts::HitTest(CPoint point)
+{
+    LabelHit = Label.HitTest(point);
+    Selected = PtInRect(&CrossBox, point) || HitRectList(HandleRects, point) != -1 || Label.HitTest(point);
+    return Selected;
+}
+
+void VostelMeasureAngle4Pts::OnDraw(HDC dc)
+{
+    BindKit(dc);
+    Kit.DrawHandles(HandleRects, LineColor(), HandleShape);
+    if (ImagePoints.size() == 4 && ClientPoints.size() == 4) {
+        Kit.DrawEllipseOutline(CrossBox, GripColour);
+        for (const CPoint& end : ClientPoints)
+            Kit.DrawLine(end, Cross, 0, LineColor(), PS_SOLID);
+        DrawConnector(ClientPoints[0]);
+    }
+    Label.OnDraw(dc);
+}
+
+void VostelMeasureAngle4Pts::PlaceCross(int x, int y)
+{
+    Cross = CPoint(x, y);
+    CrossBox = CRect(WrapSub(x, GripRadius), WrapSub(y, GripRadius), WrapAdd(x, GripRadius), WrapAdd(y, GripRadius));
+}
+
+// Parallel lines divide by zero: the grip then lies where truncating an infinite value puts it.
+void VostelMeasureAngle4Pts::RefreshCross()
+{
+    if (ClientPoints.size() != 4)
+        return;
+    const Line  first = LineThrough(ClientPoints[0], ClientPoints[1]);
+    const Line  second = LineThrough(ClientPoints[2], ClientPoints[3]);
+    const float d1 = second.A * first.B;
+    const float d2 = second.B * first.A;
+    const float x = (second.C * first.B - second.B * first.C) / (d2 - d1);
+    const float y = (second.C * first.A - second.A * first.C) / (d1 - d2);
+    PlaceCross(TruncToInt(x), TruncToInt(y));
+}
+
+CString VostelMeasureAngle4Pts::Caption() const
+{
+    return AngleText(WrapSub(Cross.x, ClientPoints[0].x), WrapSub(Cross.y, ClientPoints[0].y),
+                     WrapSub(Cross.x, ClientPoints[2].x), WrapSub(Cross.y, ClientPoints[2].y));
+}

@@ -1,0 +1,59 @@
+#include "instruments/VostelNeighborV.h"
+
+#include "canvas/VostelImage.h"
+#include "foundation/FormatText.h"
+#include "foundation/Truncate.h"
+
+VostelNeighborV::VostelNeighborV()
+{
+    TypeCode = OverlayNeighbours;
+}
+
+void VostelNeighborV::OnLButtonDown(unsigned int flags, CPoint point)
+{
+    Box.OnLButtonDown(flags, point);
+}
+
+void VostelNeighborV::OnLButtonUp(unsigned int flags, CPoint point)
+{
+    Box.OnLButtonUp(flags, point);
+}
+
+void VostelNeighborV::OnMouseMove(unsigned int flags, CPoint point)
+{
+    if (OwnerImage) {
+        Box.ClearLines();
+        for (int dy = -2; dy <= 2; ++dy) {
+            double values[5];
+            for (int k = -2; k <= 2; ++k)
+                values[k + 2] =
+                    static_cast<double>(OwnerImage->ReadPixelValue(CPoint(WrapAdd(point.x, k), WrapAdd(point.y, dy))));
+            Box.AddTextLine(FormatText(L"%5.2f %5.2f %5.2f %5.2f %5.2f", values[0], values[1], values[2], values[3], values[4]));
+        }
+    }
+    Box.OnMouseMove(flags, point);
+}
+
+void VostelNeighborV::SetCanvasView(CanvasView* view)
+{
+    View = view;
+    RefreshClientGeometry();
+    Box.SetCanvasView(view);
+}
+
+bool VostelNeighborV::HitTest(CPoint point)
+{
+    return Box.HitTest(point);
+}
+
+void VostelNeighborV::SetPlacement(float x, float y, float w, float h)
+{
+    Box.SetPlacement(x, y, w, h);
+}
+
+void VostelNeighborV::OnDraw(HDC dc)
+{
+    BindKit(dc);
+    if (OwnerImage && OwnerImage->CurrentFileType != FileTypeNone)
+        Box.OnDraw(dc);
+}

@@ -1,0 +1,23 @@
+#include "instruments/VostelProgress.h"
+
+#include "foundation/Truncate.h"
+
+// An empty range gives no finite width, and a position beyond the range runs the bar beyond the control; both
+// are left as they come out.
+void VostelProgress::RefreshClientGeometry()
+{
+    BarRect = ClientBox;
+    InflateRect(&BarRect, -3, -3);
+    // Hosts may give a range of more than 32 bits.
+    const float done = static_cast<float>(static_cast<std::int64_t>(Pos) - RangeLow) /
+                       static_cast<float>(static_cast<std::int64_t>(RangeHigh) - RangeLow);
+    BarRect.right = TruncToInt(done * static_cast<float>(WrapSub(BarRect.right, BarRect.left)) +
+                               static_cast<float>(BarRect.left));
+}
+
+void VostelProgress::OnDraw(HDC dc)
+{
+    VostelFixedRect::OnDraw(dc);
+    RefreshClientGeometry();
+    Kit.FillSolid(BarRect, RGB(100, 100, 100));
+}

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "overlay/VostelMovableRect.h"
+
+// A movable box of text lines, sized to its text at each paint, without frame or fill.
+class VostelTextML : public VostelMovableRect {
+public:
+    std::vector<CString> Lines;         // top first
+    int                  Margin = 5;    // px around and between lines
+
+    VostelTextML();
+
+    void OnDraw(HDC dc) override;
+    void SetTextLines(std::vector<CString>& lines) override;
+    void AddTextLine(CString line) override;
+
+    void ClearLines();
+};

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "overlay/VostelSizeFixedRect.h"
+
+// One line of text in a box that is tied to an image position and can be dragged. The box keeps its size on the
+// screen; only its first point is tied to the image.
+//
+// Measuring and drawing work on the context kept in Kit: before the first paint, or before a command has set it,
+// a text measures zero.
+class VostelTextRect : public VostelSizeFixedRect {
+public:
+    CPoint  Anchor;            // client px; top left, as last given
+    int     TextWidth = 0;     // px, measured
+    int     TextHeight = 0;
+    CString Text;
+
+    VostelTextRect();
+
+    void    SetPlacement(float x, float y, float w, float h) override;    // x, y in client px; w, h as for the base
+    void    OnDraw(HDC dc) override;
+    void    SetTextAndFit(CString& text) override;
+    void    SetText(CString& text) override;    // the box keeps its size
+    CRect   MeasureText(CString& text) override;
+    void    SetTextAt(CString& text, CPoint at) override;
+    CString GetResultText() override;
+
+    // Turns the style fields into font, colour and flags of Kit.
+    void ApplyTextStyle();
+
+    // The corner of ClientBox closest to p; a tie between closest corners answers bottom right.
+    CPoint NearestCorner(CPoint p) const;
+
+private:
+    CRect MeasuredText(const CString& text);
+    void  PlaceMeasured(const CRect& extent);
+};

@@ -1,0 +1,156 @@
+#include "output/FloatRange.h"
+
+#include "foundation/CpuForms.h"
+#include "output/FloatRangeForms.h"
+#include "output/WordRows.h"
+
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+
+namespace {
+
+constexpr float kMinimumStart = 10000000.0f;
+constexpr float kMaximumStart = -10000000.0f;
+
+std::size_t ElementCount(const StructData2D<float>& data)
+{
+    if (data.Ptr1D == nullptr || data.Width <= 0 || data.Height <= 0)
+        return 0;
+    return static_cast<std::size_t>(data.Width) * static_cast<std::size_t>(data.Height);
+}
+
+// A running minimum or maximum keeps the first of equal elements, and 0.0 equals -0.0.
+float FirstZero(const float* data, std::size_t count)
+{
+    for (std::size_t i = 0; i < count; ++i)
+        if (data[i] == 0.0f)
+            return data[i];
+    return 0.0f;
+}
+
+void ScanFloats(const float* source, float* copy, std::size_t count, float& lo, float& hi)
+{
+    const bool pastCaches = copy != nullptr && WritesPastCaches(count * sizeof(float));
+    bool       negativeZero = false;
+    lo = kMinimumStart;
+    hi = kMaximumStart;
+    ActiveFloatRangeForms().MinMax(source, copy, count, pastCaches, lo, hi, negativeZero);
+    if (pastCaches)
+        WordFence();
+    if (negativeZero && lo == 0.0f)
+        lo = FirstZero(source, count);
+    if (negativeZero && hi == 0.0f)
+        hi = FirstZero(source, count);
+}
+
+}
+
+void MinMaxPlain(const float* source, float* copy, std::size_t count, bool, float& lo, float& hi,
+                 bool& negativeZero)
+{
+    for (std::size_t i = 0; i < count; ++i) {
+        const float v = source[i];
+        if (v < lo)
+            lo = v;
+        if (v > hi)
+            hi = v;
+        if (v == 0.0f && std::signbit(v))
+            negativeZero = true;
+    }
+    if (copy != nullptr && count > 0)
+        std::memcpy(copy, source, count * sizeof(float));
+}
+
+void RemapPlain(const RemapRule& rule, const float* source, float* target, std::size_t count, bool)
+{
+    for (std::size_t i = 0; i < count; ++i) {
+        const float v = source[i];
+        if (v <= rule.LowLimit)
+            target[i] = rule.OutLow;
+        else if (v >= rule.HighLimit)
+            target[i] = rule.OutHigh;
+        else
+            target[i] = (v - rule.Base) * rule.Slope + rule.OutLow;
+    }
+}
+
+const FloatRangeForms& ActiveFloatRangeForms()
+{
+    static const FloatRangeForms plain = {MinMaxPlain, RemapPlain};
+#if defined(__x86_64__) || defined(_M_X64)
+    static const FloatRangeForms avx2 = {MinMaxAvx2, RemapAvx2};
+    if (ActiveCpuForm() >= CpuForm::Avx2)    // wider registers do not pay: memory is the limit
+        return avx2;
+#endif
+    return plain;
+}
+
+void FloatMinMax(const float* data, std::size_t count, float& lo, float& hi)
+{
+    ScanFloats(data, nullptr, count, lo, hi);
+}
+
+void FloatCopyMinMax(const float* source, float* copy, std::size_t count, float& lo, float& hi)
+{
+    ScanFloats(source, copy, count, lo, hi);
+}
+
+float FloatMin(StructData2D<float>& data)
+{
+    float lo;
+    float hi;
+    FloatMinMax(data.Ptr1D, ElementCount(data), lo, hi);
+    return lo;
+}
+
+float FloatMax(StructData2D<float>& data)
+{
+    float lo;
+    float hi;
+    FloatMinMax(data.Ptr1D, ElementCount(data), lo, hi);
+    return hi;
+}
+
+RemapRule MakeRemapRule(float a, float b, float outLow, float outHigh)
+{
+    RemapRule rule;
+    if (std::fabs(b - a) < 1e-10 || std::fabs(outHigh - outLow) < 1e-10)
+        return rule;
+    rule.Active = true;
+    rule.LowLimit = b > a ? a : b;
+    rule.HighLimit = b > a ? b : a;
+    rule.Base = a;
+    rule.Slope = (outHigh - outLow) / (b - a);
+    rule.OutLow = outLow;
+    rule.OutHigh = outHigh;
+    return rule;
+}
+
+void RemapFloats(const RemapRule& rule, const float* source, float* target, std::size_t count)
+{
+    // In place the caches hold the line already.
+    const bool pastCaches = source != target && WritesPastCaches(count * sizeof(float));
+    if (rule.Active)
+        ActiveFloatRangeForms().Remap(rule, source, target, count, pastCaches);
+    else if (source != target)
+        CopyWords(reinterpret_cast<const std::uint32_t*>(source), reinterpret_cast<std::uint32_t*>(target),
+                  count, pastCaches);
+    if (pastCaches)
+        WordFence();
+}
+
+void RemapRange(StructData2D<float>& src, StructData2D<float>& dst, float a, float b, float outLow,
+                float outHigh, int useRange)
+{
+    const std::size_t count = ElementCount(src);
+    if (useRange == 0) {
+        FloatMinMax(src.Ptr1D, count, a, b);
+        outLow = 0.0f;
+        outHigh = 255.0f;
+    }
+    const RemapRule rule = MakeRemapRule(a, b, outLow, outHigh);
+    if (!rule.Active || dst.Ptr1D == nullptr || dst.Width != src.Width || dst.Height != src.Height)
+        return;
+    RemapFloats(rule, src.Ptr1D, dst.Ptr1D, count);
+}

@@ -1,0 +1,53 @@
+#include "overlay/VostelCanvas.h"
+
+#include "foundation/FormatText.h"
+#include "foundation/Truncate.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int FewestValues = 5;    // that are taken in
+constexpr int FewestDrawn = 6;     // a line of exactly 5 is taken in and not shown
+
+}
+
+void VostelCanvas::SetPlacement(float x, float y, float w, float h)
+{
+    VostelMovableRect::SetPlacement(x, y, w, h);
+    PlotWidth = WrapSub(ClientBox.right, ClientBox.left);
+    PlotHeight = WrapSub(ClientBox.bottom, ClientBox.top);
+    Plot.Allocate(PlotWidth, 1);
+    std::fill_n(Plot.Ptr1D, static_cast<std::size_t>(PlotWidth), static_cast<unsigned short>(0));
+}
+
+void VostelCanvas::SetData(ClassData2DIO<float>& source)
+{
+    if (source.Width < FewestValues || source.Height < 1 || !source.Ptr1D) {
+        Data.Allocate(1, 1);
+        Data.Ptr1D[0] = 0.0f;
+        return;
+    }
+    VostelMovableRect::SetData(source);
+    Data.GetMinMax(DataMin, DataMax);
+    XStep = static_cast<float>(Data.Width) / static_cast<float>(WrapSub(ClientBox.right, ClientBox.left));
+    YScale = static_cast<float>(WrapSub(ClientBox.bottom, ClientBox.top)) / (DataMax - DataMin);
+    for (int i = 0; i < PlotWidth; ++i) {
+        // The bound is the plot's width, not the line's: of a longer line the later columns all show that one
+        // value. A shorter line is never read past its end.
+        const int at = std::clamp(TruncToInt(static_cast<float>(i) * XStep), 0, PlotWidth - 1);
+        const float value = at < Data.Width ? Data.Ptr1D[at] : 0.0f;
+        Plot.Ptr1D[i] = TruncToUShort((value - DataMin) * YScale);
+    }
+}
+
+void VostelCanvas::OnDraw(HDC dc)
+{
+    VostelMovableRect::OnDraw(dc);
+    if (Data.Width < FewestDrawn)
+        return;
+    Kit.DrawCurve(Plot, ClientBox.left, ClientBox.bottom);
+    Kit.DrawLabel(FormatText(L"线数据的最小值为 %5.3f 最大值为 %5.3f", static_cast<double>(DataMin),
+                             static_cast<double>(DataMax)),
+                  WrapAdd(ClientBox.left, 5), WrapAdd(ClientBox.top, 5));
+}

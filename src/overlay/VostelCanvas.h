@@ -1,0 +1,21 @@
+#pragma once
+
+#include "overlay/VostelMovableRect.h"
+
+// A small plot window: it takes a line of floats and draws it as a curve, with a caption that gives its range.
+// Data holds the line.
+class VostelCanvas : public VostelMovableRect {
+public:
+    ClassData2DIO<unsigned short> Plot;              // one row; height of each column above the frame's bottom, px
+    int                           PlotWidth = 0;     // px; the frame's size at the last SetPlacement
+    int                           PlotHeight = 0;
+    float                         DataMin = 0.0f;
+    float                         DataMax = 0.0f;
+    float                         XStep = 0.0f;     // data columns a plot column
+    float                         YScale = 0.0f;    // plot px a data unit
+
+    void SetPlacement(float x, float y, float w, float h) override;
+    void OnDraw(HDC dc) override;
+    // Fewer than 5 values leave the plot as it was and Data with a single element.
+    void SetData(ClassData2DIO<float>& source) override;
+};

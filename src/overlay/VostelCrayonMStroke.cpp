@@ -1,0 +1,95 @@
+#include "overlay/VostelCrayonMStroke.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr unsigned int WiderKey = 'A';
+constexpr unsigned int ThinnerKey = 'D';
+constexpr int          ThinnestPen = 1;
+constexpr int          WidestPen = 40;
+constexpr LONG         BoxStart = 10000;
+
+}
+
+VostelCrayonMStroke::VostelCrayonMStroke()
+{
+    TypeCode = OverlayMStroke;
+}
+
+void VostelCrayonMStroke::OnLButtonDown(unsigned int flags, CPoint point)
+{
+    LastPoint = point;
+    ButtonDown = true;
+    if ((flags & MK_SHIFT) != 0) {
+        Selected = true;
+        StrokeStarts.push_back(static_cast<int>(ImagePoints.size()));
+        AddImagePoint(point);
+    } else {
+        StrokeBounds = StrokeBox();
+        if (PtInRect(&StrokeBounds, point)) {
+            BeginMove();
+        } else {
+            MoveState = 2;
+            ActiveNode = -1;
+        }
+    }
+    RefreshClientGeometry();
+}
+
+// MoveState is left alone: a Shift stroke whose Shift is let go during the drag then moves the drawing.
+void VostelCrayonMStroke::OnLButtonUp(unsigned int, CPoint)
+{
+    ButtonDown = false;
+}
+
+void VostelCrayonMStroke::OnMouseMove(unsigned int flags, CPoint point)
+{
+    if (ButtonDown) {
+        if ((flags & MK_SHIFT) != 0)
+            AddImagePoint(point);
+        else if (IsMoving())
+            MoveShape(point);
+        RefreshClientGeometry();
+    }
+    LastPoint = point;
+}
+
+void VostelCrayonMStroke::OnKeyDown(unsigned int key, unsigned int, unsigned int)
+{
+    if (!Selected)
+        return;
+    if (key == WiderKey)
+        ++StrokeWidth;
+    else if (key == ThinnerKey)
+        --StrokeWidth;
+    StrokeWidth = std::clamp(StrokeWidth, ThinnestPen, WidestPen);
+}
+
+bool VostelCrayonMStroke::HitTest(CPoint point)
+{
+    StrokeBounds = StrokeBox();
+    Selected = PtInRect(&StrokeBounds, point) != 0;
+    return Selected;
+}
+
+void VostelCrayonMStroke::OnDraw(HDC dc)
+{
+    ShowHandles = false;
+    BindKit(dc);
+    Kit.DrawSegments(ClientPoints, StrokeStarts, StrokeWidth, LineColor());
+}
+
+CRect VostelCrayonMStroke::StrokeBox() const
+{
+    if (ClientPoints.size() < 2)
+        return CRect();
+    CRect box(BoxStart, BoxStart, -BoxStart, -BoxStart);
+    for (const CPoint& point : ClientPoints) {
+        box.left = std::min(box.left, point.x);
+        box.top = std::min(box.top, point.y);
+        box.right = std::max(box.right, point.x);
+        box.bottom = std::max(box.bottom, point.y);
+    }
+    return box;
+}

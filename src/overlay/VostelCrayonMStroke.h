@@ -1,0 +1,20 @@
+#pragma once
+
+#include "overlay/VostelMPoint.h"
+
+// A drawing of several separate strokes with an adjustable pen, a mark that never reaches the label plane and
+// may leave the image. It is hit by the box of its points.
+class VostelCrayonMStroke : public VostelMPoint {
+public:
+    VostelCrayonMStroke();
+
+    void OnLButtonDown(unsigned int flags, CPoint point) override;
+    void OnLButtonUp(unsigned int flags, CPoint point) override;
+    void OnMouseMove(unsigned int flags, CPoint point) override;
+    void OnKeyDown(unsigned int key, unsigned int repeat, unsigned int keyFlags) override;
+    bool HitTest(CPoint point) override;
+    void OnDraw(HDC dc) override;
+
+    // The extremes of the client points, from starting values of 10000 and -10000; empty below two points.
+    CRect StrokeBox() const;
+};

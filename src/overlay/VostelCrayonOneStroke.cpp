@@ -1,0 +1,59 @@
+#include "overlay/VostelCrayonOneStroke.h"
+
+#include "canvas/HitTests.h"
+
+VostelCrayonOneStroke::VostelCrayonOneStroke()
+{
+    TypeCode = OverlayOneStroke;
+}
+
+void VostelCrayonOneStroke::OnLButtonDown(unsigned int flags, CPoint point)
+{
+    ButtonDown = true;
+    LastPoint = point;
+    if ((flags & MK_SHIFT) != 0) {
+        if (ClampToImage)
+            point = SnapIntoImage(point);
+        AddImagePoint(point);
+        StrokeDone = false;
+    }
+    if (!StrokeDone)
+        return;
+    if (PointInPolygon(ClientPoints, point)) {
+        BeginMove();
+    } else {
+        MoveState = 2;
+        ActiveNode = -1;
+    }
+}
+
+void VostelCrayonOneStroke::OnLButtonUp(unsigned int, CPoint)
+{
+    ButtonDown = false;
+    MoveState = 2;
+    ActiveNode = -1;
+    StrokeDone = true;
+}
+
+void VostelCrayonOneStroke::OnMouseMove(unsigned int flags, CPoint point)
+{
+    // No refresh here: the canvas refreshes every object on each move.
+    if (IsMoving() && (flags & MK_CONTROL) == 0) {
+        MoveShape(point);
+        if (ClampToImage)
+            ClampImagePoints();
+    }
+    if (!StrokeDone) {
+        AddImagePoint(point);
+        if (ClampToImage)
+            ClampImagePoints();
+        RefreshClientGeometry();
+    }
+    LastPoint = point;
+}
+
+void VostelCrayonOneStroke::OnDraw(HDC dc)
+{
+    BindKit(dc);
+    Kit.DrawClosedPolyline(ClientPoints, LineColor());
+}

@@ -1,0 +1,49 @@
+#include "overlay/VostelCustomRect.h"
+
+#include "foundation/Truncate.h"
+
+VostelCustomRect::VostelCustomRect()
+{
+    TypeCode = OverlayCustomRect;
+    DrawBody = true;
+}
+
+void VostelCustomRect::OnLButtonDown(unsigned int, CPoint point)
+{
+    ButtonDown = true;
+    LastPoint = point;
+    Selected = PtInRect(&ClientBox, point) != 0;
+    if (Selected) {
+        BeginMove();
+    } else {
+        MoveState = 2;
+        ActiveNode = -1;
+    }
+    RefreshClientGeometry();
+}
+
+void VostelCustomRect::OnMouseMove(unsigned int flags, CPoint point)
+{
+    if (IsMoving() && (flags & MK_LBUTTON) != 0 && (flags & MK_CONTROL) == 0) {
+        MoveShape(point);
+        RefreshClientGeometry();
+    }
+    LastPoint = point;
+}
+
+void VostelCustomRect::SetPlacement(float x, float y, float w, float h)
+{
+    ImagePoints.clear();
+    ImagePoints.emplace_back(TruncToInt(x), TruncToInt(y));
+    ImagePoints.emplace_back(TruncToInt(x + w), TruncToInt(y + h));
+}
+
+void VostelCustomRect::OnDraw(HDC dc)
+{
+    Kit.Dc = dc;
+    RefreshClientGeometry();
+    if (ClientPoints.size() == 2)
+        ClientBox = NormalisedBox(ClientPoints[0], ClientPoints[1]);
+    if (DrawBody)
+        DrawBox(LineColor());
+}

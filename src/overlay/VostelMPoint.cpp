@@ -1,0 +1,221 @@
+#include "overlay/VostelMPoint.h"
+
+#include "canvas/HitTests.h"
+#include "foundation/Truncate.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr unsigned int EllipseKey = 'E';
+constexpr unsigned int PlaceKey = 'I';
+constexpr unsigned int TextKey = 'T';
+
+double Clamped(double v, int extent)
+{
+    if (v < 0.0)
+        v = 0.0;
+    if (v > extent - 1.0)
+        v = extent - 1.0;
+    return v;
+}
+
+}
+
+CRect NormalisedBox(CPoint a, CPoint b)
+{
+    return CRect(std::min(a.x, b.x), std::min(a.y, b.y), std::max(a.x, b.x), std::max(a.y, b.y));
+}
+
+void VostelMPoint::OnLButtonDown(unsigned int flags, CPoint point)
+{
+    Selected = false;
+    ButtonDown = true;
+    LastPoint = point;
+    ActiveNode = HitRectList(HandleRects, point);
+    if (ActiveNode == -1) {
+        if (ClampToImage)
+            point = SnapIntoImage(point);
+        const bool shift = (flags & MK_SHIFT) != 0;
+        if (shift) {
+            if (static_cast<int>(ImagePoints.size()) >= MaxPoints)
+                StartOver();
+            AddImagePoint(point);
+            if (ClickPerPoint == 0) {
+                AddImagePoint(point);
+                ActiveNode = static_cast<int>(ImagePoints.size()) - 1;
+            }
+            RefreshClientGeometry();
+        }
+        if (!HitTest(point)) {
+            Selected = false;
+            ShowHandles = TypeCode != OverlayPolygon;    // a polygon that is missed hides its handles
+            return;
+        }
+        if (ActiveNode == -1 && !shift)
+            BeginMove();
+    }
+    ShowHandles = true;
+    Selected = true;
+}
+
+void VostelMPoint::OnMouseMove(unsigned int flags, CPoint point)
+{
+    if (ActiveNode != -1) {
+        MoveNode(point);
+        RefreshClientGeometry();
+    }
+    // With Control the view is panned, not the shape. A node drag asks for no button: it runs to the release.
+    if (IsMoving() && (flags & MK_LBUTTON) != 0 && (flags & MK_CONTROL) == 0) {
+        MoveShape(point);
+        RefreshClientGeometry();
+    }
+    // After the refresh: a clamped position shows at the next one.
+    if (ClampToImage)
+        ClampImagePoints();
+    LastPoint = point;
+}
+
+void VostelMPoint::OnKeyDown(unsigned int key, unsigned int, unsigned int)
+{
+    constexpr float Place = 50.0f;
+    if (key == EllipseKey) {
+        EllipseMode = !EllipseMode;
+    } else if (key == PlaceKey) {
+        SetPlacement(Place, Place, Place, Place);
+    } else if (key == TextKey) {
+        SetPlacement(Place, Place, Place, Place);
+        CString text = L"这是一个测试";
+        SetTextAndFit(text);
+    }
+}
+
+void VostelMPoint::RefreshClientGeometry()
+{
+    if (ImagePoints.empty())
+        return;
+    BuildClientPoints();
+    CalcHandleRects(ClientPoints, HandleRects, HandleRadius);
+}
+
+bool VostelMPoint::HitTest(CPoint point)
+{
+    Selected = PointInPolygon(ClientPoints, point) || HitRectList(HandleRects, point) != -1;
+    return Selected;
+}
+
+void VostelMPoint::OnDraw(HDC dc)
+{
+    BindKit(dc);
+    if (ShowHandles)
+        Kit.DrawHandles(HandleRects, HandleColor(), HandleShape);
+}
+
+void VostelMPoint::SetClickPerPoint(int mode)
+{
+    ClickPerPoint = mode;
+}
+
+void VostelMPoint::SetMaxPoints(int count)
+{
+    MaxPoints = count;
+}
+
+bool VostelMPoint::GetImagePoints(std::vector<PointTemplateBase<int>>& out)
+{
+    TruncateImagePoints(out);
+    return true;
+}
+
+bool VostelMPoint::GetImagePolygon(std::vector<PointTemplateBase<int>>& out)
+{
+    if (ImagePoints.size() < 3)
+        return false;
+    TruncateImagePoints(out);
+    return true;
+}
+
+void VostelMPoint::AddImagePoint(CPoint point, PointTemplateBase<double> offset)
+{
+    const PointTemplateBase<double> imagePoint = ClientToImage(point);
+    ImagePoints.emplace_back(imagePoint.x + offset.x, imagePoint.y + offset.y);
+}
+
+void VostelMPoint::MoveNode(CPoint point)
+{
+    if (ActiveNode < 0 || static_cast<std::size_t>(ActiveNode) >= ImagePoints.size())
+        return;
+    StepSince(point);
+    PointTemplateBase<double>& node = ImagePoints[static_cast<std::size_t>(ActiveNode)];
+    node.x += LastDeltaX;
+    node.y += LastDeltaY;
+}
+
+void VostelMPoint::MoveShape(CPoint point)
+{
+    StepSince(point);
+    for (PointTemplateBase<double>& node : ImagePoints) {
+        node.x += LastDeltaX;
+        node.y += LastDeltaY;
+    }
+}
+
+void VostelMPoint::ClampImagePoints()
+{
+    if (!View)
+        return;
+    for (PointTemplateBase<double>& node : ImagePoints) {
+        node.x = Clamped(node.x, View->ImageWidth);
+        node.y = Clamped(node.y, View->ImageHeight);
+    }
+}
+
+void VostelMPoint::BuildClientPoints()
+{
+    if (!FixedSize) {
+        ClientPoints.resize(ImagePoints.size());
+        for (std::size_t i = 0; i < ImagePoints.size(); ++i)
+            ClientPoints[i] = ImageToClient(ImagePoints[i]);
+        return;
+    }
+    // Only a box of two points keeps its size on the screen; other counts have no place to keep.
+    ClientPoints.assign(ImagePoints.size(), CPoint());
+    if (ImagePoints.size() != 2)
+        return;
+    ClientPoints[0] = ImageToClient(ImagePoints[0]);
+    ClientPoints[1].x = WrapAdd(ClientPoints[0].x, TruncToInt(ImagePoints[1].x - ImagePoints[0].x));
+    ClientPoints[1].y = WrapAdd(ClientPoints[0].y, TruncToInt(ImagePoints[1].y - ImagePoints[0].y));
+}
+
+void VostelMPoint::StartOver()
+{
+    ImagePoints.clear();
+    ClientPoints.clear();
+    HandleRects.clear();
+}
+
+CPoint VostelMPoint::SnapIntoImage(CPoint point) const
+{
+    if (!View)
+        return point;
+    PointTemplateBase<double> imagePoint = View->ClientToImage(point);
+    imagePoint.x = Clamped(imagePoint.x, View->ImageWidth);
+    imagePoint.y = Clamped(imagePoint.y, View->ImageHeight);
+    return View->ImageToClient(imagePoint);
+}
+
+void VostelMPoint::TruncateImagePoints(std::vector<PointTemplateBase<int>>& out) const
+{
+    out.resize(ImagePoints.size());
+    for (std::size_t i = 0; i < ImagePoints.size(); ++i)
+        out[i] = PointTemplateBase<int>(TruncToInt(ImagePoints[i].x), TruncToInt(ImagePoints[i].y));
+}
+
+// The drag step in image px. Without a view the last step stands.
+void VostelMPoint::StepSince(CPoint point)
+{
+    if (!View)
+        return;
+    LastDeltaX = WrapSub(point.x, LastPoint.x) / View->Scale;
+    LastDeltaY = WrapSub(point.y, LastPoint.y) / View->Scale;
+}

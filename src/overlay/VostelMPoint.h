@@ -1,0 +1,43 @@
+#pragma once
+
+#include "overlay/VostelObj.h"
+
+// A shape made of a list of points, with the whole interaction grammar that its descendants build on: Shift
+// presses add points, a press on a handle drags that node, a press inside moves the shape, a clamp keeps the
+// points on the image, and after every change the client geometry is derived anew from the image points.
+//
+// Nothing ends or cancels a shape: drawing stops when the user stops pressing.
+class VostelMPoint : public VostelObj {
+public:
+    void OnLButtonDown(unsigned int flags, CPoint point) override;
+    void OnMouseMove(unsigned int flags, CPoint point) override;
+    void OnKeyDown(unsigned int key, unsigned int repeat, unsigned int keyFlags) override;
+    void RefreshClientGeometry() override;
+    bool HitTest(CPoint point) override;
+    void OnDraw(HDC dc) override;    // handles only; outlines are the descendants'
+    void SetClickPerPoint(int mode) override;
+    void SetMaxPoints(int count) override;
+    bool GetImagePoints(std::vector<PointTemplateBase<int>>& out) override;     // truncated; true also for none
+    bool GetImagePolygon(std::vector<PointTemplateBase<int>>& out) override;    // false below three points
+
+    // Appends the client point plus an offset in image px; the client list is not touched.
+    void AddImagePoint(CPoint point, PointTemplateBase<double> offset = {});
+    void MoveNode(CPoint point);     // drag step of ActiveNode since LastPoint
+    void MoveShape(CPoint point);    // the same of all nodes
+    void ClampImagePoints();
+    void BuildClientPoints();
+
+protected:
+    // Empties the lists; their storage stays for the shape that begins again.
+    void StartOver();
+    // The client point moved to the nearest one that lies on the image.
+    CPoint SnapIntoImage(CPoint point) const;
+    // Image points of a shape as its outline.
+    void TruncateImagePoints(std::vector<PointTemplateBase<int>>& out) const;
+
+private:
+    void StepSince(CPoint point);
+};
+
+// The box of two corners, left not above right and top not above bottom.
+CRect NormalisedBox(CPoint a, CPoint b);

@@ -1,0 +1,142 @@
+#pragma once
+
+#include "canvas/CanvasView.h"
+#include "canvas/PaintKit.h"
+#include "vostel/CanvasTypes.h"
+#include "vostel/Containers.h"
+#include "vostel/platform.h"
+
+#include <cstdint>
+#include <vector>
+
+class VostelImage;
+
+// Kinds of overlay objects, as VostelObj::TypeCode tells them.
+enum OverlayKind : int {
+    OverlayRect = 0,
+    OverlayCustomRect = 1,
+    OverlayLine = 2,    // of no finished object: constructors of lines and angles pass through it
+    OverlayPolygon = 3,
+    OverlaySpline = 4,
+    OverlayOneStroke = 5,
+    OverlayTextRect = 6,
+    OverlayMStroke = 7,
+    OverlayMeasureLine = 8,
+    OverlayAngle3Pts = 9,
+    OverlayAngle4Pts = 10,
+    OverlayPanel = 14,         // text lines and read-outs; gets every press, release and move
+    OverlayNeighbours = 15,    // gets every move
+    OverlayLineProfile = 16
+};
+
+// Root of the family of objects that lie over an image: shapes, text, measures and on-canvas controls. It
+// holds what the family shares and does almost nothing by itself: its operations are the defaults.
+//
+// Image points are the master copy of a shape's geometry; client points and handles are derived from them by
+// RefreshClientGeometry, which is what glues a shape to the image through pan and zoom.
+class VostelObj {
+public:
+    FontType                               StyleFontType = FontPlain18;
+    COLORREF                               StyleColor = 0;     // of the custom text style
+    int                                    StyleBkMode = 0;
+    int                                    StyleHeight = 0;    // px
+    std::vector<CPoint>                    ClientPoints;       // client px, derived
+    std::vector<PointTemplateBase<double>> ImagePoints;        // image px, the master copy
+    std::vector<CRect>                     HandleRects;        // client px, one square a client point
+    int                                    ClientCount = 0;    // scratch of drawing code
+    std::vector<int>                       StrokeStarts;       // indices where a new stroke begins
+    CRect                                  StrokeBounds;       // client px
+    PaintKit                               Kit;
+    unsigned int*                          SurfacePixels = nullptr;    // borrowed; handed to Kit on each draw
+    CanvasView*                            View = nullptr;             // borrowed from the canvas
+    int                                    HandleShape = 0;            // 0 ellipses, 1 squares, else none
+    COLORREF                               HandleColorSel = 255;
+    COLORREF                               HandleColorIdle = 0xff0000;
+    COLORREF                               HandleColorAlt = 65535;     // no drawing reads it
+    bool                                   ShowHandles = true;
+    COLORREF                               LineColorIdle = 0xff0000;
+    COLORREF                               LineColorSel = 255;
+    unsigned char                          Spare = 0;
+    int                                    HandleRadius = 4;    // client px
+    CPoint                                 LastPoint;           // client px; the reference for drag steps
+    bool                                   ButtonDown = false;
+    int                                    MoveState = 2;        // 2 idle, 0 the whole shape follows the mouse
+    int                                    ActiveNode = -1;      // node being dragged; -1 none, -2 whole shape
+    double                                 LastDeltaX = 0.0;     // image px; last drag step
+    double                                 LastDeltaY = 0.0;
+    int                                    ClickPerPoint = 1;    // 0: a Shift press adds two points
+    int                                    MaxPoints = 10000;    // at this count the next Shift press starts over
+    bool                                   EllipseMode = false;
+    CRect                                  ClientBox;            // client px
+    CRect                                  ImageBox;             // image px, truncated
+    bool                                   DrawBody = true;
+    bool                                   FixedSize = false;    // second point keeps its distance in client px
+    bool                                   ControlOn = true;     // of on-canvas controls
+    bool                                   MeasureArmed = false;
+    int                                    StrokeWidth = 1;      // px
+    bool                                   Selected = false;
+    int                                    TypeSerial = 0;       // number within the kind
+    int                                    SerialNo = 0;         // number on the canvas; labels are one more
+    int                                    TypeCode = 0;
+    bool                                   ClampToImage = true;
+    VostelImage*                           OwnerImage = nullptr;    // borrowed: the canvas
+    CPoint                                 HoverPoint;              // client px
+    ClassData2DIO<float>                   Data;
+    double                                 MeasureScale = 1.0;      // length units per image px
+
+    VostelObj() = default;
+    VostelObj(const VostelObj&) = delete;
+    VostelObj& operator=(const VostelObj&) = delete;
+    virtual ~VostelObj();
+
+    // Events. Flags are the mouse flags of the system; points are client px.
+    virtual void OnLButtonDown(unsigned int flags, CPoint point);
+    virtual void OnLButtonUp(unsigned int flags, CPoint point);
+    virtual void OnMouseMove(unsigned int flags, CPoint point);
+    virtual void OnKeyDown(unsigned int key, unsigned int repeat, unsigned int keyFlags);
+    virtual void OnTimer(std::uint64_t timerId);
+
+    virtual void SetCanvasView(CanvasView* view);
+    virtual void RefreshClientGeometry();
+    virtual bool HitTest(CPoint point);    // false leaves Selected alone here; descendants write it
+    virtual void SetPlacement(float x, float y, float w, float h);
+    virtual void OnDraw(HDC dc);
+
+    virtual void SetHandleColors(COLORREF selected, COLORREF second);
+    virtual void SetHandleShape(int shape);
+    virtual void SetHandleRadius(int radius);
+    virtual void SetClickPerPoint(int mode);
+    virtual void SetMaxPoints(int count);
+    virtual void ReservedOp();
+
+    virtual void  SetTextAndFit(CString& text);
+    virtual void  SetText(CString& text);
+    virtual CRect MeasureText(CString& text);
+    virtual void  SetTextAt(CString& text, CPoint at);
+
+    virtual void BeginMove();
+    virtual bool IsMoving();
+
+    // Outlines in image px. True with the vector untouched where the kind has none of its own.
+    virtual bool GetLabelOutline(std::vector<PointTemplateBase<int>>& out);
+    virtual bool ReservedCheck();
+    virtual bool GetImagePoints(std::vector<PointTemplateBase<int>>& out);
+    virtual bool GetImagePolygon(std::vector<PointTemplateBase<int>>& out);
+
+    virtual void ClearPoints();    // frees all point lists
+    virtual void SetOwnerImage(VostelImage* image);
+    virtual void SetTextLines(std::vector<CString>& lines);
+    virtual void AddTextLine(CString line);
+    virtual void SetData(ClassData2DIO<float>& source);
+    virtual CString GetResultText();    // "NULL" where the kind has no result
+
+    // The two conversions of the view. Without a view they show "显示信息未提供" and go on with zeros.
+    PointTemplateBase<double> ClientToImage(CPoint point) const;
+    CPoint                    ImageToClient(PointTemplateBase<double> point) const;
+
+protected:
+    // Target of the next drawing; every OnDraw starts with it.
+    void BindKit(HDC dc);
+    COLORREF LineColor() const { return Selected ? LineColorSel : LineColorIdle; }
+    COLORREF HandleColor() const { return Selected ? HandleColorSel : HandleColorIdle; }
+};

@@ -1,0 +1,12 @@
+#include "overlay/VostelPolygon.h"
+
+VostelPolygon::VostelPolygon()
+{
+    TypeCode = OverlayPolygon;
+}
+
+void VostelPolygon::OnDraw(HDC dc)
+{
+    VostelMPoint::OnDraw(dc);
+    Kit.DrawClosedPolyline(ClientPoints, LineColor());
+}

@@ -1,0 +1,60 @@
+#include "overlay/VostelSingleLine.h"
+
+#include "foundation/Truncate.h"
+
+#include <cmath>
+
+VostelSingleLine::VostelSingleLine()
+{
+    ClickPerPoint = 0;
+    MaxPoints = 2;
+    DrawBody = false;
+    TypeCode = OverlayLine;
+}
+
+void VostelSingleLine::OnLButtonDown(unsigned int flags, CPoint point)
+{
+    VostelMPoint::OnLButtonDown(flags, point);
+    // The point as it came in, not the one snapped into the image.
+    const std::int64_t dx = static_cast<std::int64_t>(point.x) - MidPoint.x;
+    const std::int64_t dy = static_cast<std::int64_t>(point.y) - MidPoint.y;
+    const float        distance = static_cast<float>(std::sqrt(static_cast<double>(dx) * static_cast<double>(dx) +
+                                                               static_cast<double>(dy) * static_cast<double>(dy)));
+    if (distance < static_cast<float>(HandleRadius) && HandleShape == 0)
+        BeginMove();
+}
+
+void VostelSingleLine::OnDraw(HDC dc)
+{
+    ShowHandles = true;
+    const bool line = ClientPoints.size() == 2;
+    if (line) {
+        const CPoint& a = ClientPoints[0];
+        const CPoint& b = ClientPoints[1];
+        MidPoint = CPoint(TruncToInt((static_cast<double>(a.x) + b.x) * 0.5),
+                          TruncToInt((static_cast<double>(a.y) + b.y) * 0.5));
+        MidRect = CRect(WrapSub(MidPoint.x, HandleRadius), WrapSub(MidPoint.y, HandleRadius),
+                        WrapAdd(MidPoint.x, HandleRadius), WrapAdd(MidPoint.y, HandleRadius));
+        ClientBox = NormalisedBox(a, b);
+        if (ImagePoints.size() == 2)
+            ImageBox = NormalisedBox(CPoint(TruncToInt(ImagePoints[0].x), TruncToInt(ImagePoints[0].y)),
+                                     CPoint(TruncToInt(ImagePoints[1].x), TruncToInt(ImagePoints[1].y)));
+    }
+    VostelMPoint::OnDraw(dc);
+    if (HandleShape == 1)
+        Kit.DrawRectOutline(MidRect, HandleColor());
+    else if (HandleShape == 0)
+        Kit.DrawEllipseOutline(MidRect, HandleColor());
+    if (DrawBody)
+        DrawBox(LineColor());
+    else if (line)
+        Kit.DrawLine(ClientPoints[0], ClientPoints[1], 0, LineColor(), PS_SOLID);
+}
+
+void VostelSingleLine::DrawBox(COLORREF colour)
+{
+    if (EllipseMode)
+        Kit.DrawEllipseOutline(ClientBox, colour);
+    else
+        Kit.DrawRectOutline(ClientBox, colour);
+}

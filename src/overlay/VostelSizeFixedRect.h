@@ -1,0 +1,7 @@
+#pragma once
+
+#include "overlay/VostelCustomRect.h"
+
+// A box that keeps its size on the screen through zoom: FixedSize, set by its descendant, holds the second
+// point at a constant distance in client px from the first.
+class VostelSizeFixedRect : public VostelCustomRect {};

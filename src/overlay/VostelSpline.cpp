@@ -1,0 +1,72 @@
+#include "overlay/VostelSpline.h"
+
+#include "foundation/Truncate.h"
+#include "vostel/RasterFills.h"
+
+#include <cstdint>
+#include <cstdlib>
+
+namespace {
+
+constexpr std::int64_t OutlineStep = 4;    // client px, |dx| + |dy|
+
+std::int64_t Distance(PointTemplateBase<int> a, PointTemplateBase<int> b)
+{
+    return std::llabs(static_cast<std::int64_t>(a.x) - b.x) + std::llabs(static_cast<std::int64_t>(a.y) - b.y);
+}
+
+}
+
+VostelSpline::VostelSpline()
+{
+    TypeCode = OverlaySpline;
+}
+
+void VostelSpline::OnDraw(HDC dc)
+{
+    BindKit(dc);
+    ClientCount = static_cast<int>(ClientPoints.size());
+    ClosedNodes.clear();
+    CurvePoints.clear();
+    ControlPoints.clear();
+    for (const CPoint& point : ClientPoints)
+        ClosedNodes.emplace_back(point.x, point.y);
+    if (!ClosedNodes.empty())
+        ClosedNodes.push_back(ClosedNodes.front());
+    if (ClientCount > 1) {
+        mB3Line(ClosedNodes, CurvePoints, ControlPoints);
+        Kit.DrawClosedPolyline(CurvePoints, LineColor());
+    }
+    // Always round, always shown and always in the line colour, unlike the handles of other shapes.
+    Kit.DrawHandles(HandleRects, LineColor(), 0);
+}
+
+bool VostelSpline::GetLabelOutline(std::vector<PointTemplateBase<int>>& out)
+{
+    if (CurvePoints.size() < 3)
+        return false;
+    std::vector<PointTemplateBase<int>> kept;
+    PointTemplateBase<int>              reference = CurvePoints[0];
+    for (std::size_t i = 1; i < CurvePoints.size(); ++i) {
+        if (Distance(reference, CurvePoints[i]) >= OutlineStep) {
+            kept.push_back(reference);
+            reference = CurvePoints[i];
+        }
+    }
+    if (Distance(CurvePoints[CurvePoints.size() - 2], CurvePoints.back()) >= OutlineStep)
+        kept.push_back(CurvePoints.back());
+    out.clear();
+    for (const PointTemplateBase<int>& point : kept) {
+        const PointTemplateBase<double> imagePoint = ClientToImage(CPoint(point.x, point.y));
+        out.emplace_back(TruncToInt(imagePoint.x), TruncToInt(imagePoint.y));
+    }
+    return true;
+}
+
+void VostelSpline::ClearPoints()
+{
+    VostelPolygon::ClearPoints();
+    ClosedNodes = {};
+    ControlPoints = {};
+    CurvePoints = {};
+}

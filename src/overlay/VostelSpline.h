@@ -1,0 +1,20 @@
+#pragma once
+
+#include "overlay/VostelPolygon.h"
+
+// A region bounded by a smooth closed curve through its nodes, solved anew at each paint. Hits are tested on
+// the polygon of the nodes, not on the curve.
+class VostelSpline : public VostelPolygon {
+public:
+    std::vector<PointTemplateBase<int>> ClosedNodes;      // client px; the nodes with the first one repeated
+    std::vector<PointTemplateBase<int>> ControlPoints;    // client px; kept, not drawn
+    std::vector<PointTemplateBase<int>> CurvePoints;      // client px; the curve of the last paint
+
+    VostelSpline();
+
+    void OnDraw(HDC dc) override;
+    // The curve of the last paint, thinned to steps of at least 4 client px, in image px. False for fewer than
+    // 3 curve points: a spline that was never painted has no outline.
+    bool GetLabelOutline(std::vector<PointTemplateBase<int>>& out) override;
+    void ClearPoints() override;
+};

@@ -1,0 +1,19 @@
+#pragma once
+
+// Files and narrow names, one source per platform. Narrow paths are what the C file functions take.
+
+#include "vostel/platform.h"
+
+#include <cstdio>
+#include <string>
+
+bool      PathExists(const char* path);               // a file or a directory; false for null
+bool      IsDirectory(const CString& path);           // an existing directory
+std::FILE* OpenFile(const char* path, const char* mode);    // null on failure, or for a null path; close with fclose
+// Bytes of an open regular file whatever its size, -1 if it cannot be told; the position is kept.
+long long FileLength(std::FILE* file);
+
+std::string  NarrowAnsi(const wchar_t* text, int length);    // system code page; UTF-8 off Windows
+std::string  NarrowOem(const wchar_t* text, int length);     // console code page; UTF-8 off Windows
+std::wstring WidenAnsi(const char* text);
+bool         IsPathSeparator(wchar_t character);    // backslash; off Windows a slash too

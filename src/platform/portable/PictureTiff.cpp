@@ -1,0 +1,306 @@
+// TIFF by libtiff. Gray and palette pictures of 1, 4 and 8 bits keep them, 2 bits become 8; everything
+// with alpha or 16 bits a channel becomes 32, every other colour 24. The first page counts.
+
+#include "platform/portable/PictureCodecs.h"
+
+#include <tiffio.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <memory>
+
+namespace pictures {
+namespace {
+
+// A file in memory behind the library's file calls.
+struct Stream {
+    const Bytes* Read = nullptr;
+    Bytes*       Write = nullptr;
+    std::size_t  Base = 0;    // where the file begins in what is written
+    std::size_t  At = 0;
+
+    std::size_t Size() const { return Read != nullptr ? Read->size() : Write->size() - Base; }
+};
+
+tmsize_t ReadBytes(thandle_t handle, void* target, tmsize_t count)
+{
+    Stream*           stream = static_cast<Stream*>(handle);
+    const std::size_t size = stream->Size();
+    if (count <= 0 || stream->At >= size)
+        return 0;
+    const std::size_t    taken = std::min(size - stream->At, static_cast<std::size_t>(count));
+    const unsigned char* from =
+        stream->Read != nullptr ? stream->Read->data() : stream->Write->data() + stream->Base;
+    std::memcpy(target, from + stream->At, taken);
+    stream->At += taken;
+    return static_cast<tmsize_t>(taken);
+}
+
+tmsize_t WriteBytes(thandle_t handle, void* source, tmsize_t count)
+{
+    Stream* stream = static_cast<Stream*>(handle);
+    if (stream->Write == nullptr || count < 0)
+        return -1;
+    const std::size_t end = stream->Base + stream->At + static_cast<std::size_t>(count);
+    try {
+        if (stream->Write->size() < end)
+            stream->Write->resize(end, 0);
+    } catch (...) {
+        return -1;
+    }
+    std::memcpy(stream->Write->data() + stream->Base + stream->At, source, static_cast<std::size_t>(count));
+    stream->At += static_cast<std::size_t>(count);
+    return count;
+}
+
+toff_t Seek(thandle_t handle, toff_t offset, int whence)
+{
+    Stream*     stream = static_cast<Stream*>(handle);
+    std::size_t from = whence == SEEK_CUR ? stream->At : whence == SEEK_END ? stream->Size() : 0;
+    // Far beyond the end reads nothing and is never written to.
+    stream->At = std::min<std::size_t>(from + offset, std::size_t{1} << 40);
+    return stream->At;
+}
+
+int Close(thandle_t)
+{
+    return 0;
+}
+toff_t Size(thandle_t handle)
+{
+    return static_cast<Stream*>(handle)->Size();
+}
+
+// Handlers of this one file; what the host has set for others stays untouched.
+int Silent(TIFF*, void*, const char*, const char*, va_list)
+{
+    return 1;
+}
+
+struct CloseTiff {
+    void operator()(TIFF* tiff) const { TIFFClose(tiff); }
+};
+using Tiff = std::unique_ptr<TIFF, CloseTiff>;
+
+Tiff Open(Stream& stream, const char* mode)
+{
+    TIFFOpenOptions* options = TIFFOpenOptionsAlloc();
+    if (options == nullptr)
+        return nullptr;
+    TIFFOpenOptionsSetMaxSingleMemAlloc(options, tmsize_t{1} << 30);
+    TIFFOpenOptionsSetErrorHandlerExtR(options, Silent, nullptr);
+    TIFFOpenOptionsSetWarningHandlerExtR(options, Silent, nullptr);
+    Tiff tiff(TIFFClientOpenExt("picture", mode, &stream, ReadBytes, WriteBytes, Seek, Close, Size, nullptr,
+                                nullptr, options));
+    TIFFOpenOptionsFree(options);
+    return tiff;
+}
+
+struct Layout {
+    std::uint32_t Width = 0, Height = 0;
+    std::uint16_t Bits = 1, Samples = 1, Planes = PLANARCONFIG_CONTIG, Format = SAMPLEFORMAT_UINT;
+    std::uint16_t Photometric = PHOTOMETRIC_MINISBLACK, Extra = 0, Compression = COMPRESSION_NONE;
+    bool          Indexed() const
+    {
+        return Samples == 1 && (Bits == 1 || Bits == 2 || Bits == 4 || Bits == 8) &&
+               (Photometric == PHOTOMETRIC_MINISBLACK || Photometric == PHOTOMETRIC_MINISWHITE ||
+                Photometric == PHOTOMETRIC_PALETTE);
+    }
+};
+
+Layout LayoutOf(TIFF* tiff)
+{
+    Layout         layout;
+    std::uint16_t* kinds = nullptr;
+    TIFFGetField(tiff, TIFFTAG_IMAGEWIDTH, &layout.Width);
+    TIFFGetField(tiff, TIFFTAG_IMAGELENGTH, &layout.Height);
+    TIFFGetFieldDefaulted(tiff, TIFFTAG_BITSPERSAMPLE, &layout.Bits);
+    TIFFGetFieldDefaulted(tiff, TIFFTAG_SAMPLESPERPIXEL, &layout.Samples);
+    TIFFGetFieldDefaulted(tiff, TIFFTAG_PLANARCONFIG, &layout.Planes);
+    TIFFGetFieldDefaulted(tiff, TIFFTAG_SAMPLEFORMAT, &layout.Format);
+    TIFFGetFieldDefaulted(tiff, TIFFTAG_COMPRESSION, &layout.Compression);
+    TIFFGetField(tiff, TIFFTAG_PHOTOMETRIC, &layout.Photometric);
+    if (!TIFFGetFieldDefaulted(tiff, TIFFTAG_EXTRASAMPLES, &layout.Extra, &kinds))
+        layout.Extra = 0;
+    return layout;
+}
+
+// Copies decoded bytes of a row, left pixel in the high bits, to the pixels from x on.
+void TakeRow(const Layout& layout, const unsigned char* source, unsigned char* row, std::uint32_t x,
+             std::uint32_t count)
+{
+    const unsigned char flip = layout.Photometric == PHOTOMETRIC_MINISWHITE ? 0xFF : 0;
+    if (layout.Bits == 2) {
+        const unsigned step = layout.Photometric == PHOTOMETRIC_PALETTE ? 1 : 85;
+        for (std::uint32_t i = 0; i < count; ++i)
+            row[x + i] = static_cast<unsigned char>(((source[i / 4] ^ flip) >> (6 - i % 4 * 2) & 3u) * step);
+        return;
+    }
+    // Tiles are a multiple of 16 pixels wide, so that they begin at whole bytes.
+    const std::size_t first = std::size_t{x} * layout.Bits / 8;
+    const std::size_t bytes = (std::size_t{count} * layout.Bits + 7) / 8;
+    for (std::size_t i = 0; i < bytes; ++i)
+        row[first + i] = source[i] ^ flip;
+}
+
+bool ReadIndices(TIFF* tiff, const Layout& layout, Picture& picture)
+{
+    std::uint16_t *red = nullptr, *green = nullptr, *blue = nullptr;
+    if (layout.Photometric == PHOTOMETRIC_PALETTE) {
+        if (!TIFFGetField(tiff, TIFFTAG_COLORMAP, &red, &green, &blue))
+            return false;
+        std::memset(picture.Palette, 0, sizeof picture.Palette);
+        for (int i = 0; i < 1 << layout.Bits; ++i)
+            picture.Palette[i] = {static_cast<BYTE>(blue[i] >> 8), static_cast<BYTE>(green[i] >> 8),
+                                  static_cast<BYTE>(red[i] >> 8), 0};
+    }
+    if (!TIFFIsTiled(tiff)) {
+        const tmsize_t size = TIFFScanlineSize(tiff);
+        if (size < static_cast<tmsize_t>((std::uint64_t{layout.Width} * layout.Bits + 7) / 8))
+            return false;
+        Bytes line(static_cast<std::size_t>(size));
+        for (std::uint32_t y = 0; y < layout.Height; ++y) {
+            if (TIFFReadScanline(tiff, line.data(), y, 0) < 0)
+                return false;
+            TakeRow(layout, line.data(), picture.Row(static_cast<int>(y)), 0, layout.Width);
+        }
+        return true;
+    }
+    std::uint32_t tileWidth = 0, tileHeight = 0;
+    TIFFGetField(tiff, TIFFTAG_TILEWIDTH, &tileWidth);
+    TIFFGetField(tiff, TIFFTAG_TILELENGTH, &tileHeight);
+    const tmsize_t size = TIFFTileSize(tiff), rowSize = TIFFTileRowSize(tiff);
+    if (tileWidth == 0 || tileWidth % 16 != 0 || tileHeight == 0 || size <= 0 || size > (tmsize_t{1} << 28) ||
+        rowSize < static_cast<tmsize_t>(std::uint64_t{tileWidth} * layout.Bits / 8) ||
+        rowSize > size / static_cast<tmsize_t>(tileHeight))
+        return false;
+    Bytes tile(static_cast<std::size_t>(size));
+    for (std::uint64_t top = 0; top < layout.Height; top += tileHeight)
+        for (std::uint64_t left = 0; left < layout.Width; left += tileWidth) {
+            const std::uint32_t x = static_cast<std::uint32_t>(left), y = static_cast<std::uint32_t>(top);
+            if (TIFFReadTile(tiff, tile.data(), x, y, 0, 0) < 0)
+                return false;
+            for (std::uint32_t i = 0; i < tileHeight && y + i < layout.Height; ++i)
+                TakeRow(layout, tile.data() + static_cast<std::size_t>(rowSize) * i,
+                        picture.Row(static_cast<int>(y + i)), x, std::min(tileWidth, layout.Width - x));
+        }
+    return true;
+}
+
+// Everything else through the library's own conversion to red, green, blue, alpha words.
+bool ReadColours(TIFF* tiff, const Layout& layout, Picture& picture)
+{
+    char why[1024];
+    if (!TIFFRGBAImageOK(tiff, why))
+        return false;
+    std::vector<std::uint32_t> words(std::size_t{layout.Width} * layout.Height);
+    if (!TIFFReadRGBAImageOriented(tiff, layout.Width, layout.Height, words.data(), ORIENTATION_TOPLEFT, 1))
+        return false;
+    const int bytes = picture.BitsPerPixel / 8;
+    for (int y = 0; y < picture.Height; ++y) {
+        const std::uint32_t* source = words.data() + static_cast<std::size_t>(y) * layout.Width;
+        unsigned char*       row = picture.Row(y);
+        for (int x = 0; x < picture.Width; ++x, row += bytes) {
+            row[0] = static_cast<unsigned char>(TIFFGetB(source[x]));
+            row[1] = static_cast<unsigned char>(TIFFGetG(source[x]));
+            row[2] = static_cast<unsigned char>(TIFFGetR(source[x]));
+            if (bytes == 4)
+                row[3] = static_cast<unsigned char>(TIFFGetA(source[x]));
+        }
+    }
+    return true;
+}
+
+bool Describe(TIFF* tiff, const Picture& picture)
+{
+    const bool indexed = picture.BitsPerPixel <= 8, gray = picture.IsGray();
+    const int  samples = indexed ? 1 : picture.HasAlpha ? 4 : 3;
+    bool       good = TIFFSetField(tiff, TIFFTAG_IMAGEWIDTH, static_cast<std::uint32_t>(picture.Width)) &&
+                TIFFSetField(tiff, TIFFTAG_IMAGELENGTH, static_cast<std::uint32_t>(picture.Height)) &&
+                TIFFSetField(tiff, TIFFTAG_BITSPERSAMPLE, indexed ? picture.BitsPerPixel : 8) &&
+                TIFFSetField(tiff, TIFFTAG_SAMPLESPERPIXEL, samples) &&
+                TIFFSetField(tiff, TIFFTAG_PLANARCONFIG, PLANARCONFIG_CONTIG) &&
+                TIFFSetField(tiff, TIFFTAG_COMPRESSION, COMPRESSION_LZW) &&
+                TIFFSetField(tiff, TIFFTAG_PHOTOMETRIC,
+                             !indexed ? PHOTOMETRIC_RGB
+                             : gray   ? PHOTOMETRIC_MINISBLACK
+                                      : PHOTOMETRIC_PALETTE);
+    if (samples == 4) {
+        std::uint16_t kind = EXTRASAMPLE_UNASSALPHA;
+        good = good && TIFFSetField(tiff, TIFFTAG_EXTRASAMPLES, 1, &kind);
+    }
+    if (indexed && !gray) {
+        std::uint16_t colours[3][256];
+        for (int i = 0; i < 256; ++i) {
+            colours[0][i] = static_cast<std::uint16_t>(picture.Palette[i].rgbRed * 257);
+            colours[1][i] = static_cast<std::uint16_t>(picture.Palette[i].rgbGreen * 257);
+            colours[2][i] = static_cast<std::uint16_t>(picture.Palette[i].rgbBlue * 257);
+        }
+        good = good && TIFFSetField(tiff, TIFFTAG_COLORMAP, colours[0], colours[1], colours[2]);
+    }
+    return good && TIFFSetField(tiff, TIFFTAG_ROWSPERSTRIP, TIFFDefaultStripSize(tiff, 0));
+}
+
+}
+
+bool DecodeTiff(const Bytes& file, Picture& picture)
+{
+    if (file.size() < 8 || !((file[0] == 'I' && file[1] == 'I') || (file[0] == 'M' && file[1] == 'M')))
+        return false;
+    Stream     stream{&file, nullptr, 0, 0};
+    const Tiff tiff = Open(stream, "rm");    // not mapped: the stream is memory already
+    if (tiff == nullptr)
+        return false;
+    const Layout    layout = LayoutOf(tiff.get());
+    const long long rowBytes = (static_cast<long long>(layout.Width) * layout.Samples * layout.Bits + 7) / 8;
+    if (!IsSaneSize(layout.Width, layout.Height))
+        return false;
+    // Plain data has to be there; fax codes of blank pages know no bound, and one bit a pixel is no burden.
+    const long long factor = layout.Compression == COMPRESSION_NONE ? 1 : 65536;
+    if (!(layout.Bits == 1 && layout.Samples == 1 && factor > 1) &&
+        !IsPlausible(rowBytes * layout.Height, file.size(), factor))
+        return false;
+    const int width = static_cast<int>(layout.Width), height = static_cast<int>(layout.Height);
+    if (layout.Indexed())
+        return picture.Allocate(width, height, layout.Bits == 2 ? 8 : layout.Bits) &&
+               ReadIndices(tiff.get(), layout, picture);
+    const bool alpha = layout.Extra > 0;
+    if (!picture.Allocate(width, height, alpha || layout.Bits == 16 ? 32 : 24))
+        return false;
+    picture.HasAlpha = alpha;
+    return ReadColours(tiff.get(), layout, picture);
+}
+
+bool EncodeTiff(const Picture& picture, Bytes& file)
+{
+    Stream stream{nullptr, &file, file.size(), 0};
+    Tiff   tiff = Open(stream, "wlm");
+    if (tiff == nullptr || !Describe(tiff.get(), picture))
+        return false;
+    const int samples = picture.BitsPerPixel <= 8 ? 1 : picture.HasAlpha ? 4 : 3;
+    Bytes     line(std::size_t(picture.RowBytes) + 8);
+    for (int y = 0; y < picture.Height; ++y) {
+        // The library changes the line that it is handed.
+        const unsigned char* row = picture.Row(y);
+        if (samples == 1) {
+            std::memcpy(line.data(), row, static_cast<std::size_t>(picture.RowBytes));
+        } else {
+            const int bytes = picture.BitsPerPixel / 8;
+            for (int x = 0; x < picture.Width; ++x, row += bytes) {
+                unsigned char* target =
+                    line.data() + static_cast<std::size_t>(x) * static_cast<std::size_t>(samples);
+                target[0] = row[2];
+                target[1] = row[1];
+                target[2] = row[0];
+                if (samples == 4)
+                    target[3] = row[3];
+            }
+        }
+        if (TIFFWriteScanline(tiff.get(), line.data(), static_cast<std::uint32_t>(y), 0) < 0)
+            return false;
+    }
+    return TIFFFlush(tiff.get()) != 0;
+}
+
+}

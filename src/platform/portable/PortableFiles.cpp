@@ -1,0 +1,105 @@
+// Files by their UTF-8 names. Bytes of a name that are no UTF-8 stand as U+DC80 to U+DCFF in wide text, so
+// that every name survives the way there and back.
+
+#include "platform/Files.h"
+
+#include <sys/stat.h>
+
+#include <cstdint>
+#include <cwchar>
+
+bool PathExists(const char* path)
+{
+    struct stat facts;
+    return path != nullptr && stat(path, &facts) == 0;
+}
+
+bool IsDirectory(const CString& path)
+{
+    struct stat facts;
+    return stat(NarrowAnsi(path, path.GetLength()).c_str(), &facts) == 0 && S_ISDIR(facts.st_mode);
+}
+
+std::FILE* OpenFile(const char* path, const char* mode)
+{
+    struct stat facts;
+    if (path == nullptr || mode == nullptr)
+        return nullptr;
+    // Opening a pipe would wait for whoever opens its other end.
+    if (stat(path, &facts) == 0 && (S_ISFIFO(facts.st_mode) || S_ISDIR(facts.st_mode)))
+        return nullptr;
+    return std::fopen(path, mode);
+}
+
+long long FileLength(std::FILE* file)
+{
+    struct stat facts;
+    if (file == nullptr || fstat(fileno(file), &facts) != 0 || !S_ISREG(facts.st_mode))
+        return -1;
+    return facts.st_size;
+}
+
+std::string NarrowAnsi(const wchar_t* text, int length)
+{
+    std::string narrow;
+    if (text == nullptr)
+        return narrow;
+    const std::size_t count = length < 0 ? std::wcslen(text) : static_cast<std::size_t>(length);
+    narrow.reserve(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        std::uint32_t code = static_cast<std::uint32_t>(text[i]);
+        if (code >= 0xDC80 && code <= 0xDCFF) {
+            narrow += static_cast<char>(code & 0xFF);
+            continue;
+        }
+        if (code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF))
+            code = 0xFFFD;
+        const int more = code < 0x80 ? 0 : code < 0x800 ? 1 : code < 0x10000 ? 2 : 3;
+        const int marks[] = {0, 0xC0, 0xE0, 0xF0};
+        narrow += static_cast<char>(marks[more] | static_cast<int>(code >> 6 * more));
+        for (int left = more - 1; left >= 0; --left)
+            narrow += static_cast<char>(0x80 | (code >> 6 * left & 0x3F));
+    }
+    return narrow;
+}
+
+std::string NarrowOem(const wchar_t* text, int length)
+{
+    return NarrowAnsi(text, length);
+}
+
+std::wstring WidenAnsi(const char* text)
+{
+    std::wstring wide;
+    if (text == nullptr)
+        return wide;
+    const std::uint32_t  smallest[] = {0, 0x80, 0x800, 0x10000};    // what a sequence has to be used for
+    const unsigned char* at = reinterpret_cast<const unsigned char*>(text);
+    while (*at != 0) {
+        const unsigned first = *at;
+        const int      more = first < 0x80             ? 0
+                              : (first & 0xE0) == 0xC0 ? 1
+                              : (first & 0xF0) == 0xE0 ? 2
+                              : (first & 0xF8) == 0xF0 ? 3
+                                                       : -1;
+        std::uint32_t  code = more <= 0 ? first : first & (0x3Fu >> more);
+        bool           whole = more >= 0;
+        for (int i = 1; whole && i <= more; ++i) {
+            whole = (at[i] & 0xC0) == 0x80;    // false at the terminator, which stays ahead
+            code = code << 6 | (at[i] & 0x3F);
+        }
+        if (!whole || code < smallest[more] || code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF)) {
+            wide += static_cast<wchar_t>(0xDC00 | first);
+            ++at;
+            continue;
+        }
+        wide += static_cast<wchar_t>(code);
+        at += more + 1;
+    }
+    return wide;
+}
+
+bool IsPathSeparator(wchar_t character)
+{
+    return character == L'\\' || character == L'/';
+}

@@ -1,0 +1,204 @@
+// CImage on the codecs of this folder. Covered: BMP, PNG, JPEG, GIF and TIFF, each in the depths that
+// files of that kind have. Left out: other formats, all images of a file but the first.
+
+#include "platform/Files.h"
+#include "platform/portable/PictureCodecs.h"
+
+#include <cstdio>
+#include <new>
+#include <string>
+
+namespace {
+
+constexpr long long LargestFile = 1LL << 31;
+
+bool ReadWholeFile(const std::string& path, pictures::Bytes& bytes)
+{
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(OpenFile(path.c_str(), "rb"), std::fclose);
+    const long long                                       length = file ? FileLength(file.get()) : -1;
+    if (length <= 0 || length > LargestFile)
+        return false;
+    bytes.resize(static_cast<std::size_t>(length));
+    return std::fread(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();
+}
+
+// A file that could not be written whole is taken away again.
+bool WriteWholeFile(const std::string& path, const pictures::Bytes& bytes)
+{
+    std::FILE* file = OpenFile(path.c_str(), "wb");
+    if (file == nullptr)
+        return false;
+    bool good = std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
+    good = std::fclose(file) == 0 && good;
+    if (!good)
+        std::remove(path.c_str());
+    return good;
+}
+
+// The contents tell the format; extensions of pictures lie often.
+bool Decode(const pictures::Bytes& file, pictures::Picture& picture)
+{
+    return pictures::DecodePng(file, picture) || pictures::DecodeJpeg(file, picture) ||
+           pictures::DecodeBmp(file, picture) || pictures::DecodeGif(file, picture) ||
+           pictures::DecodeTiff(file, picture);
+}
+
+// No format but one takes five bits a channel; they are written as 24 bits.
+bool CopyAsTriples(const pictures::Picture& picture, pictures::Picture& copy)
+{
+    if (!copy.Allocate(picture.Width, picture.Height, 24))
+        return false;
+    for (int y = 0; y < picture.Height; ++y)
+        pictures::ColourRow(picture, y, copy.Row(y));
+    return true;
+}
+
+using Encoder = bool (*)(const pictures::Picture&, pictures::Bytes&);
+
+Encoder EncoderOf(const wchar_t* path)
+{
+    CString   extension(path);
+    const int dot = extension.ReverseFind(L'.');
+    if (dot < 0)
+        return nullptr;
+    extension = extension.Mid(dot + 1);
+    extension.MakeLower();
+    const struct {
+        const wchar_t* Extension;
+        Encoder        Encode;
+    } encoders[] = {{L"bmp", pictures::EncodeBmp},   {L"dib", pictures::EncodeBmp},
+                    {L"png", pictures::EncodePng},   {L"jpg", pictures::EncodeJpeg},
+                    {L"jpeg", pictures::EncodeJpeg}, {L"gif", pictures::EncodeGif},
+                    {L"tif", pictures::EncodeTiff},  {L"tiff", pictures::EncodeTiff}};
+    for (const auto& encoder : encoders)
+        if (extension == encoder.Extension)
+            return encoder.Encode;
+    return nullptr;
+}
+
+}
+
+namespace ATL {
+
+struct CImage::Picture : pictures::Picture {
+    HDC     Context = nullptr;    // while GetDC is out
+    HGDIOBJ Before = nullptr;     // what the context held before the picture
+
+    ~Picture() { CloseContext(); }
+    void CloseContext()
+    {
+        if (Context == nullptr)
+            return;
+        SelectObject(Context, Before);
+        DeleteDC(Context);
+        Context = nullptr;
+    }
+};
+
+CImage::CImage() = default;
+CImage::~CImage() = default;
+
+HRESULT CImage::Load(const wchar_t* path)
+{
+    Destroy();
+    if (path == nullptr)
+        return E_FAIL;
+    try {
+        pictures::Bytes file;
+        auto            loaded = std::make_unique<Picture>();
+        if (!ReadWholeFile(NarrowAnsi(path, -1), file) || !Decode(file, *loaded))
+            return E_FAIL;
+        Held = std::move(loaded);
+    } catch (const std::bad_alloc&) {
+        return E_FAIL;
+    }
+    return S_OK;
+}
+
+HRESULT CImage::Save(const wchar_t* path) const
+{
+    const Encoder encode = path != nullptr ? EncoderOf(path) : nullptr;
+    if (encode == nullptr || IsNull())
+        return E_FAIL;
+    try {
+        pictures::Bytes   file;
+        pictures::Picture triples;
+        if (Held->BitsPerPixel == 16 && !CopyAsTriples(*Held, triples))
+            return E_FAIL;
+        if (!encode(Held->BitsPerPixel == 16 ? triples : *Held, file) ||
+            !WriteWholeFile(NarrowAnsi(path, -1), file))
+            return E_FAIL;
+    } catch (const std::bad_alloc&) {
+        return E_FAIL;
+    }
+    return S_OK;
+}
+
+bool CImage::Create(int width, int height, int bitsPerPixel)
+{
+    Destroy();
+    if ((bitsPerPixel != 8 && bitsPerPixel != 24 && bitsPerPixel != 32) || width <= 0 || height == 0 ||
+        height == static_cast<int>(0x80000000u))
+        return false;
+    try {
+        auto created = std::make_unique<Picture>();
+        if (!created->Allocate(width, height < 0 ? -height : height, bitsPerPixel, height > 0))
+            return false;
+        Held = std::move(created);
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+    return true;
+}
+
+void CImage::Destroy()
+{
+    Held.reset();
+}
+bool CImage::IsNull() const
+{
+    return Held == nullptr;
+}
+int CImage::GetWidth() const
+{
+    return Held ? Held->Width : 0;
+}
+int CImage::GetHeight() const
+{
+    return Held ? Held->Height : 0;
+}
+int CImage::GetBPP() const
+{
+    return Held ? Held->BitsPerPixel : 0;
+}
+
+void* CImage::GetBits() const
+{
+    return Held ? Held->Row(0) : nullptr;
+}
+
+int CImage::GetPitch() const
+{
+    if (Held == nullptr)
+        return 0;
+    return Held->BottomUp ? -Held->RowBytes : Held->RowBytes;
+}
+
+HDC CImage::GetDC() const
+{
+    if (Held == nullptr || Held->Bitmap() == nullptr)
+        return nullptr;
+    if (Held->Context == nullptr) {
+        Held->Context = CreateCompatibleDC(nullptr);
+        Held->Before = SelectObject(Held->Context, Held->Bitmap());
+    }
+    return Held->Context;
+}
+
+void CImage::ReleaseDC() const
+{
+    if (Held != nullptr)
+        Held->CloseContext();
+}
+
+}

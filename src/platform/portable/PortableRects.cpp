@@ -1,0 +1,32 @@
+// Rectangles as plain numbers. Sums wrap, as the processor's do.
+
+#include "foundation/Truncate.h"
+#include "platform/portable/PortableContext.h"
+
+BOOL PtInRect(const RECT* rect, POINT point)
+{
+    return rect != nullptr && point.x >= rect->left && point.x < rect->right && point.y >= rect->top &&
+           point.y < rect->bottom;
+}
+
+BOOL InflateRect(RECT* rect, int dx, int dy)
+{
+    if (rect == nullptr)
+        return FALSE;
+    rect->left = WrapSub(rect->left, dx);
+    rect->top = WrapSub(rect->top, dy);
+    rect->right = WrapAdd(rect->right, dx);
+    rect->bottom = WrapAdd(rect->bottom, dy);
+    return TRUE;
+}
+
+BOOL OffsetRect(RECT* rect, int dx, int dy)
+{
+    if (rect == nullptr)
+        return FALSE;
+    rect->left = WrapAdd(rect->left, dx);
+    rect->top = WrapAdd(rect->top, dy);
+    rect->right = WrapAdd(rect->right, dx);
+    rect->bottom = WrapAdd(rect->bottom, dy);
+    return TRUE;
+}

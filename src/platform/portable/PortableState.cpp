@@ -1,0 +1,50 @@
+// The settings of a context. A setter answers the value before, or its failure value for a bad handle or a
+// mode that GDI does not know.
+
+#include "platform/portable/PortableContext.h"
+
+#include <utility>
+
+using namespace gdi;
+
+int SetBkMode(HDC dc, int mode)
+{
+    Context* context = FindContext(dc);
+    return context == nullptr || (mode != TRANSPARENT && mode != OPAQUE)
+               ? 0
+               : std::exchange(context->BkMode, mode);
+}
+
+COLORREF SetBkColor(HDC dc, COLORREF colour)
+{
+    Context* context = FindContext(dc);
+    return context == nullptr ? CLR_INVALID : std::exchange(context->BkColor, colour);
+}
+
+COLORREF SetTextColor(HDC dc, COLORREF colour)
+{
+    Context* context = FindContext(dc);
+    return context == nullptr ? CLR_INVALID : std::exchange(context->TextColor, colour);
+}
+
+BOOL SetViewportOrgEx(HDC dc, int x, int y, POINT* before)
+{
+    Context* context = FindContext(dc);
+    if (context == nullptr)
+        return FALSE;
+    if (before != nullptr)
+        *before = context->Origin;
+    context->Origin = {x, y};
+    return TRUE;
+}
+
+BOOL GdiFlush()
+{
+    return TRUE;
+}
+
+// The customary stand-in for the own process.
+HANDLE GetCurrentProcess()
+{
+    return reinterpret_cast<HANDLE>(~static_cast<std::uintptr_t>(0));
+}

@@ -1,0 +1,81 @@
+// Files by their names in the system's code page.
+
+#include "platform/Files.h"
+
+#include <io.h>
+#include <shlwapi.h>
+#include <sys/stat.h>
+
+#include <cwchar>
+
+namespace {
+
+std::string Narrow(UINT codePage, const wchar_t* text, int length)
+{
+    if (text == nullptr)
+        return std::string();
+    const int count = length < 0 ? static_cast<int>(std::wcslen(text)) : length;
+    const int bytes =
+        count > 0 ? WideCharToMultiByte(codePage, 0, text, count, nullptr, 0, nullptr, nullptr) : 0;
+    if (bytes <= 0)
+        return std::string();
+    std::string narrow(static_cast<std::size_t>(bytes), '\0');
+    WideCharToMultiByte(codePage, 0, text, count, narrow.data(), bytes, nullptr, nullptr);
+    return narrow;
+}
+
+}
+
+bool PathExists(const char* path)
+{
+    return path != nullptr && _access(path, 0) == 0;
+}
+
+bool IsDirectory(const CString& path)
+{
+    return PathIsDirectoryW(path) != FALSE;
+}
+
+std::FILE* OpenFile(const char* path, const char* mode)
+{
+    std::FILE* file = nullptr;
+    if (path == nullptr || mode == nullptr || fopen_s(&file, path, mode) != 0)
+        return nullptr;
+    return file;
+}
+
+long long FileLength(std::FILE* file)
+{
+    struct _stat64 facts;
+    if (file == nullptr || _fstat64(_fileno(file), &facts) != 0 || (facts.st_mode & _S_IFMT) != _S_IFREG)
+        return -1;
+    return facts.st_size;
+}
+
+std::string NarrowAnsi(const wchar_t* text, int length)
+{
+    return Narrow(CP_ACP, text, length);
+}
+
+std::string NarrowOem(const wchar_t* text, int length)
+{
+    return Narrow(CP_OEMCP, text, length);
+}
+
+std::wstring WidenAnsi(const char* text)
+{
+    if (text == nullptr)
+        return std::wstring();
+    const int count = MultiByteToWideChar(CP_ACP, 0, text, -1, nullptr, 0);
+    if (count <= 1)
+        return std::wstring();
+    std::wstring wide(static_cast<std::size_t>(count), L'\0');
+    MultiByteToWideChar(CP_ACP, 0, text, -1, wide.data(), count);
+    wide.resize(static_cast<std::size_t>(count) - 1);
+    return wide;
+}
+
+bool IsPathSeparator(wchar_t character)
+{
+    return character == L'\\';
+}

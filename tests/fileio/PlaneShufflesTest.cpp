@@ -1,0 +1,231 @@
+#include "fileio/PlaneShuffles.h"
+
+#include <doctest/doctest.h>
+
+#include <cstring>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace {
+
+using Bytes = std::vector<unsigned char>;
+
+const std::size_t MaxLength = 140;    // past two of the widest vectors
+const std::size_t Margin = 8;         // guards on both sides of a target
+const unsigned    Seed = 20240611;
+
+struct NamedForm {
+    const char*          Name;
+    const PlaneShuffles* Form;
+};
+
+// The forms that this processor runs.
+std::vector<NamedForm> Forms()
+{
+    std::vector<NamedForm> forms = {{"plain", &PlaneShufflesPlain}};
+    const CpuForm          before = ActiveCpuForm();
+    for (const CpuForm form : {CpuForm::Baseline, CpuForm::Avx2, CpuForm::Avx512}) {
+        const char* const names[] = {"plain", "baseline", "avx2", "avx512"};
+        if (ForceCpuForm(form) == form)
+            forms.push_back({names[static_cast<int>(form)], &ActivePlaneShuffles()});
+    }
+    ForceCpuForm(before);
+    return forms;
+}
+
+unsigned char GrayByFormula(int r, int g, int b)
+{
+    double sum = 0.587 * g;
+    sum += 0.299 * r;
+    sum += 0.114 * b;
+    return static_cast<unsigned char>(static_cast<int>(sum));
+}
+
+Bytes RandomBytes(std::mt19937& random, std::size_t count)
+{
+    Bytes bytes(count);
+    for (unsigned char& byte : bytes)
+        byte = static_cast<unsigned char>(random());
+    return bytes;
+}
+
+// A target that starts at an odd address and stands between guards.
+struct Guarded {
+    Bytes Held;
+    explicit Guarded(std::size_t length) : Held(length + 2 * Margin + 1, 0xC5) {}
+    unsigned char* Start() { return Held.data() + Margin + 1; }
+    bool           Is(const Bytes& expected) const
+    {
+        for (std::size_t i = 0; i < Held.size(); ++i) {
+            const bool inside = i > Margin && i - Margin - 1 < expected.size();
+            if (Held[i] != (inside ? expected[i - Margin - 1] : 0xC5))
+                return false;
+        }
+        return true;
+    }
+};
+
+}
+
+TEST_CASE("the form in use follows a forced one")
+{
+    const CpuForm before = ActiveCpuForm();
+    ForceCpuForm(CpuForm::Plain);
+    CHECK(&ActivePlaneShuffles() == &PlaneShufflesPlain);
+    ForceCpuForm(before);
+}
+
+TEST_CASE("every form splits triples of every length from 0 to 140 and writes nothing beside the planes")
+{
+    std::mt19937 random(Seed);
+    for (const NamedForm& named : Forms()) {
+        for (std::size_t length = 0; length <= MaxLength; ++length) {
+            CAPTURE(Seed);
+            CAPTURE(length);
+            CAPTURE(std::string(named.Name));
+            const Bytes source = RandomBytes(random, 3 * length + 1);
+            Guarded     red(length), green(length), blue(length);
+            named.Form->SplitTriples(source.data() + 1, red.Start(), green.Start(), blue.Start(), length);
+            Bytes r(length), g(length), b(length);
+            for (std::size_t x = 0; x < length; ++x) {
+                b[x] = source[1 + 3 * x];
+                g[x] = source[2 + 3 * x];
+                r[x] = source[3 + 3 * x];
+            }
+            REQUIRE(red.Is(r));
+            REQUIRE(green.Is(g));
+            REQUIRE(blue.Is(b));
+        }
+    }
+}
+
+TEST_CASE("every form joins planes of every length from 0 to 140 and writes nothing beside the triples")
+{
+    std::mt19937 random(Seed);
+    for (const NamedForm& named : Forms()) {
+        for (std::size_t length = 0; length <= MaxLength; ++length) {
+            CAPTURE(Seed);
+            CAPTURE(length);
+            CAPTURE(std::string(named.Name));
+            const Bytes r = RandomBytes(random, length), g = RandomBytes(random, length),
+                        b = RandomBytes(random, length);
+            Guarded triples(3 * length);
+            named.Form->JoinTriples(r.data(), g.data(), b.data(), triples.Start(), length);
+            Bytes expected;
+            for (std::size_t x = 0; x < length; ++x)
+                expected.insert(expected.end(), {b[x], g[x], r[x]});
+            REQUIRE(triples.Is(expected));
+        }
+    }
+}
+
+TEST_CASE("every form splits quads of every length from 0 to 140 and drops the fourth byte")
+{
+    std::mt19937 random(Seed);
+    for (const NamedForm& named : Forms()) {
+        for (std::size_t length = 0; length <= MaxLength; ++length) {
+            CAPTURE(Seed);
+            CAPTURE(length);
+            CAPTURE(std::string(named.Name));
+            const Bytes source = RandomBytes(random, 4 * length + 1);
+            Guarded     red(length), green(length), blue(length);
+            named.Form->SplitQuads(source.data() + 1, red.Start(), green.Start(), blue.Start(), length);
+            Bytes r(length), g(length), b(length);
+            for (std::size_t x = 0; x < length; ++x) {
+                b[x] = source[1 + 4 * x];
+                g[x] = source[2 + 4 * x];
+                r[x] = source[3 + 4 * x];
+            }
+            REQUIRE(red.Is(r));
+            REQUIRE(green.Is(g));
+            REQUIRE(blue.Is(b));
+        }
+    }
+}
+
+TEST_CASE("every form turns planes of every length from 0 to 140 into gray and writes nothing beside it")
+{
+    std::mt19937 random(Seed);
+    for (const NamedForm& named : Forms()) {
+        for (std::size_t length = 0; length <= MaxLength; ++length) {
+            CAPTURE(Seed);
+            CAPTURE(length);
+            CAPTURE(std::string(named.Name));
+            const Bytes r = RandomBytes(random, length + 1), g = RandomBytes(random, length + 1),
+                        b = RandomBytes(random, length + 1);
+            Guarded gray(length);
+            named.Form->ColorToGray(r.data() + 1, g.data() + 1, b.data() + 1, gray.Start(), length);
+            Bytes expected(length);
+            for (std::size_t x = 0; x < length; ++x)
+                expected[x] = GrayByFormula(r[x + 1], g[x + 1], b[x + 1]);
+            REQUIRE(gray.Is(expected));
+        }
+    }
+}
+
+TEST_CASE("every form turns levels of every length from 0 to 140 into gray, also in place")
+{
+    std::mt19937 random(Seed);
+    for (const NamedForm& named : Forms()) {
+        for (std::size_t length = 0; length <= MaxLength; ++length) {
+            CAPTURE(Seed);
+            CAPTURE(length);
+            CAPTURE(std::string(named.Name));
+            const Bytes levels = RandomBytes(random, length);
+            Bytes       expected(length);
+            for (std::size_t x = 0; x < length; ++x)
+                expected[x] = GrayByFormula(levels[x], levels[x], levels[x]);
+            Guarded gray(length), inPlace(length);
+            named.Form->LevelToGray(levels.data(), gray.Start(), length);
+            REQUIRE(gray.Is(expected));
+            if (length > 0)
+                std::memcpy(inPlace.Start(), levels.data(), length);
+            named.Form->LevelToGray(inPlace.Start(), inPlace.Start(), length);
+            REQUIRE(inPlace.Is(expected));
+        }
+    }
+}
+
+TEST_CASE("every form gives the formula's gray for each of the 256 levels and lowers 65 of them by one")
+{
+    Bytes levels(256), expected(256);
+    for (int v = 0; v < 256; ++v) {
+        levels[static_cast<std::size_t>(v)] = static_cast<unsigned char>(v);
+        expected[static_cast<std::size_t>(v)] = GrayByFormula(v, v, v);
+    }
+    for (const NamedForm& named : Forms()) {
+        CAPTURE(std::string(named.Name));
+        Bytes gray(256);
+        named.Form->LevelToGray(levels.data(), gray.data(), 256);
+        CHECK(gray == expected);
+        int lowered = 0;
+        for (std::size_t v = 0; v < 256; ++v)
+            lowered += gray[v] + 1 == levels[v] ? 1 : 0;
+        CHECK(lowered == 65);
+    }
+}
+
+TEST_CASE("every form gives the formula's gray for each of the 2^24 colours")
+{
+    Bytes red(256), green(256), blue(256), expected(256), gray(256);
+    for (int b = 0; b < 256; ++b)
+        blue[static_cast<std::size_t>(b)] = static_cast<unsigned char>(b);
+    const std::vector<NamedForm> forms = Forms();
+    for (int r = 0; r < 256; ++r) {
+        for (int g = 0; g < 256; ++g) {
+            std::memset(red.data(), r, 256);
+            std::memset(green.data(), g, 256);
+            for (int b = 0; b < 256; ++b)
+                expected[static_cast<std::size_t>(b)] = GrayByFormula(r, g, b);
+            for (const NamedForm& named : forms) {
+                named.Form->ColorToGray(red.data(), green.data(), blue.data(), gray.data(), 256);
+                if (gray != expected) {
+                    CAPTURE(r);
+                    CAPTURE(g);
+                    FAIL(named.Name);
+                }
+            }
+        }
+    }
+}

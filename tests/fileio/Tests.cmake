@@ -1,0 +1,4 @@
+# Tests of fileio, one line each.
+vostel_test(fileio/BmpFilesTest)
+vostel_test(fileio/BmpBadInputTest)
+vostel_inner_test(fileio/PlaneShufflesTest)

@@ -1,0 +1,2 @@
+# Tests of oshelpers, one line each.
+vostel_test(oshelpers/PathStringsTest)

@@ -1,0 +1,1 @@
+# Tests of overlay, one line each.

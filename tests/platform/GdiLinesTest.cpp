@@ -1,0 +1,240 @@
+#include "support/TestBitmap.h"
+
+#include <doctest/doctest.h>
+
+#include <climits>
+
+namespace {
+
+void Line(HDC dc, int x0, int y0, int x1, int y1)
+{
+    MoveToEx(dc, x0, y0, nullptr);
+    LineTo(dc, x1, y1);
+}
+
+}
+
+TEST_CASE("a line leaves out its end point, whichever way it runs")
+{
+    TestBitmap    bitmap(7, 3);
+    TestSelection pen(bitmap.Dc, CreatePen(PS_SOLID, 1, testRed));
+    Line(bitmap.Dc, 1, 0, 5, 0);
+    Line(bitmap.Dc, 5, 2, 1, 2);
+    CHECK(bitmap.Text() == ".rrrr..\n"
+                           ".......\n"
+                           "..rrrr.\n");
+    bitmap.Clear();
+    Line(bitmap.Dc, 0, 0, 0, 2);
+    Line(bitmap.Dc, 6, 2, 6, 0);
+    CHECK(bitmap.Text() == "r......\n"
+                           "r.....r\n"
+                           "......r\n");
+}
+
+TEST_CASE("a line of no length draws nothing")
+{
+    TestBitmap    bitmap(5, 5);
+    TestSelection pen(bitmap.Dc, CreatePen(PS_SOLID, 1, testRed));
+    Line(bitmap.Dc, 2, 2, 2, 2);
+    CHECK(bitmap.Count(0) == 25);
+    Line(bitmap.Dc, 2, 2, 3, 2);
+    CHECK(bitmap.Count(0) == 24);
+}
+
+TEST_CASE("a line halfway between two rows takes the upper one, to the right and to the left")
+{
+    TestBitmap    bitmap(5, 3);
+    TestSelection pen(bitmap.Dc, CreatePen(PS_SOLID, 1, testRed));
+    Line(bitmap.Dc, 0, 0, 4, 2);    // at x = 1 it is at y = 0.5, at x = 3 at 1.5
+    CHECK(bitmap.Text() == "rr...\n"
+                           "..rr.\n"
+                           ".....\n");
+    bitmap.Clear();
+    Line(bitmap.Dc, 4, 2, 0, 0);
+    CHECK(bitmap.Text() == ".r...\n"
+                           "..rr.\n"
+                           "....r\n");
+}
+
+TEST_CASE("a line halfway between two columns takes the left one")
+{
+    TestBitmap    bitmap(3, 5);
+    TestSelection pen(bitmap.Dc, CreatePen(PS_SOLID, 1, testRed));
+    Line(bitmap.Dc, 0, 0, 2, 4);
+    CHECK(bitmap.Text() == "r..\n"
+                           "r..\n"
+                           ".r.\n"
+                           ".r.\n"
+                           "...\n");
+    bitmap.Clear();
+    Line(bitmap.Dc, 2, 0, 0, 4);
+    CHECK(bitmap.Text() == "..r\n"
+                           ".r.\n"
+                           ".r.\n"
+                           "r..\n"
+                           "...\n");
+}
+
+TEST_CASE("the current point is where the last line ended and MoveToEx answers it")
+{
+    TestBitmap    bitmap(6, 3);
+    TestSelection pen(bitmap.Dc, CreatePen(PS_SOLID, 1, testRed));
+    POINT         before = {-1, -1};
+    CHECK(MoveToEx(bitmap.Dc, 1, 1, &before));
+    CHECK(before.x == 0);
+    CHECK(before.y == 0);
+    LineTo(bitmap.Dc, 4, 1);
+    LineTo(bitmap.Dc, 4, 0);
+    MoveToEx(bitmap.Dc, 0, 0, &before);
+    CHECK(before.x == 4);
+    CHECK(before.y == 0);
+    CHECK(bitmap.Text() == "......\n"
+                           ".rrrr.\n"
+                           "......\n");
+}
+
+TEST_CASE("a dashed pen draws 18 pixels and leaves 6, a dotted one 3 and 3")
+{
+    TestBitmap bitmap(50, 2);
+    SetBkMode(bitmap.Dc, TRANSPARENT);
+    {
+        TestSelection pen(bitmap.Dc, CreatePen(PS_DASH, 1, testRed));
+        Line(bitmap.Dc, 0, 0, 50, 0);
+    }
+    {
+        TestSelection pen(bitmap.Dc, CreatePen(PS_DOT, 1, testRed));
+        Line(bitmap.Dc, 49, 1, -1, 1);
+    }
+    CHECK(bitmap.Text() == "rrrrrrrrrrrrrrrrrr......rrrrrrrrrrrrrrrrrr......rr\n"
+                           "rr...rrr...rrr...rrr...rrr...rrr...rrr...rrr...rrr\n");
+}
+
+TEST_CASE("the gaps of a broken line show the background colour when the mode is opaque")
+{
+    TestBitmap    bitmap(14, 2);
+    TestSelection pen(bitmap.Dc, CreatePen(PS_DOT, 1, testRed));
+    SetBkColor(bitmap.Dc, testGreen);
+    SetBkMode(bitmap.Dc, OPAQUE);
+    Line(bitmap.Dc, 0, 0, 14, 0);
+    SetBkMode(bitmap.Dc, TRANSPARENT);
+    Line(bitmap.Dc, 0, 1, 14, 1);
+    CHECK(bitmap.Text() == "rrrgggrrrgggrr\n"
+                           "rrr...rrr...rr\n");
+}
+
+TEST_CASE("a line that enters from far outside keeps the dashes of its whole length")
+{
+    TestBitmap    bitmap(14, 1);
+    TestSelection pen(bitmap.Dc, CreatePen(PS_DOT, 1, testRed));
+    SetBkMode(bitmap.Dc, TRANSPARENT);
+    Line(bitmap.Dc, -6000002, 0, 100, 0);    // 6000002 is 2 more than a multiple of 6
+    CHECK(bitmap.Text() == "r...rrr...rrr.\n");
+}
+
+TEST_CASE("lines of nearly the whole coordinate range draw their visible pixels")
+{
+    TestBitmap    bitmap(8, 8);
+    TestSelection pen(bitmap.Dc, CreatePen(PS_SOLID, 1, testRed));
+    Line(bitmap.Dc, INT_MIN, 3, INT_MAX, 3);
+    CHECK(bitmap.Count(0xFF0000) == 8);
+    bitmap.Clear();
+    Line(bitmap.Dc, 5, INT_MIN, 5, INT_MAX);
+    CHECK(bitmap.Count(0xFF0000) == 8);
+    bitmap.Clear();
+    Line(bitmap.Dc, -1000000000, -1000000000, 1000000000, 1000000000);
+    for (int i = 0; i < 8; ++i)
+        CHECK(bitmap.Word(i, i) == 0xFF0000);
+    CHECK(bitmap.Count(0xFF0000) == 8);
+}
+
+TEST_CASE("the viewport origin is added to every coordinate and answered by the next call")
+{
+    TestBitmap    bitmap(6, 4);
+    TestSelection pen(bitmap.Dc, CreatePen(PS_SOLID, 1, testRed));
+    POINT         before = {7, 7};
+    CHECK(SetViewportOrgEx(bitmap.Dc, 2, 3, &before));
+    CHECK(before.x == 0);
+    CHECK(before.y == 0);
+    Line(bitmap.Dc, -1, -2, 2, -2);
+    SetViewportOrgEx(bitmap.Dc, 0, 0, &before);
+    CHECK(before.x == 2);
+    CHECK(before.y == 3);
+    CHECK(bitmap.Text() == "......\n"
+                           ".rrr..\n"
+                           "......\n"
+                           "......\n");
+}
+
+TEST_CASE("a line of width 3 has round ends and its end point inside")
+{
+    TestBitmap    bitmap(9, 5);
+    TestSelection pen(bitmap.Dc, CreatePen(PS_SOLID, 3, testRed));
+    Line(bitmap.Dc, 2, 2, 6, 2);
+    CHECK(bitmap.Text() == ".........\n"
+                           "..rrrrr..\n"
+                           ".rrrrrrr.\n"
+                           "..rrrrr..\n"
+                           ".........\n");
+}
+
+TEST_CASE("a wide line of no length is a round dot")
+{
+    TestBitmap    bitmap(7, 7);
+    TestSelection pen(bitmap.Dc, CreatePen(PS_SOLID, 4, testRed));
+    Line(bitmap.Dc, 3, 3, 3, 3);
+    CHECK(bitmap.Text() == ".......\n"
+                           "..rr...\n"
+                           ".rrrr..\n"
+                           ".rrrr..\n"
+                           "..rr...\n"
+                           ".......\n"
+                           ".......\n");
+}
+
+TEST_CASE("a broken style of a wide pen draws solid")
+{
+    TestBitmap bitmap(60, 2);
+    SetBkMode(bitmap.Dc, TRANSPARENT);
+    TestSelection pen(bitmap.Dc, CreatePen(PS_DASH, 2, testRed));
+    Line(bitmap.Dc, -5, 1, 70, 1);
+    CHECK(bitmap.Count(0xFF0000) == 120);
+}
+
+TEST_CASE("the null pen draws nothing and moves the current point")
+{
+    TestBitmap    bitmap(6, 2);
+    TestSelection pen(bitmap.Dc, CreatePen(PS_NULL, 1, testRed));
+    Line(bitmap.Dc, 0, 0, 3, 0);
+    CHECK(bitmap.Count(0) == 12);
+    TestSelection red(bitmap.Dc, CreatePen(PS_SOLID, 1, testRed));
+    LineTo(bitmap.Dc, 5, 0);
+    CHECK(bitmap.Text() == "...rr.\n"
+                           "......\n");
+}
+
+TEST_CASE("drawing clears the fourth byte of a 32-bit pixel and leaves the others alone")
+{
+    TestBitmap bitmap(4, 1);
+    bitmap.Clear(0xAB);
+    TestSelection pen(bitmap.Dc, CreatePen(PS_SOLID, 1, testRed));
+    Line(bitmap.Dc, 1, 0, 3, 0);
+    CHECK(bitmap.Word(0, 0) == 0xABABABABu);
+    CHECK(bitmap.Word(1, 0) == 0x00FF0000u);
+    CHECK(bitmap.Word(2, 0) == 0x00FF0000u);
+    CHECK(bitmap.Word(3, 0) == 0xABABABABu);
+}
+
+TEST_CASE("24-bit and top-down bitmaps get the same picture")
+{
+    for (int bits : {24, 32})
+        for (bool topDown : {false, true}) {
+            CAPTURE(bits);
+            CAPTURE(topDown);
+            TestBitmap    bitmap(5, 3, bits, topDown);
+            TestSelection pen(bitmap.Dc, CreatePen(PS_SOLID, 1, testBlue));
+            Line(bitmap.Dc, 0, 2, 5, 0);
+            CHECK(bitmap.Text() == "....b\n"
+                                   "..bb.\n"
+                                   "bb...\n");
+        }
+}

@@ -1,0 +1,19 @@
+# Tests of platform, one line each.
+
+# What GDI draws and refuses; the same on both platforms.
+vostel_test(platform/GdiLinesTest)
+vostel_test(platform/GdiShapesTest)
+vostel_test(platform/GdiObjectsTest)
+vostel_test(platform/StretchTest)
+foreach(program IN ITEMS VostelTests VostelInnerTests)
+    if(WIN32)
+        target_sources(${program} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/support/GdiObjectCountWin32.cpp)
+        target_link_libraries(${program} PRIVATE gdi32 user32)
+    else()
+        target_sources(${program} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/support/GdiObjectCount.cpp)
+    endif()
+endforeach()
+if(NOT WIN32)
+    vostel_test(platform/PortableGdiTest)
+    vostel_inner_test(platform/StretchFormsTest)
+endif()

@@ -1,0 +1,47 @@
+#include "support/GdiObjectCount.h"
+
+#include <VostelObj.h>
+
+#include <cstddef>
+
+namespace {
+
+// One entry of the table of handles that the system shares with every process.
+struct SharedHandle {
+    unsigned long long Object;
+    unsigned           Owner;    // process number, lowest bit left out
+    unsigned short     Generation;
+    unsigned char      Type;
+    unsigned char      Flags;
+    unsigned long long UserData;
+};
+static_assert(sizeof(SharedHandle) == 24, "the table is the system's");
+
+constexpr std::size_t sharedTable = 0xF8;        // in the process environment block of 64 bits
+constexpr std::size_t sharedHandles = 0x4000;    // entries
+
+const SharedHandle* SharedHandles()
+{
+    const unsigned char* block = nullptr;
+#if defined(__GNUC__)
+    __asm__("mov %%gs:0x60, %0" : "=r"(block));
+#else
+    block = reinterpret_cast<const unsigned char*>(__readgsqword(0x60));
+#endif
+    return *reinterpret_cast<const SharedHandle* const*>(block + sharedTable);
+}
+
+}
+
+// Wine keeps the shared table as Windows does, but answers 0 to the question for the count.
+unsigned GdiObjectCount()
+{
+    unsigned answered = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
+    if (answered != 0)
+        return answered;
+    unsigned            count = 0;
+    const SharedHandle* handles = SharedHandles();
+    for (std::size_t i = 0; handles != nullptr && i < sharedHandles; ++i)
+        count += handles[i].Type != 0 ? 1 : 0;
+    return count;
+}
