@@ -21,14 +21,25 @@ function(vostel_compile_rules target)
     endif()
 endfunction()
 
-# A library that shows the names it marks for export and no other.
+# Shows only the names that are marked for export.
+function(vostel_hide_names target)
+    set_target_properties(${target} PROPERTIES CXX_VISIBILITY_PRESET hidden)
+    if(NOT WIN32)
+        # There, hosts that do not inline take the inline members of exported classes from the library.
+        set_target_properties(${target} PROPERTIES VISIBILITY_INLINES_HIDDEN ON)
+    endif()
+endfunction()
+
+# A library for hosts.
 function(vostel_shared_library target)
+    vostel_hide_names(${target})
     set_target_properties(${target} PROPERTIES
-        LINKER_LANGUAGE CXX CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON
-        VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+        LINKER_LANGUAGE CXX VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
     if(WIN32)
         set_target_properties(${target} PROPERTIES PREFIX "")
     elseif(NOT APPLE)
+        # The two libraries are installed side by side and find each other wherever that is.
+        set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN")
         # Visibility does not hide what the standard library's templates leave behind.
         set(names ${PROJECT_SOURCE_DIR}/cmake/HiddenNames.map)
         target_link_options(${target} PRIVATE

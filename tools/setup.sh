@@ -1,7 +1,7 @@
 # Shell functions of ./check and ./demo; read with "source". Needs bash and $root, the top of the checkout.
 
 # Debian packages by what needs them. A package stands in one list only.
-packages_build=(cmake g++ libpango1.0-dev libpng-dev ninja-build pkg-config)
+packages_build=(cmake g++ libcli11-dev libgif-dev libjpeg-dev libpango1.0-dev libpng-dev libtiff-dev ninja-build pkg-config)
 packages_fonts=(fonts-dejavu-core fonts-noto-cjk)
 packages_tests=(diffutils doctest-dev util-linux)
 packages_windows=(g++-mingw-w64-x86-64-posix wine64)

@@ -58,7 +58,7 @@ struct Images {
 };
 
 // Whether surface row y holds word(column, data row Side - 1 - y) throughout.
-template<typename Word>
+template <typename Word>
 bool SurfaceHolds(int side, Word word)
 {
     const unsigned int* pixels = gCVSGetCanvasPixelPtr(kCanvas);

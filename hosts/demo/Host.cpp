@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 
 Host::Host(int canvas, int width, int height) : Canvas(canvas), Client(0, 0, width, height)
 {
@@ -29,39 +30,73 @@ void Host::Move(CPoint at)
     gCVSOnMouseMove(Canvas, 0, at);
 }
 
+void Host::Click(unsigned int flags, CPoint at)
+{
+    DragAlong(flags, {at});
+}
+
 void Host::Drag(unsigned int flags, CPoint from, CPoint to)
 {
-    constexpr int Steps = 8;
-    Move(from);
-    gCVSOnLButtonDown(Canvas, flags | MK_LBUTTON, from);
-    for (int step = 1; step <= Steps; ++step)
-        gCVSOnMouseMove(Canvas, flags | MK_LBUTTON,
-                        CPoint(from.x + (to.x - from.x) * step / Steps, from.y + (to.y - from.y) * step / Steps));
-    gCVSOnLButtonUp(Canvas, flags, to);
+    constexpr int       Steps = 8;
+    std::vector<CPoint> path;
+    for (int step = 0; step <= Steps; ++step)
+        path.emplace_back(from.x + (to.x - from.x) * step / Steps, from.y + (to.y - from.y) * step / Steps);
+    DragAlong(flags, path);
+}
+
+void Host::DragAlong(unsigned int flags, const std::vector<CPoint>& path)
+{
+    gCVSOnMouseMove(Canvas, flags, path.front());
+    gCVSOnLButtonDown(Canvas, flags | MK_LBUTTON, path.front());
+    for (std::size_t i = 1; i < path.size(); ++i) {
+        gCVSOnMouseMove(Canvas, flags | MK_LBUTTON, path[i]);
+        Paint();    // a window repaints while the mouse moves, and shapes take their boxes from the last
+                    // paint
+    }
+    gCVSOnLButtonUp(Canvas, flags, path.back());
+    Paint();
 }
 
 void Host::Zoom(int steps, CPoint at)
 {
     for (int step = 0; step < std::abs(steps); ++step) {
         gCVSOnMouseWheel(Canvas, MK_CONTROL, steps > 0 ? 120 : -120, at);
-        gCVSOnDraw(Canvas, Screen);    // the zoom limit looks at what the last paint showed
+        Paint();    // the zoom limit looks at what the last paint showed
     }
+}
+
+void Host::Key(char key)
+{
+    gCVSOnKeyDown(Canvas, static_cast<unsigned int>(key), 1, 0);
+}
+
+void Host::Paint()
+{
+    gCVSOnDraw(Canvas, Screen);
+}
+
+CPoint Host::At(double imageX, double imageY) const
+{
+    CPoint at;
+    gCVSGetDisplayPt(Canvas, imageX, imageY, at);
+    return at;
 }
 
 bool Host::WriteFrame(const std::string& path)
 {
-    gCVSOnDraw(Canvas, Screen);
+    Paint();
     GdiFlush();
     CImage picture;
     if (!picture.Create(Client.Width(), Client.Height(), 24))
         return false;
     for (int y = 0; y < Client.Height(); ++y) {
         // The frame's rows run bottom-up, four bytes a pixel.
-        const unsigned char* source =
-            static_cast<const unsigned char*>(Bits) + static_cast<std::size_t>(Client.Height() - 1 - y) * Client.Width() * 4;
-        unsigned char* target = static_cast<unsigned char*>(picture.GetBits()) + static_cast<std::ptrdiff_t>(y) * picture.GetPitch();
+        const unsigned char* source = static_cast<const unsigned char*>(Bits) +
+                                      static_cast<std::size_t>(Client.Height() - 1 - y) * Client.Width() * 4;
+        unsigned char* target = static_cast<unsigned char*>(picture.GetBits()) +
+                                static_cast<std::ptrdiff_t>(y) * picture.GetPitch();
         for (int x = 0; x < Client.Width(); ++x)
             std::memcpy(target + 3 * x, source + 4 * x, 3);
     }
-    return picture.Save(std::wstring(path.begin(), path.end()).c_str()) >= 0;
+    return picture.Save(std::filesystem::path(path).wstring().c_str()) >= 0;
 }

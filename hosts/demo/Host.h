@@ -3,6 +3,7 @@
 #include <VostelObj.h>
 
 #include <string>
+#include <vector>
 
 // A host without a window: a memory bitmap takes the place of the screen. It owns the bitmap and its context,
 // hands the canvas the events that a window would get, and writes frames as pictures.
@@ -15,8 +16,15 @@ public:
 
     // Gestures, as a user makes them. Points are client px.
     void Move(CPoint at);
+    void Click(unsigned int flags, CPoint at);
     void Drag(unsigned int flags, CPoint from, CPoint to);
+    void DragAlong(unsigned int flags, const std::vector<CPoint>& path);
     void Zoom(int steps, CPoint at);    // Control and the wheel; negative steps zoom out
+    void Key(char key);
+    void Paint();
+
+    // Client px of an image position.
+    CPoint At(double imageX, double imageY) const;
 
     // Paints and writes the frame; false when the file cannot be written.
     bool WriteFrame(const std::string& path);

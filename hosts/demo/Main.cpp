@@ -1,7 +1,7 @@
 // Opens a picture or a headerless raw file on a canvas and does what a user does with it: looks, zooms, pans,
 // moves the contrast window, reads values. Every step is written as a PNG frame.
 
-#include "Host.h"
+#include "DrawingSession.h"
 
 #include <CLI/CLI.hpp>
 
@@ -15,8 +15,8 @@
 namespace {
 
 constexpr int Canvas = 0;
-constexpr int ClientWidth = 960;
-constexpr int ClientHeight = 640;
+constexpr int ClientWidth = 1200;
+constexpr int ClientHeight = 720;
 
 struct Layout {
     int      Width = 0;
@@ -37,7 +37,8 @@ void AnswerLoadDialog(Layout layout, const std::string& path)
         if (para.Width <= 0 || para.Height <= 0) {
             const unsigned long bytes = cFileSize(path.c_str());
             const unsigned long element = para.DataType == 1 ? 4 : para.DataType == 3 ? 1 : 2;
-            const double        pixels = bytes > para.HeaderBytes ? double(bytes - para.HeaderBytes) / double(element) : 0.0;
+            const double        pixels =
+                bytes > para.HeaderBytes ? double(bytes - para.HeaderBytes) / double(element) : 0.0;
             para.Width = para.Height = static_cast<int>(std::floor(std::sqrt(pixels)));
         }
         return para.Width > 0;
@@ -64,44 +65,31 @@ ClassData2DIO<float> BrightnessOf(int canvas)
     return brightness;
 }
 
-class Session {
-public:
-    Session(Host& host, std::filesystem::path folder) : User(host), Folder(std::move(folder)) {}
-
-    void Frame(const char* name)
-    {
-        char numbered[64];
-        std::snprintf(numbered, sizeof numbered, "%02d-%s.png", ++Count, name);
-        const std::string path = (Folder / numbered).string();
-        if (!User.WriteFrame(path)) {
-            std::fprintf(stderr, "vostel-demo: cannot write %s\n", path.c_str());
-            Failed = true;
-            return;
-        }
-        std::printf("  %s\n", path.c_str());
-    }
-
-    bool Failed = false;
-
-private:
-    Host&                 User;
-    std::filesystem::path Folder;
-    int                   Count = 0;
-};
-
 void PrintValueUnder(CPoint at)
 {
     double x = 0.0, y = 0.0;
     gCVSGetOriPt(Canvas, at, x, y);
-    std::printf("  client %d,%d is image %.2f,%.2f with value %.3f\n", static_cast<int>(at.x), static_cast<int>(at.y), x, y,
-                static_cast<double>(gCVSGetImaPixelValue(Canvas, at)));
+    std::printf("  client %d,%d is image %.2f,%.2f with value %.3f\n", static_cast<int>(at.x),
+                static_cast<int>(at.y), x, y, static_cast<double>(gCVSGetImaPixelValue(Canvas, at)));
+}
+
+void FitByGestures(Host& user)
+{
+    const CPoint middle(ClientWidth / 2, ClientHeight / 2);
+    const auto   shown = [] { return gCVSGetCanvasRegion(Canvas); };
+    while (shown().Width() * 1.2 <= ClientWidth && shown().Height() * 1.2 <= ClientHeight)
+        user.Zoom(1, middle);
+    while (shown().Width() > ClientWidth || shown().Height() > ClientHeight)
+        user.Zoom(-1, middle);
+    const CPoint centre = shown().CenterPoint();
+    user.Drag(MK_CONTROL, centre, middle);
 }
 
 bool Run(const std::string& picture, const std::string& folder, const Layout& layout)
 {
     AnswerLoadDialog(layout, picture);
-    Host    user(Canvas, ClientWidth, ClientHeight);
-    Session session(user, folder);
+    Host   user(Canvas, ClientWidth, ClientHeight);
+    Frames frames(user, folder);
 
     CString path(std::filesystem::path(picture).wstring().c_str());
     gCVSReadFile(Canvas, path, true);
@@ -110,14 +98,14 @@ bool Run(const std::string& picture, const std::string& folder, const Layout& la
         return false;
     }
     std::printf("%s: %d x %d\n", picture.c_str(), gCVSGetCanvasWidth(Canvas), gCVSGetCanvasHeight(Canvas));
-    session.Frame("opened");
+    frames.Write("opened");
 
     const CPoint cursor(ClientWidth * 2 / 5, ClientHeight * 2 / 5);
     user.Zoom(6, cursor);
-    session.Frame("zoomed-in-at-the-cursor");
+    frames.Write("zoomed-in-at-the-cursor");
     PrintValueUnder(cursor);
     user.Drag(MK_CONTROL, cursor, CPoint(cursor.x + 160, cursor.y + 90));
-    session.Frame("panned");
+    frames.Write("panned");
 
     if (gCVSGetFileType(Canvas) == FileTypeByte) {
         ClassData2DIO<float> brightness = BrightnessOf(Canvas);
@@ -129,19 +117,26 @@ bool Run(const std::string& picture, const std::string& folder, const Layout& la
     gCVSSetProgressRectPos(Canvas, 440, 20, 300, 30);
     gCVSSetRange(Canvas, 0, 100);
     gCVSSetPos(Canvas, 65);
-    session.Frame("contrast-slider-and-progress");
+    frames.Write("contrast-slider-and-progress");
 
     // The track runs from 82 to 418 px; its thumbs are 10 px wide and start at its ends.
     const int thumbY = ClientHeight - 20 - 1 - 15;
     user.Drag(0, CPoint(87, thumbY), CPoint(87 + 60, thumbY));
     user.Drag(0, CPoint(413, thumbY), CPoint(413 - 140, thumbY));
-    session.Frame("contrast-window-narrowed");
+    frames.Write("contrast-window-narrowed");
     PrintValueUnder(cursor);
 
     gCVSSetCanvasFastDisplayMode(Canvas, false);
     user.Zoom(-9, CPoint(ClientWidth / 2, ClientHeight / 2));
-    session.Frame("zoomed-out-in-quality-display");
-    return !session.Failed;
+    frames.Write("zoomed-out-in-quality-display");
+
+    // Back to about the size of the client area, in the middle of it, without the controls.
+    gCVSShowContrastCtrl(Canvas, false);
+    gCVSShowProgress(Canvas, false);
+    gCVSSetLutPara(Canvas, 0.0f, 1.0f);
+    FitByGestures(user);
+    RunDrawingSession(Canvas, user, frames);
+    return !frames.Failed;
 }
 
 }
@@ -155,7 +150,8 @@ int main(int argc, char** argv)
     app.add_option("folder", folder, "where the frames go")->required();
     app.add_option("--width", layout.Width, "raw files: width in pixels (default: a square image)");
     app.add_option("--height", layout.Height, "raw files: height in pixels");
-    app.add_option("--type", layout.DataType, "raw files: 0 unsigned 16-bit, 1 float, 2 signed 16-bit, 3 unsigned 8-bit");
+    app.add_option("--type", layout.DataType,
+                   "raw files: 0 unsigned 16-bit, 1 float, 2 signed 16-bit, 3 unsigned 8-bit");
     app.add_option("--skip", layout.HeaderBytes, "raw files: bytes before the data");
     CLI11_PARSE(app, argc, argv);
 

@@ -50,13 +50,15 @@ VOSTEL_API void gCVSDelSelElement(int canvas);
 
 // The canvas surface: the image's pixels at image size, words 0x00RRGGBB, rows bottom-up. Pointers and row
 // tables stay valid until the next image or gCVSPrepareCanvas.
-VOSTEL_API bool           gCVSPrepareCanvas(int canvas, int width, int height);    // a new black surface; deletes all objects
-VOSTEL_API void           gCVSSetCanvasColor(int canvas, unsigned int colour);    // fills it with one pixel word
-VOSTEL_API HDC            gCVSGetCanvasHDC(int canvas);
-VOSTEL_API unsigned int*  gCVSGetCanvasPixelPtr(int canvas);
-VOSTEL_API unsigned int** gCVSCreateCanvasPixelPtr2D(int canvas);    // row 0 is the bottom row; owned by the canvas
-VOSTEL_API bool           gCVSReleaseCanvasPixelPtr2D(int canvas);
-VOSTEL_API void           gCVSSetCanvasFastDisplayMode(int canvas, bool fast);    // nearest pixel, else smoothed
+VOSTEL_API bool gCVSPrepareCanvas(int canvas, int width,
+                                  int height);    // a new black surface; deletes all objects
+VOSTEL_API void gCVSSetCanvasColor(int canvas, unsigned int colour);    // fills it with one pixel word
+VOSTEL_API HDC  gCVSGetCanvasHDC(int canvas);
+VOSTEL_API unsigned int* gCVSGetCanvasPixelPtr(int canvas);
+VOSTEL_API unsigned int**
+                gCVSCreateCanvasPixelPtr2D(int canvas);    // row 0 is the bottom row; owned by the canvas
+VOSTEL_API bool gCVSReleaseCanvasPixelPtr2D(int canvas);
+VOSTEL_API void gCVSSetCanvasFastDisplayMode(int canvas, bool fast);    // nearest pixel, else smoothed
 
 // The client surface: what the screen gets, in the same layout. Pointers and row tables stay valid until
 // the next gCVSSetClient or image.

@@ -14,15 +14,17 @@
 // it came, which reading values back needs. Of three colour planes the second is read one and the third two
 // columns further to the right than the first. The pointer forms take Width * Height elements without
 // padding and leave them the host's.
-VOSTEL_API void gCVSShowRawFloat(int canvas, ClassData2DIO<float>& data, bool keepOriginal, bool clearObjects);
+VOSTEL_API void gCVSShowRawFloat(int canvas, ClassData2DIO<float>& data, bool keepOriginal,
+                                 bool clearObjects);
 VOSTEL_API void gCVSShowUCGray(int canvas, ClassData2DIO<unsigned char>& gray, bool clearObjects);
-VOSTEL_API void gCVSShowUCColor(int canvas, ClassData2DIO<unsigned char>& red, ClassData2DIO<unsigned char>& green,
-                                ClassData2DIO<unsigned char>& blue, bool clearObjects);
+VOSTEL_API void gCVSShowUCColor(int canvas, ClassData2DIO<unsigned char>& red,
+                                ClassData2DIO<unsigned char>& green, ClassData2DIO<unsigned char>& blue,
+                                bool clearObjects);
 VOSTEL_API void gCVSShowRawFloat(int canvas, float* data, int width, int height, bool keepOriginal,
                                  bool clearObjects);
 VOSTEL_API void gCVSShowUCGray(int canvas, unsigned char* gray, int width, int height, bool clearObjects);
-VOSTEL_API void gCVSShowUCColor(int canvas, unsigned char* red, unsigned char* green, unsigned char* blue, int width,
-                                int height, bool clearObjects);
+VOSTEL_API void gCVSShowUCColor(int canvas, unsigned char* red, unsigned char* green, unsigned char* blue,
+                                int width, int height, bool clearObjects);
 
 // Reads a file: the extensions raw, hraw, his and none as headerless data whose layout the load dialog
 // gives, all others as pictures. Always true; gCVSGetFileType tells whether an image came of it. All
@@ -54,7 +56,7 @@ VOSTEL_API int      gCVSGetCanvasHeight(int canvas);    // image pixels
 // canvas surface (row 0 is the bottom of the image). Rebuilt for all regions or the selected ones; with no
 // object on the canvas, or none selected when selectedOnly, every pixel is 1. Answers the last label
 // written, 1 if none was.
-VOSTEL_API int                 gCVSGenerateLabel(int canvas, bool selectedOnly);
+VOSTEL_API int gCVSGenerateLabel(int canvas, bool selectedOnly);
 VOSTEL_API ClassData2DIO<int>& gCVSGetLabelIma(int canvas);
 VOSTEL_API int*                gCVSGetLabelImaPtr1D(int canvas);
 VOSTEL_API int**               gCVSGetLabelImaPtr2D(int canvas);

@@ -24,9 +24,9 @@ VOSTEL_API void StructRGBAAdd(tagStructRGBA& c, tagStructRGBA& add);    // wraps
 
 class VOSTEL_API ClassRGB {
 public:
-    std::uint8_t b, g, r;       // blue first in memory
-    std::int32_t RangeCount;    // colours in the ramp
-    float        RangeStep;     // 1 / (RangeCount - 1)
+    std::uint8_t b, g, r;                // blue first in memory
+    std::int32_t RangeCount;             // colours in the ramp
+    float        RangeStep;              // 1 / (RangeCount - 1)
     float        StepR, StepG, StepB;    // change of a channel per ramp index
 
     ClassRGB() {}    // initialises nothing: tables of these are made in bulk and filled after

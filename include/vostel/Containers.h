@@ -10,7 +10,7 @@
 
 #include <type_traits>
 
-template <typename T>
+template<typename T>
 struct StructData2D {
     T*           Ptr1D = nullptr;    // Width * Height elements, row after row, no padding
     T**          Ptr2D = nullptr;    // Height row pointers into Ptr1D
@@ -30,15 +30,14 @@ struct StructData2D {
     // the source's size through AllocateBuffers, so that it must be empty or loses its buffers.
     // Pairs: float from unsigned short, short, unsigned char; unsigned short from float, short, unsigned
     // char.
-    template <typename S>
+    template<typename S>
     void ConvertFrom(StructData2D<S>& source, float offset);
 
     // Smallest and largest element; both 0 from an empty container.
-    void GetMinMax(float& minValue, float& maxValue)
-        requires std::is_same_v<T, float>;
+    void GetMinMax(float& minValue, float& maxValue) requires std::is_same_v<T, float>;
 };
 
-template <typename T>
+template<typename T>
 class ClassData2DIOGeneral : public StructData2D<T> {
 public:
     ClassData2DIOGeneral() = default;
@@ -59,7 +58,7 @@ public:
     virtual ClassData2DIOGeneral& operator=(const ClassData2DIOGeneral& other);
 };
 
-template <typename T>
+template<typename T>
 class ClassData2DIO : public ClassData2DIOGeneral<T> {
 public:
     ClassData2DIO() = default;
@@ -72,20 +71,17 @@ public:
 
     // The pixel at coordinates that may lie outside the image: the image is reflected with the edge sample
     // repeated, so -1 reads 0 and Width reads Width - 1. 0 from an empty container.
-    unsigned char MirrorValue(PointTemplateBase<int> p)
-        requires std::is_same_v<T, unsigned char>;
+    unsigned char MirrorValue(PointTemplateBase<int> p) requires std::is_same_v<T, unsigned char>;
 
     // Fills the allocated buffer from a file of plain elements, starting offset bytes into it; a short file
     // leaves the tail as it was. Shows "文件不存在" if the path does not exist.
-    void ReadFile(const char* path, unsigned int offset)
-        requires std::is_same_v<T, short> || std::is_same_v<T, float>;
-    void ReadFile(const char* path)
-        requires std::is_same_v<T, unsigned char>;
+    void ReadFile(const char*  path,
+                  unsigned int offset) requires std::is_same_v<T, short> || std::is_same_v<T, float>;
+    void ReadFile(const char* path) requires std::is_same_v<T, unsigned char>;
 
     // Scales a kernel so that its elements, added in row-major order in float, sum to one. Left alone when
     // the sum is not above 1e-10 in magnitude.
-    void NormalizeSum()
-        requires std::is_same_v<T, float>;
+    void NormalizeSum() requires std::is_same_v<T, float>;
 };
 
 extern template struct VOSTEL_API StructData2D<unsigned char>;
@@ -110,4 +106,5 @@ extern template VOSTEL_API void   StructData2D<float>::ConvertFrom(StructData2D<
 extern template VOSTEL_API void   StructData2D<float>::ConvertFrom(StructData2D<unsigned char>&, float);
 extern template VOSTEL_API void   StructData2D<unsigned short>::ConvertFrom(StructData2D<float>&, float);
 extern template VOSTEL_API void   StructData2D<unsigned short>::ConvertFrom(StructData2D<short>&, float);
-extern template VOSTEL_API void   StructData2D<unsigned short>::ConvertFrom(StructData2D<unsigned char>&, float);
+extern template VOSTEL_API void   StructData2D<unsigned short>::ConvertFrom(StructData2D<unsigned char>&,
+                                                                            float);

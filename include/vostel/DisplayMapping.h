@@ -8,9 +8,9 @@ class VOSTEL_API ZEKMAPIMA {
 public:
     std::int32_t                         RangeHigh = 0;    // value at and above which UsMap gives 255
     std::int32_t                         RangeLow = 0;     // value at and below which UsMap gives 0
-    ClassData2DIOGeneral<int>*           UsMap;         // 65536 x 1: 16-bit value to gray 0..255; owned
-    ClassData2DIOGeneral<int>*           UcMap;         // 256 x 1: 8-bit value to gray 0..255; owned
-    ClassData2DIOGeneral<tagStructRGBA>* UsColorMap;    // 65536 x 1: 16-bit value to colour; owned
+    ClassData2DIOGeneral<int>*           UsMap;            // 65536 x 1: 16-bit value to gray 0..255; owned
+    ClassData2DIOGeneral<int>*           UcMap;            // 256 x 1: 8-bit value to gray 0..255; owned
+    ClassData2DIOGeneral<tagStructRGBA>* UsColorMap;       // 65536 x 1: 16-bit value to colour; owned
 
     ZEKMAPIMA();
     ~ZEKMAPIMA();

@@ -15,7 +15,7 @@ VOSTEL_API void  gDLLDelete(char* p);    // null is allowed
 // Narrow copy in the ANSI code page (UTF-8 elsewhere).
 VOSTEL_API std::string CStringToString(CString& s);
 
-VOSTEL_API unsigned long cFileSize(FILE* f);            // bytes; the position is kept
+VOSTEL_API unsigned long cFileSize(FILE* f);             // bytes; the position is kept
 VOSTEL_API unsigned long cFileSize(const char* path);    // 0xFFFFFFFF if it cannot be opened
 VOSTEL_API bool          cFileExist(const char* path);
 VOSTEL_API bool          cDirExist(const char* path);    // the same test: a plain file answers true too

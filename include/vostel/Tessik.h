@@ -11,15 +11,15 @@
 
 // The layout of a headerless raw file, and how it is to be shown.
 struct tagZEKImaLoadPara {
-    std::int32_t  Width = 0;     // pixels
-    std::int32_t  Height = 0;    // pixels
+    std::int32_t  Width = 0;       // pixels
+    std::int32_t  Height = 0;      // pixels
     std::int32_t  DataType = 0;    // 0 unsigned 16-bit, 1 32-bit float, 2 signed 16-bit, 3 unsigned 8-bit
     std::int32_t  Reserved = 0;
     std::uint32_t HeaderBytes = 0;    // skipped at the file's start; not honoured for DataType 3
     std::int32_t  MapToByte = 0;      // 0: show as float data; else map to 8 bits and show as gray
     float         InLow = 0.0f;       // limits of the mapping, in sample values
     float         InHigh = 0.0f;
-    float         OutLow = 0.0f;      // what InLow and InHigh map to, gray levels
+    float         OutLow = 0.0f;    // what InLow and InHigh map to, gray levels
     float         OutHigh = 0.0f;
 };
 static_assert(sizeof(tagZEKImaLoadPara) == 40, "the dialog library fills this record by offset");

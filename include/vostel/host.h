@@ -8,7 +8,7 @@
 #include <functional>
 #include <vector>
 
-struct VostelFileRequest {    // one file dialog, as it would be shown
+struct VostelFileRequest {        // one file dialog, as it would be shown
     bool     Save = false;        // save dialog, else open dialog
     CString  DefaultExtension;    // without a dot
     CString  DefaultName;

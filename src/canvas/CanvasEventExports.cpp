@@ -23,7 +23,8 @@ POINT ScreenPointOf(LPARAM position)
 
 void Place(VostelFixedRect& control, int x, int y, int w, int h)
 {
-    control.SetPlacement(static_cast<float>(x), static_cast<float>(y), static_cast<float>(w), static_cast<float>(h));
+    control.SetPlacement(static_cast<float>(x), static_cast<float>(y), static_cast<float>(w),
+                         static_cast<float>(h));
 }
 
 }
@@ -98,8 +99,8 @@ bool gCVSRespondToMessage(MSG* message, int canvas)
                             ScreenToHostWindow(message->hwnd, ScreenPointOf(message->lParam)));
         break;
     case WM_KEYDOWN:
-        image->OnKeyDown(static_cast<unsigned int>(message->wParam), static_cast<unsigned int>(message->lParam & 0xFFFF),
-                         flags);
+        image->OnKeyDown(static_cast<unsigned int>(message->wParam),
+                         static_cast<unsigned int>(message->lParam & 0xFFFF), flags);
         return true;
     default:
         return true;

@@ -1,6 +1,7 @@
 #include "vostel/CanvasImages.h"
 
 #include "canvas/CanvasTable.h"
+#include "foundation/Truncate.h"
 
 #include <cstdint>
 #include <new>
@@ -9,7 +10,7 @@ namespace {
 
 // A host's flat buffer seen as a container for the length of one call. The buffer stays the host's, also when
 // an exception passes through.
-template <typename T>
+template<typename T>
 class HostPlane {
 public:
     ClassData2DIO<T> Data;
@@ -17,17 +18,17 @@ public:
     HostPlane(T* buffer, int width, int height)
     {
         // A negative height asks for more than there is and so fails in the allocator.
-        volatile std::size_t rows = height < 0 ? SIZE_MAX : static_cast<std::size_t>(height);
+        volatile std::size_t rows = height < 0 ? SIZE_MAX : buffer ? static_cast<std::size_t>(height) : 0;
         Data.Ptr2D = new T*[rows];
         Data.Ptr1D = buffer;
         Data.Width = width;
         Data.Height = height;
         Data.Region.left = 0;
         Data.Region.top = 0;
-        Data.Region.right = width - 1;
-        Data.Region.bottom = height - 1;
-        for (int y = 0; y < height; ++y)
-            Data.Ptr2D[y] = buffer ? buffer + static_cast<std::ptrdiff_t>(y) * width : nullptr;
+        Data.Region.right = WrapSub(width, 1);
+        Data.Region.bottom = WrapSub(height, 1);
+        for (int y = 0; buffer && y < height; ++y)
+            Data.Ptr2D[y] = buffer + static_cast<std::ptrdiff_t>(y) * width;
     }
     ~HostPlane() { Data.Ptr1D = nullptr; }
     HostPlane(const HostPlane&) = delete;
@@ -73,8 +74,8 @@ void gCVSShowUCGray(int canvas, unsigned char* gray, int width, int height, bool
     image->ShowGray(plane.Data, clearObjects);
 }
 
-void gCVSShowUCColor(int canvas, unsigned char* red, unsigned char* green, unsigned char* blue, int width, int height,
-                     bool clearObjects)
+void gCVSShowUCColor(int canvas, unsigned char* red, unsigned char* green, unsigned char* blue, int width,
+                     int height, bool clearObjects)
 {
     VostelImage* const image = FindCanvas(canvas);
     if (!image)

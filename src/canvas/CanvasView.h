@@ -20,12 +20,12 @@ public:
     CPoint      LastPoint;           // client px; last press or drag point
     bool        LeftDown = false;
     DisplayMode MoveMode = DisplayZoomCursor;
-    int         CentreX = 0;         // client px; the image's centre
+    int         CentreX = 0;    // client px; the image's centre
     int         CentreY = 0;
-    double      AnchorX = 0.0;    // the centre's offset from the client centre, as a fraction of the client size
-    double      AnchorY = 0.0;
-    CRect       SourceRect;             // image px; what the last blit showed
-    bool        FirstClient = true;     // no client rectangle has been set yet
+    double AnchorX = 0.0;    // the centre's offset from the client centre, as a fraction of the client size
+    double AnchorY = 0.0;
+    CRect  SourceRect;            // image px; what the last blit showed
+    bool   FirstClient = true;    // no client rectangle has been set yet
 
     // Places the view in a client area: centred at first, afterwards held in place by the anchors.
     void SetClientRect(CRect rect);

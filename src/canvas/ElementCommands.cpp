@@ -48,7 +48,7 @@ VostelObj& Append(VostelImage& canvas, std::unique_ptr<VostelObj> object)
     return *object.release();
 }
 
-template <typename Shape>
+template<typename Shape>
 void AddRegion(int number, int VostelDC::*kindCount)
 {
     VostelImage* const canvas = FindCanvas(number);
@@ -59,7 +59,7 @@ void AddRegion(int number, int VostelDC::*kindCount)
     Append(*canvas, std::move(shape));
 }
 
-template <typename Shape>
+template<typename Shape>
 void AddElement(int number, int VostelDC::*kindCount)
 {
     VostelImage* const canvas = FindCanvas(number);
@@ -71,7 +71,7 @@ void AddElement(int number, int VostelDC::*kindCount)
 }
 
 // Objects that read pixel values and follow the mouse.
-template <typename ReadOut>
+template<typename ReadOut>
 void AddReadOut(int number)
 {
     VostelImage* const canvas = FindCanvas(number);
@@ -105,7 +105,8 @@ VostelTextRect& AppendTextRect(VostelImage& canvas)
     return text;
 }
 
-void AddText(VostelImage& canvas, CString& text, CPoint at, FontType font, int bkMode, unsigned long colour, int height)
+void AddText(VostelImage& canvas, CString& text, CPoint at, FontType font, int bkMode, unsigned long colour,
+             int height)
 {
     VostelTextRect& box = AppendTextRect(canvas);
     SetStyle(box, font, bkMode, colour, height);
@@ -170,19 +171,23 @@ void gCVSAddTextOL(int canvas)
     box.SetTextAt(record.Value, CPoint(200, 200));
 }
 
-void gCVSAddTextOL(int canvas, CString text, int x, int y, FontType font, int bkMode, unsigned long colour, int height)
+void gCVSAddTextOL(int canvas, CString text, int x, int y, FontType font, int bkMode, unsigned long colour,
+                   int height)
 {
     if (VostelImage* const image = FindCanvas(canvas))
         AddText(*image, text, CPoint(x, y), font, bkMode, colour, height);
 }
 
-void gCVSAddTextOLV2(int canvas, CString text, int x, int y, FontType font, int bkMode, unsigned long colour, int height)
+void gCVSAddTextOLV2(int canvas, CString text, int x, int y, FontType font, int bkMode, unsigned long colour,
+                     int height)
 {
     if (VostelImage* const image = FindCanvas(canvas))
-        AddText(*image, text, image->View.ImageToClient(PointTemplateBase<double>(x, y)), font, bkMode, colour, height);
+        AddText(*image, text, image->View.ImageToClient(PointTemplateBase<double>(x, y)), font, bkMode,
+                colour, height);
 }
 
-CRect gCVSGetTextRectOL(int canvas, CString text, int, int, FontType font, int bkMode, unsigned long colour, int height)
+CRect gCVSGetTextRectOL(int canvas, CString text, int, int, FontType font, int bkMode, unsigned long colour,
+                        int height)
 {
     VostelImage* const image = FindCanvas(canvas);
     if (!image)

@@ -34,7 +34,9 @@ std::uint64_t DataBytes(const char* path, std::uint64_t skipped)
 {
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(OpenFile(path, "rb"), std::fclose);
     const long long                                       length = file ? FileLength(file.get()) : 0;
-    return length > 0 && static_cast<std::uint64_t>(length) > skipped ? static_cast<std::uint64_t>(length) - skipped : 0;
+    return length > 0 && static_cast<std::uint64_t>(length) > skipped
+               ? static_cast<std::uint64_t>(length) - skipped
+               : 0;
 }
 
 // A short file leaves zeros behind what it holds, and so does a missing one. A size that the file does not
@@ -45,13 +47,14 @@ bool IsPlausible(const tagZEKImaLoadPara& layout, const char* path)
 {
     if (layout.Width < 0 || layout.Height < 0)
         return false;
-    const std::uint64_t pixels = static_cast<std::uint64_t>(layout.Width) * static_cast<std::uint64_t>(layout.Height);
+    const std::uint64_t pixels =
+        static_cast<std::uint64_t>(layout.Width) * static_cast<std::uint64_t>(layout.Height);
     const std::uint64_t skipped = layout.DataType == RawByte ? 0 : layout.HeaderBytes;
     return pixels <= INT32_MAX &&
            (pixels <= FreePixels || pixels / 4 <= DataBytes(path, skipped) / BytesOf(layout.DataType));
 }
 
-template <typename T>
+template<typename T>
 void AllocateZeroed(ClassData2DIO<T>& plane, int width, int height)
 {
     plane.Allocate(width, height);
@@ -70,9 +73,9 @@ void ReadUShorts(ClassData2DIO<unsigned short>& plane, const char* path, std::ui
     const long half = static_cast<long>(skipped / 2);    // long may hold 31 bits only
     if (std::fseek(file.get(), half, SEEK_SET) == 0 &&
         std::fseek(file.get(), half + static_cast<long>(skipped % 2), SEEK_CUR) == 0) {
-        [[maybe_unused]] const std::size_t read =
-            std::fread(plane.Ptr1D, sizeof *plane.Ptr1D,
-                       static_cast<std::size_t>(plane.Width) * static_cast<std::size_t>(plane.Height), file.get());
+        [[maybe_unused]] const std::size_t read = std::fread(
+            plane.Ptr1D, sizeof *plane.Ptr1D,
+            static_cast<std::size_t>(plane.Width) * static_cast<std::size_t>(plane.Height), file.get());
     }
 }
 
@@ -178,6 +181,7 @@ void VostelImage::LoadCommonImage(CString path)
     CurrentFileType = mode < 0 ? FileTypeNone : FileTypeByte;
     if (mode < 0)
         return;
-    const std::unique_ptr<unsigned char*, void (*)(unsigned char**)> rows(Create2DList(&picture), Release2DList);
+    const std::unique_ptr<unsigned char*, void (*)(unsigned char**)> rows(Create2DList(&picture),
+                                                                          Release2DList);
     CanvasSurface.UploadRows(rows.get(), width, height, mode);
 }

@@ -11,8 +11,8 @@ namespace {
 
 using Outline = std::vector<PointTemplateBase<int>>;
 
-// The four corners of a box given by two opposite ones, in the order that the fill takes for a box dragged to the
-// lower right. Other counts bound nothing.
+// The four corners of a box given by two opposite ones, in the order that the fill takes for a box dragged to
+// the lower right. Other counts bound nothing.
 void MakeBox(Outline& points)
 {
     if (points.size() != 2) {

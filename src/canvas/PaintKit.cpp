@@ -35,7 +35,8 @@ private:
 void ForEachUncovered(const CRect& r, const CRect& covered, auto&& fill)
 {
     CRect hole(covered.left > r.left ? covered.left : r.left, covered.top > r.top ? covered.top : r.top,
-               covered.right < r.right ? covered.right : r.right, covered.bottom < r.bottom ? covered.bottom : r.bottom);
+               covered.right < r.right ? covered.right : r.right,
+               covered.bottom < r.bottom ? covered.bottom : r.bottom);
     if (hole.IsRectEmpty()) {
         fill(r);
         return;
@@ -165,7 +166,7 @@ void PaintKit::BindSurface(unsigned int* pixels)
     BmpHeight = facts.bmHeight;
 }
 
-template <typename Point>
+template<typename Point>
 void PaintKit::DrawClosedPolyline(const std::vector<Point>& points, COLORREF colour)
 {
     if (points.size() < 2)

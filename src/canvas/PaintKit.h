@@ -13,20 +13,20 @@
 // Colours are GDI values, 0x00BBGGRR; all coordinates are client px.
 class PaintKit {
 public:
-    int           BkMode = 0;              // background mode of text: 1 transparent, 2 opaque
+    int           BkMode = 0;    // background mode of text: 1 transparent, 2 opaque
     COLORREF      TextColor = 0;
-    int           FontHeight = 0;          // px
-    bool          TextBoxBack = true;      // DrawTextBox fills its rectangle white first
-    int           DashPeriod = 14;         // period of DashPhase
-    unsigned int* PixelPtr = nullptr;      // borrowed; pixels of the bound surface
-    int           DashPhase = 0;           // stepped by timer ticks; no drawing reads it
+    int           FontHeight = 0;        // px
+    bool          TextBoxBack = true;    // DrawTextBox fills its rectangle white first
+    int           DashPeriod = 14;       // period of DashPhase
+    unsigned int* PixelPtr = nullptr;    // borrowed; pixels of the bound surface
+    int           DashPhase = 0;         // stepped by timer ticks; no drawing reads it
     std::int64_t  Spare[2] = {0, 0};
-    int           BmpWidth = 0;            // px; of the bitmap selected in Dc
+    int           BmpWidth = 0;    // px; of the bitmap selected in Dc
     int           BmpHeight = 0;
-    HDC           Dc = nullptr;            // borrowed; owners store it before each drawing
-    HPEN          Pen = nullptr;           // owned; nothing creates it
-    HFONT         Font = nullptr;          // owned; replaced by SelectTextStyle
-    HBRUSH        Brush = nullptr;         // owned; nothing creates it
+    HDC           Dc = nullptr;       // borrowed; owners store it before each drawing
+    HPEN          Pen = nullptr;      // owned; nothing creates it
+    HFONT         Font = nullptr;     // owned; replaced by SelectTextStyle
+    HBRUSH        Brush = nullptr;    // owned; nothing creates it
 
     PaintKit() = default;
     ~PaintKit();
@@ -49,10 +49,11 @@ public:
     // Notes the surface that Dc draws on, and its size; shows "No bmp" if there is none.
     void BindSurface(unsigned int* pixels);
     // Of CPoint or PointTemplateBase<int>.
-    template <typename Point>
+    template<typename Point>
     void DrawClosedPolyline(const std::vector<Point>& points, COLORREF colour);
     // Several strokes in one point list; starts holds the ascending indices where a stroke begins.
-    void DrawSegments(const std::vector<CPoint>& points, const std::vector<int>& starts, int penWidth, COLORREF colour);
+    void DrawSegments(const std::vector<CPoint>& points, const std::vector<int>& starts, int penWidth,
+                      COLORREF colour);
     // Shape 1 draws squares, 0 ellipses, any other nothing.
     void DrawHandles(const std::vector<CRect>& rects, COLORREF colour, int shape);
     // Fills without an outline, right and bottom edge left out.

@@ -142,8 +142,8 @@ void PixelSurface::ForEachUploadRow(int width, int height, auto&& upload)
     const bool pastCaches =
         WritesPastCaches(static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows) * sizeof *Pixels);
     for (int y = 0; y < rows; ++y)
-        upload(Pixels + static_cast<std::size_t>(y) * static_cast<std::size_t>(Width), height - 1 - y, columns,
-               pastCaches);
+        upload(Pixels + static_cast<std::size_t>(y) * static_cast<std::size_t>(Width), height - 1 - y,
+               columns, pastCaches);
     if (pastCaches)
         WordFence();
 }
@@ -169,8 +169,8 @@ void PixelSurface::UploadRows(const unsigned char* const* rows, int width, int h
     });
 }
 
-void PixelSurface::UploadPlanes(const BytePlane& red, const BytePlane& green, const BytePlane& blue, int width,
-                                int height)
+void PixelSurface::UploadPlanes(const BytePlane& red, const BytePlane& green, const BytePlane& blue,
+                                int width, int height)
 {
     ForEachUploadRow(width, height, [&](unsigned int* target, int row, int columns, bool pastCaches) {
         const BytePlane a = RowsFrom(red, row);
@@ -211,16 +211,19 @@ void PixelSurface::BlitTo(HDC target)
     if (!ViewRef || !FindVisible(visible))
         return;
     ViewRef->SourceRect = visible.Source;
+    if (!Bitmap)
+        return;    // MemDC then holds the one pixel that a new context comes with
     const CRect& from = visible.Source;
     const CRect& to = visible.Target;
     const CRect& all = ViewRef->DisplayRect;
     if (StretchMode == COLORONCOLOR) {
         // Only what is visible is stretched, at the cost of source positions rounded to whole pixels.
-        StretchBlt(target, to.left, to.top, WrapSub(to.right, to.left), WrapSub(to.bottom, to.top), MemDC, from.left,
-                   from.top, WrapSub(from.right, from.left), WrapSub(from.bottom, from.top), SRCCOPY);
+        StretchBlt(target, to.left, to.top, WrapSub(to.right, to.left), WrapSub(to.bottom, to.top), MemDC,
+                   from.left, from.top, WrapSub(from.right, from.left), WrapSub(from.bottom, from.top),
+                   SRCCOPY);
     } else if (StretchMode == HALFTONE) {
-        StretchBlt(target, all.left, all.top, WrapSub(all.right, all.left), WrapSub(all.bottom, all.top), MemDC, 0, 0,
-                   Width, Height, SRCCOPY);
+        StretchBlt(target, all.left, all.top, WrapSub(all.right, all.left), WrapSub(all.bottom, all.top),
+                   MemDC, 0, 0, Width, Height, SRCCOPY);
     }
 }
 

@@ -21,15 +21,15 @@ struct BytePlane {
 // pixels. Words are 0x00RRGGBB; memory row 0 is the lowest row on the screen.
 class PixelSurface {
 public:
-    HDC            MemDC = nullptr;        // owned
-    HBITMAP        Bitmap = nullptr;       // owned
-    HGDIOBJ        OldBitmap = nullptr;    // what Bitmap displaced; selected back before teardown
-    unsigned int*  Pixels = nullptr;       // the bitmap's bits; null while there is no bitmap
-    unsigned int** Rows = nullptr;         // owned; built on request, row 0 is the bottom row
-    int            Width = 0;              // px
-    int            Height = 0;             // rows
+    HDC            MemDC = nullptr;               // owned
+    HBITMAP        Bitmap = nullptr;              // owned
+    HGDIOBJ        OldBitmap = nullptr;           // what Bitmap displaced; selected back before teardown
+    unsigned int*  Pixels = nullptr;              // the bitmap's bits; null while there is no bitmap
+    unsigned int** Rows = nullptr;                // owned; built on request, row 0 is the bottom row
+    int            Width = 0;                     // px
+    int            Height = 0;                    // rows
     int            StretchMode = COLORONCOLOR;    // or HALFTONE
-    CanvasView*    ViewRef = nullptr;      // borrowed from the canvas
+    CanvasView*    ViewRef = nullptr;             // borrowed from the canvas
 
     PixelSurface() = default;
     ~PixelSurface();
@@ -57,10 +57,16 @@ public:
 
     // Writes three planes as red, green and blue. The second plane is read one and the third two columns
     // further to the right than the first; hosts are used to that skew.
-    void UploadPlanes(const BytePlane& red, const BytePlane& green, const BytePlane& blue, int width, int height);
+    void UploadPlanes(const BytePlane& red, const BytePlane& green, const BytePlane& blue, int width,
+                      int height);
 
     // Fills all pixels with one word.
     void Fill(unsigned int word);
+
+    // Write the surface as an 8-bit gray bitmap, and as a 24-bit picture in the format of the extension.
+    // Always true: a failed write is not told.
+    bool SaveGrayBmp(CString path);
+    bool SaveColorImage(const CString& path);
 
     // Copies the surface to the target by the view's transform and notes in the view what is visible.
     // Nothing happens while the display rectangle is empty.

@@ -55,8 +55,8 @@ void VostelDC::PaintAll()
             Elements[i]->OnDraw(ClientMemDC);
     }
     const CRect& client = View.ClientRect;
-    BitBlt(ClientDC, 0, 0, WrapSub(client.right, client.left), WrapSub(client.bottom, client.top), ClientMemDC, 0, 0,
-           SRCCOPY);
+    BitBlt(ClientDC, 0, 0, WrapSub(client.right, client.left), WrapSub(client.bottom, client.top),
+           ClientMemDC, 0, 0, SRCCOPY);
 }
 
 void VostelDC::PaintBackground(HDC dc)
@@ -93,7 +93,8 @@ void VostelDC::SetClient(CRect rect, HDC dc)
     DropClientSurface();
     ClientMemDC = CreateCompatibleDC(dc);
     void* bits = nullptr;
-    ClientBitmap = CreateDibPixels(ClientMemDC, WrapSub(rect.right, rect.left), WrapSub(rect.bottom, rect.top), &bits);
+    ClientBitmap =
+        CreateDibPixels(ClientMemDC, WrapSub(rect.right, rect.left), WrapSub(rect.bottom, rect.top), &bits);
     ClientPixels = static_cast<unsigned int*>(bits);
     if (!ClientBitmap) {
         DeleteDC(ClientMemDC);
@@ -211,8 +212,9 @@ void VostelDC::OnKeyDown(unsigned int key, unsigned int repeat, unsigned int key
 void VostelDC::DeleteAll()
 {
     Removed.insert(Removed.end(), Elements.begin(), Elements.end());
-    Elements = {};
-    RectCount = CustomRectCount = PolygonCount = SplineCount = OneStrokeCount = RegionSerial = MStrokeCount = 0;
+    std::vector<VostelObj*>().swap(Elements);    // an assigned empty list would keep the storage
+    RectCount = CustomRectCount = PolygonCount = SplineCount = OneStrokeCount = RegionSerial = MStrokeCount =
+        0;
     TextCount = MeasureLineCount = Angle3Count = Angle4Count = SpareCount = ElementSerial = 0;
     DestroyPending = true;
     if (EventsUnderWay == 0)
@@ -306,6 +308,7 @@ void VostelDC::DropClientSurface()
 
 void VostelDC::HandViewToElements(bool refresh)
 {
+    const EventScope scope(*this);
     for (std::size_t i = 0; i < Elements.size(); ++i) {
         VostelObj* const element = Elements[i];
         element->SetCanvasView(&View);

@@ -11,12 +11,12 @@
 #include <vector>
 
 // The part of a canvas that knows nothing of image data: the client surface that is copied to the screen, the
-// canvas surface with the image's pixels, the view, two on-canvas controls and the list of overlay objects. It
-// composes a frame on each paint and decides who gets a mouse or key event.
+// canvas surface with the image's pixels, the view, two on-canvas controls and the list of overlay objects.
+// It composes a frame on each paint and decides who gets a mouse or key event.
 class VostelDC {
 public:
-    // Objects made of each kind: the next TypeSerial. Region shapes take SerialNo from RegionSerial, all others
-    // from ElementSerial, which both bump.
+    // Objects made of each kind: the next TypeSerial. Region shapes take SerialNo from RegionSerial, all
+    // others from ElementSerial, which both bump.
     int RectCount = 0;
     int CustomRectCount = 0;
     int PolygonCount = 0;
@@ -31,12 +31,12 @@ public:
     int SpareCount = 0;
     int ElementSerial = 0;
 
-    HDC            ClientDC = nullptr;           // borrowed: the host's context; null before the first SetClient
-    PaintKit       Kit;                          // of the background
-    HDC            ClientMemDC = nullptr;        // owned; null without a client surface
-    unsigned int*  ClientPixels = nullptr;       // the client bitmap's bits, rows bottom-up
-    unsigned int** ClientRows = nullptr;         // owned; built on request
-    HBITMAP        ClientBitmap = nullptr;       // owned
+    HDC            ClientDC = nullptr;        // borrowed: the host's context; null before the first SetClient
+    PaintKit       Kit;                       // of the background
+    HDC            ClientMemDC = nullptr;     // owned; null without a client surface
+    unsigned int*  ClientPixels = nullptr;    // the client bitmap's bits, rows bottom-up
+    unsigned int** ClientRows = nullptr;      // owned; built on request
+    HBITMAP        ClientBitmap = nullptr;    // owned
     HGDIOBJ        ClientOldBitmap = nullptr;    // what ClientBitmap displaced
     int            OverlayAlpha = 255;           // 0..255, by wheel with S held; no drawing reads it
     PixelSurface   CanvasSurface;
@@ -45,8 +45,8 @@ public:
     VostelSlider   ContrastCtrl;
     bool           ShowProgress = false;
     VostelProgress ProgressCtrl;
-    std::vector<VostelObj*> Elements;         // owned; paint order, the highest index on top
-    int                     SelIndex = -1;    // -1 for none; may point past the list after DeleteAll
+    std::vector<VostelObj*> Elements;             // owned; paint order, the highest index on top
+    int                     SelIndex = -1;        // -1 for none; may point past the list after DeleteAll
     bool                    UseDirect = false;    // the host draws into the client surface itself
 
     VostelDC() = default;

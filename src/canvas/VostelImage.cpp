@@ -12,7 +12,7 @@ namespace {
 constexpr float RawTop = 65535.0f;    // Raw holds 0..RawTop
 constexpr float NoValue = -1.0f;      // read back where there is nothing
 
-template <typename T>
+template<typename T>
 BytePlane PlaneOf(const StructData2D<T>& data)
 {
     return {data.Ptr1D, CountOf(data), data.Width > 0 ? static_cast<std::size_t>(data.Width) : 0};
@@ -98,7 +98,8 @@ void VostelImage::ShowRaw(ClassData2DIO<float>& src, bool keepOriginal, bool cle
         StoreContrastWindow(ContrastCtrl.Low, ContrastCtrl.High);
     if (whole && HasSurfacePixels()) {
         SizeForOverwriting(LabelIma, width, height);
-        ContrastShowRemapped(Contrast, rule, src.Ptr1D, Raw.Ptr1D, width, height, CanvasSurface.Pixels, LabelIma.Ptr1D);
+        ContrastShowRemapped(Contrast, rule, src.Ptr1D, Raw.Ptr1D, width, height, CanvasSurface.Pixels,
+                             LabelIma.Ptr1D);
     } else {
         RemapFloats(rule, src.Ptr1D, Raw.Ptr1D, count);
         RedrawRaw();
@@ -135,7 +136,8 @@ void VostelImage::RedrawRaw()
     }
     GenerateLabel(true);
     if (drawable && IsPlaneOf(LabelIma, CanvasWidth, CanvasHeight))
-        ContrastShowLabelled(Contrast, Raw.Ptr1D, CanvasWidth, CanvasHeight, CanvasSurface.Pixels, LabelIma.Ptr1D);
+        ContrastShowLabelled(Contrast, Raw.Ptr1D, CanvasWidth, CanvasHeight, CanvasSurface.Pixels,
+                             LabelIma.Ptr1D);
 }
 
 float VostelImage::ReadPixelValue(CPoint p)
@@ -166,11 +168,12 @@ float ValueAt(const StructData2D<float>& plane, int x, int y)
 
 bool VostelImage::LabelsWholeImage() const
 {
-    return std::none_of(Elements.begin(), Elements.end(), [](const VostelObj* element) { return element->Selected; });
+    return std::none_of(Elements.begin(), Elements.end(),
+                        [](const VostelObj* element) { return element->Selected; });
 }
 
 bool VostelImage::HasSurfacePixels() const
 {
-    return CanvasSurface.Pixels && CanvasWidth > 0 && CanvasHeight > 0 && CanvasSurface.Width == CanvasWidth &&
-           CanvasSurface.Height == CanvasHeight;
+    return CanvasSurface.Pixels && CanvasWidth > 0 && CanvasHeight > 0 &&
+           CanvasSurface.Width == CanvasWidth && CanvasSurface.Height == CanvasHeight;
 }

@@ -6,32 +6,33 @@
 #include "vostel/Containers.h"
 #include "vostel/DisplayMapping.h"
 
-// Image data on a canvas: how an image gets onto the canvas surface, how float data is redrawn when the contrast
-// window changes, and what value lies under a client point.
+// Image data on a canvas: how an image gets onto the canvas surface, how float data is redrawn when the
+// contrast window changes, and what value lies under a client point.
 //
 // Byte images exist only as pixels of the surface. Float data is kept, stretched to 0..65535 (Raw) and on
-// request as it came (RawOri). Hosts hold references to the containers and may change them, so their sizes are
-// looked at before each use.
+// request as it came (RawOri). Hosts hold references to the containers and may change them, so their sizes
+// are looked at before each use.
 class VostelImage : public VostelDC {
 public:
     ZEKMAPIMA            Map;                   // from stretched values to gray
     double               MeasureScale = 1.0;    // length units per image px, for new measures
     ClassData2DIO<float> RawOri;
     ClassData2DIO<float> Raw;
-    int                  CanvasWidth = 0;       // image px
+    int                  CanvasWidth = 0;    // image px
     int                  CanvasHeight = 0;
     FileType             CurrentFileType = FileTypeNone;
-    ClassData2DIO<int>   LabelIma;              // rows in surface order: row 0 is the bottom of the image
+    ClassData2DIO<int>   LabelIma;    // rows in surface order: row 0 is the bottom of the image
 
     VostelImage() = default;
     ~VostelImage() = default;
 
-    // Replaces what is shown by a black surface of the given size, or one whose pixels are about to be written.
+    // Replaces what is shown by a black surface of the given size, or one whose pixels are about to be
+    // written.
     void PrepareImage(int width, int height, bool clearObjects, bool cleared = true);
 
     void ShowGray(ClassData2DIO<unsigned char>& src, bool clearObjects);
-    void ShowColor(ClassData2DIO<unsigned char>& p1, ClassData2DIO<unsigned char>& p2, ClassData2DIO<unsigned char>& p3,
-                   bool clearObjects);
+    void ShowColor(ClassData2DIO<unsigned char>& p1, ClassData2DIO<unsigned char>& p2,
+                   ClassData2DIO<unsigned char>& p3, bool clearObjects);
     void ShowRaw(ClassData2DIO<float>& src, bool keepOriginal, bool clearObjects);
 
     void SetLutPara(float low, float high) override;
@@ -46,6 +47,14 @@ public:
     void LoadRawImage(CString path, bool keepOriginal);
     void LoadCommonImage(CString path);
 
+    // Saves; each asks for a name first.
+    void SaveClient();
+    void SaveImaWithOverlap();
+    void SaveNowShowIma();
+    void Save8bit();
+    void SaveRaw();
+    void SaveLabel();
+
 private:
     ContrastTable Contrast;    // what redraws take from Map
 
@@ -53,11 +62,13 @@ private:
     void StoreContrastWindow(float low, float high);
     // Whether a label plane of the selected regions is all ones.
     bool LabelsWholeImage() const;
-    // Writes the object's region, if its kind has one, into LabelIma with rows running down; true if it did, and
-    // the label is then its number plus one.
-    bool RasteriseObject(VostelObj& object);
-    void RedrawRaw();
-    bool HasSurfacePixels() const;
+    // Writes the object's region, if its kind has one, into LabelIma with rows running down; true if it did,
+    // and the label is then its number plus one.
+    bool       RasteriseObject(VostelObj& object);
+    void       RedrawRaw();
+    bool       HasSurfacePixels() const;
+    VostelObj* FirstSelectedRect();    // null for none
+    void       SavePart(const CRect& box, const CString& name);
 };
 
 // An element of a float plane; -1 outside the plane, and where the data was not kept.

@@ -24,7 +24,7 @@ std::size_t ElementCount(int width, int height)
     return static_cast<std::size_t>(product);
 }
 
-template <typename T>
+template<typename T>
 void MakeArrays(StructData2D<T>& data)
 {
     const std::size_t elements = ElementCount(data.Width, data.Height);
@@ -45,7 +45,8 @@ void MakeArrays(StructData2D<T>& data)
     data.Ptr2D = table;
 }
 
-void ReadElements(const char* path, unsigned int offset, void* target, std::size_t elementBytes, std::size_t count)
+void ReadElements(const char* path, unsigned int offset, void* target, std::size_t elementBytes,
+                  std::size_t count)
 {
     if (!PathExists(path)) {
         ShowMessage(L"文件不存在");
@@ -56,15 +57,22 @@ void ReadElements(const char* path, unsigned int offset, void* target, std::size
         return;
     // Offsets reach 32 unsigned bits, more than long holds everywhere; two steps always fit.
     const long half = static_cast<long>(offset / 2);
-    if (target && std::fseek(file, half, SEEK_SET) == 0 && std::fseek(file, half + static_cast<long>(offset % 2), SEEK_CUR) == 0) {
+    if (target && std::fseek(file, half, SEEK_SET) == 0 &&
+        std::fseek(file, half + static_cast<long>(offset % 2), SEEK_CUR) == 0) {
         // A short file leaves the tail as it was.
         [[maybe_unused]] const std::size_t read = std::fread(target, elementBytes, count, file);
     }
     std::fclose(file);
 }
 
-inline void StoreConverted(float& target, float sum) { target = sum; }
-inline void StoreConverted(unsigned short& target, float sum) { target = TruncToUShort(sum); }
+inline void StoreConverted(float& target, float sum)
+{
+    target = sum;
+}
+inline void StoreConverted(unsigned short& target, float sum)
+{
+    target = TruncToUShort(sum);
+}
 
 // Reflection with the edge sample repeated: -1 gives 0, extent gives extent - 1.
 int MirrorCoordinate(int c, int extent)
@@ -79,7 +87,7 @@ int MirrorCoordinate(int c, int extent)
 
 }
 
-template <typename T>
+template<typename T>
 void StructData2D<T>::AllocateBuffers(int width, int height)
 {
     Width = width;
@@ -87,8 +95,8 @@ void StructData2D<T>::AllocateBuffers(int width, int height)
     MakeArrays(*this);
 }
 
-template <typename T>
-template <typename S>
+template<typename T>
+template<typename S>
 void StructData2D<T>::ConvertFrom(StructData2D<S>& source, float offset)
 {
     AllocateBuffers(source.Width, source.Height);
@@ -97,9 +105,8 @@ void StructData2D<T>::ConvertFrom(StructData2D<S>& source, float offset)
         StoreConverted(Ptr1D[i], static_cast<float>(source.Ptr1D[i]) + offset);
 }
 
-template <typename T>
-void StructData2D<T>::GetMinMax(float& minValue, float& maxValue)
-    requires std::is_same_v<T, float>
+template<typename T>
+void StructData2D<T>::GetMinMax(float& minValue, float& maxValue) requires std::is_same_v<T, float>
 {
     if (!Ptr2D || CountOf(*this) == 0) {
         minValue = maxValue = 0.0f;
@@ -117,7 +124,7 @@ void StructData2D<T>::GetMinMax(float& minValue, float& maxValue)
     }
 }
 
-template <typename T>
+template<typename T>
 void ClassData2DIOGeneral<T>::Allocate(int width, int height)
 {
     ClassData2DIOGeneral::Release();
@@ -129,7 +136,7 @@ void ClassData2DIOGeneral<T>::Allocate(int width, int height)
     this->Region.bottom = WrapSub(height, 1);
 }
 
-template <typename T>
+template<typename T>
 void ClassData2DIOGeneral<T>::Release()
 {
     if (this->OwnPtr1D) {
@@ -145,13 +152,13 @@ void ClassData2DIOGeneral<T>::Release()
     this->Region = ZEKRECT();
 }
 
-template <typename T>
+template<typename T>
 T* ClassData2DIOGeneral<T>::GetRow(int y)
 {
     return this->Ptr1D + static_cast<std::ptrdiff_t>(y) * this->Width;
 }
 
-template <typename T>
+template<typename T>
 ClassData2DIOGeneral<T>& ClassData2DIOGeneral<T>::operator=(const ClassData2DIOGeneral& other)
 {
     // An empty source asks for -1 x -1 or 0 x 0; both become an array without elements.
@@ -168,9 +175,9 @@ ClassData2DIOGeneral<T>& ClassData2DIOGeneral<T>::operator=(const ClassData2DIOG
     return *this;
 }
 
-template <typename T>
-unsigned char ClassData2DIO<T>::MirrorValue(PointTemplateBase<int> p)
-    requires std::is_same_v<T, unsigned char>
+template<typename T>
+unsigned char
+ClassData2DIO<T>::MirrorValue(PointTemplateBase<int> p) requires std::is_same_v<T, unsigned char>
 {
     // A failed allocation leaves a size without rows.
     if (!this->Ptr2D || CountOf(*this) == 0)
@@ -178,23 +185,21 @@ unsigned char ClassData2DIO<T>::MirrorValue(PointTemplateBase<int> p)
     return this->Ptr2D[MirrorCoordinate(p.y, this->Height)][MirrorCoordinate(p.x, this->Width)];
 }
 
-template <typename T>
-void ClassData2DIO<T>::ReadFile(const char* path, unsigned int offset)
-    requires std::is_same_v<T, short> || std::is_same_v<T, float>
+template<typename T>
+void ClassData2DIO<T>::ReadFile(
+    const char* path, unsigned int offset) requires std::is_same_v<T, short> || std::is_same_v<T, float>
 {
     ReadElements(path, offset, this->Ptr1D, sizeof(T), CountOf(*this));
 }
 
-template <typename T>
-void ClassData2DIO<T>::ReadFile(const char* path)
-    requires std::is_same_v<T, unsigned char>
+template<typename T>
+void ClassData2DIO<T>::ReadFile(const char* path) requires std::is_same_v<T, unsigned char>
 {
     ReadElements(path, 0, this->Ptr1D, sizeof(T), CountOf(*this));
 }
 
-template <typename T>
-void ClassData2DIO<T>::NormalizeSum()
-    requires std::is_same_v<T, float>
+template<typename T>
+void ClassData2DIO<T>::NormalizeSum() requires std::is_same_v<T, float>
 {
     const std::size_t count = CountOf(*this);
     float             sum = 0.0f;

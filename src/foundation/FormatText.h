@@ -6,7 +6,7 @@
 
 // Text by a printf format. Formats here hold numbers only, of bounded length: the longest double takes 310
 // characters.
-template <typename... Values>
+template<typename... Values>
 CString FormatText(const wchar_t* format, Values... values)
 {
     wchar_t text[2048];

@@ -17,15 +17,31 @@ inline int TruncToInt(float v)
 }
 inline std::int64_t TruncToInt64(float v)
 {
-    return v >= -9223372036854775808.0f && v < 9223372036854775808.0f ? static_cast<std::int64_t>(v) : INT64_MIN;
+    return v >= -9223372036854775808.0f && v < 9223372036854775808.0f ? static_cast<std::int64_t>(v)
+                                                                      : INT64_MIN;
 }
 
 // The low bits of the 32-bit result.
-inline unsigned short TruncToUShort(float v) { return static_cast<unsigned short>(TruncToInt(v)); }
-inline unsigned char  TruncToByte(float v) { return static_cast<unsigned char>(TruncToInt(v)); }
-inline unsigned char  TruncToByte(double v) { return static_cast<unsigned char>(TruncToInt(v)); }
+inline unsigned short TruncToUShort(float v)
+{
+    return static_cast<unsigned short>(TruncToInt(v));
+}
+inline unsigned char TruncToByte(float v)
+{
+    return static_cast<unsigned char>(TruncToInt(v));
+}
+inline unsigned char TruncToByte(double v)
+{
+    return static_cast<unsigned char>(TruncToInt(v));
+}
 
 // 32-bit sums that wrap instead of overflowing: client coordinates of a far zoomed view come close to the
 // limits and a captured mouse goes beyond them.
-inline int WrapAdd(int a, int b) { return static_cast<int>(static_cast<unsigned>(a) + static_cast<unsigned>(b)); }
-inline int WrapSub(int a, int b) { return static_cast<int>(static_cast<unsigned>(a) - static_cast<unsigned>(b)); }
+inline int WrapAdd(int a, int b)
+{
+    return static_cast<int>(static_cast<unsigned>(a) + static_cast<unsigned>(b));
+}
+inline int WrapSub(int a, int b)
+{
+    return static_cast<int>(static_cast<unsigned>(a) - static_cast<unsigned>(b));
+}

@@ -29,7 +29,9 @@ public:
         const Point& first = points.front();
         const Point& end = points.back();
         // The first point stands twice: knot i passes through point i - 1.
-        const auto knot = [&](int i) -> const Point& { return points[static_cast<std::size_t>(i == 0 ? 0 : i - 1)]; };
+        const auto knot = [&](int i) -> const Point& {
+            return points[static_cast<std::size_t>(i == 0 ? 0 : i - 1)];
+        };
 
         Set(0, 0, -0.5);
         Set(0, 2, 1.5);
@@ -102,7 +104,7 @@ private:
     {
         double* const factors = Columns[k];
         // Rows more than the band below the diagonal have an exact zero there.
-        const int rows = std::min(k + Band + 1, Size);
+        const int    rows = std::min(k + Band + 1, Size);
         const double kept = factors[k];
         factors[k] = 0.0;
         for (int c = k + 1; c <= end; ++c)

@@ -15,8 +15,8 @@ constexpr int StepY[8] = {0, -1, -1, -1, 0, 1, 1, 1};
 // Direction of a step by (dy + 1) * 3 + (dx + 1).
 constexpr std::uint8_t DirectionOf[9] = {3, 2, 1, 4, 0, 0, 5, 6, 7};
 
-// How often a boundary pixel is an end of a span, by the step that reaches it and the one that leaves it: 1 and
-// 2 are the two kinds of a single end, 3 is a span of its own. The table belongs to one sense of travel.
+// How often a boundary pixel is an end of a span, by the step that reaches it and the one that leaves it: 1
+// and 2 are the two kinds of a single end, 3 is a span of its own. The table belongs to one sense of travel.
 constexpr std::uint8_t BoundaryTable[8][8] = {
     {0, 0, 0, 0, 2, 2, 2, 2}, {1, 1, 1, 1, 0, 3, 3, 3}, {1, 1, 1, 1, 0, 0, 3, 3}, {1, 1, 1, 1, 0, 0, 0, 3},
     {1, 1, 1, 1, 0, 0, 0, 0}, {0, 3, 3, 3, 2, 2, 2, 2}, {0, 0, 3, 3, 2, 2, 2, 2}, {0, 0, 0, 3, 2, 2, 2, 2},
@@ -26,12 +26,12 @@ constexpr int EndsOfClass[4] = {0, 1, 1, 2};
 // The steps of a line: along the longer axis every time, along the other when the accumulated rest says so.
 void AppendSegment(Point from, Point to, std::vector<std::uint8_t>& chain)
 {
-    const int dx = to.x - from.x;
-    const int dy = to.y - from.y;
-    const int signX = (dx > 0) - (dx < 0);
-    const int signY = (dy > 0) - (dy < 0);
-    const int longer = std::max(std::abs(dx), std::abs(dy));
-    const int shorter = std::min(std::abs(dx), std::abs(dy));
+    const int  dx = to.x - from.x;
+    const int  dy = to.y - from.y;
+    const int  signX = (dx > 0) - (dx < 0);
+    const int  signY = (dy > 0) - (dy < 0);
+    const int  longer = std::max(std::abs(dx), std::abs(dy));
+    const int  shorter = std::min(std::abs(dx), std::abs(dy));
     const bool flat = std::abs(dx) >= std::abs(dy);
     if (longer == 0)
         return;

@@ -30,12 +30,13 @@ void FillRun(ClassData2DIO<int>& plane, std::int64_t row, std::int64_t first, st
     FillWords(target, static_cast<std::size_t>(last - first + 1), static_cast<std::uint32_t>(value), false);
 }
 
-// Half widths of an ellipse by the distance of a row from its centre; the spans of the midpoint rule on one row
-// all have one centre, so that the widest covers the others.
+// Half widths of an ellipse by the distance of a row from its centre; the spans of the midpoint rule on one
+// row all have one centre, so that the widest covers the others.
 class HalfWidths {
 public:
     HalfWidths(std::int64_t width, std::int64_t height)
-        // Each step of an arc moves by one row at most, and flat ellipses step past the centre and out of the box.
+        // Each step of an arc moves by one row at most, and flat ellipses step past the centre and out of the
+        // box.
         : ByRow(static_cast<std::size_t>(std::max(width, height) / 2 + 3), -1)
     {
         std::int64_t       a = width / 2;
@@ -93,7 +94,8 @@ public:
     // -1 where the ellipse has no span.
     std::int64_t At(std::int64_t distance) const
     {
-        return distance < static_cast<std::int64_t>(ByRow.size()) ? ByRow[static_cast<std::size_t>(distance)] : -1;
+        return distance < static_cast<std::int64_t>(ByRow.size()) ? ByRow[static_cast<std::size_t>(distance)]
+                                                                  : -1;
     }
     std::int64_t Rows() const { return static_cast<std::int64_t>(ByRow.size()); }
 
@@ -111,8 +113,8 @@ private:
 // Beyond this the steps of the midpoint rule would leave 64 bits.
 constexpr std::int64_t LargestStepped = std::int64_t(1) << 20;
 
-void FillByEquation(ClassData2DIO<int>& plane, std::int64_t cx, std::int64_t cy, std::int64_t width, std::int64_t height,
-                    int value)
+void FillByEquation(ClassData2DIO<int>& plane, std::int64_t cx, std::int64_t cy, std::int64_t width,
+                    std::int64_t height, int value)
 {
     const double a = static_cast<double>(width) / 2.0;
     const double b = static_cast<double>(height) / 2.0;
@@ -139,7 +141,7 @@ void DrawEcllipse(ClassData2DIO<int>& plane, int x1, int y1, int x2, int y2, boo
         FillByEquation(plane, cx, cy, width, height, value);
         return;
     }
-    const HalfWidths halves(width, height);
+    const HalfWidths   halves(width, height);
     const std::int64_t top = std::max<std::int64_t>(0, cy - halves.Rows() + 1);
     const std::int64_t bottom = std::min<std::int64_t>(plane.Height - 1, cy + halves.Rows() - 1);
     for (std::int64_t y = top; y <= bottom; ++y) {
@@ -197,7 +199,7 @@ void GetBlobOutRect(ClassData2DIO<int>& plane, ZEKRECT& rect, int label)
 void mMapXYOutOfIma(int& x, int& y, int width, int height, bool skipEdge)
 {
     const auto reflect = [skipEdge](int c, int extent) {
-        std::int64_t at = c;
+        std::int64_t       at = c;
         const std::int64_t n = extent;
         if (at < 0)
             at = skipEdge ? -at : -at - 1;

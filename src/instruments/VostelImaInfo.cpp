@@ -30,15 +30,17 @@ void VostelImaInfo::OnMouseMove(unsigned int flags, CPoint point)
     const double      x = Clamped(at.x, view.ImageWidth);
     const double      y = Clamped(at.y, view.ImageHeight);
     if (OwnerImage->CurrentFileType == FileTypeRaw) {
-        AddTextLine(FormatText(L"ori raw value = %5.3f",
-                               static_cast<double>(ValueAt(OwnerImage->RawOri, TruncToInt(x), TruncToInt(y)))));
+        AddTextLine(
+            FormatText(L"ori raw value = %5.3f",
+                       static_cast<double>(ValueAt(OwnerImage->RawOri, TruncToInt(x), TruncToInt(y)))));
         AddTextLine(FormatText(L"raw value = %5.3f",
                                static_cast<double>(ValueAt(OwnerImage->Raw, TruncToInt(x), TruncToInt(y)))));
     } else if (OwnerImage->CurrentFileType == FileTypeByte) {
         // Rows count from the bottom, and the difference is truncated, not the position.
-        const unsigned int word = OwnerImage->CanvasSurface.WordAt(TruncToInt(x), TruncToInt(view.ImageHeight - 1 - y));
-        AddTextLine(FormatText(L"R = %d G=%d B=%d", static_cast<int>(word >> 16 & 0xFF), static_cast<int>(word >> 8 & 0xFF),
-                               static_cast<int>(word & 0xFF)));
+        const unsigned int word =
+            OwnerImage->CanvasSurface.WordAt(TruncToInt(x), TruncToInt(view.ImageHeight - 1 - y));
+        AddTextLine(FormatText(L"R = %d G=%d B=%d", static_cast<int>(word >> 16 & 0xFF),
+                               static_cast<int>(word >> 8 & 0xFF), static_cast<int>(word & 0xFF)));
     } else {
         AddTextLine(L"没有图像数据");
     }

@@ -77,8 +77,8 @@ ClassData2DIO<float> VostelLineProfile::Samples() const
         return samples;
     const PointTemplateBase<double>& from = ImagePoints[0];
     const PointTemplateBase<double>& to = ImagePoints[1];
-    const float length = static_cast<float>(
-        std::sqrt((from.x - to.x) * (from.x - to.x) + (from.y - to.y) * (from.y - to.y)));
+    const float                      length =
+        static_cast<float>(std::sqrt((from.x - to.x) * (from.x - to.x) + (from.y - to.y) * (from.y - to.y)));
     // A line beyond any image is no measurement; the clamp keeps real ones inside.
     if (!(length >= ShortestLine) || length > 1e7f)
         return samples;

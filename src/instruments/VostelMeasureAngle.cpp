@@ -33,7 +33,8 @@ void VostelMeasureAngle::BeginPress(CPoint point)
 CString VostelMeasureAngle::AngleText(double ax, double ay, double bx, double by)
 {
     const double angle =
-        std::acos((by * ay + bx * ax) / std::sqrt((by * by + bx * bx) * (ay * ay + ax * ax))) * DegreesPerRadian;
+        std::acos((by * ay + bx * ax) / std::sqrt((by * by + bx * bx) * (ay * ay + ax * ax))) *
+        DegreesPerRadian;
     return FormatText(L"角度 = %3.3f 度", angle);
 }
 

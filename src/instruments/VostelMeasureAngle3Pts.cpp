@@ -28,8 +28,8 @@ void VostelMeasureAngle3Pts::OnLButtonDown(unsigned int flags, CPoint point)
         ImagePoints.emplace_back(at.x, at.y - arm);
         ImagePoints.emplace_back(at.x + arm, at.y);
         RefreshClientGeometry();
-        Label.SetPlacement(static_cast<float>(ClientPoints[0].x) - 100.0f, static_cast<float>(ClientPoints[0].y) - 100.0f,
-                           0.0f, 0.0f);
+        Label.SetPlacement(static_cast<float>(ClientPoints[0].x) - 100.0f,
+                           static_cast<float>(ClientPoints[0].y) - 100.0f, 0.0f, 0.0f);
         CString text = Caption();
         Label.SetTextAndFit(text);
     }

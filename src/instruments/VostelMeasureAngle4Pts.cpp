@@ -46,7 +46,8 @@ void VostelMeasureAngle4Pts::OnLButtonDown(unsigned int flags, CPoint point)
         ImagePoints.emplace_back(at.x + u, at.y);
         ImagePoints.emplace_back(at.x + 2.0 * u, at.y);
         RefreshClientGeometry();
-        Label.SetPlacement(static_cast<float>(Cross.x) - 200.0f, static_cast<float>(Cross.y) - 100.0f, 50.0f, 30.0f);
+        Label.SetPlacement(static_cast<float>(Cross.x) - 200.0f, static_cast<float>(Cross.y) - 100.0f, 50.0f,
+                           30.0f);
         CString text = Caption();
         Label.SetTextAndFit(text);
     }
@@ -95,7 +96,8 @@ void VostelMeasureAngle4Pts::OnDraw(HDC dc)
 void VostelMeasureAngle4Pts::PlaceCross(int x, int y)
 {
     Cross = CPoint(x, y);
-    CrossBox = CRect(WrapSub(x, GripRadius), WrapSub(y, GripRadius), WrapAdd(x, GripRadius), WrapAdd(y, GripRadius));
+    CrossBox =
+        CRect(WrapSub(x, GripRadius), WrapSub(y, GripRadius), WrapAdd(x, GripRadius), WrapAdd(y, GripRadius));
 }
 
 // Parallel lines divide by zero: the grip then lies where truncating an infinite value puts it.

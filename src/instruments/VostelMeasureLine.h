@@ -3,8 +3,9 @@
 #include "instruments/VostelTextRect.h"
 #include "overlay/VostelSingleLine.h"
 
-// A length with a live caption in a text box of its own, joined to the line by a dotted connector. The caption
-// is placed at the first release after the line has its two points; from then on its place is the user's.
+// A length with a live caption in a text box of its own, joined to the line by a dotted connector. The
+// caption is placed at the first release after the line has its two points; from then on its place is the
+// user's.
 class VostelMeasureLine : public VostelSingleLine {
 public:
     VostelTextRect Label;

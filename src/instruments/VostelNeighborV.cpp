@@ -26,9 +26,10 @@ void VostelNeighborV::OnMouseMove(unsigned int flags, CPoint point)
         for (int dy = -2; dy <= 2; ++dy) {
             double values[5];
             for (int k = -2; k <= 2; ++k)
-                values[k + 2] =
-                    static_cast<double>(OwnerImage->ReadPixelValue(CPoint(WrapAdd(point.x, k), WrapAdd(point.y, dy))));
-            Box.AddTextLine(FormatText(L"%5.2f %5.2f %5.2f %5.2f %5.2f", values[0], values[1], values[2], values[3], values[4]));
+                values[k + 2] = static_cast<double>(
+                    OwnerImage->ReadPixelValue(CPoint(WrapAdd(point.x, k), WrapAdd(point.y, dy))));
+            Box.AddTextLine(FormatText(L"%5.2f %5.2f %5.2f %5.2f %5.2f", values[0], values[1], values[2],
+                                       values[3], values[4]));
         }
     }
     Box.OnMouseMove(flags, point);

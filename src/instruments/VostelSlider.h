@@ -6,9 +6,9 @@
 // box at the left. The thumbs never pass each other; they stay at least one thumb's width of travel apart.
 class VostelSlider : public VostelFixedRect {
 public:
-    bool    ControlHit = false;    // the last press fell inside; stays after the release for the canvas to read
-    float   Low = 0.0f;            // 0..1; dark thumb
-    float   High = 1.0f;           // 0..1; light thumb
+    bool  ControlHit = false;    // the last press fell inside; stays after the release for the canvas to read
+    float Low = 0.0f;            // 0..1; dark thumb
+    float High = 1.0f;           // 0..1; light thumb
     CString Caption;
     bool    SingleThumb = false;    // the light thumb is not drawn; nothing sets it
     CRect   CaptionRect;            // client px, as all rectangles here
@@ -21,8 +21,8 @@ public:
     bool    DragHigh = false;
     int     ThumbWidth = 10;
     int     TrackWidth = 0;
-    int     TrackGap = 0;     // px between caption box and track
-    int     Inset = -2;       // of InflateRect: negative shrinks
+    int     TrackGap = 0;    // px between caption box and track
+    int     Inset = -2;      // of InflateRect: negative shrinks
 
     VostelSlider();
 

@@ -98,7 +98,8 @@ void VostelTextRect::ApplyTextStyle()
 CPoint VostelTextRect::NearestCorner(CPoint p) const
 {
     const CPoint corners[4] = {CPoint(ClientBox.left, ClientBox.top), CPoint(ClientBox.right, ClientBox.top),
-                               CPoint(ClientBox.left, ClientBox.bottom), CPoint(ClientBox.right, ClientBox.bottom)};
+                               CPoint(ClientBox.left, ClientBox.bottom),
+                               CPoint(ClientBox.right, ClientBox.bottom)};
     double       distances[4];
     for (int i = 0; i < 4; ++i) {
         const double dx = static_cast<double>(p.x) - corners[i].x;
@@ -127,8 +128,8 @@ void VostelTextRect::PlaceMeasured(const CRect& extent)
     TextWidth = extent.Width();
     TextHeight = extent.Height();
     const PointTemplateBase<double> at = ClientToImage(Anchor);
-    VostelSizeFixedRect::SetPlacement(static_cast<float>(at.x), static_cast<float>(at.y), static_cast<float>(TextWidth),
-                                      static_cast<float>(TextHeight));
+    VostelSizeFixedRect::SetPlacement(static_cast<float>(at.x), static_cast<float>(at.y),
+                                      static_cast<float>(TextWidth), static_cast<float>(TextHeight));
     RefreshClientGeometry();
     if (ClientPoints.size() == 2) {
         ClientBox = NormalisedBox(ClientPoints[0], ClientPoints[1]);

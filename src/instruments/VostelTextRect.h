@@ -2,21 +2,22 @@
 
 #include "overlay/VostelSizeFixedRect.h"
 
-// One line of text in a box that is tied to an image position and can be dragged. The box keeps its size on the
-// screen; only its first point is tied to the image.
+// One line of text in a box that is tied to an image position and can be dragged. The box keeps its size on
+// the screen; only its first point is tied to the image.
 //
-// Measuring and drawing work on the context kept in Kit: before the first paint, or before a command has set it,
-// a text measures zero.
+// Measuring and drawing work on the context kept in Kit: before the first paint, or before a command has set
+// it, a text measures zero.
 class VostelTextRect : public VostelSizeFixedRect {
 public:
-    CPoint  Anchor;            // client px; top left, as last given
-    int     TextWidth = 0;     // px, measured
+    CPoint  Anchor;           // client px; top left, as last given
+    int     TextWidth = 0;    // px, measured
     int     TextHeight = 0;
     CString Text;
 
     VostelTextRect();
 
-    void    SetPlacement(float x, float y, float w, float h) override;    // x, y in client px; w, h as for the base
+    void    SetPlacement(float x, float y, float w,
+                         float h) override;    // x, y in client px; w, h as for the base
     void    OnDraw(HDC dc) override;
     void    SetTextAndFit(CString& text) override;
     void    SetText(CString& text) override;    // the box keeps its size

@@ -75,7 +75,7 @@ struct TablePixels {
     }
 };
 
-template<typename Pixels>
+template <typename Pixels>
 void StreamLine(const Pixels& show, const float* raw, unsigned* pixels)
 {
     const __m256i first = show(raw);
@@ -85,7 +85,7 @@ void StreamLine(const Pixels& show, const float* raw, unsigned* pixels)
 }
 
 // Whole runs; answers how many pixels were written.
-template<typename Pixels>
+template <typename Pixels>
 std::size_t Row(const Pixels& show, const float* raw, unsigned* pixels, std::size_t count, bool pastCaches)
 {
     std::size_t x = 0;
@@ -104,7 +104,7 @@ std::size_t Row(const Pixels& show, const float* raw, unsigned* pixels, std::siz
     return x;
 }
 
-template<typename Pixels>
+template <typename Pixels>
 std::size_t RowLabelled(const Pixels& show, const float* raw, unsigned* pixels, const int* label,
                         std::size_t count)
 {

@@ -11,7 +11,7 @@ namespace {
 constexpr int kUsEntries = 65536;
 constexpr int kUcEntries = 256;
 
-template<typename T>
+template <typename T>
 std::unique_ptr<ClassData2DIOGeneral<T>> MakeTable(int entries)
 {
     auto table = std::make_unique<ClassData2DIOGeneral<T>>();
@@ -20,7 +20,7 @@ std::unique_ptr<ClassData2DIOGeneral<T>> MakeTable(int entries)
     return table;
 }
 
-template<typename T>
+template <typename T>
 void FreeTable(ClassData2DIOGeneral<T>* table)
 {
     const std::unique_ptr<ClassData2DIOGeneral<T>> owned(table);

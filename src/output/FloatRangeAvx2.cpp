@@ -25,7 +25,7 @@ enum class Copy { None, Store, Stream };
 
 // Minps and maxps answer their second operand unless the comparison holds: a not-a-number element leaves the
 // running value, as the plain comparison does. Whole runs of 32; answers how many elements were folded.
-template<Copy copying>
+template <Copy copying>
 std::size_t Fold(const float* source, float* copy, std::size_t count, float& lo, float& hi,
                  bool& negativeZero)
 {

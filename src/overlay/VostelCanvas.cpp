@@ -35,7 +35,7 @@ void VostelCanvas::SetData(ClassData2DIO<float>& source)
     for (int i = 0; i < PlotWidth; ++i) {
         // The bound is the plot's width, not the line's: of a longer line the later columns all show that one
         // value. A shorter line is never read past its end.
-        const int at = std::clamp(TruncToInt(static_cast<float>(i) * XStep), 0, PlotWidth - 1);
+        const int   at = std::clamp(TruncToInt(static_cast<float>(i) * XStep), 0, PlotWidth - 1);
         const float value = at < Data.Width ? Data.Ptr1D[at] : 0.0f;
         Plot.Ptr1D[i] = TruncToUShort((value - DataMin) * YScale);
     }

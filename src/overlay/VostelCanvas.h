@@ -2,12 +2,12 @@
 
 #include "overlay/VostelMovableRect.h"
 
-// A small plot window: it takes a line of floats and draws it as a curve, with a caption that gives its range.
-// Data holds the line.
+// A small plot window: it takes a line of floats and draws it as a curve, with a caption that gives its
+// range. Data holds the line.
 class VostelCanvas : public VostelMovableRect {
 public:
-    ClassData2DIO<unsigned short> Plot;              // one row; height of each column above the frame's bottom, px
-    int                           PlotWidth = 0;     // px; the frame's size at the last SetPlacement
+    ClassData2DIO<unsigned short> Plot;    // one row; height of each column above the frame's bottom, px
+    int                           PlotWidth = 0;    // px; the frame's size at the last SetPlacement
     int                           PlotHeight = 0;
     float                         DataMin = 0.0f;
     float                         DataMax = 0.0f;

@@ -2,8 +2,8 @@
 
 #include "overlay/VostelMPoint.h"
 
-// A region drawn freehand: while a stroke is open every mouse move adds a point. A second stroke goes on in the
-// same outline; MaxPoints is not looked at.
+// A region drawn freehand: while a stroke is open every mouse move adds a point. A second stroke goes on in
+// the same outline; MaxPoints is not looked at.
 class VostelCrayonOneStroke : public VostelMPoint {
 public:
     bool StrokeDone = true;    // false while a stroke is being drawn

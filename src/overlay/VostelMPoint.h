@@ -17,7 +17,8 @@ public:
     void OnDraw(HDC dc) override;    // handles only; outlines are the descendants'
     void SetClickPerPoint(int mode) override;
     void SetMaxPoints(int count) override;
-    bool GetImagePoints(std::vector<PointTemplateBase<int>>& out) override;     // truncated; true also for none
+    bool
+    GetImagePoints(std::vector<PointTemplateBase<int>>& out) override;    // truncated; true also for none
     bool GetImagePolygon(std::vector<PointTemplateBase<int>>& out) override;    // false below three points
 
     // Appends the client point plus an offset in image px; the client list is not touched.

@@ -2,8 +2,8 @@
 
 #include "overlay/VostelObj.h"
 
-// A panel that lives in client px: a frame that the user drags around, untouched by pan and zoom. ClientBox is
-// its rectangle.
+// A panel that lives in client px: a frame that the user drags around, untouched by pan and zoom. ClientBox
+// is its rectangle.
 class VostelMovableRect : public VostelObj {
 public:
     void OnLButtonDown(unsigned int flags, CPoint point) override;

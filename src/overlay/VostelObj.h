@@ -37,7 +37,7 @@ enum OverlayKind : int {
 class VostelObj {
 public:
     FontType                               StyleFontType = FontPlain18;
-    COLORREF                               StyleColor = 0;     // of the custom text style
+    COLORREF                               StyleColor = 0;    // of the custom text style
     int                                    StyleBkMode = 0;
     int                                    StyleHeight = 0;    // px
     std::vector<CPoint>                    ClientPoints;       // client px, derived
@@ -52,7 +52,7 @@ public:
     int                                    HandleShape = 0;            // 0 ellipses, 1 squares, else none
     COLORREF                               HandleColorSel = 255;
     COLORREF                               HandleColorIdle = 0xff0000;
-    COLORREF                               HandleColorAlt = 65535;     // no drawing reads it
+    COLORREF                               HandleColorAlt = 65535;    // no drawing reads it
     bool                                   ShowHandles = true;
     COLORREF                               LineColorIdle = 0xff0000;
     COLORREF                               LineColorSel = 255;
@@ -60,29 +60,29 @@ public:
     int                                    HandleRadius = 4;    // client px
     CPoint                                 LastPoint;           // client px; the reference for drag steps
     bool                                   ButtonDown = false;
-    int                                    MoveState = 2;        // 2 idle, 0 the whole shape follows the mouse
-    int                                    ActiveNode = -1;      // node being dragged; -1 none, -2 whole shape
-    double                                 LastDeltaX = 0.0;     // image px; last drag step
+    int                                    MoveState = 2;       // 2 idle, 0 the whole shape follows the mouse
+    int                                    ActiveNode = -1;     // node being dragged; -1 none, -2 whole shape
+    double                                 LastDeltaX = 0.0;    // image px; last drag step
     double                                 LastDeltaY = 0.0;
     int                                    ClickPerPoint = 1;    // 0: a Shift press adds two points
-    int                                    MaxPoints = 10000;    // at this count the next Shift press starts over
-    bool                                   EllipseMode = false;
-    CRect                                  ClientBox;            // client px
-    CRect                                  ImageBox;             // image px, truncated
-    bool                                   DrawBody = true;
-    bool                                   FixedSize = false;    // second point keeps its distance in client px
-    bool                                   ControlOn = true;     // of on-canvas controls
-    bool                                   MeasureArmed = false;
-    int                                    StrokeWidth = 1;      // px
-    bool                                   Selected = false;
-    int                                    TypeSerial = 0;       // number within the kind
-    int                                    SerialNo = 0;         // number on the canvas; labels are one more
-    int                                    TypeCode = 0;
-    bool                                   ClampToImage = true;
-    VostelImage*                           OwnerImage = nullptr;    // borrowed: the canvas
-    CPoint                                 HoverPoint;              // client px
-    ClassData2DIO<float>                   Data;
-    double                                 MeasureScale = 1.0;      // length units per image px
+    int                  MaxPoints = 10000;    // at this count the next Shift press starts over
+    bool                 EllipseMode = false;
+    CRect                ClientBox;    // client px
+    CRect                ImageBox;     // image px, truncated
+    bool                 DrawBody = true;
+    bool                 FixedSize = false;    // second point keeps its distance in client px
+    bool                 ControlOn = true;     // of on-canvas controls
+    bool                 MeasureArmed = false;
+    int                  StrokeWidth = 1;    // px
+    bool                 Selected = false;
+    int                  TypeSerial = 0;    // number within the kind
+    int                  SerialNo = 0;      // number on the canvas; labels are one more
+    int                  TypeCode = 0;
+    bool                 ClampToImage = true;
+    VostelImage*         OwnerImage = nullptr;    // borrowed: the canvas
+    CPoint               HoverPoint;              // client px
+    ClassData2DIO<float> Data;
+    double               MeasureScale = 1.0;    // length units per image px
 
     VostelObj() = default;
     VostelObj(const VostelObj&) = delete;
@@ -123,11 +123,11 @@ public:
     virtual bool GetImagePoints(std::vector<PointTemplateBase<int>>& out);
     virtual bool GetImagePolygon(std::vector<PointTemplateBase<int>>& out);
 
-    virtual void ClearPoints();    // frees all point lists
-    virtual void SetOwnerImage(VostelImage* image);
-    virtual void SetTextLines(std::vector<CString>& lines);
-    virtual void AddTextLine(CString line);
-    virtual void SetData(ClassData2DIO<float>& source);
+    virtual void    ClearPoints();    // frees all point lists
+    virtual void    SetOwnerImage(VostelImage* image);
+    virtual void    SetTextLines(std::vector<CString>& lines);
+    virtual void    AddTextLine(CString line);
+    virtual void    SetData(ClassData2DIO<float>& source);
     virtual CString GetResultText();    // "NULL" where the kind has no result
 
     // The two conversions of the view. Without a view they show "显示信息未提供" and go on with zeros.
@@ -136,7 +136,7 @@ public:
 
 protected:
     // Target of the next drawing; every OnDraw starts with it.
-    void BindKit(HDC dc);
+    void     BindKit(HDC dc);
     COLORREF LineColor() const { return Selected ? LineColorSel : LineColorIdle; }
     COLORREF HandleColor() const { return Selected ? HandleColorSel : HandleColorIdle; }
 };

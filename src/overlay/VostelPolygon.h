@@ -2,8 +2,8 @@
 
 #include "overlay/VostelMPoint.h"
 
-// A region bounded by straight lines through its nodes, always closed from last to first. Adding, dragging and
-// clamping nodes is VostelMPoint's; this class knows the outline only.
+// A region bounded by straight lines through its nodes, always closed from last to first. Adding, dragging
+// and clamping nodes is VostelMPoint's; this class knows the outline only.
 class VostelPolygon : public VostelMPoint {
 public:
     VostelPolygon();

@@ -4,8 +4,8 @@
 
 // A box that is rubber-banded on the image; saves look for it.
 //
-// ClientBox is only rebuilt at a paint, and a press inside it moves the box: a corner drags only on the part of
-// its handle outside the box, and a new box has to be started from outside the old one. Both are intended.
+// ClientBox is only rebuilt at a paint, and a press inside it moves the box: a corner drags only on the part
+// of its handle outside the box, and a new box has to be started from outside the old one. Both are intended.
 class VostelRect : public VostelSingleLine {
 public:
     VostelRect();

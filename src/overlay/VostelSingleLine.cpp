@@ -18,8 +18,8 @@ void VostelSingleLine::OnLButtonDown(unsigned int flags, CPoint point)
     // The point as it came in, not the one snapped into the image.
     const std::int64_t dx = static_cast<std::int64_t>(point.x) - MidPoint.x;
     const std::int64_t dy = static_cast<std::int64_t>(point.y) - MidPoint.y;
-    const float        distance = static_cast<float>(std::sqrt(static_cast<double>(dx) * static_cast<double>(dx) +
-                                                               static_cast<double>(dy) * static_cast<double>(dy)));
+    const float distance = static_cast<float>(std::sqrt(static_cast<double>(dx) * static_cast<double>(dx) +
+                                                        static_cast<double>(dy) * static_cast<double>(dy)));
     if (distance < static_cast<float>(HandleRadius) && HandleShape == 0)
         BeginMove();
 }

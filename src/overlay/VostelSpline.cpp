@@ -12,7 +12,8 @@ constexpr std::int64_t OutlineStep = 4;    // client px, |dx| + |dy|
 
 std::int64_t Distance(PointTemplateBase<int> a, PointTemplateBase<int> b)
 {
-    return std::llabs(static_cast<std::int64_t>(a.x) - b.x) + std::llabs(static_cast<std::int64_t>(a.y) - b.y);
+    return std::llabs(static_cast<std::int64_t>(a.x) - b.x) +
+           std::llabs(static_cast<std::int64_t>(a.y) - b.y);
 }
 
 }

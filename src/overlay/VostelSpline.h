@@ -13,8 +13,8 @@ public:
     VostelSpline();
 
     void OnDraw(HDC dc) override;
-    // The curve of the last paint, thinned to steps of at least 4 client px, in image px. False for fewer than
-    // 3 curve points: a spline that was never painted has no outline.
+    // The curve of the last paint, thinned to steps of at least 4 client px, in image px. False for fewer
+    // than 3 curve points: a spline that was never painted has no outline.
     bool GetLabelOutline(std::vector<PointTemplateBase<int>>& out) override;
     void ClearPoints() override;
 };

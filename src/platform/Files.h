@@ -7,9 +7,10 @@
 #include <cstdio>
 #include <string>
 
-bool      PathExists(const char* path);               // a file or a directory; false for null
-bool      IsDirectory(const CString& path);           // an existing directory
-std::FILE* OpenFile(const char* path, const char* mode);    // null on failure, or for a null path; close with fclose
+bool       PathExists(const char* path);        // a file or a directory; false for null
+bool       IsDirectory(const CString& path);    // an existing directory
+std::FILE* OpenFile(const char* path,
+                    const char* mode);    // null on failure, or for a null path; close with fclose
 // Bytes of an open regular file whatever its size, -1 if it cannot be told; the position is kept.
 long long FileLength(std::FILE* file);
 

@@ -35,7 +35,8 @@ bool Send(int canvas, UINT message, unsigned long long wParam, unsigned long lon
 
 unsigned long long Words(int low, int high)
 {
-    return (static_cast<unsigned long long>(low) & 0xFFFF) | (static_cast<unsigned long long>(high) & 0xFFFF) << 16;
+    return (static_cast<unsigned long long>(low) & 0xFFFF) | (static_cast<unsigned long long>(high) & 0xFFFF)
+                                                                 << 16;
 }
 
 }
@@ -173,8 +174,8 @@ TEST_CASE("every other message answers true and does nothing")
     const CRect before = host.Region();
     const Frame frame = host.PaintAndCapture();
     for (UINT message = 0; message < 0x500; ++message) {
-        if (message == KeyMessage || message == MouseMessage || message == DownMessage || message == UpMessage ||
-            message == WheelMessage)
+        if (message == KeyMessage || message == MouseMessage || message == DownMessage ||
+            message == UpMessage || message == WheelMessage)
             continue;
         if (!Send(0, message, Words(MK_LBUTTON | MK_CONTROL, 120), Words(30, 30)))
             FAIL("message " << message << " answers false");

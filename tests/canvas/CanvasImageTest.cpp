@@ -29,7 +29,8 @@ Frame SkewedFrame(const std::vector<unsigned char>& red, const std::vector<unsig
     Frame frame(w, h);
     for (int y = 0; y < h; ++y)
         for (int x = 0; x < w; ++x)
-            frame.At(x, y) = at(red, y * w + x) << 16 | at(green, y * w + x + 1) << 8 | at(blue, y * w + x + 2);
+            frame.At(x, y) =
+                at(red, y * w + x) << 16 | at(green, y * w + x + 1) << 8 | at(blue, y * w + x + 2);
     return frame;
 }
 
@@ -173,7 +174,8 @@ TEST_CASE("the read-back of a colour image weighs green 0.587, red 0.299 and blu
     HostCanvas host(0, 60, 40);
     gCVSPrepareCanvas(0, 2, 1);
     gCVSSetFileType(0, FileTypeByte);
-    gCVSGetCanvasPixelPtr(0)[0] = 0xFF0A141E;    // red 10, green 20, blue 30; the high byte counts for nothing
+    gCVSGetCanvasPixelPtr(0)[0] =
+        0xFF0A141E;    // red 10, green 20, blue 30; the high byte counts for nothing
     CHECK(gCVSGetImaPixelValue(0, CPoint(29, 19)) == 18.0f);    // 11.74 + 2.99 + 3.42
     CHECK(gCVSGetImaPixelValue(0, CPoint(30, 19)) == 0.0f);
 }
@@ -183,7 +185,9 @@ TEST_CASE("a point outside the image reads the nearest pixel of its edge")
     HostCanvas host(0, 60, 40);
     host.ShowGray(4, 3, [](int x, int y) { return 10 * y + x + 2; });    // none of these reads one lower
     const CRect region = host.Region();
-    const auto  value = [&](int x, int y) { return gCVSGetImaPixelValue(0, CPoint(region.left + x, region.top + y)); };
+    const auto  value = [&](int x, int y) {
+        return gCVSGetImaPixelValue(0, CPoint(region.left + x, region.top + y));
+    };
     const float first = value(0, 0);
     CHECK(value(-1, -1) == first);
     CHECK(value(-1000000, -5) == first);
@@ -237,9 +241,11 @@ TEST_CASE("float data reads back as it came when it was kept")
 TEST_CASE("float data that was not kept reads back as -1")
 {
     HostCanvas host(0, 60, 40);
-    host.ShowFloat(4, 3, [](int x, int) { return x + 5; }, true);
+    host.ShowFloat(
+        4, 3, [](int x, int) { return x + 5; }, true);
     CHECK(gCVSGetImaPixelValue(0, CPoint(30, 20)) >= 5.0f);
-    host.ShowFloat(4, 3, [](int x, int) { return x + 5; }, false);
+    host.ShowFloat(
+        4, 3, [](int x, int) { return x + 5; }, false);
     CHECK(gCVSGetImaPixelValue(0, CPoint(30, 20)) == -1.0f);
     CHECK(gCVSGetRawOriPtr1D(0) == nullptr);
     CHECK(gCVSGetRawOri(0).Width == -1);

@@ -12,7 +12,7 @@ namespace {
 
 enum Element : int { UShort = 0, Float = 1, Short = 2, Byte = 3 };
 
-template <typename T>
+template<typename T>
 std::vector<unsigned char> BytesOf(const std::vector<T>& values, std::size_t header = 0)
 {
     std::vector<unsigned char> bytes(header, 0xEE);
@@ -49,7 +49,7 @@ struct LoadingCanvas : HostCanvas {
         Layout.OutLow = outLow;
         Layout.OutHigh = outHigh;
     }
-    template <typename T>
+    template<typename T>
     void Write(const char* name, const std::vector<T>& values, std::size_t header = 0)
     {
         REQUIRE(WriteBytes(Folder.Path(name), BytesOf(values, header)));
@@ -62,7 +62,8 @@ struct LoadingCanvas : HostCanvas {
     std::vector<float> Original() const
     {
         const ClassData2DIO<float>& ori = gCVSGetRawOri(0);
-        return ori.Ptr1D ? std::vector<float>(ori.Ptr1D, ori.Ptr1D + ori.Width * ori.Height) : std::vector<float>();
+        return ori.Ptr1D ? std::vector<float>(ori.Ptr1D, ori.Ptr1D + ori.Width * ori.Height)
+                         : std::vector<float>();
     }
     // Grays of the surface, top row first.
     std::vector<int> Grays() const
@@ -93,8 +94,8 @@ TEST_CASE("the raw extensions in any case, nul and no extension ask for the layo
 {
     LoadingCanvas host;
     host.Describe(2, 1, Byte);
-    for (const char* name : {"a.raw", "a.RAW", "a.rAw", "a.hraw", "a.HRaw", "a.his", "a.HIS", "a.nul", "a.NUL", "a",
-                             "a.b.raw"}) {
+    for (const char* name : {"a.raw", "a.RAW", "a.rAw", "a.hraw", "a.HRaw", "a.his", "a.HIS", "a.nul",
+                             "a.NUL", "a", "a.b.raw"}) {
         CAPTURE(name);
         host.Write(name, std::vector<unsigned char>{0, 255});
         host.Asked = 0;
@@ -380,7 +381,8 @@ TEST_CASE("sizes that a file cannot have show nothing and take no memory")
     LoadingCanvas host;
     host.Write("a.raw", std::vector<unsigned char>{1, 2, 3, 4});
     host.ShowFlatGray(3, 3, 100);
-    const int sizes[][2] = {{-1, 4}, {4, -1}, {-2, -2}, {INT_MAX, INT_MAX}, {100000, 100000}, {INT_MIN, 1}, {40000, 40000}};
+    const int sizes[][2] = {{-1, 4},          {4, -1},      {-2, -2},      {INT_MAX, INT_MAX},
+                            {100000, 100000}, {INT_MIN, 1}, {40000, 40000}};
     for (const auto& size : sizes) {
         for (const int type : {UShort, Float, Short, Byte}) {
             CAPTURE(size[0]);
@@ -432,7 +434,8 @@ TEST_CASE("empty and odd paths are answered without a crash")
 {
     LoadingCanvas host;
     host.Describe(2, 1, Byte);
-    for (const wchar_t* text : {L"", L".", L"..", L"/", L"\\", L"no such folder/x.raw", L"x", L".raw", L"a:b:c.raw"}) {
+    for (const wchar_t* text :
+         {L"", L".", L"..", L"/", L"\\", L"no such folder/x.raw", L"x", L".raw", L"a:b:c.raw"}) {
         CString path(text);
         CHECK(gCVSReadFile(0, path, true));
     }

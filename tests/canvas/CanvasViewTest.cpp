@@ -425,9 +425,9 @@ TEST_CASE("conversions at far coordinates keep their sign")
 
 TEST_CASE("any client rectangle, drag and wheel step at the limits of 32 bits does no harm")
 {
-    const int far[] = {INT_MIN, INT_MIN + 1, -1, 0, 1, INT_MAX - 1, INT_MAX};
-    for (const int a : far) {
-        for (const int b : far) {
+    const int limits[] = {INT_MIN, INT_MIN + 1, -1, 0, 1, INT_MAX - 1, INT_MAX};
+    for (const int a : limits) {
+        for (const int b : limits) {
             for (const int size : {0, 1, 65536, INT_MAX}) {
                 CanvasView view;
                 view.ImageWidth = size;

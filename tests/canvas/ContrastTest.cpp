@@ -104,8 +104,8 @@ std::string Compare(HostCanvas& host, const std::vector<float>& data, int width,
     for (std::size_t i = 0; i < data.size(); ++i) {
         const float actual = gCVSGetRawPtr1D(host.Number)[i];
         if (!SameBits(actual, raw[i]))
-            return "Raw[" + std::to_string(i) + "] of " + std::to_string(data[i]) + " is " + std::to_string(actual) +
-                   ", expected " + std::to_string(raw[i]);
+            return "Raw[" + std::to_string(i) + "] of " + std::to_string(data[i]) + " is " +
+                   std::to_string(actual) + ", expected " + std::to_string(raw[i]);
         if (keep && !SameBits(gCVSGetRawOriPtr1D(host.Number)[i], data[i]))
             return "RawOri[" + std::to_string(i) + "] changed";
         if (!SameBits(shown[i], data[i]))
@@ -127,7 +127,7 @@ std::string Compare(HostCanvas& host, const std::vector<float>& data, int width,
     return std::string();
 }
 
-const std::vector<Window> SomeWindows = {{0.2f, 0.8f},   {0.5f, 0.500016f}, {0.7f, 0.3f}, {-2.0f, 0.1f},
+const std::vector<Window> SomeWindows = {{0.2f, 0.8f},   {0.5f, 0.500016f}, {0.7f, 0.3f},   {-2.0f, 0.1f},
                                          {0.9f, 5.0f},   {0.0f, 1.0f},      {1e-5f, 2e-5f}, {0.33f, 0.34f},
                                          {-1.0f, -0.5f}, {1.5f, 1.6f}};
 
@@ -156,7 +156,8 @@ TEST_CASE("a ramp of floats shows as the told grays through every window")
 TEST_CASE("a flat image is not stretched: its own integer parts go through the table")
 {
     HostCanvas host(0, 60, 40);
-    for (const float value : {0.0f, -0.0f, 1.0f, 12345.9f, 65535.0f, 65536.0f, 131071.5f, -1.0f, -65535.5f, 9e6f}) {
+    for (const float value :
+         {0.0f, -0.0f, 1.0f, 12345.9f, 65535.0f, 65536.0f, 131071.5f, -1.0f, -65535.5f, 9e6f}) {
         CAPTURE(value);
         CHECK(Compare(host, Spread({value}, 40), 8, 5, true, SomeWindows) == "");
         CHECK(gCVSGetRawPtr1D(0)[7] == value);

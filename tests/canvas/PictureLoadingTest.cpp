@@ -13,9 +13,9 @@ void Put(std::vector<unsigned char>& bytes, unsigned int value, int count)
         bytes.push_back(static_cast<unsigned char>(value >> 8 * i));
 }
 
-// A Windows bitmap of 1, 4, 8, 24 or 32 bits. valueAt(x, y), y from the top, gives an index or 0xAARRGGBB. The
-// palette runs backwards, so that indices and their grays differ.
-template <typename F>
+// A Windows bitmap of 1, 4, 8, 24 or 32 bits. valueAt(x, y), y from the top, gives an index or 0xAARRGGBB.
+// The palette runs backwards, so that indices and their grays differ.
+template<typename F>
 std::vector<unsigned char> Bitmap(int width, int height, int depth, F&& valueAt, bool topDown = false)
 {
     const int                  colours = depth <= 8 ? 1 << depth : 0;
@@ -40,7 +40,8 @@ std::vector<unsigned char> Bitmap(int width, int height, int depth, F&& valueAt,
             const unsigned int v = static_cast<unsigned int>(valueAt(x, y));
             if (depth >= 8) {
                 for (int i = 0; i < depth / 8; ++i)
-                    line[static_cast<std::size_t>(x * depth / 8 + i)] = static_cast<unsigned char>(v >> 8 * i);
+                    line[static_cast<std::size_t>(x * depth / 8 + i)] =
+                        static_cast<unsigned char>(v >> 8 * i);
             } else {
                 const int shift = 8 - depth - x * depth % 8;
                 line[static_cast<std::size_t>(x * depth / 8)] |= static_cast<unsigned char>(v << shift);
@@ -177,7 +178,8 @@ TEST_CASE("pictures saved by the platform's own class come back in 24 and 32 bit
                 ATL::CImage picture;
                 REQUIRE(picture.Create(5, 4, depth));
                 for (int y = 0; y < 4; ++y) {
-                    unsigned char* row = static_cast<unsigned char*>(picture.GetBits()) + y * picture.GetPitch();
+                    unsigned char* row =
+                        static_cast<unsigned char*>(picture.GetBits()) + y * picture.GetPitch();
                     for (int x = 0; x < 5; ++x) {
                         for (int i = 0; i < 3; ++i)
                             row[x * depth / 8 + i] = static_cast<unsigned char>(Colour(x, y) >> 8 * i);
@@ -215,8 +217,12 @@ TEST_CASE("a picture that cannot be read leaves the canvas and clears the type")
     PictureCanvas                                 host;
     const std::vector<unsigned char>              good = Bitmap(5, 4, 24, Colour);
     const std::vector<std::vector<unsigned char>> bad = {
-        {}, {'B'}, {'B', 'M'}, std::vector<unsigned char>(good.begin(), good.begin() + 30),
-        std::vector<unsigned char>(1000, 0), std::vector<unsigned char>(1000, 0xFF)};
+        {},
+        {'B'},
+        {'B', 'M'},
+        std::vector<unsigned char>(good.begin(), good.begin() + 30),
+        std::vector<unsigned char>(1000, 0),
+        std::vector<unsigned char>(1000, 0xFF)};
     for (const auto& bytes : bad) {
         host.ShowFloat(9, 9, [](int x, int) { return x; });
         const Frame surface = host.Surface();

@@ -1,1 +1,2 @@
 # Tests of instruments, one line each.
+vostel_inner_test(instruments/ControlsTest)

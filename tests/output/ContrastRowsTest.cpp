@@ -353,5 +353,11 @@ TEST_CASE("a surface larger than the caches is drawn like a small one")
         CHECK_MESSAGE(SameFloats(expectedRaw.data(), raw.Data(), all), form);
         CHECK_MESSAGE(std::count(label.Data(), label.Data() + all, 1) == static_cast<long>(all), form);
         CHECK_MESSAGE((pixels.GuardsStand() && label.GuardsStand() && raw.GuardsStand()), form);
+
+        std::copy(source.begin(), source.end(), raw.Data());
+        std::fill_n(pixels.Data(), all, kGuard);
+        ContrastShowRemapped(*table, rule, raw.Data(), raw.Data(), width, height, pixels.Data(), nullptr);
+        CHECK_MESSAGE(wrongPixels(expectedRaw) == 0, form << ", in place");
+        CHECK_MESSAGE(SameFloats(expectedRaw.data(), raw.Data(), all), form << ", in place");
     });
 }

@@ -140,6 +140,20 @@ TEST_CASE("limits that a host sets beyond the table lose their low bits in float
     }
 }
 
+TEST_CASE("ramps far longer than the table multiply and divide in double")
+{
+    ZEKMAPIMA      map;
+    const unsigned seed = 31002;
+    std::mt19937   random(seed);
+    for (int n = 0; n < 200; ++n) {
+        map.RangeLow = -static_cast<int>(random() % 4000000);
+        map.RangeHigh = 65536 + static_cast<int>(random() % 4000000);
+        map.GetMapUs();
+        CHECK_MESSAGE(FirstWrongEntry(map.UsMap->Ptr1D, 65536, map.RangeLow, map.RangeHigh) == 65536,
+                      "seed " << seed << ", range " << map.RangeLow << ", " << map.RangeHigh);
+    }
+}
+
 TEST_CASE("the byte table of the full range is the identity")
 {
     ZEKMAPIMA map;

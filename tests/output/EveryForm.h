@@ -13,7 +13,7 @@
 #include <vector>
 
 // Runs body(name of the form) once per form that this processor has, and restores the form in use.
-template<typename Body>
+template <typename Body>
 void InEveryForm(Body body)
 {
     const CpuForm     before = ActiveCpuForm();
@@ -26,7 +26,7 @@ void InEveryForm(Body body)
 }
 
 // Elements at any distance from a cache line, with known ones before and behind.
-template<typename T>
+template <typename T>
 class GuardedRun {
 public:
     static constexpr std::size_t kGuards = 40;

@@ -161,15 +161,20 @@ TEST_CASE("row copies of every form equal the reference for all lengths from 0 t
         CAPTURE(name);
         for (int count = 0; count <= 70; ++count)
             for (int start = 0; start < 4; ++start) {
-                std::uint32_t target[80];
-                std::fill(std::begin(target), std::end(target), Guard);
-                gdi::ActiveStretchKernels().CopyPixels(target + start, source + start, count,
-                                                       count % 2 != 0 ? ahead : nullptr);
-                int wrong = 0;
-                for (int i = 0; i < 80; ++i)
-                    wrong += target[i] != (i >= start && i < start + count ? source[i] : Guard);
-                CAPTURE(count);
-                CHECK(wrong == 0);
+                for (const bool streams : {false, true}) {
+                    const gdi::StretchKernels& kernels = gdi::ActiveStretchKernels();
+                    std::uint32_t              target[80];
+                    std::fill(std::begin(target), std::end(target), Guard);
+                    (streams ? kernels.StreamPixels : kernels.CopyPixels)(
+                        target + start, source + start, count, count % 2 != 0 ? ahead : nullptr);
+                    kernels.EndStream();
+                    int wrong = 0;
+                    for (int i = 0; i < 80; ++i)
+                        wrong += target[i] != (i >= start && i < start + count ? source[i] : Guard);
+                    CAPTURE(count);
+                    CAPTURE(streams);
+                    CHECK(wrong == 0);
+                }
             }
     }
 }
@@ -344,6 +349,49 @@ TEST_CASE("stretches of every mode, depth and direction give the same bits in ev
         }
     }
     CHECK(changed > 300);
+}
+
+TEST_CASE("copies and enlargements too large for the caches give the same bits in every form")
+{
+    FormGuard    guard;
+    std::mt19937 random(31);
+    const int    width = 1201, height = 1001;    // more pixels than are kept in the caches
+    static_assert(std::int64_t{width - 13} * (height - 9) >= gdi::StreamedPixels);
+    Picture source(1300, 1010, 32, false);
+    source.Randomise(random);
+    for (const bool topDown : {false, true})
+        for (const int extent : {width - 13, 2 * width, 3 * width})
+            for (CpuForm form : FastForms()) {
+                ForceCpuForm(form);
+                Picture                target(width, height, 32, topDown);
+                const gdi::StretchAxis columns = AxisOf(13, extent, 7, width - 13, width, 1300);
+                const gdi::StretchAxis rows = AxisOf(9, extent, 3, width - 13, height, 1010);
+                gdi::PixelCopy         copy;
+                copy.Target = &target;
+                copy.Source = &source;
+                if (columns.KeepsSize())
+                    gdi::CopyPixels(copy, columns, rows);
+                else
+                    gdi::StretchPixels(copy, columns, rows, COLORONCOLOR);
+                gdi::AxisRuns across, down;
+                across.Find(columns);
+                down.Find(rows);
+                REQUIRE(across.Count == width - 13);
+                REQUIRE(down.Count == height - 9);
+                int wrong = 0;
+                for (int y = 0; y < height; ++y)
+                    for (int x = 0; x < width; ++x) {
+                        std::uint32_t expected = 0xB7B7B7B7u;
+                        if (x >= 13 && y >= 9)
+                            expected = source.Word(across.Far[static_cast<std::size_t>(x - 13)],
+                                                   down.Near[static_cast<std::size_t>(y - 9)]);
+                        wrong += target.Word(x, y) != expected;
+                    }
+                const std::string name = NameOf(form);
+                CAPTURE(name);
+                CAPTURE(extent);
+                CHECK(wrong == 0);
+            }
 }
 
 TEST_CASE("the smooth stretch is within one of the average in real numbers, wherever it draws")

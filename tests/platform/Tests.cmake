@@ -17,3 +17,9 @@ if(NOT WIN32)
     vostel_test(platform/PortableGdiTest)
     vostel_inner_test(platform/StretchFormsTest)
 endif()
+
+# Text, pictures, services and files.
+vostel_test(platform/TextTest)
+vostel_test(platform/ImageTest)
+vostel_inner_test(platform/HostServicesTest)
+vostel_inner_test(platform/FilesTest)

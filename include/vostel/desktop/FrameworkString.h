@@ -14,7 +14,10 @@ public:
     CString() = default;
     CString(const wchar_t* text) : Text(text ? text : L"") {}
     CString(const wchar_t* text, int length) : Text(text, text + (length > 0 ? length : 0)) {}
-    CString(wchar_t character, int count = 1) : Text(static_cast<std::size_t>(count > 0 ? count : 0), character) {}
+    CString(wchar_t character, int count = 1)
+        : Text(static_cast<std::size_t>(count > 0 ? count : 0), character)
+    {
+    }
 
     int            GetLength() const { return static_cast<int>(Text.size()); }
     bool           IsEmpty() const { return Text.empty(); }
@@ -23,7 +26,7 @@ public:
     void           SetAt(int index, wchar_t character) { Text[static_cast<std::size_t>(index)] = character; }
     wchar_t        operator[](int index) const { return GetAt(index); }
     const wchar_t* GetString() const { return Text.c_str(); }
-    operator const wchar_t*() const { return Text.c_str(); }
+                   operator const wchar_t*() const { return Text.c_str(); }
 
     CString Left(int count) const { return Mid(0, count); }
     CString Right(int count) const

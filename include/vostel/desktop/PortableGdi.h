@@ -139,10 +139,9 @@ VOSTEL_API int GetDIBits(HDC dc, HBITMAP bitmap, UINT firstRow, UINT rows, void*
 VOSTEL_API HPEN   CreatePen(int style, int width, COLORREF colour);
 VOSTEL_API HBRUSH CreateSolidBrush(COLORREF colour);
 VOSTEL_API HBRUSH CreateHatchBrush(int style, COLORREF colour);
-VOSTEL_API HFONT  CreateFontW(int height, int width, int escapement, int orientation, int weight,
-                              DWORD italic, DWORD underline, DWORD strikeOut, DWORD charSet,
-                              DWORD outPrecision, DWORD clipPrecision, DWORD quality, DWORD pitchAndFamily,
-                              LPCWSTR face);
+VOSTEL_API HFONT CreateFontW(int height, int width, int escapement, int orientation, int weight, DWORD italic,
+                             DWORD underline, DWORD strikeOut, DWORD charSet, DWORD outPrecision,
+                             DWORD clipPrecision, DWORD quality, DWORD pitchAndFamily, LPCWSTR face);
 
 // State. Setters answer the value before.
 VOSTEL_API int      SetBkMode(HDC dc, int mode);

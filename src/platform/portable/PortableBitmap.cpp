@@ -1,5 +1,6 @@
 // Section bitmaps: their making and the questions about their layout.
 
+#include "platform/portable/BitmapMemory.h"
 #include "platform/portable/PortableContext.h"
 
 #include <cstdlib>
@@ -43,15 +44,14 @@ HBITMAP CreateDIBSection(HDC, const BITMAPINFO* info, UINT usage, void** bits, H
     bitmap->BitsPerPixel = header.biBitCount;
     bitmap->RowBytes = static_cast<int>(rowBytes);
     bitmap->TopDown = header.biHeight < 0;
-    // Cleared pages of the system cost nothing until they are written.
-    unsigned char* memory = static_cast<unsigned char*>(
-        std::calloc(static_cast<std::size_t>(height), static_cast<std::size_t>(rowBytes)));
+    const std::size_t bytes = static_cast<std::size_t>(height) * static_cast<std::size_t>(rowBytes);
+    unsigned char*    memory = AllocateBits(bytes);
     if (memory == nullptr)
         return nullptr;
     bitmap->Bits = memory;
     HBITMAP handle = InsertBitmap(std::move(bitmap));
     if (handle == nullptr)
-        std::free(memory);
+        FreeBits(memory, bytes);
     else if (bits != nullptr)
         *bits = memory;
     return handle;

@@ -69,13 +69,18 @@ void CopyPixels(const PixelCopy& copy, const StretchAxis& columnAxis, const Stre
         const auto            from = [&](int row) {
             return reinterpret_cast<const std::uint32_t*>(source.Row(rows.Source + row)) + columns.Source;
         };
-        // In memory order of the target: caches like ascending addresses better.
-        const int step = target.TopDown ? 1 : -1;
-        const int end = target.TopDown ? rows.Count : -1;
-        for (int row = target.TopDown ? 0 : rows.Count - 1; row != end; row += step)
-            kernels.CopyPixels(reinterpret_cast<std::uint32_t*>(target.Row(rows.Target + row)) +
-                                   columns.Target,
-                               from(row), columns.Count, row + step != end ? from(row + step) : nullptr);
+        // In memory order of the target: caches like ascending addresses better. Two rows ahead are early
+        // enough for memory and not too early for the cache.
+        const int  step = target.TopDown ? 1 : -1;
+        const bool streams = std::int64_t{columns.Count} * rows.Count >= StreamedPixels;
+        const auto copyRow = streams ? kernels.StreamPixels : kernels.CopyPixels;
+        for (int i = 0; i < rows.Count; ++i) {
+            const int row = target.TopDown ? i : rows.Count - 1 - i;
+            copyRow(reinterpret_cast<std::uint32_t*>(target.Row(rows.Target + row)) + columns.Target,
+                    from(row), columns.Count, i + 2 < rows.Count ? from(row + 2 * step) : nullptr);
+        }
+        if (streams)
+            kernels.EndStream();
         return;
     }
     std::vector<std::uint32_t> words(wholeBytes ? 0 : static_cast<std::size_t>(columns.Count));

@@ -3,6 +3,7 @@
 // A handle holds a slot number, the kind and the generation of the slot: a deleted object's handle, a
 // handle of another kind and a number that never was a handle all find nothing.
 
+#include "platform/portable/BitmapMemory.h"
 #include "platform/portable/PortableContext.h"
 
 #include <cstdlib>
@@ -114,7 +115,7 @@ void FillStock(Table& table)
     auto bitmap = std::make_unique<Bitmap>();
     bitmap->Width = bitmap->Height = bitmap->BitsPerPixel = 1;
     bitmap->RowBytes = 4;
-    bitmap->Bits = static_cast<unsigned char*>(std::calloc(1, 4));
+    bitmap->Bits = AllocateBits(4);
     table.DefaultBitmap = static_cast<HBITMAP>(InsertObject(table, Kind::Bitmap, std::move(bitmap), true));
 }
 
@@ -142,10 +143,13 @@ void Destroy(const Slot& slot)
     case Kind::Context:
         delete static_cast<Context*>(slot.Object);
         break;
-    case Kind::Bitmap:
-        std::free(static_cast<Bitmap*>(slot.Object)->Bits);
-        delete static_cast<Bitmap*>(slot.Object);
+    case Kind::Bitmap: {
+        Bitmap* bitmap = static_cast<Bitmap*>(slot.Object);
+        FreeBits(bitmap->Bits,
+                 static_cast<std::size_t>(bitmap->Height) * static_cast<std::size_t>(bitmap->RowBytes));
+        delete bitmap;
         break;
+    }
     case Kind::Pen:
         delete static_cast<Pen*>(slot.Object);
         break;

@@ -34,7 +34,7 @@ Scratch& SharedScratch()
     return scratch;
 }
 
-template<class T>
+template <class T>
 T* Sized(std::vector<T>& buffer, std::size_t count)
 {
     if (buffer.size() < count)
@@ -78,7 +78,9 @@ void Nearest(const PixelCopy& copy, const StretchAxis& columnAxis, const Stretch
             column -= firstColumn;
         Sized(scratch.Words, static_cast<std::size_t>(width));
     }
-    if (!direct)
+    // Rows of a large enlarged picture are made once beside it and streamed to every place.
+    const bool streams = direct && !picks && std::int64_t{columns.Count} * rows.Count >= StreamedPixels;
+    if (!direct || streams)
         Sized(scratch.Picked, count);
 
     const std::size_t pixelBytes = static_cast<std::size_t>(target.BitsPerPixel) / 8;
@@ -91,7 +93,11 @@ void Nearest(const PixelCopy& copy, const StretchAxis& columnAxis, const Stretch
         const int y = rows.Target + i;
         if (i != begin && pixelBytes > 0 && sourceRow == rows.Near[static_cast<std::size_t>(i - step)]) {
             const std::size_t at = static_cast<std::size_t>(columns.Target) * pixelBytes;
-            std::memcpy(target.Row(y) + at, target.Row(y - step) + at, count * pixelBytes);
+            if (streams)
+                kernels.StreamPixels(WordsOf(target, y) + columns.Target, scratch.Picked.data(),
+                                     columns.Count, nullptr);
+            else
+                std::memcpy(target.Row(y) + at, target.Row(y - step) + at, count * pixelBytes);
             continue;
         }
         const std::uint32_t* from = scratch.Words.data();
@@ -99,7 +105,9 @@ void Nearest(const PixelCopy& copy, const StretchAxis& columnAxis, const Stretch
             from = WordsOf(source, sourceRow);
         else
             LoadWords(scratch.Words.data(), copy, sourceRow, firstColumn, width);
-        std::uint32_t*       to = direct ? WordsOf(target, y) + columns.Target : scratch.Picked.data();
+        std::uint32_t* to = scratch.Picked.data();
+        if (direct && !streams)
+            to = WordsOf(target, y) + columns.Target;
         const std::uint32_t* ahead = nullptr;
         if (inPlace && i + step != end)
             ahead = WordsOf(source, rows.Near[static_cast<std::size_t>(i + step)]);
@@ -111,9 +119,13 @@ void Nearest(const PixelCopy& copy, const StretchAxis& columnAxis, const Stretch
         } else {
             kernels.RepeatPixels(to, from, width, taken.data(), columns.Count);
         }
-        if (!direct)
+        if (streams)
+            kernels.StreamPixels(WordsOf(target, y) + columns.Target, to, columns.Count, nullptr);
+        else if (!direct)
             StoreWords(copy, y, columns.Target, to, columns.Count);
     }
+    if (streams)
+        kernels.EndStream();
 }
 
 // All source pixels of a target pixel joined: by AND if both is true, else by OR.

@@ -140,8 +140,9 @@ void DrawLine(Context& context, const Box& clip, std::wstring_view text, long lo
     if (font->StrikeOut)
         rule(left, left + width, base - metrics.Ascent / 3, thickness);
     if (prefix < text.size()) {
+        // Drawn as a line, whose last pixel GDI leaves out.
         const long long from = left + WidthOf(*font, metrics, text.substr(0, prefix));
-        rule(from, from + WidthOf(*font, metrics, text.substr(prefix, 1)), base + 1, 1);
+        rule(from, from + WidthOf(*font, metrics, text.substr(prefix, 1)) - 1, base + 1, 1);
     }
 }
 

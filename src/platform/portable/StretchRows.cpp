@@ -12,6 +12,8 @@ void CopyPixels(std::uint32_t* target, const std::uint32_t* source, int count, c
     std::memcpy(target, source, static_cast<std::size_t>(count) * 4);
 }
 
+void EndStream() {}
+
 void PickPixels(std::uint32_t* target, const std::uint32_t* source, const int* columns, int count,
                 const std::uint32_t*)
 {
@@ -75,7 +77,8 @@ void BlendColumnsPlain(std::uint32_t* target, const std::uint16_t* row, const in
 
 const StretchKernels& StretchKernelsPlain()
 {
-    static const StretchKernels kernels = {CopyPixels, PickPixels, RepeatPixels, BlendRows, BlendColumns};
+    static const StretchKernels kernels = {CopyPixels,   CopyPixels, EndStream,   PickPixels,
+                                           RepeatPixels, BlendRows,  BlendColumns};
     return kernels;
 }
 

@@ -16,6 +16,12 @@ struct StretchKernels {
     void (*CopyPixels)(std::uint32_t* target, const std::uint32_t* source, int count,
                        const std::uint32_t* rowAhead);
 
+    // The same past the caches: the target's lines are not read before they are overwritten. EndStream makes
+    // what has been streamed visible to other threads.
+    void (*StreamPixels)(std::uint32_t* target, const std::uint32_t* source, int count,
+                         const std::uint32_t* rowAhead);
+    void (*EndStream)();
+
     // target[i] = source[columns[i]]. Hints that rowAhead, as long as source, will be read next; it may be
     // null.
     void (*PickPixels)(std::uint32_t* target, const std::uint32_t* source, const int* columns, int count,
@@ -38,6 +44,10 @@ struct StretchKernels {
     void (*BlendColumns)(std::uint32_t* target, const std::uint16_t* row, const int* columns,
                          const std::uint32_t* pairs, int pairsEach, int count);
 };
+
+// Targets of this many pixels and more are streamed: a frame of that size does not stay in the caches of one
+// processor core anyway.
+inline constexpr std::int64_t StreamedPixels = std::int64_t{1} << 20;
 
 // Those of the form in use.
 const StretchKernels& ActiveStretchKernels();

@@ -24,6 +24,30 @@ void CopyPixels(std::uint32_t* target, const std::uint32_t* source, int count, c
         target[i] = source[i];
 }
 
+void StreamPixels(std::uint32_t* target, const std::uint32_t* source, int count,
+                  const std::uint32_t* rowAhead)
+{
+    const std::uint32_t* ahead = rowAhead != nullptr ? rowAhead : source;
+    int                  i = 0;
+    for (; i < count && (reinterpret_cast<std::uintptr_t>(target + i) & 63u) != 0; ++i)
+        target[i] = source[i];    // streaming takes aligned addresses only
+    for (; i + 32 <= count; i += 32) {
+        _mm_prefetch(reinterpret_cast<const char*>(ahead + i), _MM_HINT_T0);
+        _mm_prefetch(reinterpret_cast<const char*>(ahead + i + 16), _MM_HINT_T0);
+        const __m512i low = _mm512_loadu_si512(source + i);
+        const __m512i high = _mm512_loadu_si512(source + i + 16);
+        _mm512_stream_si512(reinterpret_cast<__m512i*>(target + i), low);
+        _mm512_stream_si512(reinterpret_cast<__m512i*>(target + i + 16), high);
+    }
+    for (; i < count; ++i)
+        target[i] = source[i];
+}
+
+void EndStream()
+{
+    _mm_sfence();
+}
+
 void PickPixels(std::uint32_t* target, const std::uint32_t* source, const int* columns, int count,
                 const std::uint32_t* rowAhead)
 {
@@ -151,7 +175,8 @@ void BlendColumns(std::uint32_t* target, const std::uint16_t* row, const int* co
 
 const StretchKernels& StretchKernelsAvx512()
 {
-    static const StretchKernels kernels = {CopyPixels, PickPixels, RepeatPixels, BlendRows, BlendColumns};
+    static const StretchKernels kernels = {CopyPixels,   StreamPixels, EndStream,   PickPixels,
+                                           RepeatPixels, BlendRows,    BlendColumns};
     return kernels;
 }
 

@@ -27,6 +27,33 @@ void CopyPixels(std::uint32_t* target, const std::uint32_t* source, int count, c
         target[i] = source[i];
 }
 
+void StreamPixels(std::uint32_t* target, const std::uint32_t* source, int count,
+                  const std::uint32_t* rowAhead)
+{
+    const std::uint32_t* ahead = rowAhead != nullptr ? rowAhead : source;
+    int                  i = 0;
+    for (; i < count && (reinterpret_cast<std::uintptr_t>(target + i) & 15u) != 0; ++i)
+        target[i] = source[i];    // streaming takes aligned addresses only
+    for (; i + 16 <= count; i += 16) {
+        _mm_prefetch(reinterpret_cast<const char*>(ahead + i), _MM_HINT_T0);
+        const __m128i* from = reinterpret_cast<const __m128i*>(source + i);
+        const __m128i  pixels0 = _mm_loadu_si128(from), pixels1 = _mm_loadu_si128(from + 1);
+        const __m128i  pixels2 = _mm_loadu_si128(from + 2), pixels3 = _mm_loadu_si128(from + 3);
+        __m128i*       to = reinterpret_cast<__m128i*>(target + i);
+        _mm_stream_si128(to, pixels0);
+        _mm_stream_si128(to + 1, pixels1);
+        _mm_stream_si128(to + 2, pixels2);
+        _mm_stream_si128(to + 3, pixels3);
+    }
+    for (; i < count; ++i)
+        target[i] = source[i];
+}
+
+void EndStream()
+{
+    _mm_sfence();
+}
+
 void PickPixels(std::uint32_t* target, const std::uint32_t* source, const int* columns, int count,
                 const std::uint32_t*)
 {
@@ -121,7 +148,8 @@ void BlendColumns(std::uint32_t* target, const std::uint16_t* row, const int* co
 
 const StretchKernels& StretchKernelsSse2()
 {
-    static const StretchKernels kernels = {CopyPixels, PickPixels, RepeatPixels, BlendRows, BlendColumns};
+    static const StretchKernels kernels = {CopyPixels,   StreamPixels, EndStream,   PickPixels,
+                                           RepeatPixels, BlendRows,    BlendColumns};
     return kernels;
 }
 

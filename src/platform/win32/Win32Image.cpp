@@ -214,9 +214,11 @@ struct CImage::Picture {
         }
     }
 
-    // Decodes straight into the section.
+    // Colours are decoded straight into the section. Indices are taken as they lie in the decoder: on the
+    // way through a buffer of ours the last half byte of an odd row can get lost.
     bool TakePixels(Gdiplus::Bitmap& source)
     {
+        const bool          indices = BitsPerPixel <= 8;
         Gdiplus::BitmapData target = {};
         target.Width = static_cast<UINT>(Width);
         target.Height = static_cast<UINT>(Height);
@@ -224,9 +226,16 @@ struct CImage::Picture {
         target.PixelFormat = Format();
         target.Scan0 = TopRow;
         const Gdiplus::Rect whole(0, 0, Width, Height);
-        if (source.LockBits(&whole, Gdiplus::ImageLockModeRead | Gdiplus::ImageLockModeUserInputBuf, Format(),
-                            &target) != Gdiplus::Ok)
+        const UINT mode = Gdiplus::ImageLockModeRead | (indices ? 0 : Gdiplus::ImageLockModeUserInputBuf);
+        if (source.LockBits(&whole, mode, Format(), &target) != Gdiplus::Ok)
             return false;
+        if (indices && target.Scan0 != nullptr) {
+            const std::size_t bytes =
+                (static_cast<std::size_t>(Width) * static_cast<std::size_t>(BitsPerPixel) + 7) / 8;
+            const BYTE* first = static_cast<const BYTE*>(target.Scan0);
+            for (std::ptrdiff_t y = 0; y < Height; ++y)
+                std::copy_n(first + y * target.Stride, bytes, TopRow + y * Pitch);
+        }
         return source.UnlockBits(&target) == Gdiplus::Ok;
     }
 

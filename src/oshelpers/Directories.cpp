@@ -1,0 +1,198 @@
+#include "vostel/Directories.h"
+
+#include "platform/DirectoryWalk.h"
+#include "platform/Files.h"
+#include "platform/HostServices.h"
+
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace {
+
+const wchar_t* const Cancelled = L"NULL";
+const wchar_t* const Everything = L"*.*";
+
+const wchar_t* const AllFilter =
+    L"所有文件(*.*)|*.*|(*.raw) |*.raw|(*.bmp) |*.bmp|(*.jpg) |*.jpg|(*.gif) |*.gif|(*.tif) |*.tif||";
+const wchar_t* const PictureFilter =
+    L"图像文件格式(*.bmp) |*.bmp|(*.jpg) |*.jpg|(*.gif) |*.gif|所有文件(*.*)|*.*||";
+const wchar_t* const RawFilter = L"图像文件格式(*.raw) |*.raw|(*.hraw) |*.hraw|所有文件(*.*)|*.*||";
+const wchar_t* const PictureOrTiffFilter =
+    L"图像文件格式(*.bmp) |*.bmp|(*.jpg) |*.jpg|(*.gif) |*.gif|(*.tiff) |*.tiff||";
+
+constexpr unsigned SaveFlags = OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
+constexpr unsigned PromptingSaveFlags = SaveFlags | OFN_OVERWRITEPROMPT;
+
+CString AskSaveName(const wchar_t* extension, unsigned flags, const wchar_t* filter)
+{
+    VostelFileRequest request;
+    request.Save = true;
+    request.DefaultExtension = extension;
+    request.DefaultName = L"未命名";
+    request.Flags = flags;
+    request.Filter = filter;
+    std::vector<CString> paths;
+    return ChooseFiles(request, paths) && !paths.empty() ? paths.front() : CString(Cancelled);
+}
+
+std::wstring WithoutPattern(const CString& pattern)
+{
+    std::wstring      text(pattern.GetString());
+    const std::size_t length = std::wstring_view(Everything).size() + 1;
+    if (text.size() >= length && text.compare(text.size() - length + 1, length - 1, Everything) == 0 &&
+        IsPathSeparator(text[text.size() - length]))
+        text.resize(text.size() - length);
+    return text;
+}
+
+std::wstring Inside(const std::wstring& folder, const std::wstring& name)
+{
+    return folder + PathSeparator + name;
+}
+
+// The folder that everything goes to is left out where it lies inside the one that is copied.
+bool CopyTree(const std::wstring& from, const std::wstring& to, const std::wstring& goal)
+{
+    bool result = false;
+    for (const DirectoryEntry& entry : MatchingEntries(Inside(from, Everything))) {
+        const std::wstring source = Inside(from, entry.Name);
+        const std::wstring target = Inside(to, entry.Name);
+        if (entry.IsDirectory) {
+            if (source == goal)
+                continue;
+            MakeFolder(target);
+            result = CopyTree(source, target, goal);
+        } else {
+            result = CopyOneFile(source, target);
+        }
+        if (!result)
+            break;
+    }
+    return result;
+}
+
+void ListFiles(const std::wstring& dir, std::vector<CString>& out, bool recursive,
+               const std::wstring& pattern)
+{
+    for (const DirectoryEntry& entry : MatchingEntries(Inside(dir, pattern))) {
+        if (!entry.IsDirectory)
+            out.push_back(CString(Inside(dir, entry.Name).c_str()));
+    }
+    if (!recursive)
+        return;
+    for (const DirectoryEntry& entry : MatchingEntries(Inside(dir, Everything))) {
+        if (entry.IsDirectory && !entry.IsLink)
+            ListFiles(Inside(dir, entry.Name), out, recursive, pattern);
+    }
+}
+
+}
+
+CString OSDIR::GetFile()
+{
+    return AskSaveName(L"bmp", SaveFlags, AllFilter);
+}
+
+CString OSDIR::GetBmpFile()
+{
+    return AskSaveName(L"bmp", PromptingSaveFlags, PictureFilter);
+}
+
+CString OSDIR::GetRawFile()
+{
+    return AskSaveName(L"raw", PromptingSaveFlags, RawFilter);
+}
+
+CString OSDIR::GetBmpFileNoOverWritePrompt()
+{
+    return AskSaveName(L"bmp", SaveFlags, PictureOrTiffFilter);
+}
+
+CString OSDIR::GetRawFileNoOverWritePrompt()
+{
+    return AskSaveName(L"raw", SaveFlags, RawFilter);
+}
+
+// The services bring room of their own for the answer, so bufferChars is not looked at.
+bool OSDIR::GetMultiFile(std::vector<CString>& names, int)
+{
+    VostelFileRequest request;
+    request.DefaultExtension = Everything;
+    request.Flags = OFN_ALLOWMULTISELECT | OFN_HIDEREADONLY;
+    request.Filter = L"All files and folders(*.*)|*.*||";
+    std::vector<CString> paths;
+    if (!ChooseFiles(request, paths))
+        return false;
+    names.insert(names.end(), paths.begin(), paths.end());
+    return !names.empty();
+}
+
+CString OSDIR::GetDir()
+{
+    CString folder;
+    return ChooseFolder(L"选择待处理文件的文件夹", folder) ? folder : CString(Cancelled);
+}
+
+bool OSDIR::IsDir(CString& path)
+{
+    return IsDirectory(path);
+}
+
+bool OSDIR::CheckFolderExist(const CString& path)
+{
+    const std::vector<DirectoryEntry> found = MatchingEntries(path.GetString());
+    return !found.empty() && found.front().IsDirectory;
+}
+
+bool OSDIR::DirectoryOperate(CString from, CString to, unsigned int)
+{
+    const std::wstring goal = WithoutPattern(to);
+    return CopyTree(WithoutPattern(from), goal, goal);
+}
+
+void OSDIR::FindFile(wchar_t* dir, std::vector<CString>& out, bool recursive, wchar_t* pattern)
+{
+    if (dir && pattern)
+        ListFiles(dir, out, recursive, pattern);
+}
+
+void OSDIR::Write(char* path, std::vector<CString> list)
+{
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(OpenFile(path, "w+"), std::fclose);
+    if (!file)
+        return;
+    for (const CString& line : list) {
+        const std::string narrow = NarrowAnsi(line, line.GetLength());
+        std::fwrite(narrow.data(), 1, narrow.size(), file.get());
+        std::fputc('\n', file.get());
+    }
+}
+
+bool OSDIR::Read(char* path, std::vector<CString>& list)
+{
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(OpenFile(path, "r"), std::fclose);
+    if (!file)
+        return true;
+    char line[1024] = "";
+    while (!std::feof(file.get()) && !std::ferror(file.get())) {
+        // Without a line to read the one before stands, and is listed once more.
+        [[maybe_unused]] const char* const read = std::fgets(line, sizeof line, file.get());
+        CString                            text = WidenAnsi(line).c_str();
+        text.Trim();
+        list.push_back(text);
+    }
+    return false;
+}
+
+bool OSGetFileListFromDir(std::string pattern, std::vector<std::string>& names)
+{
+    names.clear();
+    const std::vector<DirectoryEntry> found = MatchingEntries(WidenAnsi(pattern.c_str()));
+    for (const DirectoryEntry& entry : found) {
+        if (!entry.IsDirectory)
+            names.push_back(NarrowAnsi(entry.Name.c_str(), static_cast<int>(entry.Name.size())));
+    }
+    return !found.empty();
+}

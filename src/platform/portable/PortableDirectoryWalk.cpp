@@ -1,0 +1,83 @@
+#include "platform/DirectoryWalk.h"
+
+#include "platform/Files.h"
+
+#include <algorithm>
+#include <cwctype>
+#include <filesystem>
+
+namespace {
+
+wchar_t Lower(wchar_t character)
+{
+    return static_cast<wchar_t>(std::towlower(static_cast<std::wint_t>(character)));
+}
+
+// Wildcards without recursion: on a mismatch the last star takes one character more.
+bool Matches(const std::wstring& pattern, const std::wstring& name)
+{
+    if (pattern == L"*.*")
+        return true;
+    std::size_t p = 0, n = 0, star = std::wstring::npos, resume = 0;
+    while (n < name.size()) {
+        if (p < pattern.size() && pattern[p] == L'*') {
+            star = p++;
+            resume = n;
+        } else if (p < pattern.size() && (pattern[p] == L'?' || Lower(pattern[p]) == Lower(name[n]))) {
+            ++p;
+            ++n;
+        } else if (star != std::wstring::npos) {
+            p = star + 1;
+            n = ++resume;
+        } else {
+            return false;
+        }
+    }
+    while (p < pattern.size() && pattern[p] == L'*')
+        ++p;
+    return p == pattern.size();
+}
+
+std::filesystem::path NativePath(const std::wstring& text)
+{
+    std::wstring slashed = text;
+    std::replace(slashed.begin(), slashed.end(), L'\\', L'/');
+    return NarrowAnsi(slashed.c_str(), static_cast<int>(slashed.size()));
+}
+
+}
+
+const wchar_t PathSeparator = L'/';
+
+std::vector<DirectoryEntry> MatchingEntries(const std::wstring& pattern)
+{
+    std::vector<DirectoryEntry> entries;
+    const std::size_t           cut = pattern.find_last_of(L"\\/");
+    const std::wstring folder = cut == std::wstring::npos ? L"." : cut == 0 ? L"/" : pattern.substr(0, cut);
+    const std::wstring wanted = cut == std::wstring::npos ? pattern : pattern.substr(cut + 1);
+    std::error_code    failure;
+    for (std::filesystem::directory_iterator at(NativePath(folder), failure), end; !failure && at != end;
+         at.increment(failure)) {
+        const std::wstring name = WidenAnsi(at->path().filename().c_str());
+        std::error_code    unknown;
+        if (Matches(wanted, name))
+            entries.push_back({name, at->is_directory(unknown), at->is_symlink(unknown)});
+    }
+    std::sort(entries.begin(), entries.end(),
+              [](const DirectoryEntry& a, const DirectoryEntry& b) { return a.Name < b.Name; });
+    return entries;
+}
+
+bool MakeFolder(const std::wstring& path)
+{
+    std::error_code failure;
+    std::filesystem::create_directory(NativePath(path), failure);
+    return std::filesystem::is_directory(NativePath(path), failure);
+}
+
+bool CopyOneFile(const std::wstring& from, const std::wstring& to)
+{
+    std::error_code failure;
+    return std::filesystem::copy_file(NativePath(from), NativePath(to),
+                                      std::filesystem::copy_options::overwrite_existing, failure);
+}
