@@ -41,8 +41,9 @@ template<typename T>
 class ClassData2DIOGeneral : public StructData2D<T> {
 public:
     ClassData2DIOGeneral() = default;
-    ClassData2DIOGeneral(const ClassData2DIOGeneral& other) : StructData2D<T>() { *this = other; }
-    ~ClassData2DIOGeneral() { ClassData2DIOGeneral::Release(); }
+    // Not inline: a Windows host that does not inline looks for these in the library.
+    ClassData2DIOGeneral(const ClassData2DIOGeneral& other);
+    ~ClassData2DIOGeneral();
 
     // Releases, then makes a fresh buffer and row table, also when the size does not change. The contents
     // are undefined. Errors as for AllocateBuffers; Allocate(0, 0) gives non-null empty arrays.
@@ -63,11 +64,7 @@ class ClassData2DIO : public ClassData2DIOGeneral<T> {
 public:
     ClassData2DIO() = default;
     ClassData2DIO(const ClassData2DIO&) = default;
-    ClassData2DIO& operator=(const ClassData2DIO& other)
-    {
-        ClassData2DIOGeneral<T>::operator=(other);
-        return *this;
-    }
+    ClassData2DIO& operator=(const ClassData2DIO& other);
 
     // The pixel at coordinates that may lie outside the image: the image is reflected with the edge sample
     // repeated, so -1 reads 0 and Width reads Width - 1. 0 from an empty container.

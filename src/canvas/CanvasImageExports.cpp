@@ -10,7 +10,7 @@ namespace {
 
 // A host's flat buffer seen as a container for the length of one call. The buffer stays the host's, also when
 // an exception passes through.
-template<typename T>
+template <typename T>
 class HostPlane {
 public:
     ClassData2DIO<T> Data;

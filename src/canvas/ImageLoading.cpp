@@ -50,8 +50,10 @@ bool IsPlausible(const tagZEKImaLoadPara& layout, const char* path)
     const std::uint64_t pixels =
         static_cast<std::uint64_t>(layout.Width) * static_cast<std::uint64_t>(layout.Height);
     const std::uint64_t skipped = layout.DataType == RawByte ? 0 : layout.HeaderBytes;
+    // Rows without columns have no pixels, but each still has a place in a row table.
+    const std::uint64_t size = std::max(pixels, static_cast<std::uint64_t>(layout.Height));
     return pixels <= INT32_MAX &&
-           (pixels <= FreePixels || pixels / 4 <= DataBytes(path, skipped) / BytesOf(layout.DataType));
+           (size <= FreePixels || size / 4 <= DataBytes(path, skipped) / BytesOf(layout.DataType));
 }
 
 template<typename T>

@@ -141,7 +141,8 @@ void PixelSurface::ForEachUploadRow(int width, int height, auto&& upload)
         return;
     const bool pastCaches =
         WritesPastCaches(static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows) * sizeof *Pixels);
-    for (int y = 0; y < rows; ++y)
+    // The picture's rows upwards through its memory: processors fetch ahead that way.
+    for (int y = rows - 1; y >= 0; --y)
         upload(Pixels + static_cast<std::size_t>(y) * static_cast<std::size_t>(Width), height - 1 - y,
                columns, pastCaches);
     if (pastCaches)

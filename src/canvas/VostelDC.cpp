@@ -261,8 +261,8 @@ unsigned int** VostelDC::CreateClientRowTable()
 {
     FreeClientRowTable();
     const CRect&      client = View.ClientRect;
-    const std::size_t rows = ClientPixels ? static_cast<std::size_t>(client.bottom - client.top) : 0;
-    const std::size_t width = ClientPixels ? static_cast<std::size_t>(client.right - client.left) : 0;
+    const std::size_t rows = ClientPixels ? static_cast<std::size_t>(WrapSub(client.bottom, client.top)) : 0;
+    const std::size_t width = ClientPixels ? static_cast<std::size_t>(WrapSub(client.right, client.left)) : 0;
     ClientRows = new unsigned int*[rows];
     for (std::size_t i = 0; i < rows; ++i)
         ClientRows[i] = ClientPixels + i * width;

@@ -21,6 +21,9 @@ std::size_t ElementCount(int width, int height)
     const std::int64_t product = static_cast<std::int64_t>(width) * height;
     if (height < 0 || product < 0 || product > INT32_MAX)
         throw std::bad_array_new_length();
+    // Rows without columns hold nothing; a table of more of them than this would be gigabytes for nothing.
+    if (product == 0 && height > (1 << 24))
+        throw std::bad_array_new_length();
     return static_cast<std::size_t>(product);
 }
 
@@ -125,6 +128,18 @@ void StructData2D<T>::GetMinMax(float& minValue, float& maxValue) requires std::
 }
 
 template<typename T>
+ClassData2DIOGeneral<T>::ClassData2DIOGeneral(const ClassData2DIOGeneral& other) : StructData2D<T>()
+{
+    *this = other;
+}
+
+template<typename T>
+ClassData2DIOGeneral<T>::~ClassData2DIOGeneral()
+{
+    ClassData2DIOGeneral::Release();
+}
+
+template<typename T>
 void ClassData2DIOGeneral<T>::Allocate(int width, int height)
 {
     ClassData2DIOGeneral::Release();
@@ -172,6 +187,13 @@ ClassData2DIOGeneral<T>& ClassData2DIOGeneral<T>::operator=(const ClassData2DIOG
     Allocate(width, height);
     if (!empty)
         std::memcpy(static_cast<void*>(this->Ptr1D), other.Ptr1D, CountOf(*this) * sizeof(T));
+    return *this;
+}
+
+template<typename T>
+ClassData2DIO<T>& ClassData2DIO<T>::operator=(const ClassData2DIO& other)
+{
+    ClassData2DIOGeneral<T>::operator=(other);
     return *this;
 }
 

@@ -193,6 +193,8 @@ TEST_CASE("labels of a size that cannot be are the allocator's affair")
     CHECK_FALSE(Runs([&] { gCVSGenerateLabel(0, false); }));
     gCVSPrepareCanvas(0, 100000, 100000);
     CHECK_FALSE(Runs([&] { gCVSGenerateLabel(0, false); }));
+    gCVSPrepareCanvas(0, 0, INT_MAX);    // no pixels, but a row table of 16 gigabytes
+    CHECK_FALSE(Runs([&] { gCVSGenerateLabel(0, false); }));
     gCVSPrepareCanvas(0, 3, 3);
     CHECK(Runs([&] { gCVSGenerateLabel(0, false); }));
     CHECK(gCVSGetLabelIma(0).Height == 3);

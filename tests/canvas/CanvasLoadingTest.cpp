@@ -12,7 +12,7 @@ namespace {
 
 enum Element : int { UShort = 0, Float = 1, Short = 2, Byte = 3 };
 
-template<typename T>
+template <typename T>
 std::vector<unsigned char> BytesOf(const std::vector<T>& values, std::size_t header = 0)
 {
     std::vector<unsigned char> bytes(header, 0xEE);
@@ -49,7 +49,7 @@ struct LoadingCanvas : HostCanvas {
         Layout.OutLow = outLow;
         Layout.OutHigh = outHigh;
     }
-    template<typename T>
+    template <typename T>
     void Write(const char* name, const std::vector<T>& values, std::size_t header = 0)
     {
         REQUIRE(WriteBytes(Folder.Path(name), BytesOf(values, header)));
@@ -381,8 +381,8 @@ TEST_CASE("sizes that a file cannot have show nothing and take no memory")
     LoadingCanvas host;
     host.Write("a.raw", std::vector<unsigned char>{1, 2, 3, 4});
     host.ShowFlatGray(3, 3, 100);
-    const int sizes[][2] = {{-1, 4},          {4, -1},      {-2, -2},      {INT_MAX, INT_MAX},
-                            {100000, 100000}, {INT_MIN, 1}, {40000, 40000}};
+    const int sizes[][2] = {{-1, 4},          {4, -1},      {-2, -2},     {INT_MAX, INT_MAX},
+                            {100000, 100000}, {INT_MIN, 1}, {0, INT_MAX}, {40000, 40000}};
     for (const auto& size : sizes) {
         for (const int type : {UShort, Float, Short, Byte}) {
             CAPTURE(size[0]);

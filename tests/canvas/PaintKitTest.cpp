@@ -556,7 +556,7 @@ TEST_CASE("drawing without a target, or far outside it, does no harm")
     ClassData2DIO<unsigned short> data;
     data.Allocate(2, 1);
     data.Ptr1D[0] = data.Ptr1D[1] = 65535;
-    const CRect wide(-1000000, -1000000, 1000000, 1000000);
+    const CRect wide(-100000, -100000, 100000, 100000);
     for (PaintKit* each : {&kit, &board.Kit}) {
         each->DrawLine(CPoint(-1000000, -1000000), CPoint(1000000, 999999), 0, Blue, PS_SOLID);
         each->DrawCurve(data, -100000, 100000);

@@ -644,9 +644,9 @@ TEST_CASE("a bar before the start of its range runs to the left of the control")
     Frame      expected = host.PaintAndCapture();
     gCVSSetProgressRectPos(0, 30, 50, 106, 20);
     gCVSShowProgress(0, true);
-    gCVSSetPos(0, 80);    // 20 px to the left of the bar's start
+    gCVSSetPos(0, 80);    // 20 px to the left of the bar's start: columns 33 down to 14
     expected.FillRect(30, 229, 136, 249, Face);
-    expected.FillRect(13, 232, 33, 246, Bar);
+    expected.FillRect(14, 232, 34, 246, Bar);
     CHECK(FrameDifference(host.PaintAndCapture(), expected) == "");
 }
 

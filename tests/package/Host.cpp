@@ -22,7 +22,9 @@ int main()
     ClassData2DIO<unsigned char> gray;
     gray.Allocate(64, 64);
     std::memset(gray.Ptr1D, 200, 64 * 64);
-    gCVSShowUCGray(0, gray, true);
+    ClassData2DIO<unsigned char> copy(gray);
+    copy = gray;
+    gCVSShowUCGray(0, copy, true);
     gCVSOnDraw(0, dc);
 
     GdiFlush();

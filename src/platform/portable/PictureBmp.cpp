@@ -109,8 +109,8 @@ bool DecodeBmp(const Bytes& file, Picture& picture)
     const bool          old = header == 12;
     if (!old && (header < 40 || header > 1024 || file.size() < 14 + std::size_t{header}))
         return false;
-    const long long     width = old ? Number(file, 18, 2) : static_cast<std::int32_t>(Number(file, 18, 4));
-    const long long     lines = old ? Number(file, 20, 2) : static_cast<std::int32_t>(Number(file, 22, 4));
+    const long long     width = static_cast<std::int32_t>(Number(file, 18, old ? 2 : 4));
+    const long long     lines = static_cast<std::int32_t>(old ? Number(file, 20, 2) : Number(file, 22, 4));
     const long long     height = lines < 0 ? -lines : lines;
     const std::uint32_t depth = Number(file, old ? 24 : 28, 2);
     const std::uint32_t coding = old ? Plain : Number(file, 30, 4);

@@ -11,6 +11,7 @@
 #include "platform/portable/StretchRows.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 
 namespace gdi {

@@ -1,0 +1,25 @@
+#pragma once
+
+// Work on the rows of an image by several threads.
+
+#include <functional>
+
+// Rows first..end-1.
+struct RowRun {
+    int First = 0;
+    int End = 0;
+};
+
+// The rows of one thread out of several: equal runs, and to the last thread also what the division leaves
+// over. With fewer rows than threads all runs but the last are empty.
+RowRun RowRunOf(int rows, int threads, int thread);
+
+// Calls work once for each run that has rows, each on a thread of its own, and waits for all of them; the
+// caller does no rows itself. There are as many runs as processors. What a run throws reaches the caller after
+// the last one ended: the exception of the first such run. A run for which no thread can be had is done by the
+// caller.
+void ForEachRowRun(int rows, const std::function<void(RowRun)>& work);
+
+// Splits into this many runs from now on; 0: one per processor again. For tests, since results must not depend
+// on it.
+void ForceRowThreads(int threads);

@@ -1,0 +1,18 @@
+# The host in the README, taken out of it, compiled and run.
+file(READ ${PROJECT_SOURCE_DIR}/README.md readme)
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/README.md)
+string(REGEX MATCH "```cpp\n(.*)\n```\n\nWith CMake" block "${readme}")
+if(NOT CMAKE_MATCH_1)
+    message(FATAL_ERROR "README.md shows no host")
+endif()
+file(CONFIGURE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/ReadmeHost.cpp CONTENT "${CMAKE_MATCH_1}\n" @ONLY)
+add_executable(ReadmeHost ${CMAKE_CURRENT_BINARY_DIR}/ReadmeHost.cpp)
+target_link_libraries(ReadmeHost PRIVATE VostelObj::VostelObj)
+vostel_compile_rules(ReadmeHost)
+if(WIN32)
+    target_link_libraries(ReadmeHost PRIVATE gdi32)
+endif()
+set_target_properties(ReadmeHost PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+add_test(NAME ${VOSTEL_TEST_PREFIX}readme/Host COMMAND ReadmeHost)
+# The twenty lines leave their context and bitmap to the end of the process.
+set_tests_properties(${VOSTEL_TEST_PREFIX}readme/Host PROPERTIES TIMEOUT 60 ENVIRONMENT "ASAN_OPTIONS=detect_leaks=0")
