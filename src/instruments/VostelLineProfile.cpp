@@ -86,14 +86,18 @@ ClassData2DIO<float> VostelLineProfile::Samples() const
     const double dx = (to.x - from.x) / static_cast<double>(length);
     const double dy = (to.y - from.y) / static_cast<double>(length);
     const bool   raw = OwnerImage->CurrentFileType != FileTypeByte;
+    const int    width = OwnerImage->CanvasWidth;
+    const int    height = OwnerImage->CanvasHeight;
     samples.Allocate(count, 1);
     for (int i = 0; i < count; ++i) {
         const int x = TruncToInt(static_cast<double>(i) * dx + from.x);
         const int y = TruncToInt(static_cast<double>(i) * dy + from.y);
-        samples.Ptr1D[i] = raw ? ValueAt(OwnerImage->RawOri, x, y)
-                               : static_cast<float>(OwnerImage->CanvasSurface.WordAt(
-                                                        x, WrapSub(WrapSub(OwnerImage->CanvasHeight, y), 1)) &
-                                                    0xFF);
+        // Ends that a smaller image has left outside come back in with the next move of the line alone.
+        const bool inside = x >= 0 && x < width && y >= 0 && y < height;
+        samples.Ptr1D[i] =
+            !inside ? 0.0f
+            : raw   ? ValueAt(OwnerImage->RawOri, x, y)
+                    : static_cast<float>(OwnerImage->CanvasSurface.WordAt(x, height - y - 1) & 0xFF);
     }
     return samples;
 }

@@ -1,6 +1,7 @@
 #include "instruments/VostelTextML.h"
 
 #include "foundation/Truncate.h"
+#include "instruments/TextExtent.h"
 
 #include <algorithm>
 
@@ -27,8 +28,7 @@ void VostelTextML::OnDraw(HDC dc)
     int lineHeight = 0;    // of the line measured last: the lines are taken to be of equal height
     int total = Margin;
     for (const CString& line : Lines) {
-        CRect extent;
-        DrawTextW(dc, line, line.GetLength(), &extent, DT_CALCRECT);
+        const CRect extent = TextExtent(dc, line);
         widest = std::max(widest, extent.Width());
         lineHeight = extent.Height();
         total = WrapAdd(total, WrapAdd(Margin, lineHeight));

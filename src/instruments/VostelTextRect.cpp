@@ -1,6 +1,7 @@
 #include "instruments/VostelTextRect.h"
 
 #include "foundation/Truncate.h"
+#include "instruments/TextExtent.h"
 
 VostelTextRect::VostelTextRect()
 {
@@ -30,7 +31,7 @@ void VostelTextRect::SetTextAndFit(CString& text)
 {
     Text = text;
     ApplyTextStyle();
-    PlaceMeasured(MeasuredText(Text));
+    PlaceMeasured(TextExtent(Kit.Dc, Text));
 }
 
 void VostelTextRect::SetText(CString& text)
@@ -41,14 +42,14 @@ void VostelTextRect::SetText(CString& text)
 CRect VostelTextRect::MeasureText(CString& text)
 {
     ApplyTextStyle();
-    return MeasuredText(text);
+    return TextExtent(Kit.Dc, text);
 }
 
 void VostelTextRect::SetTextAt(CString& text, CPoint at)
 {
     Text = text;
     ApplyTextStyle();
-    const CRect extent = MeasuredText(Text);
+    const CRect extent = TextExtent(Kit.Dc, Text);
     Anchor = at;
     PlaceMeasured(extent);
 }
@@ -114,13 +115,6 @@ CPoint VostelTextRect::NearestCorner(CPoint p) const
             return corners[i];
     }
     return corners[3];
-}
-
-CRect VostelTextRect::MeasuredText(const CString& text)
-{
-    CRect extent;
-    DrawTextW(Kit.Dc, text, text.GetLength(), &extent, DT_CALCRECT);
-    return extent;
 }
 
 void VostelTextRect::PlaceMeasured(const CRect& extent)

@@ -32,6 +32,5 @@ public:
     CPoint NearestCorner(CPoint p) const;
 
 private:
-    CRect MeasuredText(const CString& text);
-    void  PlaceMeasured(const CRect& extent);
+    void PlaceMeasured(const CRect& extent);
 };

@@ -4,6 +4,7 @@
 #include "platform/Files.h"
 #include "platform/HostServices.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <memory>
 #include <string>
@@ -52,24 +53,28 @@ std::wstring Inside(const std::wstring& folder, const std::wstring& name)
     return folder + PathSeparator + name;
 }
 
-// The folder that everything goes to is left out where it lies inside the one that is copied.
-bool CopyTree(const std::wstring& from, const std::wstring& to, const std::wstring& goal)
+// Closed names the folders that the walk does not go into: the one that everything goes to, which may lie
+// inside the one that is copied, and those it is inside of, which links may lead back to.
+bool CopyTree(const std::wstring& from, const std::wstring& to, std::vector<std::wstring>& closed)
 {
     bool result = false;
+    closed.push_back(FolderIdentity(from));
     for (const DirectoryEntry& entry : MatchingEntries(Inside(from, Everything))) {
         const std::wstring source = Inside(from, entry.Name);
         const std::wstring target = Inside(to, entry.Name);
         if (entry.IsDirectory) {
-            if (source == goal)
+            const std::wstring identity = FolderIdentity(source);
+            if (!identity.empty() && std::find(closed.begin(), closed.end(), identity) != closed.end())
                 continue;
             MakeFolder(target);
-            result = CopyTree(source, target, goal);
+            result = CopyTree(source, target, closed);
         } else {
             result = CopyOneFile(source, target);
         }
         if (!result)
             break;
     }
+    closed.pop_back();
     return result;
 }
 
@@ -142,14 +147,14 @@ bool OSDIR::IsDir(CString& path)
 
 bool OSDIR::CheckFolderExist(const CString& path)
 {
-    const std::vector<DirectoryEntry> found = MatchingEntries(path.GetString());
-    return !found.empty() && found.front().IsDirectory;
+    return FindFirst(path.GetString()).IsDirectory;
 }
 
 bool OSDIR::DirectoryOperate(CString from, CString to, unsigned int)
 {
-    const std::wstring goal = WithoutPattern(to);
-    return CopyTree(WithoutPattern(from), goal, goal);
+    const std::wstring        goal = WithoutPattern(to);
+    std::vector<std::wstring> closed = {FolderIdentity(goal)};
+    return CopyTree(WithoutPattern(from), goal, closed);
 }
 
 void OSDIR::FindFile(wchar_t* dir, std::vector<CString>& out, bool recursive, wchar_t* pattern)
@@ -189,10 +194,12 @@ bool OSDIR::Read(char* path, std::vector<CString>& list)
 bool OSGetFileListFromDir(std::string pattern, std::vector<std::string>& names)
 {
     names.clear();
-    const std::vector<DirectoryEntry> found = MatchingEntries(WidenAnsi(pattern.c_str()));
-    for (const DirectoryEntry& entry : found) {
+    const std::wstring wide = WidenAnsi(pattern.c_str());
+    bool               found = FindFirst(wide).Found;
+    for (const DirectoryEntry& entry : MatchingEntries(wide)) {
+        found = true;
         if (!entry.IsDirectory)
             names.push_back(NarrowAnsi(entry.Name.c_str(), static_cast<int>(entry.Name.size())));
     }
-    return !found.empty();
+    return found;
 }

@@ -14,8 +14,20 @@ struct DirectoryEntry {
 extern const wchar_t PathSeparator;
 
 // What matches a pattern: a folder, a separator and a name with * and ? wildcards, letters of either case.
-// "*.*" is every name. The two dot entries are left out. Sorted by name, so that every platform lists alike.
+// A trailing ".*" matches names without a dot too, so that "*.*" is every name. The two dot entries are left
+// out. Sorted by name, so that every platform lists alike.
 std::vector<DirectoryEntry> MatchingEntries(const std::wstring& pattern);
+
+// What a search for the pattern comes upon first. Dot entries count here: the pattern "*" finds the folder
+// itself even where nothing is in it. A name without wildcards has to be the exact one.
+struct FirstMatch {
+    bool Found = false;
+    bool IsDirectory = false;
+};
+FirstMatch FindFirst(const std::wstring& pattern);
+
+// A name for the folder behind a path, whatever links and spellings lead to it; empty if there is none.
+std::wstring FolderIdentity(const std::wstring& path);
 
 bool MakeFolder(const std::wstring& path);                             // true also if it is there already
 bool CopyOneFile(const std::wstring& from, const std::wstring& to);    // overwrites

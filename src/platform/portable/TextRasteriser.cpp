@@ -28,13 +28,13 @@ struct Release {
     void operator()(cairo_font_options_t* p) const { cairo_font_options_destroy(p); }
     void operator()(cairo_surface_t* p) const { cairo_surface_destroy(p); }
     void operator()(cairo_t* p) const { cairo_destroy(p); }
-    template<class Object>
+    template <class Object>
     void operator()(Object* p) const
     {
         g_object_unref(p);
     }
 };
-template<class Object>
+template <class Object>
 using Owned = std::unique_ptr<Object, Release>;
 
 void AppendUtf8(std::string& text, unsigned long code)

@@ -25,6 +25,32 @@ std::vector<DirectoryEntry> MatchingEntries(const std::wstring& pattern)
     return entries;
 }
 
+FirstMatch FindFirst(const std::wstring& pattern)
+{
+    WIN32_FIND_DATAW found;
+    const HANDLE     search = FindFirstFileW(pattern.c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE)
+        return {};
+    FindClose(search);
+    return {true, (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0};
+}
+
+std::wstring FolderIdentity(const std::wstring& path)
+{
+    constexpr DWORD ShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const HANDLE    folder = CreateFileW(path.c_str(), 0, ShareAll, nullptr, OPEN_EXISTING,
+                                         FILE_FLAG_BACKUP_SEMANTICS, nullptr);    // the flag that folders need
+    if (folder == INVALID_HANDLE_VALUE)
+        return std::wstring();
+    BY_HANDLE_FILE_INFORMATION facts;
+    const bool                 known = GetFileInformationByHandle(folder, &facts) != 0;
+    CloseHandle(folder);
+    if (!known || (facts.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0)
+        return std::wstring();
+    return std::to_wstring(facts.dwVolumeSerialNumber) + L':' + std::to_wstring(facts.nFileIndexHigh) + L':' +
+           std::to_wstring(facts.nFileIndexLow);
+}
+
 bool MakeFolder(const std::wstring& path)
 {
     return CreateDirectoryW(path.c_str(), nullptr) || GetLastError() == ERROR_ALREADY_EXISTS;

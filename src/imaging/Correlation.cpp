@@ -1,0 +1,150 @@
+#include "imaging/Correlation.h"
+
+#include "foundation/CpuForms.h"
+#include "imaging/PlaneRows.h"
+
+#include <algorithm>
+
+namespace {
+
+// Sums of neighbouring columns side by side, which a compiler turns into vectors by itself.
+constexpr std::ptrdiff_t StripColumns = 128;
+
+void SumRow(const CorrelationBlock& block)
+{
+    for (std::ptrdiff_t start = 0; start < block.Columns; start += StripColumns) {
+        const std::ptrdiff_t columns = std::min(StripColumns, block.Columns - start);
+        float                sums[StripColumns] = {};
+        for (int j = 0; j < block.KernelHeight; ++j) {
+            const float* const kernel = block.Kernel + static_cast<std::ptrdiff_t>(j) * block.KernelWidth;
+            const float* const source = block.Sources[j] + block.Offset + start;
+            for (std::ptrdiff_t i = 0; i < block.KernelWidth; ++i) {
+                const float tap = kernel[i];
+                for (std::ptrdiff_t x = 0; x < columns; ++x)
+                    sums[x] += tap * source[x + i];
+            }
+        }
+        std::copy(sums, sums + columns, block.Targets[0] + block.First + start);
+    }
+}
+
+// Edge columns come in multiples of the widest vector.
+constexpr int EdgeStep = 16;
+
+}
+
+const CorrelationForm CorrelationPlain = {1, SumRow, SumRow};
+
+const CorrelationForm& ActiveCorrelationForm()
+{
+#if defined(__x86_64__) || defined(_M_X64)
+    switch (ActiveCpuForm()) {
+    case CpuForm::Avx512:
+        return CorrelationAvx512;
+    case CpuForm::Avx2:
+        return CorrelationAvx2;
+    default:
+        break;
+    }
+#endif
+    return CorrelationPlain;
+}
+
+int MirrorSkippingEdge(std::ptrdiff_t c, int extent)
+{
+    const std::ptrdiff_t period = 2 * static_cast<std::ptrdiff_t>(extent);
+    std::ptrdiff_t       folded = (c < 0 ? -c : c) % period;
+    if (folded >= extent)
+        folded = period - folded - 2;
+    return static_cast<int>(std::max<std::ptrdiff_t>(folded, 0));
+}
+
+// The samples of the source rows of one block of output rows where taps leave the image: the columns of one
+// side with their taps, or whole rows of an image too narrow for two sides.
+class Correlation::EdgeCopies {
+public:
+    EdgeCopies(const Correlation& task, std::ptrdiff_t firstColumn, std::ptrdiff_t columns, std::size_t rows)
+        : From(firstColumn - task.HalfWidth), Samples(columns + 2 * task.HalfWidth), Lines(rows),
+          Memory(rows * static_cast<std::size_t>(Samples))
+    {
+        const std::ptrdiff_t imageStart = std::max<std::ptrdiff_t>(-From, 0);
+        InsideStart = std::min(imageStart, Samples);
+        InsideEnd = std::max(InsideStart, std::min<std::ptrdiff_t>(Samples, task.Width - From));
+        for (std::ptrdiff_t k = 0; k < Samples; ++k)
+            if (k < InsideStart || k >= InsideEnd)
+                Mirrored.push_back(MirrorSkippingEdge(From + k, task.Width));
+        for (std::size_t q = 0; q < rows; ++q)
+            Lines[q] = Memory.data() + q * static_cast<std::size_t>(Samples);
+    }
+
+    const float* const* Fill(const std::vector<const float*>& sources, std::size_t rows)
+    {
+        for (std::size_t q = 0; q < rows; ++q) {
+            const float* const source = sources[q];
+            float* const       copy = Memory.data() + q * static_cast<std::size_t>(Samples);
+            const int*         mirrored = Mirrored.data();
+            for (std::ptrdiff_t k = 0; k < InsideStart; ++k)
+                copy[k] = source[*mirrored++];
+            if (InsideStart < InsideEnd)
+                std::copy(source + From + InsideStart, source + From + InsideEnd, copy + InsideStart);
+            for (std::ptrdiff_t k = InsideEnd; k < Samples; ++k)
+                copy[k] = source[*mirrored++];
+        }
+        return Lines.data();
+    }
+
+private:
+    std::ptrdiff_t            From;           // image column of the first sample of a line
+    std::ptrdiff_t            Samples;        // of a line
+    std::ptrdiff_t            InsideStart;    // these samples of a line lie in the image
+    std::ptrdiff_t            InsideEnd;
+    std::vector<int>          Mirrored;       // image columns of the others
+    std::vector<const float*> Lines;
+    std::vector<float>        Memory;
+};
+
+Correlation::Correlation(const StructData2D<float>& image, const StructData2D<float>& kernel)
+    : HalfWidth(kernel.Width / 2), HalfHeight(kernel.Height / 2), Width(image.Width), Height(image.Height),
+      TapWidth(2 * HalfWidth + 1), TapHeight(2 * HalfHeight + 1),
+      Taps(static_cast<std::size_t>(TapWidth) * static_cast<std::size_t>(TapHeight)),
+      Rows(static_cast<std::size_t>(Height)), Form(ActiveCorrelationForm())
+{
+    // An even side has its last taps past the kernel: they are zero.
+    for (int j = 0; j < kernel.Height; ++j)
+        std::copy_n(RowOf(kernel, j), kernel.Width, Taps.data() + static_cast<std::ptrdiff_t>(j) * TapWidth);
+    for (int y = 0; y < Height; ++y)
+        Rows[static_cast<std::size_t>(y)] = RowOf(image, y);
+    EdgeWidth = (HalfWidth + EdgeStep - 1) / EdgeStep * EdgeStep;
+}
+
+void Correlation::DoRows(float* const* targets, int first, int end) const
+{
+    const std::size_t         rowsOfBlock = static_cast<std::size_t>(Form.RowsAtOnce + 2 * HalfHeight);
+    std::vector<const float*> sources(rowsOfBlock);
+    const bool                narrow = Width < 2 * static_cast<std::ptrdiff_t>(EdgeWidth);
+    const std::ptrdiff_t      sideColumns = narrow ? Width : EdgeWidth;
+    EdgeCopies                left(*this, 0, sideColumns, sideColumns > 0 ? rowsOfBlock : 0);
+    EdgeCopies right(*this, Width - sideColumns, sideColumns, narrow || sideColumns == 0 ? 0 : rowsOfBlock);
+
+    for (int y = first; y < end;) {
+        const int         rows = end - y >= Form.RowsAtOnce ? Form.RowsAtOnce : 1;
+        const std::size_t sourceRows = static_cast<std::size_t>(rows + 2 * HalfHeight);
+        for (std::size_t q = 0; q < sourceRows; ++q) {
+            const std::ptrdiff_t row = y - static_cast<std::ptrdiff_t>(HalfHeight) + static_cast<std::ptrdiff_t>(q);
+            sources[q] = Rows[static_cast<std::size_t>(MirrorSkippingEdge(row, Height))];
+        }
+        const auto sum = rows == 1 ? Form.Row : Form.Rows;
+        if (sideColumns > 0)
+            sum({left.Fill(sources, sourceRows), 0, Taps.data(), TapWidth, TapHeight, targets + y, 0, sideColumns});
+        if (!narrow) {
+            const std::ptrdiff_t middle = Width - 2 * sideColumns;
+            if (middle > 0)
+                sum({sources.data(), sideColumns - HalfWidth, Taps.data(), TapWidth, TapHeight, targets + y,
+                     sideColumns, middle});
+            if (sideColumns > 0)
+                sum({right.Fill(sources, sourceRows), 0, Taps.data(), TapWidth, TapHeight, targets + y,
+                     Width - sideColumns, sideColumns});
+        }
+        y += rows;
+    }
+}

@@ -1,0 +1,64 @@
+#pragma once
+
+// Rows of a correlation of an image with a kernel, and the forms of its inner block.
+
+#include "vostel/Containers.h"
+
+#include <cstddef>
+#include <vector>
+
+// One sum per output sample: sum += kernel * source, each a 32-bit float step from 0.0, down the kernel's rows
+// and along each row. sources[q] + offset is the sample under the first tap of the first column, q counting the
+// source rows of all output rows together: output row r uses sources r .. r + kernelHeight - 1. Writes columns
+// targets[r][first] .. targets[r][first + columns - 1].
+struct CorrelationBlock {
+    const float* const* Sources;
+    std::ptrdiff_t      Offset;
+    const float*        Kernel;
+    int                 KernelWidth;
+    int                 KernelHeight;
+    float* const*       Targets;
+    std::ptrdiff_t      First;
+    std::ptrdiff_t      Columns;
+};
+
+struct CorrelationForm {
+    int RowsAtOnce;
+    void (*Rows)(const CorrelationBlock& block);    // RowsAtOnce output rows
+    void (*Row)(const CorrelationBlock& block);     // one
+};
+
+// The form that ActiveCpuForm names at the time of the call.
+const CorrelationForm& ActiveCorrelationForm();
+
+extern const CorrelationForm CorrelationPlain;
+extern const CorrelationForm CorrelationAvx2;
+extern const CorrelationForm CorrelationAvx512;
+
+// An image, the taps and the mirrored border between them. Borrows the image's rows.
+class Correlation {
+public:
+    // Both have samples.
+    Correlation(const StructData2D<float>& image, const StructData2D<float>& kernel);
+
+    // Output rows first..end-1, whole: columns whose taps leave the image read mirrored samples.
+    void DoRows(float* const* targets, int first, int end) const;
+
+    int HalfWidth = 0;
+    int HalfHeight = 0;
+
+private:
+    class EdgeCopies;
+
+    int                       Width;
+    int                       Height;
+    int                       TapWidth;     // 2 HalfWidth + 1
+    int                       TapHeight;    // 2 HalfHeight + 1
+    int                       EdgeWidth;    // output columns at each side that are computed from copies
+    std::vector<float>        Taps;         // TapHeight rows of TapWidth
+    std::vector<const float*> Rows;         // of the image
+    const CorrelationForm&    Form;
+};
+
+// A coordinate that may lie outside 0..extent-1, mirrored without repeating the edge sample, clamped after.
+int MirrorSkippingEdge(std::ptrdiff_t c, int extent);

@@ -1,0 +1,9 @@
+#include "instruments/TextExtent.h"
+
+CRect TextExtent(HDC dc, const CString& text)
+{
+    CRect extent;
+    if (!text.IsEmpty() && GetCurrentObject(dc, OBJ_BITMAP))
+        DrawTextW(dc, text, text.GetLength(), &extent, DT_CALCRECT);
+    return extent;
+}

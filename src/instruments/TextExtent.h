@@ -1,0 +1,7 @@
+#pragma once
+
+#include "vostel/platform.h"
+
+// What a text needs with the font that the context holds, at 0, 0. Nothing for an empty text, and nothing
+// without a live context, where the measuring call of some systems leaves rubbish.
+CRect TextExtent(HDC dc, const CString& text);
