@@ -3,13 +3,12 @@
 #include "canvas/CanvasTable.h"
 #include "foundation/Truncate.h"
 
-#include <cstdint>
 #include <new>
 
 namespace {
 
-// A host's flat buffer seen as a container for the length of one call. The buffer stays the host's, also when
-// an exception passes through.
+// A host's flat buffer seen as a container for the length of one call. The engine walks it by its width alone, so
+// it gets no row table. The buffer stays the host's, also when an exception passes through.
 template <typename T>
 class HostPlane {
 public:
@@ -17,9 +16,9 @@ public:
 
     HostPlane(T* buffer, int width, int height)
     {
-        // A negative height asks for more than there is and so fails in the allocator.
-        volatile std::size_t rows = height < 0 ? SIZE_MAX : buffer ? static_cast<std::size_t>(height) : 0;
-        Data.Ptr2D = new T*[rows];
+        // A negative number of rows is refused as the allocator refuses it.
+        if (height < 0)
+            throw std::bad_array_new_length();
         Data.Ptr1D = buffer;
         Data.Width = width;
         Data.Height = height;
@@ -27,8 +26,6 @@ public:
         Data.Region.top = 0;
         Data.Region.right = WrapSub(width, 1);
         Data.Region.bottom = WrapSub(height, 1);
-        for (int y = 0; buffer && y < height; ++y)
-            Data.Ptr2D[y] = buffer + static_cast<std::ptrdiff_t>(y) * width;
     }
     ~HostPlane() { Data.Ptr1D = nullptr; }
     HostPlane(const HostPlane&) = delete;

@@ -40,7 +40,7 @@ void SavePlane(const StructData2D<T>& plane, CString& name)
 {
     const std::unique_ptr<char, void (*)(char*)>          narrow(gCStringToChar(&name), gDLLDelete);
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(OpenFile(narrow.get(), "wb"), std::fclose);
-    if (file)
+    if (file && plane.Ptr1D)
         std::fwrite(plane.Ptr1D, sizeof(T), CountOf(plane), file.get());
 }
 

@@ -15,7 +15,7 @@ void Put(std::vector<unsigned char>& bytes, unsigned int value, int count)
 
 // A Windows bitmap of 1, 4, 8, 24 or 32 bits. valueAt(x, y), y from the top, gives an index or 0xAARRGGBB.
 // The palette runs backwards, so that indices and their grays differ.
-template<typename F>
+template <typename F>
 std::vector<unsigned char> Bitmap(int width, int height, int depth, F&& valueAt, bool topDown = false)
 {
     const int                  colours = depth <= 8 ? 1 << depth : 0;
@@ -254,7 +254,7 @@ TEST_CASE("damaged pictures of random bytes load or not, and harm nothing")
         if (seed % 7 == 0)
             bytes.resize(random() % bytes.size());
         // A size that is claimed and not held may not cost memory; the depth bytes stay small sizes.
-        CHECK(host.Read("x.bmp", bytes));
+        CHECK(host.Read(std::to_string(seed) + ".bmp", bytes));
         ++(gCVSGetFileType(0) == FileTypeByte ? loaded : refused);
         host.Paint();
         gCVSGetImaPixelValue(0, CPoint(30, 20));

@@ -23,7 +23,7 @@
 
 #include <doctest/doctest.h>
 
-#include <cstdint>
+#include <climits>
 #include <functional>
 #include <set>
 #include <string>
@@ -78,7 +78,7 @@ struct TestDialogs {
     TestDialogs& operator=(const TestDialogs&) = delete;
 };
 
-template<typename T, typename F>
+template <typename T, typename F>
 void FillPlane(ClassData2DIO<T>& plane, int width, int height, F&& valueAt)
 {
     plane.Allocate(width, height);
@@ -234,7 +234,7 @@ public:
     // A Control drag: pans by the distance.
     void Pan(int dx, int dy) { Drag(CPoint(0, 0), CPoint(dx, dy), MK_LBUTTON | MK_CONTROL); }
 
-    template<typename F>
+    template <typename F>
     void ShowGray(int width, int height, F&& valueAt, bool clearObjects = true)
     {
         ClassData2DIO<unsigned char> plane;
@@ -245,7 +245,7 @@ public:
     {
         ShowGray(width, height, [value](int, int) { return value; });
     }
-    template<typename F>
+    template <typename F>
     void ShowFloat(int width, int height, F&& valueAt, bool keepOriginal = true, bool clearObjects = true)
     {
         ClassData2DIO<float> plane;
@@ -301,7 +301,8 @@ public:
         Release(0, 0);
         // Without an image the region is the centre.
         const CRect centre = Region();
-        Pan(gCVSGetClientWidth(Number) / 2 - centre.left, gCVSGetClientHeight(Number) / 2 - centre.top);
+        if (centre.left != INT_MIN)    // else the scale is beyond all numbers, and stays there
+            Pan(gCVSGetClientWidth(Number) / 2 - centre.left, gCVSGetClientHeight(Number) / 2 - centre.top);
         Desktop.Messages.clear();
         Desktop.Invalidated.clear();
     }
