@@ -28,6 +28,7 @@ void MakeBox(Outline& points)
 
 int VostelImage::GenerateLabel(bool selectedOnly)
 {
+    RefuseGiantWithoutSurface();
     SizeForOverwriting(LabelIma, CanvasWidth, CanvasHeight);
     int  lastLabel = 1;
     bool taken = false;

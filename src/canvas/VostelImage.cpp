@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <new>
 
 namespace {
 
@@ -77,6 +78,8 @@ void VostelImage::ShowRaw(ClassData2DIO<float>& src, bool keepOriginal, bool cle
     const bool whole = LabelsWholeImage() && count > 0;
     PrepareImage(width, height, false, !whole);
 
+    if (count == 0)
+        RefuseGiantWithoutSurface();
     SizeForOverwriting(Raw, width, height);
     if (keepOriginal)
         SizeForOverwriting(RawOri, width, height);
@@ -170,6 +173,14 @@ bool VostelImage::LabelsWholeImage() const
 {
     return std::none_of(Elements.begin(), Elements.end(),
                         [](const VostelObj* element) { return element->Selected; });
+}
+
+void VostelImage::RefuseGiantWithoutSurface() const
+{
+    constexpr long long Giant = 1LL << 26;
+    if (!HasSurfacePixels() && CanvasWidth > 0 && CanvasHeight > 0 &&
+        static_cast<long long>(CanvasWidth) * CanvasHeight > Giant)
+        throw std::bad_alloc();
 }
 
 bool VostelImage::HasSurfacePixels() const

@@ -67,6 +67,8 @@ private:
     bool       RasteriseObject(VostelObj& object);
     void       RedrawRaw();
     bool       HasSurfacePixels() const;
+    // A size for which no surface could be made gets no gigabytes of planes either: the allocator's exception.
+    void RefuseGiantWithoutSurface() const;
     VostelObj* FirstSelectedRect();    // null for none
     void       SavePart(const CRect& box, const CString& name);
 };

@@ -1,3 +1,6 @@
 # Tests of instruments, one line each.
 vostel_inner_test(instruments/ControlsTest)
 vostel_inner_test(instruments/TextRectTest)
+vostel_inner_test(instruments/TextMLTest)
+vostel_inner_test(instruments/ImaInfoTest)
+vostel_inner_test(instruments/NeighborVTest)
