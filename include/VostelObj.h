@@ -2,6 +2,7 @@
 
 // Everything a host can call.
 
+#include "vostel/AdaptiveThreshold.h"
 #include "vostel/BmpFiles.h"
 #include "vostel/CanvasElements.h"
 #include "vostel/CanvasEvents.h"
@@ -10,11 +11,15 @@
 #include "vostel/CanvasTypes.h"
 #include "vostel/Colour.h"
 #include "vostel/Containers.h"
+#include "vostel/Convolution.h"
 #include "vostel/Directories.h"
 #include "vostel/DisplayMapping.h"
+#include "vostel/GaussianKernels.h"
 #include "vostel/Geometry.h"
+#include "vostel/ImageConcatenation.h"
 #include "vostel/PathStrings.h"
 #include "vostel/RasterFills.h"
+#include "vostel/Resize.h"
 #include "vostel/RunHelpers.h"
 #include "vostel/Tessik.h"
 #include "vostel/export.h"

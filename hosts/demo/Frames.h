@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Host.h"
+#include "common/Host.h"
 
 #include <cstdio>
 #include <filesystem>

@@ -1,9 +1,8 @@
 #include "vostel/CanvasImages.h"
 
 #include "canvas/CanvasTable.h"
+#include "foundation/ArrayLength.h"
 #include "foundation/Truncate.h"
-
-#include <new>
 
 namespace {
 
@@ -18,7 +17,7 @@ public:
     {
         // A negative number of rows is refused as the allocator refuses it.
         if (height < 0)
-            throw std::bad_array_new_length();
+            FailArrayLength();
         Data.Ptr1D = buffer;
         Data.Width = width;
         Data.Height = height;

@@ -1,9 +1,9 @@
 #include "vostel/Colour.h"
 
+#include "foundation/ArrayLength.h"
 #include "foundation/Truncate.h"
 
 #include <cstdlib>
-#include <new>
 
 namespace {
 
@@ -194,7 +194,7 @@ void ClassRGBArray::GenerateRGBArray(int n)
     List = nullptr;
     Count = WrapAdd(n, 1);
     if (Count < 0)
-        throw std::bad_array_new_length();
+        FailArrayLength();
     List = new ClassRGB[static_cast<std::size_t>(Count)];
     // The draws are dropped on purpose: hosts rely on how far the random sequence has moved.
     for (int i = 0; i < Count; ++i)

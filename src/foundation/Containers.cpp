@@ -1,5 +1,6 @@
 #include "vostel/Containers.h"
 
+#include "foundation/ArrayLength.h"
 #include "foundation/Planes.h"
 #include "foundation/Truncate.h"
 #include "platform/Files.h"
@@ -9,7 +10,6 @@
 #include <cmath>
 #include <cstdint>
 #include <cstring>
-#include <new>
 
 namespace {
 
@@ -20,10 +20,10 @@ std::size_t ElementCount(int width, int height)
 {
     const std::int64_t product = static_cast<std::int64_t>(width) * height;
     if (height < 0 || product < 0 || product > INT32_MAX)
-        throw std::bad_array_new_length();
+        FailArrayLength();
     // Rows without columns hold nothing; a table of more of them than this would be gigabytes for nothing.
     if (product == 0 && height > (1 << 24))
-        throw std::bad_array_new_length();
+        FailArrayLength();
     return static_cast<std::size_t>(product);
 }
 

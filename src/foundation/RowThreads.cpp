@@ -43,9 +43,9 @@ void ForEachRowRun(int rows, const std::function<void(RowRun)>& work)
 {
     if (rows <= 0)
         return;
-    const int          forced = ForcedThreads.load(std::memory_order_relaxed);
-    const int          threads = forced > 0 ? forced : ProcessorCount();
-    std::vector<Share> shares(static_cast<std::size_t>(threads));
+    const int           forced = ForcedThreads.load(std::memory_order_relaxed);
+    const int           threads = forced > 0 ? forced : ProcessorCount();
+    std::vector<Share>  shares(static_cast<std::size_t>(threads));
     std::vector<Share*> unstarted;
     unstarted.reserve(shares.size());
     for (int i = 0; i < threads; ++i) {

@@ -15,11 +15,11 @@ struct RowRun {
 RowRun RowRunOf(int rows, int threads, int thread);
 
 // Calls work once for each run that has rows, each on a thread of its own, and waits for all of them; the
-// caller does no rows itself. There are as many runs as processors. What a run throws reaches the caller after
-// the last one ended: the exception of the first such run. A run for which no thread can be had is done by the
-// caller.
+// caller does no rows itself. There are as many runs as processors. What a run throws reaches the caller
+// after the last one ended: the exception of the first such run. A run for which no thread can be had is done
+// by the caller.
 void ForEachRowRun(int rows, const std::function<void(RowRun)>& work);
 
-// Splits into this many runs from now on; 0: one per processor again. For tests, since results must not depend
-// on it.
+// Splits into this many runs from now on; 0: one per processor again. For tests, since results must not
+// depend on it.
 void ForceRowThreads(int threads);

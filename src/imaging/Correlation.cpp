@@ -98,7 +98,7 @@ private:
     std::ptrdiff_t            Samples;        // of a line
     std::ptrdiff_t            InsideStart;    // these samples of a line lie in the image
     std::ptrdiff_t            InsideEnd;
-    std::vector<int>          Mirrored;       // image columns of the others
+    std::vector<int>          Mirrored;    // image columns of the others
     std::vector<const float*> Lines;
     std::vector<float>        Memory;
 };
@@ -130,12 +130,14 @@ void Correlation::DoRows(float* const* targets, int first, int end) const
         const int         rows = end - y >= Form.RowsAtOnce ? Form.RowsAtOnce : 1;
         const std::size_t sourceRows = static_cast<std::size_t>(rows + 2 * HalfHeight);
         for (std::size_t q = 0; q < sourceRows; ++q) {
-            const std::ptrdiff_t row = y - static_cast<std::ptrdiff_t>(HalfHeight) + static_cast<std::ptrdiff_t>(q);
+            const std::ptrdiff_t row =
+                y - static_cast<std::ptrdiff_t>(HalfHeight) + static_cast<std::ptrdiff_t>(q);
             sources[q] = Rows[static_cast<std::size_t>(MirrorSkippingEdge(row, Height))];
         }
         const auto sum = rows == 1 ? Form.Row : Form.Rows;
         if (sideColumns > 0)
-            sum({left.Fill(sources, sourceRows), 0, Taps.data(), TapWidth, TapHeight, targets + y, 0, sideColumns});
+            sum({left.Fill(sources, sourceRows), 0, Taps.data(), TapWidth, TapHeight, targets + y, 0,
+                 sideColumns});
         if (!narrow) {
             const std::ptrdiff_t middle = Width - 2 * sideColumns;
             if (middle > 0)

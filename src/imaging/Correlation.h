@@ -7,10 +7,10 @@
 #include <cstddef>
 #include <vector>
 
-// One sum per output sample: sum += kernel * source, each a 32-bit float step from 0.0, down the kernel's rows
-// and along each row. sources[q] + offset is the sample under the first tap of the first column, q counting the
-// source rows of all output rows together: output row r uses sources r .. r + kernelHeight - 1. Writes columns
-// targets[r][first] .. targets[r][first + columns - 1].
+// One sum per output sample: sum += kernel * source, each a 32-bit float step from 0.0, down the kernel's
+// rows and along each row. sources[q] + offset is the sample under the first tap of the first column, q
+// counting the source rows of all output rows together: output row r uses sources r .. r + kernelHeight - 1.
+// Writes columns targets[r][first] .. targets[r][first + columns - 1].
 struct CorrelationBlock {
     const float* const* Sources;
     std::ptrdiff_t      Offset;

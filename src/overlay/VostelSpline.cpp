@@ -67,7 +67,8 @@ bool VostelSpline::GetLabelOutline(std::vector<PointTemplateBase<int>>& out)
 void VostelSpline::ClearPoints()
 {
     VostelPolygon::ClearPoints();
-    ClosedNodes = {};
-    ControlPoints = {};
-    CurvePoints = {};
+    // Assigning {} would keep the storage.
+    std::vector<PointTemplateBase<int>>().swap(ClosedNodes);
+    std::vector<PointTemplateBase<int>>().swap(ControlPoints);
+    std::vector<PointTemplateBase<int>>().swap(CurvePoints);
 }

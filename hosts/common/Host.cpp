@@ -1,4 +1,4 @@
-#include "Host.h"
+#include "common/Host.h"
 
 #include <cstdlib>
 #include <cstring>

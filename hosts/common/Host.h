@@ -26,6 +26,8 @@ public:
     // Client px of an image position.
     CPoint At(double imageX, double imageY) const;
 
+    HDC Context() const { return Screen; }    // what the last paint left
+
     // Paints and writes the frame; false when the file cannot be written.
     bool WriteFrame(const std::string& path);
 

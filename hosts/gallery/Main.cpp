@@ -1,0 +1,293 @@
+// Draws every kind of overlay object with the gestures of a user, each on a canvas of its own size, and puts
+// the frames with their names onto one sheet.
+
+#include "common/Host.h"
+
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr int Canvas = 0;
+constexpr int Columns = 3;
+constexpr int TileWidth = 384;    // the size of the sample, so that it fills a tile
+constexpr int TileHeight = 303;
+constexpr int Gap = 12;
+constexpr int NameHeight = 30;
+constexpr int SheetWidth = Columns * TileWidth + (Columns + 1) * Gap;
+
+struct Tile {
+    const wchar_t*             Name;
+    std::function<void(Host&)> Draw;
+    int                        Span = 1;    // columns
+};
+
+// Moves the image to the right, so that text without a ground of its own stands on the desk.
+void MakeRoom(Host& user, int width)
+{
+    user.Drag(MK_CONTROL, CPoint(0, 0), CPoint(width, 0));
+}
+
+std::vector<CPoint> Ring(CPoint centre, double radiusX, double radiusY, int count)
+{
+    constexpr double    turn = 6.283185307179586;
+    std::vector<CPoint> points;
+    for (int i = 0; i < count; ++i)
+        points.emplace_back(centre.x + static_cast<int>(radiusX * std::cos(turn * i / count)),
+                            centre.y + static_cast<int>(radiusY * std::sin(turn * i / count)));
+    return points;
+}
+
+void DrawRectangle(Host& user)
+{
+    gCVSAddMRectangle(Canvas);
+    user.Drag(MK_SHIFT, CPoint(95, 85), CPoint(290, 215));
+}
+
+void DrawEllipse(Host& user)
+{
+    DrawRectangle(user);
+    user.Key('E');
+}
+
+void DrawCustomRectangle(Host& user)
+{
+    TessikDialogs dialogs;
+    dialogs.ImaROIRectPara = [](tagZEKImaROIRectPara& para) {
+        para.RoiLeft = 110;
+        para.RoiRight = 280;
+        para.RoiTop = 80;
+        para.RoiBottom = 230;
+        return true;
+    };
+    gDlgSetDialogs(dialogs);
+    gCVSAddCustomRectangle(Canvas);
+    gDlgSetDialogs({});
+    user.Move(CPoint(0, 0));    // hands the view to the new object
+}
+
+void DrawPolygon(Host& user)
+{
+    gCVSAddPoly(Canvas);
+    for (const CPoint& node : Ring(CPoint(190, 150), 110.0, 90.0, 7))
+        user.Click(MK_SHIFT, node);
+}
+
+void DrawSpline(Host& user)
+{
+    gCVSAddSpline(Canvas);
+    for (const CPoint& node : Ring(CPoint(190, 150), 120.0, 85.0, 6))
+        user.Click(MK_SHIFT, node);
+}
+
+void DrawFreeRegion(Host& user)
+{
+    gCVSAddFreeRegion(Canvas);
+    std::vector<CPoint> path = Ring(CPoint(190, 150), 100.0, 100.0, 60);
+    for (std::size_t i = 0; i < path.size(); ++i)
+        path[i].x += static_cast<int>(18.0 * std::sin(static_cast<double>(i) * 0.52));
+    user.DragAlong(MK_SHIFT, path);
+}
+
+void DrawStrokes(Host& user)
+{
+    gCVSAddFreeStroke(Canvas);
+    user.Drag(MK_SHIFT, CPoint(100, 190), CPoint(160, 240));
+    user.Drag(MK_SHIFT, CPoint(160, 240), CPoint(290, 80));
+    for (int i = 0; i < 4; ++i)
+        user.Key('A');    // a wider pen
+}
+
+void DrawText(Host& user)
+{
+    MakeRoom(user, 190);
+    gCVSAddTextOL(Canvas, L"FontPlain18", 230, 40, FontPlain18, TRANSPARENT, 0, 0);
+    gCVSAddTextOL(Canvas, L"FontPlain24", 20, 80, FontPlain24, TRANSPARENT, 0, 0);
+    gCVSAddTextOL(Canvas, L"FontRed22", 20, 140, FontRed22, TRANSPARENT, 0, 0);
+    gCVSAddTextOL(Canvas, L"FontRed22Framed 已检测", 110, 190, FontRed22Framed, TRANSPARENT, 0, 0);
+    gCVSAddTextOL(Canvas, L"FontCustom", 130, 240, FontCustom, OPAQUE, RGB(0, 110, 0), 36);
+}
+
+void DrawPanel(Host& user)
+{
+    MakeRoom(user, 190);
+    std::vector<CString> lines = {L"样品 Greek coins", L"row 1 of 4", L"4 November"};
+    gCVSAddTextML(Canvas, lines, 25, 100);
+}
+
+void DrawLength(Host& user)
+{
+    gCVSSetMeasureScale(Canvas, 0.1);
+    gCVSAddMeasureLine(Canvas, 0.0);
+    user.Drag(MK_SHIFT, CPoint(50, 235), CPoint(190, 205));
+    user.Drag(0, CPoint(260, 125), CPoint(230, 115));    // by its caption
+}
+
+void DrawAngle3(Host& user)
+{
+    gCVSAddMeasureAngle3Pts(Canvas);
+    user.Paint();
+    user.Click(MK_SHIFT, CPoint(110, 245));
+    user.Drag(0, CPoint(110, 95), CPoint(230, 70));
+    user.Drag(0, CPoint(20, 155), CPoint(230, 175));
+}
+
+void DrawAngle4(Host& user)
+{
+    gCVSAddMeasureAngle4Pts(Canvas);
+    user.Paint();
+    user.Click(MK_SHIFT, CPoint(140, 240));
+    user.Drag(0, CPoint(140, 40), CPoint(220, 60));
+    user.Drag(0, CPoint(20, 150), CPoint(255, 170));
+}
+
+void DrawProfile(Host& user)
+{
+    MakeRoom(user, 198);
+    gCVSAddLineProfile(Canvas);
+    user.Paint();
+    user.Drag(MK_SHIFT, CPoint(413, 215), CPoint(763, 275));
+    user.Drag(0, CPoint(100, 100), CPoint(90, 85));    // the plot
+}
+
+void DrawReadOut(Host& user)
+{
+    MakeRoom(user, 190);
+    gCVSAddInfoWin(Canvas);
+    user.Move(CPoint(300, 210));
+    user.Paint();
+    user.Drag(0, CPoint(40, 40), CPoint(30, 130));
+    user.Move(CPoint(300, 210));
+}
+
+void DrawNeighbours(Host& user)
+{
+    MakeRoom(user, 260);
+    gCVSAddNeighborPV(Canvas);
+    user.Move(CPoint(332, 208));
+    user.Paint();
+    user.Drag(0, CPoint(40, 40), CPoint(20, 90));
+    user.Move(CPoint(332, 208));
+}
+
+void DrawSlider(Host& user)
+{
+    gCVSShowContrastCtrl(Canvas, true);
+    gCVSSetContrastCtrlRectPos(Canvas, 20, 30, 344, 30);
+    user.Paint();
+}
+
+void DrawProgress(Host& user)
+{
+    gCVSShowProgress(Canvas, true);
+    gCVSSetProgressRectPos(Canvas, 20, 30, 344, 30);
+    gCVSSetRange(Canvas, 0, 100);
+    gCVSSetPos(Canvas, 65);
+    user.Paint();
+}
+
+const Tile Tiles[] = {
+    {L"Rectangle", DrawRectangle},
+    {L"Rectangle as ellipse (key E)", DrawEllipse},
+    {L"Rectangle from numbers", DrawCustomRectangle},
+    {L"Polygon", DrawPolygon},
+    {L"Spline", DrawSpline},
+    {L"Free region", DrawFreeRegion},
+    {L"Free strokes", DrawStrokes},
+    {L"Text boxes, the five styles", DrawText},
+    {L"Text panel", DrawPanel},
+    {L"Length", DrawLength},
+    {L"Angle of three points", DrawAngle3},
+    {L"Angle of four points", DrawAngle4},
+    {L"Line profile", DrawProfile, 2},
+    {L"Read-out", DrawReadOut},
+    {L"Neighbour values", DrawNeighbours},
+    {L"Contrast slider", DrawSlider},
+    {L"Progress bar", DrawProgress},
+};
+
+// A name below its tile.
+void WriteName(HDC dc, const wchar_t* name, int x, int y)
+{
+    const HFONT font =
+        CreateFontW(20, 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0, 0, 0, 0, L"DejaVu Sans");
+    const HGDIOBJ before = SelectObject(dc, font);
+    SetBkMode(dc, TRANSPARENT);
+    SetTextColor(dc, RGB(40, 40, 40));
+    const CString text(name);
+    TextOutW(dc, x, y, text, text.GetLength());
+    SelectObject(dc, before);
+    DeleteObject(font);
+}
+
+// Places of the tiles in reading order; the height that they need comes back.
+int PlaceTiles(const std::function<void(const Tile&, int x, int y)>& place)
+{
+    constexpr int rowHeight = TileHeight + NameHeight + Gap;
+    int           column = 0;
+    int           y = Gap;
+    for (const Tile& tile : Tiles) {
+        if (column + tile.Span > Columns) {
+            column = 0;
+            y += rowHeight;
+        }
+        place(tile, Gap + column * (TileWidth + Gap), y);
+        column += tile.Span;
+    }
+    return y + rowHeight;
+}
+
+bool WriteSheet(const std::string& picture, const std::string& path)
+{
+    CImage    sheet;
+    const int height = PlaceTiles([](const Tile&, int, int) {});
+    if (!sheet.Create(SheetWidth, height, 24))
+        return false;
+    const HDC    dc = sheet.GetDC();
+    const HBRUSH white = CreateSolidBrush(RGB(255, 255, 255));
+    const CRect  whole(0, 0, SheetWidth, height);
+    FillRect(dc, &whole, white);
+    DeleteObject(white);
+
+    bool shown = true;
+    PlaceTiles([&](const Tile& tile, int x, int y) {
+        const int width = tile.Span * TileWidth + (tile.Span - 1) * Gap;
+        Host      user(Canvas, width, TileHeight);
+        gCVSShowContrastCtrl(Canvas, false);
+        gCVSShowProgress(Canvas, false);
+        CString file(std::filesystem::path(picture).wstring().c_str());
+        gCVSReadFile(Canvas, file, true);
+        shown = shown && gCVSGetFileType(Canvas) != FileTypeNone;
+        user.Paint();
+        tile.Draw(user);
+        user.Paint();
+        GdiFlush();
+        BitBlt(dc, x, y, width, TileHeight, user.Context(), 0, 0, SRCCOPY);
+        WriteName(dc, tile.Name, x, y + TileHeight + 4);
+        gCVSDelAllElement(Canvas);
+        MakeRoom(user,
+                 (width - TileWidth) / 2 - static_cast<int>(gCVSGetCanvasRegion(Canvas).left));    // undone
+    });
+    sheet.ReleaseDC();
+    return shown && sheet.Save(std::filesystem::path(path).wstring().c_str()) >= 0;
+}
+
+}
+
+int main(int argc, char** argv)
+{
+    if (argc != 3) {
+        std::fprintf(stderr, "usage: vostel-gallery PICTURE SHEET.png\n");
+        return EXIT_FAILURE;
+    }
+    if (!WriteSheet(argv[1], argv[2])) {
+        std::fprintf(stderr, "vostel-gallery: cannot show %s or cannot write %s\n", argv[1], argv[2]);
+        return EXIT_FAILURE;
+    }
+    return EXIT_SUCCESS;
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+// Bilinear scaling, anchored pixel origin to pixel origin: target (0, 0) is source (0, 0), there is no shift
+// by half a pixel.
+//
+//     fx = x * (source width / target width)     ix = floor(fx)   tx = fx - ix, all 32-bit float; the same
+//     down top    = s[iy][ix] * (1 - tx) + tx * s[iy][ix + 1]           bottom with iy + 1 value  = top * (1
+//     - ty) + bottom * ty
+//
+// The product of tx with a sample is rounded to 32 bits, all other steps are 64 bits wide, the value is
+// rounded to
+// 32. A pixel whose four samples do not all lie in the source is 0.0, there is no clamping: the same size
+// gives the source with its last column and row zero, and enlarging leaves a zero margin of about one source
+// pixel at the right and at the bottom. A source of one row or column gives zeros only.
+//
+// The pixels do not depend on the number of processors. No container may be used by another thread during a
+// call.
+
+#include "vostel/Containers.h"
+#include "vostel/export.h"
+
+// Fill the target, whose size the caller has set by Allocate, from the source. Rows are split over one thread
+// per processor, or all done by the calling one. Source and target are different containers. Nothing happens
+// without a source or a target with samples; a source without samples gives zeros.
+VOSTEL_API void ResizeMC(ClassData2DIO<float>* source, ClassData2DIO<float>* target);
+VOSTEL_API void ResizeSC(ClassData2DIO<float>* source, ClassData2DIO<float>* target);
+
+// Scale in place by ResizeMC, 16-bit images through float: truncated towards zero, low 16 bits stored. The
+// image gets new buffers, the old ones are freed. A negative size fails by the allocator's exception. Then,
+// and when memory runs out, the image is as it was.
+VOSTEL_API void Resize(ClassData2DIO<float>& image, int width, int height);
+VOSTEL_API void Resize(ClassData2DIO<unsigned short>& image, int width, int height);

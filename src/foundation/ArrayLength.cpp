@@ -1,0 +1,8 @@
+#include "foundation/ArrayLength.h"
+
+#include <new>
+
+void FailArrayLength()
+{
+    throw std::bad_array_new_length();
+}

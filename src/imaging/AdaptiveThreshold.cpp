@@ -1,0 +1,172 @@
+#include "vostel/AdaptiveThreshold.h"
+
+#include "imaging/PlaneRows.h"
+#include "imaging/ThresholdRows.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace {
+
+using Plane = ClassData2DIO<unsigned char>;
+
+// With this radius 20 * 255 * area still fits in 31 bits.
+constexpr int LargestNarrowRadius = 323;
+
+// With this one sums and products of pixels fit in 63 bits, and with room.
+constexpr int LargestRadius = 1 << 26;
+
+// A coordinate reflected into 0..extent-1 with the edge sample repeated.
+int Reflected(std::int64_t c, int extent)
+{
+    const std::int64_t period = 2 * static_cast<std::int64_t>(extent);
+    const std::int64_t folded = (c < 0 ? -c - 1 : c) % period;
+    return static_cast<int>(folded >= extent ? period - 1 - folded : folded);
+}
+
+// How often each coordinate of 0..extent-1 is read by the reflected ones first..first+count-1. Whole periods
+// of the reflection read each one twice.
+std::vector<std::int64_t> TimesRead(std::int64_t first, std::int64_t count, int extent)
+{
+    const std::int64_t        period = 2 * static_cast<std::int64_t>(extent);
+    std::vector<std::int64_t> times(static_cast<std::size_t>(extent), 2 * (count / period));
+    for (std::int64_t c = first; c < first + count % period; ++c)
+        ++times[static_cast<std::size_t>(Reflected(c, extent))];
+    return times;
+}
+
+// Results wait until nobody reads their row any more: row y is read last, as the one that leaves the square,
+// for row y + radius + 1. Reflected rows are read earlier than that.
+class WaitingRows {
+public:
+    WaitingRows(Plane& image, int radius)
+        : Image(image), Delay(std::min<std::int64_t>(static_cast<std::int64_t>(radius) + 1, image.Height)),
+          Memory(static_cast<std::size_t>(Delay) * static_cast<std::size_t>(image.Width))
+    {
+    }
+
+    // Where the results of row y go; rows are asked for in turn, each after the row before has read its last.
+    unsigned char* Next(int y)
+    {
+        unsigned char* const place = Memory.data() + y % Delay * Image.Width;
+        if (y >= Delay)
+            Deliver(static_cast<int>(y - Delay));
+        return place;
+    }
+
+    void DeliverRest()
+    {
+        for (std::int64_t y = Image.Height - Delay; y < Image.Height; ++y)
+            Deliver(static_cast<int>(y));
+    }
+
+private:
+    void Deliver(int y)
+    {
+        std::copy_n(Memory.data() + y % Delay * Image.Width, Image.Width, RowOf(Image, y));
+    }
+
+    Plane&                     Image;
+    std::int64_t               Delay;
+    std::vector<unsigned char> Memory;
+};
+
+// For squares whose scaled sums fit in 32 bits and whose reflection folds no further than the image is wide.
+void ThresholdNarrow(Plane& image, int radius)
+{
+    const ThresholdForm& form = ActiveThresholdForm();
+    const int            width = image.Width;
+    const int            height = image.Height;
+    const int            side = 2 * radius + 1;
+    const int            scale = 20 * side * side;
+    // Column sums times 17 of the columns -radius-1 .. width+radius-1: those of the image and reflected ones.
+    std::vector<int> columns(static_cast<std::size_t>(width) + static_cast<std::size_t>(side));
+    int* const       inside = columns.data() + radius + 1;
+    int* const       right = inside + width;
+
+    const std::vector<std::int64_t> times = TimesRead(-static_cast<std::int64_t>(radius) - 1, side, height);
+    for (int y = 0; y < height; ++y) {
+        const int                  factor = 17 * static_cast<int>(times[static_cast<std::size_t>(y)]);
+        const unsigned char* const row = RowOf(image, y);
+        for (int x = 0; factor > 0 && x < width; ++x)
+            inside[x] += factor * row[x];
+    }
+
+    WaitingRows results(image, radius);
+    for (int y = 0; y < height; ++y) {
+        form.Slide(inside, RowOf(image, Reflected(static_cast<std::int64_t>(y) + radius, height)),
+                   RowOf(image, Reflected(static_cast<std::int64_t>(y) - radius - 1, height)), width);
+        for (int k = 0; k <= radius; ++k)
+            columns[static_cast<std::size_t>(radius - k)] = inside[k];
+        for (int k = 0; k < radius; ++k)
+            right[k] = inside[width - 1 - k];
+        int before = 0;
+        for (int k = 0; k < side; ++k)
+            before += columns[static_cast<std::size_t>(k)];
+        unsigned char* const target = results.Next(y);
+        form.Decide(columns.data(), side, before, scale, RowOf(image, y), target, width);
+    }
+    results.DeliverRest();
+}
+
+// For all others, in 64 bits and with the quotient as it reads.
+void ThresholdWide(Plane& image, int radius)
+{
+    const int                 width = image.Width;
+    const int                 height = image.Height;
+    const std::int64_t        side = 2 * static_cast<std::int64_t>(radius) + 1;
+    const std::int64_t        area = side * side;
+    const std::size_t         count = static_cast<std::size_t>(width);
+    std::vector<std::int64_t> columns(count);
+    std::vector<int>          entering(count), leaving(count);
+    for (int x = 0; x < width; ++x) {
+        entering[static_cast<std::size_t>(x)] = Reflected(static_cast<std::int64_t>(x) + radius, width);
+        leaving[static_cast<std::size_t>(x)] = Reflected(static_cast<std::int64_t>(x) - radius - 1, width);
+    }
+    const std::vector<std::int64_t> rowTimes =
+        TimesRead(-static_cast<std::int64_t>(radius) - 1, side, height);
+    const std::vector<std::int64_t> columnTimes =
+        TimesRead(-static_cast<std::int64_t>(radius) - 1, side, width);
+    for (int y = 0; y < height; ++y) {
+        const std::int64_t         factor = rowTimes[static_cast<std::size_t>(y)];
+        const unsigned char* const row = RowOf(image, y);
+        for (std::size_t x = 0; factor > 0 && x < count; ++x)
+            columns[x] += factor * row[x];
+    }
+
+    WaitingRows results(image, radius);
+    for (int y = 0; y < height; ++y) {
+        const unsigned char* const entered =
+            RowOf(image, Reflected(static_cast<std::int64_t>(y) + radius, height));
+        const unsigned char* const left =
+            RowOf(image, Reflected(static_cast<std::int64_t>(y) - radius - 1, height));
+        std::int64_t sum = 0;
+        for (std::size_t x = 0; x < count; ++x) {
+            columns[x] += entered[x] - left[x];
+            sum += columnTimes[x] * columns[x];
+        }
+        unsigned char* const       target = results.Next(y);
+        const unsigned char* const pixels = RowOf(image, y);
+        for (std::size_t x = 0; x < count; ++x) {
+            sum += columns[static_cast<std::size_t>(entering[x])] -
+                   columns[static_cast<std::size_t>(leaving[x])];
+            target[x] = static_cast<double>(pixels[x] * area) > static_cast<double>(sum) * 0.85 ? 255 : 0;
+        }
+    }
+    results.DeliverRest();
+}
+
+}
+
+void LAT_Constant(ClassData2DIO<unsigned char>& image, int size)
+{
+    const int radius = std::min(size / 2, LargestRadius);
+    if (radius < 0 || CountOf(image) == 0)
+        return;
+    if (radius <= LargestNarrowRadius && radius < image.Width)
+        ThresholdNarrow(image, radius);
+    else
+        ThresholdWide(image, radius);
+}

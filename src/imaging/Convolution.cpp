@@ -1,0 +1,101 @@
+#include "vostel/Convolution.h"
+
+#include "foundation/RowThreads.h"
+#include "imaging/Correlation.h"
+#include "imaging/PlaneRows.h"
+#include "vostel/GaussianKernels.h"
+
+#include <algorithm>
+
+namespace {
+
+bool HaveSamples(const ClassData2DIO<float>* image, const ClassData2DIO<float>* kernel)
+{
+    return image != nullptr && kernel != nullptr && CountOf(*image) > 0 && CountOf(*kernel) > 0;
+}
+
+void Zero(float* row, std::ptrdiff_t first, std::ptrdiff_t end)
+{
+    if (first < end)
+        std::fill(row + first, row + end, 0.0f);
+}
+
+// Into the rows that the host may hold pointers to.
+void CopyBack(const ClassData2DIO<float>& result, ClassData2DIO<float>& image)
+{
+    for (int y = 0; y < image.Height; ++y)
+        std::copy_n(RowOf(result, y), image.Width, RowOf(image, y));
+}
+
+}
+
+void ConFltMC(ClassData2DIO<float>* image, ClassData2DIO<float>* kernel)
+{
+    if (!HaveSamples(image, kernel))
+        return;
+    const Correlation    correlation(*image, *kernel);
+    ClassData2DIO<float> result;
+    result.Allocate(image->Width, image->Height);
+    ForEachRowRun(image->Height, [&](RowRun run) { correlation.DoRows(result.Ptr2D, run.First, run.End); });
+    TakeBuffers(*image, result);
+}
+
+void gConv2(ClassData2DIO<float>* image, ClassData2DIO<float>* kernel)
+{
+    ConFltMC(image, kernel);
+}
+
+void gGauss(ClassData2DIO<float>* image, int size, float sigma, float angle)
+{
+    ClassData2DIO<float> kernel;
+    TwoDGaussian_LSE(&kernel, size, sigma, size, sigma, angle);
+    ConFltMC(image, &kernel);
+}
+
+void ConvFltVer0(ClassData2DIO<float>* image, ClassData2DIO<float>* kernel)
+{
+    if (!HaveSamples(image, kernel))
+        return;
+    const Correlation    correlation(*image, *kernel);
+    ClassData2DIO<float> result;
+    result.Allocate(image->Width, image->Height);
+    correlation.DoRows(result.Ptr2D, 0, image->Height);
+    CopyBack(result, *image);
+}
+
+void ConvFltVer1(ClassData2DIO<float>* image, ClassData2DIO<float>* kernel)
+{
+    if (!HaveSamples(image, kernel))
+        return;
+    const Correlation    correlation(*image, *kernel);
+    ClassData2DIO<float> result;
+    result.Allocate(image->Width, image->Height);
+    correlation.DoRows(result.Ptr2D, 0, image->Height);
+    // The side bands end one row before the interior does. That is intended.
+    const int gap = image->Height - correlation.HalfHeight - 1;
+    if (gap >= correlation.HalfHeight) {
+        const int left = std::min(correlation.HalfWidth, image->Width);
+        Zero(result.Ptr2D[gap], 0, left);
+        Zero(result.Ptr2D[gap], image->Width - left, image->Width);
+    }
+    CopyBack(result, *image);
+}
+
+void ConvFltVer2(ClassData2DIO<float>* image, ClassData2DIO<float>* kernel)
+{
+    if (!HaveSamples(image, kernel))
+        return;
+    const Correlation    correlation(*image, *kernel);
+    ClassData2DIO<float> result;
+    result.Allocate(image->Width, image->Height);
+    const int top = std::min(correlation.HalfHeight, image->Height);
+    const int bottom = std::max(image->Height - correlation.HalfHeight, top);
+    const int left = std::min(correlation.HalfWidth, image->Width);
+    correlation.DoRows(result.Ptr2D, top, bottom);
+    for (int y = 0; y < image->Height; ++y) {
+        const bool inside = y >= top && y < bottom;
+        Zero(result.Ptr2D[y], 0, inside ? left : image->Width);
+        Zero(result.Ptr2D[y], image->Width - left, image->Width);
+    }
+    CopyBack(result, *image);
+}

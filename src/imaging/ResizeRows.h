@@ -1,0 +1,29 @@
+#pragma once
+
+// The two steps of bilinear scaling, row by row: a source row at the target's spacing, and a target row
+// between two of those.
+
+// Where the target's columns lie in the source. Columns ascend.
+struct ResizeColumns {
+    const int*   Index;       // left sample; Index[x] + 1 is a column of the source too
+    const float* Fraction;    // of the way to the right one
+    int          Count;
+    int          SourceWidth;
+};
+
+struct ResizeForm {
+    // spread[x] = double(s[i]) * (1.0 - double(t)) + double(float(t * s[i + 1]))
+    void (*Spread)(const float* source, const ResizeColumns& columns, double* spread);
+    // target[x] = float(top[x] * (1.0 - double(t)) + bottom[x] * double(t))
+    void (*Blend)(const double* top, const double* bottom, float fraction, float* target, int count);
+    // Both at once, for rows whose spread nobody else needs.
+    void (*SpreadAndBlend)(const float* topSource, const float* bottomSource, const ResizeColumns& columns,
+                           float fraction, float* target);
+};
+
+// The form that ActiveCpuForm names at the time of the call.
+const ResizeForm& ActiveResizeForm();
+
+extern const ResizeForm ResizePlain;
+extern const ResizeForm ResizeAvx2;
+extern const ResizeForm ResizeAvx512;

@@ -1,0 +1,40 @@
+#include "imaging/ThresholdRows.h"
+
+#include "foundation/CpuForms.h"
+
+namespace {
+
+void Slide(int* columns, const unsigned char* entering, const unsigned char* leaving, int width)
+{
+    for (int x = 0; x < width; ++x)
+        columns[x] += 17 * (entering[x] - leaving[x]);
+}
+
+void Decide(const int* columns, int side, int before, int scale, const unsigned char* pixels,
+            unsigned char* target, int width)
+{
+    int sum = before;
+    for (int x = 0; x < width; ++x) {
+        sum += columns[x + side] - columns[x];
+        target[x] = pixels[x] * scale > sum ? 255 : 0;
+    }
+}
+
+}
+
+const ThresholdForm ThresholdPlain = {Slide, Decide};
+
+const ThresholdForm& ActiveThresholdForm()
+{
+#if defined(__x86_64__) || defined(_M_X64)
+    switch (ActiveCpuForm()) {
+    case CpuForm::Avx512:
+        return ThresholdAvx512;
+    case CpuForm::Avx2:
+        return ThresholdAvx2;
+    default:
+        break;
+    }
+#endif
+    return ThresholdPlain;
+}

@@ -1,0 +1,67 @@
+#include "imaging/ThresholdRows.h"
+
+#include <immintrin.h>
+
+namespace {
+
+__m256i Load(const int* from)
+{
+    return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(from));
+}
+__m256i LoadBytes(const unsigned char* from)
+{
+    return _mm256_cvtepu8_epi32(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(from)));
+}
+
+void Slide(int* columns, const unsigned char* entering, const unsigned char* leaving, int width)
+{
+    int x = 0;
+    for (; x + 8 <= width; x += 8) {
+        const __m256i change = _mm256_sub_epi32(LoadBytes(entering + x), LoadBytes(leaving + x));
+        const __m256i scaled = _mm256_add_epi32(_mm256_slli_epi32(change, 4), change);
+        _mm256_storeu_si256(reinterpret_cast<__m256i*>(columns + x),
+                            _mm256_add_epi32(Load(columns + x), scaled));
+    }
+    ThresholdPlain.Slide(columns + x, entering + x, leaving + x, width - x);
+}
+
+// Sums of each element with all before it.
+__m256i Scan(__m256i v)
+{
+    v = _mm256_add_epi32(v, _mm256_slli_si256(v, 4));
+    v = _mm256_add_epi32(v, _mm256_slli_si256(v, 8));
+    // The total of the low half goes to every element of the high one.
+    const __m256i low = _mm256_permutevar8x32_epi32(v, _mm256_set1_epi32(3));
+    return _mm256_add_epi32(v, _mm256_blend_epi32(_mm256_setzero_si256(), low, 0xF0));
+}
+
+void Decide(const int* columns, int side, int before, int scale, const unsigned char* pixels,
+            unsigned char* target, int width)
+{
+    const __m256i scales = _mm256_set1_epi32(scale);
+    const __m256i last = _mm256_set1_epi32(7);
+    __m256i       carried = _mm256_set1_epi32(before);
+    int           x = 0;
+    for (; x + 32 <= width; x += 32) {
+        __m256i above[4];
+#pragma GCC unroll 4
+        for (int part = 0; part < 4; ++part) {
+            const int     at = x + 8 * part;
+            const __m256i scanned = Scan(_mm256_sub_epi32(Load(columns + at + side), Load(columns + at)));
+            const __m256i sums = _mm256_add_epi32(scanned, carried);
+            carried = _mm256_add_epi32(carried, _mm256_permutevar8x32_epi32(scanned, last));
+            above[part] = _mm256_cmpgt_epi32(_mm256_mullo_epi32(LoadBytes(pixels + at), scales), sums);
+        }
+        // The packs work lane by lane; the last step mends the order.
+        const __m256i bytes = _mm256_packs_epi16(_mm256_packs_epi32(above[0], above[1]),
+                                                 _mm256_packs_epi32(above[2], above[3]));
+        _mm256_storeu_si256(reinterpret_cast<__m256i*>(target + x),
+                            _mm256_permutevar8x32_epi32(bytes, _mm256_setr_epi32(0, 4, 1, 5, 2, 6, 3, 7)));
+    }
+    ThresholdPlain.Decide(columns + x, side, _mm256_cvtsi256_si32(carried), scale, pixels + x, target + x,
+                          width - x);
+}
+
+}
+
+const ThresholdForm ThresholdAvx2 = {Slide, Decide};

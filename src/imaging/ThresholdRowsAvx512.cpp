@@ -1,0 +1,61 @@
+#include "imaging/ThresholdRows.h"
+
+#include <immintrin.h>
+
+namespace {
+
+__m512i LoadBytes(const unsigned char* from)
+{
+    return _mm512_cvtepu8_epi32(_mm_loadu_si128(reinterpret_cast<const __m128i*>(from)));
+}
+
+void Slide(int* columns, const unsigned char* entering, const unsigned char* leaving, int width)
+{
+    int x = 0;
+    for (; x + 16 <= width; x += 16) {
+        const __m512i change = _mm512_sub_epi32(LoadBytes(entering + x), LoadBytes(leaving + x));
+        const __m512i scaled = _mm512_add_epi32(_mm512_slli_epi32(change, 4), change);
+        _mm512_storeu_si512(columns + x, _mm512_add_epi32(_mm512_loadu_si512(columns + x), scaled));
+    }
+    ThresholdPlain.Slide(columns + x, entering + x, leaving + x, width - x);
+}
+
+// Sums of each element with all before it.
+__m512i Scan(__m512i v)
+{
+    const __m512i zero = _mm512_setzero_si512();
+    v = _mm512_add_epi32(v, _mm512_alignr_epi32(v, zero, 15));
+    v = _mm512_add_epi32(v, _mm512_alignr_epi32(v, zero, 14));
+    v = _mm512_add_epi32(v, _mm512_alignr_epi32(v, zero, 12));
+    return _mm512_add_epi32(v, _mm512_alignr_epi32(v, zero, 8));
+}
+
+void Decide(const int* columns, int side, int before, int scale, const unsigned char* pixels,
+            unsigned char* target, int width)
+{
+    const __m512i scales = _mm512_set1_epi32(scale);
+    const __m512i last = _mm512_set1_epi32(15);
+    __m512i       carried = _mm512_set1_epi32(before);
+    int           x = 0;
+    for (; x + 64 <= width; x += 64) {
+        __mmask64 above = 0;
+#pragma GCC unroll 4
+        for (int part = 0; part < 4; ++part) {
+            const int     at = x + 16 * part;
+            const __m512i scanned = Scan(
+                _mm512_sub_epi32(_mm512_loadu_si512(columns + at + side), _mm512_loadu_si512(columns + at)));
+            const __m512i sums = _mm512_add_epi32(scanned, carried);
+            carried = _mm512_add_epi32(carried, _mm512_permutexvar_epi32(last, scanned));
+            const __mmask16 bits =
+                _mm512_cmpgt_epi32_mask(_mm512_mullo_epi32(LoadBytes(pixels + at), scales), sums);
+            above |= static_cast<__mmask64>(bits) << (16 * part);
+        }
+        _mm512_storeu_si512(target + x, _mm512_movm_epi8(above));
+    }
+    ThresholdPlain.Decide(columns + x, side, _mm512_cvtsi512_si32(carried), scale, pixels + x, target + x,
+                          width - x);
+}
+
+}
+
+const ThresholdForm ThresholdAvx512 = {Slide, Decide};

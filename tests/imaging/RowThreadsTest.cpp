@@ -1,0 +1,92 @@
+#include "foundation/RowThreads.h"
+
+#include "platform/System.h"
+
+#include <atomic>
+#include <doctest/doctest.h>
+#include <mutex>
+#include <new>
+#include <set>
+#include <stdexcept>
+#include <thread>
+#include <vector>
+
+TEST_CASE("runs are equal and the last one takes what the division leaves over")
+{
+    for (int threads = 1; threads <= 9; ++threads) {
+        for (int rows = 0; rows <= 40; ++rows) {
+            int next = 0;
+            for (int i = 0; i < threads; ++i) {
+                const RowRun run = RowRunOf(rows, threads, i);
+                CHECK(run.First == next);
+                if (i < threads - 1)
+                    CHECK(run.End - run.First == rows / threads);
+                next = run.End;
+            }
+            CHECK(next == rows);
+        }
+    }
+}
+
+TEST_CASE("with fewer rows than threads only the last thread works")
+{
+    std::mutex          lock;
+    std::vector<RowRun> runs;
+    ForceRowThreads(5);
+    ForEachRowRun(4, [&](RowRun run) {
+        const std::lock_guard<std::mutex> guard(lock);
+        runs.push_back(run);
+    });
+    REQUIRE(runs.size() == 1);
+    CHECK(runs[0].First == 0);
+    CHECK(runs[0].End == 4);
+    runs.clear();
+    ForEachRowRun(5, [&](RowRun run) {
+        const std::lock_guard<std::mutex> guard(lock);
+        runs.push_back(run);
+    });
+    ForceRowThreads(0);
+    CHECK(runs.size() == 5);
+}
+
+TEST_CASE("every run has a thread of its own and the caller does none")
+{
+    std::mutex                lock;
+    std::set<std::thread::id> ids;
+    ForEachRowRun(1000, [&](RowRun) {
+        const std::lock_guard<std::mutex> guard(lock);
+        ids.insert(std::this_thread::get_id());
+    });
+    // A thread may get the number of one that has ended.
+    CHECK(!ids.empty());
+    CHECK(ids.size() <= static_cast<std::size_t>(ProcessorCount()));
+    CHECK(ids.count(std::this_thread::get_id()) == 0);
+}
+
+TEST_CASE("no rows, or less than none, call nothing")
+{
+    std::atomic<int> calls{0};
+    for (const int rows : {0, -1, -100})
+        ForEachRowRun(rows, [&](RowRun) { ++calls; });
+    CHECK(calls == 0);
+    ForEachRowRun(1, [&](RowRun) { ++calls; });
+    CHECK(calls == 1);
+}
+
+TEST_CASE("a failed allocation in a thread reaches the caller after all runs have ended")
+{
+    std::atomic<int> done{0};
+    ForceRowThreads(4);
+    CHECK_THROWS_AS(ForEachRowRun(40,
+                                  [&](RowRun run) {
+                                      if (run.First == 10)
+                                          throw std::bad_alloc();
+                                      done += run.End - run.First;
+                                  }),
+                    std::bad_alloc);
+    CHECK(done == 30);
+    done = 0;
+    ForEachRowRun(40, [&](RowRun run) { done += run.End - run.First; });
+    ForceRowThreads(0);
+    CHECK(done == 40);
+}

@@ -1,0 +1,93 @@
+#pragma once
+
+// A canvas with a gray image of 100 x 80 in the middle of a window of 200 x 160, at scale 1: image point
+// (x, y) lies at client point (x + 50, y + 40). Gestures go through the exports; the objects can be looked at.
+// Inner tests only.
+
+#include "canvas/CanvasTable.h"
+#include "support/HostCanvas.h"
+
+#include <algorithm>
+
+constexpr unsigned int DrawFlags = MK_LBUTTON | MK_SHIFT;
+
+class OverlayCanvas : public HostCanvas {
+public:
+    static constexpr int ImageLeft = 50;
+    static constexpr int ImageTop = 40;
+
+    explicit OverlayCanvas(int number = 0) : HostCanvas(number, 200, 160)
+    {
+        ShowFlatGray(100, 80, 0x40);
+        REQUIRE(IsScaleOne());
+        REQUIRE(Region().left == ImageLeft);
+        REQUIRE(Region().top == ImageTop);
+    }
+
+    VostelImage& Canvas() { return gCanvasTable[Number]; }
+
+    // The newest object, as what it is.
+    template<typename T = VostelObj>
+    T& Last()
+    {
+        REQUIRE_FALSE(Canvas().Elements.empty());
+        T* const object = dynamic_cast<T*>(Canvas().Elements.back());
+        REQUIRE(object != nullptr);
+        return *object;
+    }
+
+    // Image points as client points.
+    static CPoint At(int x, int y) { return CPoint(x + ImageLeft, y + ImageTop); }
+
+    // A press and release of image points with Shift.
+    void Node(int x, int y)
+    {
+        const CPoint p = At(x, y);
+        Press(p.x, p.y, DrawFlags);
+        Release(p.x, p.y, MK_SHIFT);
+    }
+    void PressAt(int x, int y, unsigned int flags = MK_LBUTTON) { Press(At(x, y).x, At(x, y).y, flags); }
+    void MoveTo(int x, int y, unsigned int flags = MK_LBUTTON) { Move(At(x, y).x, At(x, y).y, flags); }
+    void ReleaseAt(int x, int y, unsigned int flags = 0) { Release(At(x, y).x, At(x, y).y, flags); }
+    // A mouse move without a button: hands the view to objects just added.
+    void Hover() { Move(1, 1); }
+
+    // A gesture in image points.
+    void DragOf(CPoint from, CPoint to, unsigned int flags = MK_LBUTTON)
+    {
+        Drag(At(from.x, from.y), At(to.x, to.y), flags);
+    }
+
+    // A polygon, 20,20 to 60,50 unless told otherwise, clockwise.
+    template<typename Add>
+    void AddNodes(Add&& add, const std::vector<CPoint>& nodes)
+    {
+        add(Number);
+        Hover();
+        for (const CPoint& node : nodes)
+            Node(node.x, node.y);
+    }
+
+    // Pixels of the label plane, of selected objects or all.
+    int CountLabels(int label, bool selectedOnly = false)
+    {
+        gCVSGenerateLabel(Number, selectedOnly);
+        const ClassData2DIO<int>& plane = gCVSGetLabelIma(Number);
+        return static_cast<int>(std::count(plane.Ptr1D, plane.Ptr1D + plane.Width * plane.Height, label));
+    }
+
+    // Frame pixels of a colour, 0x00RRGGBB.
+    int CountPixels(unsigned int colour)
+    {
+        const Frame frame = PaintAndCapture();
+        return static_cast<int>(std::count(frame.Words.begin(), frame.Words.end(), colour));
+    }
+};
+
+constexpr unsigned int RedPixel = 0xFF0000;
+constexpr unsigned int BluePixel = 0x0000FF;
+
+inline bool IsAt(PointTemplateBase<double> p, double x, double y)
+{
+    return p.x == x && p.y == y;
+}
