@@ -22,6 +22,6 @@ enum FontType : int {
     FontPlain18 = 0,        // black, 18 px
     FontPlain24 = 1,        // black, 24 px, no outline
     FontRed22 = 2,          // red, 22 px, no outline
-    FontRed22Framed = 3,    // red, 22 px, white box with outline
+    FontRed22Framed = 3,    // red, 22 px, on a white box that covers its outline
     FontCustom = 4          // colour, height and background mode of the call
 };

@@ -15,18 +15,18 @@
 #pragma pack(push, 1)
 class VOSTEL_API ZEKPP1DFFT {
 public:
-    std::int32_t Length = 0;            // N; 0 before Init
-    float        Scale = 0.0f;          // 1 / N
-    std::int32_t Stages = 0;            // doublings from 1 up to N
-    std::int32_t EvenStages = 0;        // 1 when Stages is even, else 0
-    bool         Forward = false;       // direction of the next run
-    float*       Re = nullptr;          // N elements: the input before a run, the result after it
-    float*       Im = nullptr;          // as Re
-    float*       WorkRe = nullptr;      // N elements of scratch; a run leaves anything here
-    float*       WorkIm = nullptr;      // as WorkRe
-    float*       CosForward = nullptr;  // cos(k * -6.2831852 / N), rounded from double
-    float*       SinForward = nullptr;  // sin of the same angle
-    float*       CosInverse = nullptr;  // cos(k * 6.2831852 / N)
+    std::int32_t Length = 0;              // N; 0 before Init
+    float        Scale = 0.0f;            // 1 / N
+    std::int32_t Stages = 0;              // doublings from 1 up to N
+    std::int32_t EvenStages = 0;          // 1 when Stages is even, else 0
+    bool         Forward = false;         // direction of the next run
+    float*       Re = nullptr;            // N elements: the input before a run, the result after it
+    float*       Im = nullptr;            // as Re
+    float*       WorkRe = nullptr;        // N elements of scratch; a run leaves anything here
+    float*       WorkIm = nullptr;        // as WorkRe
+    float*       CosForward = nullptr;    // cos(k * -6.2831852 / N), rounded from double
+    float*       SinForward = nullptr;    // sin of the same angle
+    float*       CosInverse = nullptr;    // cos(k * 6.2831852 / N)
     float*       SinInverse = nullptr;
 
     ZEKPP1DFFT() = default;
@@ -77,7 +77,8 @@ private:
     void Run(bool scaled);
 };
 #pragma pack(pop)
-static_assert(sizeof(void*) != 8 || sizeof(ZEKPP1DFFT) == 81, "hosts reach the fields at their packed places");
+static_assert(sizeof(void*) != 8 || sizeof(ZEKPP1DFFT) == 81,
+              "hosts reach the fields at their packed places");
 
 // True for odd numbers, negative ones too.
 VOSTEL_API bool IsOdd(int n);

@@ -1,9 +1,9 @@
 #pragma once
 
 // Files without header: plain samples, row after row, little-endian, from the first byte. How many are read
-// is the size of the image, which must be allocated. A path that does not exist shows "文件不存在"; what a file
-// does not give counts as zero samples, be it missing, short, a directory or unreadable; what it has beyond
-// is not read. An image without elements stays as it is.
+// is the size of the image, which must be allocated. A path that does not exist shows "文件不存在"; what a
+// file does not give counts as zero samples, be it missing, short, a directory or unreadable; what it has
+// beyond is not read. An image without elements stays as it is.
 
 #include "vostel/Containers.h"
 #include "vostel/export.h"

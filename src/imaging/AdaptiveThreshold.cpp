@@ -12,8 +12,9 @@ namespace {
 
 using Plane = ClassData2DIO<unsigned char>;
 
-// With this radius 20 * 255 * area still fits in 31 bits.
-constexpr int LargestNarrowRadius = 323;
+// With these radii 20 * 255 * area, and 255 * area, still fit in 31 bits.
+constexpr int LargestScaledRadius = 323;
+constexpr int LargestNarrowRadius = 1450;
 
 // With this one sums and products of pixels fit in 63 bits, and with room.
 constexpr int LargestRadius = 1 << 26;
@@ -73,22 +74,26 @@ private:
     std::vector<unsigned char> Memory;
 };
 
-// For squares whose scaled sums fit in 32 bits and whose reflection folds no further than the image is wide.
+// For squares whose sums fit in 31 bits and whose reflection folds no further than the image is wide.
 void ThresholdNarrow(Plane& image, int radius)
 {
     const ThresholdForm& form = ActiveThresholdForm();
     const int            width = image.Width;
     const int            height = image.Height;
     const int            side = 2 * radius + 1;
-    const int            scale = 20 * side * side;
-    // Column sums times 17 of the columns -radius-1 .. width+radius-1: those of the image and reflected ones.
+    const bool           scaled = radius <= LargestScaledRadius;
+    const auto           decide = scaled ? form.Decide : form.DecideInDouble;
+    const int            scale = scaled ? 20 * side * side : side * side;
+    const int            sumScale = scaled ? 17 : 1;
+    // Column sums times the scale of the sums of the columns -radius-1 .. width+radius-1: those of the image
+    // and reflected ones.
     std::vector<int> columns(static_cast<std::size_t>(width) + static_cast<std::size_t>(side));
     int* const       inside = columns.data() + radius + 1;
     int* const       right = inside + width;
 
     const std::vector<std::int64_t> times = TimesRead(-static_cast<std::int64_t>(radius) - 1, side, height);
     for (int y = 0; y < height; ++y) {
-        const int                  factor = 17 * static_cast<int>(times[static_cast<std::size_t>(y)]);
+        const int                  factor = sumScale * static_cast<int>(times[static_cast<std::size_t>(y)]);
         const unsigned char* const row = RowOf(image, y);
         for (int x = 0; factor > 0 && x < width; ++x)
             inside[x] += factor * row[x];
@@ -96,7 +101,7 @@ void ThresholdNarrow(Plane& image, int radius)
 
     WaitingRows results(image, radius);
     for (int y = 0; y < height; ++y) {
-        form.Slide(inside, RowOf(image, Reflected(static_cast<std::int64_t>(y) + radius, height)),
+        form.Slide(inside, sumScale, RowOf(image, Reflected(static_cast<std::int64_t>(y) + radius, height)),
                    RowOf(image, Reflected(static_cast<std::int64_t>(y) - radius - 1, height)), width);
         for (int k = 0; k <= radius; ++k)
             columns[static_cast<std::size_t>(radius - k)] = inside[k];
@@ -106,7 +111,7 @@ void ThresholdNarrow(Plane& image, int radius)
         for (int k = 0; k < side; ++k)
             before += columns[static_cast<std::size_t>(k)];
         unsigned char* const target = results.Next(y);
-        form.Decide(columns.data(), side, before, scale, RowOf(image, y), target, width);
+        decide(columns.data(), side, before, scale, RowOf(image, y), target, width);
     }
     results.DeliverRest();
 }

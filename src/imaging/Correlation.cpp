@@ -4,6 +4,7 @@
 #include "imaging/PlaneRows.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace {
 
@@ -31,9 +32,20 @@ void SumRow(const CorrelationBlock& block)
 // Edge columns come in multiples of the widest vector.
 constexpr int EdgeStep = 16;
 
+// Storing through the caches would first read every line that is about to be overwritten.
+constexpr std::size_t BytesPastCaches = std::size_t{16} << 20;
+
+// Columns up to the first whole line of the target.
+std::ptrdiff_t ColumnsToLine(const float* row)
+{
+    const std::uintptr_t line = EdgeStep * sizeof(float);
+    return static_cast<std::ptrdiff_t>((line - reinterpret_cast<std::uintptr_t>(row) % line) % line /
+                                       sizeof(float));
 }
 
-const CorrelationForm CorrelationPlain = {1, SumRow, SumRow};
+}
+
+const CorrelationForm CorrelationPlain = {1, SumRow, SumRow, [] {}};
 
 const CorrelationForm& ActiveCorrelationForm()
 {
@@ -119,12 +131,22 @@ Correlation::Correlation(const StructData2D<float>& image, const StructData2D<fl
 
 void Correlation::DoRows(float* const* targets, int first, int end) const
 {
+    if (first >= end)
+        return;
     const std::size_t         rowsOfBlock = static_cast<std::size_t>(Form.RowsAtOnce + 2 * HalfHeight);
     std::vector<const float*> sources(rowsOfBlock);
-    const bool                narrow = Width < 2 * static_cast<std::ptrdiff_t>(EdgeWidth);
-    const std::ptrdiff_t      sideColumns = narrow ? Width : EdgeWidth;
-    EdgeCopies                left(*this, 0, sideColumns, sideColumns > 0 ? rowsOfBlock : 0);
-    EdgeCopies right(*this, Width - sideColumns, sideColumns, narrow || sideColumns == 0 ? 0 : rowsOfBlock);
+    // The left side ends where lines of the target start, if they do so in every row.
+    const std::ptrdiff_t ahead = Width % EdgeStep == 0 ? ColumnsToLine(targets[first]) : 0;
+    std::ptrdiff_t       leftColumns = EdgeWidth + ahead;
+    std::ptrdiff_t       rightColumns = EdgeWidth;
+    const bool           narrow = Width < leftColumns + rightColumns + EdgeStep;
+    if (narrow)
+        leftColumns = Width;
+    EdgeCopies left(*this, 0, leftColumns, leftColumns > 0 ? rowsOfBlock : 0);
+    EdgeCopies right(*this, Width - rightColumns, rightColumns,
+                     narrow || rightColumns == 0 ? 0 : rowsOfBlock);
+    const bool pastCaches =
+        static_cast<std::size_t>(Width) * static_cast<std::size_t>(Height) * sizeof(float) >= BytesPastCaches;
 
     for (int y = first; y < end;) {
         const int         rows = end - y >= Form.RowsAtOnce ? Form.RowsAtOnce : 1;
@@ -135,18 +157,17 @@ void Correlation::DoRows(float* const* targets, int first, int end) const
             sources[q] = Rows[static_cast<std::size_t>(MirrorSkippingEdge(row, Height))];
         }
         const auto sum = rows == 1 ? Form.Row : Form.Rows;
-        if (sideColumns > 0)
+        if (leftColumns > 0)
             sum({left.Fill(sources, sourceRows), 0, Taps.data(), TapWidth, TapHeight, targets + y, 0,
-                 sideColumns});
+                 leftColumns, false});
         if (!narrow) {
-            const std::ptrdiff_t middle = Width - 2 * sideColumns;
-            if (middle > 0)
-                sum({sources.data(), sideColumns - HalfWidth, Taps.data(), TapWidth, TapHeight, targets + y,
-                     sideColumns, middle});
-            if (sideColumns > 0)
+            sum({sources.data(), leftColumns - HalfWidth, Taps.data(), TapWidth, TapHeight, targets + y,
+                 leftColumns, Width - leftColumns - rightColumns, pastCaches});
+            if (rightColumns > 0)
                 sum({right.Fill(sources, sourceRows), 0, Taps.data(), TapWidth, TapHeight, targets + y,
-                     Width - sideColumns, sideColumns});
+                     Width - rightColumns, rightColumns, false});
         }
         y += rows;
     }
+    Form.Fence();
 }

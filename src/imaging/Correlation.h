@@ -20,12 +20,14 @@ struct CorrelationBlock {
     float* const*       Targets;
     std::ptrdiff_t      First;
     std::ptrdiff_t      Columns;
+    bool                PastCaches;    // whole lines of the target go past the caches; Fence has to follow
 };
 
 struct CorrelationForm {
     int RowsAtOnce;
     void (*Rows)(const CorrelationBlock& block);    // RowsAtOnce output rows
     void (*Row)(const CorrelationBlock& block);     // one
+    void (*Fence)();    // before another thread may read what went past the caches
 };
 
 // The form that ActiveCpuForm names at the time of the call.
@@ -42,6 +44,7 @@ public:
     Correlation(const StructData2D<float>& image, const StructData2D<float>& kernel);
 
     // Output rows first..end-1, whole: columns whose taps leave the image read mirrored samples.
+    // A target larger than the caches is written past them.
     void DoRows(float* const* targets, int first, int end) const;
 
     int HalfWidth = 0;

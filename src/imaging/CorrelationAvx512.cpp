@@ -1,5 +1,6 @@
 #include "imaging/Correlation.h"
 
+#include <cstdint>
 #include <immintrin.h>
 
 namespace {
@@ -60,6 +61,15 @@ template <int Rows, int Vectors, int Width, int Low, int High>
     }
 }
 
+// Past the caches only whole lines go: what a vector shares with a line goes through them.
+[[gnu::always_inline]] inline void Store(float* target, __m512 value, bool pastCaches)
+{
+    if (pastCaches && reinterpret_cast<std::uintptr_t>(target) % (Lanes * sizeof(float)) == 0)
+        _mm512_stream_ps(target, value);
+    else
+        _mm512_storeu_ps(target, value);
+}
+
 // Width is that of the kernel where it is known, else 0.
 template <int Rows, int Vectors, int Width>
 [[gnu::always_inline]] inline void SumBlock(const CorrelationBlock& block, std::ptrdiff_t column)
@@ -98,7 +108,7 @@ template <int Rows, int Vectors, int Width>
     for (int r = 0; r < Rows; ++r)
 #pragma GCC unroll 8
         for (int v = 0; v < Vectors; ++v)
-            _mm512_storeu_ps(block.Targets[r] + block.First + column + v * Lanes, sums[r][v]);
+            Store(block.Targets[r] + block.First + column + v * Lanes, sums[r][v], block.PastCaches);
 }
 
 // What does not fill a block is done by one that reaches back over columns already done: the same sums again.
@@ -146,6 +156,11 @@ void SumRows(const CorrelationBlock& block)
     }
 }
 
+void Fence()
+{
+    _mm_sfence();
 }
 
-const CorrelationForm CorrelationAvx512 = {BlockRows, SumRows, SumColumns<1, 4, 0>};
+}
+
+const CorrelationForm CorrelationAvx512 = {BlockRows, SumRows, SumColumns<1, 4, 0>, Fence};

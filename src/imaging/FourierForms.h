@@ -4,11 +4,11 @@
 // same butterflies as the plain one; they differ in how many stages pass through registers at a time.
 
 struct FourierRun {
-    float*       Re = nullptr;        // input; the result too if Stages is even
+    float*       Re = nullptr;    // input; the result too if Stages is even
     float*       Im = nullptr;
-    float*       OtherRe = nullptr;   // the result if Stages is odd
+    float*       OtherRe = nullptr;    // the result if Stages is odd
     float*       OtherIm = nullptr;
-    const float* Cos = nullptr;       // tables of the direction, Length elements
+    const float* Cos = nullptr;    // tables of the direction, Length elements
     const float* Sin = nullptr;
     int          Length = 0;
     int          Stages = 0;

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <utility>
 #include <vector>
 
@@ -33,20 +34,32 @@ struct Axis {
         }
     }
     int Count() const { return static_cast<int>(Index.size()); }
+
+    // The distance of the positions, if all of them are just on samples.
+    int WholeStep() const
+    {
+        const int step = Index.size() > 1 ? Index[1] : 0;
+        for (std::size_t i = 0; i < Index.size(); ++i)
+            if (Fraction[i] != 0.0f || Index[i] != static_cast<std::int64_t>(i) * step)
+                return 0;
+        return step;
+    }
 };
 
 class Scaling {
 public:
     Scaling(const ClassData2DIO<float>& source, ClassData2DIO<float>& target)
         : Source(source), Target(target), Across(CountOf(source) > 0 ? source.Width : 0, target.Width),
-          Down(CountOf(source) > 0 ? source.Height : 0, target.Height), Form(ActiveResizeForm())
+          Down(CountOf(source) > 0 ? source.Height : 0, target.Height), StepAcross(Across.WholeStep()),
+          Form(ActiveResizeForm())
     {
     }
 
     void DoRows(RowRun run) const
     {
         const int           count = Across.Count();
-        const ResizeColumns columns{Across.Index.data(), Across.Fraction.data(), count, Source.Width};
+        const ResizeColumns columns{Across.Index.data(), Across.Fraction.data(), count, Source.Width,
+                                    StepAcross};
         std::vector<double> memory(2 * static_cast<std::size_t>(count));
         double*             spread = memory.data();                            // of source row kept
         double*             nextSpread = memory.data() + memory.size() / 2;    // of the one after it
@@ -88,6 +101,7 @@ private:
     ClassData2DIO<float>&       Target;
     Axis                        Across;
     Axis                        Down;
+    int                         StepAcross;
     const ResizeForm&           Form;
 };
 

@@ -9,6 +9,7 @@ struct ResizeColumns {
     const float* Fraction;    // of the way to the right one
     int          Count;
     int          SourceWidth;
+    int          WholeStep;    // columns lie just on every so many samples, all fractions 0; else 0
 };
 
 struct ResizeForm {
@@ -16,7 +17,9 @@ struct ResizeForm {
     void (*Spread)(const float* source, const ResizeColumns& columns, double* spread);
     // target[x] = float(top[x] * (1.0 - double(t)) + bottom[x] * double(t))
     void (*Blend)(const double* top, const double* bottom, float fraction, float* target, int count);
-    // Both at once, for rows whose spread nobody else needs.
+    // Both at once, for rows whose spread nobody else needs. Where all fractions are 0 the values are samples
+    // and float takes every step exactly: (a + 0 b) + 0 (c + 0 d) differs from a only by infinite samples,
+    // not-a-numbers and the sign of a zero.
     void (*SpreadAndBlend)(const float* topSource, const float* bottomSource, const ResizeColumns& columns,
                            float fraction, float* target);
 };

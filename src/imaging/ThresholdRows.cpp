@@ -4,10 +4,10 @@
 
 namespace {
 
-void Slide(int* columns, const unsigned char* entering, const unsigned char* leaving, int width)
+void Slide(int* columns, int factor, const unsigned char* entering, const unsigned char* leaving, int width)
 {
     for (int x = 0; x < width; ++x)
-        columns[x] += 17 * (entering[x] - leaving[x]);
+        columns[x] += factor * (entering[x] - leaving[x]);
 }
 
 void Decide(const int* columns, int side, int before, int scale, const unsigned char* pixels,
@@ -20,9 +20,19 @@ void Decide(const int* columns, int side, int before, int scale, const unsigned 
     }
 }
 
+void DecideInDouble(const int* columns, int side, int before, int scale, const unsigned char* pixels,
+                    unsigned char* target, int width)
+{
+    int sum = before;
+    for (int x = 0; x < width; ++x) {
+        sum += columns[x + side] - columns[x];
+        target[x] = static_cast<double>(pixels[x] * scale) > static_cast<double>(sum) * 0.85 ? 255 : 0;
+    }
 }
 
-const ThresholdForm ThresholdPlain = {Slide, Decide};
+}
+
+const ThresholdForm ThresholdPlain = {Slide, Decide, DecideInDouble};
 
 const ThresholdForm& ActiveThresholdForm()
 {

@@ -2,3 +2,5 @@
 vostel_test(fileio/BmpFilesTest)
 vostel_test(fileio/BmpBadInputTest)
 vostel_inner_test(fileio/PlaneShufflesTest)
+vostel_test(fileio/ParameterFilesTest)
+vostel_test(fileio/RawDataFilesTest)

@@ -110,6 +110,40 @@ TEST_CASE("whole numbers decide as the quotient in double does")
     CHECK(same);
 }
 
+TEST_CASE("both comparisons of every form are strict, for every length")
+{
+    InEveryForm([&](const char* form) {
+        const ThresholdForm& functions = ActiveThresholdForm();
+        for (int width = 1; width <= 150; ++width) {
+            const std::size_t          length = static_cast<std::size_t>(width);
+            const unsigned             seed = 8600 + static_cast<unsigned>(width);
+            std::mt19937               random(seed);
+            std::vector<unsigned char> pixels(length);
+            std::vector<int>           columns(length + 1), columnsInDouble(length + 1);
+            std::vector<unsigned char> expected(length);
+            GuardedRun<unsigned char>  target(length, length % 64, 7), targetInDouble(length, length % 64, 7);
+            const int                  area = 17 * 3001;
+            // With squares of one column the sum of pixel x is columns[x + 1] - columns[0].
+            for (std::size_t x = 0; x < length; ++x) {
+                pixels[x] = static_cast<unsigned char>(random());
+                const int step = static_cast<int>(random() % 3) - 1;
+                expected[x] = step < 0 ? 255 : 0;
+                columns[x + 1] = pixels[x] * area + step;
+                columnsInDouble[x + 1] = pixels[x] * (area / 17) * 20 + step;
+            }
+            functions.Decide(columns.data(), 1, 0, area, pixels.data(), target.Data(), width);
+            functions.DecideInDouble(columnsInDouble.data(), 1, 0, area, pixels.data(), targetInDouble.Data(),
+                                     width);
+            CHECK_MESSAGE(std::equal(expected.begin(), expected.end(), target.Data()),
+                          form << ", seed " << seed);
+            CHECK_MESSAGE(std::equal(expected.begin(), expected.end(), targetInDouble.Data()),
+                          form << ", seed " << seed);
+            CHECK(target.GuardsStand());
+            CHECK(targetInDouble.GuardsStand());
+        }
+    });
+}
+
 TEST_CASE("sizes 0 and 1, and -1 that truncates to 0, make every pixel but zero white")
 {
     const BytePlane image = PlaneOf<unsigned char>(4, {0, 1, 128, 255});
@@ -149,9 +183,9 @@ TEST_CASE("squares at the limit of the narrow sums and beyond equal the sums by 
     // Bright images bring the largest sums. Columns repeat, so that few by hand stand for all.
     std::mt19937 random(8500);
     BytePlane    image;
-    image.Allocate(340, 2);
-    std::generate_n(image.Ptr1D, 680, [&] { return static_cast<unsigned char>(random() % 64 + 192); });
-    for (const int size : {645, 647, 648, 651}) {
+    image.Allocate(1500, 2);
+    std::generate_n(image.Ptr1D, 3000, [&] { return static_cast<unsigned char>(random() % 64 + 192); });
+    for (const int size : {645, 647, 648, 651, 2001, 2901, 2902, 2999}) {
         const int          r = size / 2;
         const std::int64_t area = static_cast<std::int64_t>(2 * r + 1) * (2 * r + 1);
         BytePlane          copy = image;
@@ -165,7 +199,7 @@ TEST_CASE("squares at the limit of the narrow sums and beyond equal the sums by 
                     const int folded = ((j % 4) + 4) % 4;    // 0 1 1 0
                     ++times[folded == 1 || folded == 2];
                 }
-                for (int x = 0; x < 340; x += 13) {
+                for (int x = 0; x < 1500; x += 97) {
                     std::int64_t sum = 0;
                     for (int i = x - r; i <= x + r; ++i)
                         for (int row = 0; row < 2; ++row)

@@ -83,6 +83,23 @@ TEST_CASE("every form equals the samples by hand on wide images at every spacing
     }
 }
 
+TEST_CASE("every form equals the samples by hand where all of them are met, whatever stands beside")
+{
+    unsigned seed = 7350;
+    for (const int step : {1, 2, 3, 4}) {
+        for (const int columns : {1, 7, 8, 15, 16, 17, 33, 50}) {
+            ++seed;
+            const FloatPlane source = HardPlane(columns * step, 6 * step, seed);
+            const FloatPlane expected = ScaledByHand(source, columns, 6);
+            InEveryForm([&](const char* form) {
+                CHECK_MESSAGE(SamePlane(Scaled(source, columns, 6), expected),
+                              form << ", seed " << seed << ", step " << step << ", " << columns
+                                   << " columns");
+            });
+        }
+    }
+}
+
 TEST_CASE("ResizeSC gives the pixels of ResizeMC with any number of threads")
 {
     const unsigned   seed = 7400;

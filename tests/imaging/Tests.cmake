@@ -1,4 +1,6 @@
 # Tests of imaging, one line each.
+vostel_test(imaging/BSplineTest)
+vostel_test(imaging/RasterFillsTest)
 vostel_inner_test(imaging/AdaptiveThresholdTest)
 vostel_inner_test(imaging/ConvolutionTest)
 vostel_inner_test(imaging/GaussianKernelsTest)
@@ -6,3 +8,5 @@ vostel_inner_test(imaging/ImageConcatenationTest)
 vostel_inner_test(imaging/MatrixProductTest)
 vostel_inner_test(imaging/ResizeTest)
 vostel_inner_test(imaging/RowThreadsTest)
+vostel_inner_test(imaging/FourierTransformTest)
+vostel_inner_test(imaging/ReconstructionFilterTest)

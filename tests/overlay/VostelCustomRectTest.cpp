@@ -72,9 +72,14 @@ TEST_CASE("a box given with its corners swapped draws and labels the same place"
     host.Paint();
     CHECK(rect.ClientBox == CRect(host.At(10, 15), host.At(40, 35)));
     CHECK(host.CountLabels(1) == 31 * 21);
-    AddBox(host, INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX);
+    AddBox(host, -2000000000, -2000000000, 2000000000, 2000000000);
     host.Paint();
     CHECK(host.CountLabels(2) == 8000);
+    // The right edge leaves 32 bits and is truncated to the left one: no box is left.
+    AddBox(host, INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX);
+    host.Paint();
+    CHECK(IsAt(host.Last().ImagePoints[1], INT32_MIN, INT32_MIN));
+    CHECK(host.CountLabels(3) == 0);
 }
 
 TEST_CASE("a placement truncates its floats, the sums taken in float")

@@ -1,6 +1,5 @@
 #include "overlay/VostelRect.h"
 
-#include "instruments/VostelMeasureLine.h"
 #include "support/OverlayCanvas.h"
 
 namespace {
@@ -193,25 +192,52 @@ TEST_CASE("the ellipse mode draws an ellipse and leaves the region of a rubber-b
 
 TEST_CASE("the middle handle moves a line as a whole, while handles are round")
 {
-    OverlayCanvas host;
-    gCVSAddMeasureLine(host.Number, 0.0);
-    host.Hover();
-    host.DragOf(CPoint(20, 20), CPoint(60, 40), DrawFlags);
-    host.Paint();
-    VostelMeasureLine& line = host.Last<VostelMeasureLine>();
+    OverlayCanvas    host;
+    VostelSingleLine line;
+    line.SetCanvasView(&host.Canvas().View);
+    line.ImagePoints.emplace_back(20.0, 20.0);
+    line.ImagePoints.emplace_back(60.0, 40.0);
+    line.RefreshClientGeometry();
+    line.OnDraw(host.Window.Dc);
     REQUIRE(line.MidPoint == host.At(40, 30));
-    // Strictly below the radius of 4.
-    line.VostelSingleLine::OnLButtonDown(MK_LBUTTON, host.At(44, 30));
-    CHECK_FALSE(line.IsMoving());
-    line.VostelSingleLine::OnLButtonDown(MK_LBUTTON, host.At(43, 30));
-    CHECK(line.IsMoving());
-    line.OnLButtonUp(0, host.At(43, 30));
-    line.VostelSingleLine::OnLButtonDown(MK_LBUTTON, host.At(38, 27));    // 3.6 away
-    CHECK(line.IsMoving());
-    line.OnLButtonUp(0, host.At(43, 30));
+    const auto moves = [&](int x, int y) {
+        line.OnLButtonDown(MK_LBUTTON, host.At(x, y));
+        const bool moving = line.IsMoving();
+        line.OnLButtonUp(0, host.At(x, y));
+        return moving;
+    };
+    CHECK(moves(40, 30));
+    CHECK(moves(43, 30));
+    CHECK_FALSE(moves(44, 30));    // strictly below the radius of 4
+    CHECK(moves(38, 27));          // 3.6 away
+    CHECK_FALSE(moves(37, 33));    // 4.2 away
+    CHECK_FALSE(moves(50, 35));    // on the line itself
     line.HandleShape = 1;
-    line.VostelSingleLine::OnLButtonDown(MK_LBUTTON, host.At(40, 30));
-    CHECK_FALSE(line.IsMoving());
+    CHECK_FALSE(moves(40, 30));
+}
+
+TEST_CASE("a line is drawn straight between its two points, in the colour of its selection")
+{
+    OverlayCanvas    host;
+    VostelSingleLine line;
+    line.SetCanvasView(&host.Canvas().View);
+    line.HandleShape = 2;
+    line.ImagePoints.emplace_back(20.0, 20.0);
+    line.RefreshClientGeometry();
+    host.Window.Fill(0);
+    line.OnDraw(host.Window.Dc);
+    CHECK(host.Window.Capture().At(70, 60) == 0);
+    line.ImagePoints.emplace_back(60.0, 20.0);
+    line.RefreshClientGeometry();
+    line.ShowHandles = false;
+    line.OnDraw(host.Window.Dc);
+    CHECK(line.ShowHandles);
+    for (const int x : {70, 90, 109})
+        CHECK(host.Window.Capture().At(x, 60) == BluePixel);
+    CHECK(host.Window.Capture().At(110, 60) == 0);
+    line.Selected = true;
+    line.OnDraw(host.Window.Dc);
+    CHECK(host.Window.Capture().At(90, 60) == RedPixel);
 }
 
 TEST_CASE("the middle of two points truncates towards zero")

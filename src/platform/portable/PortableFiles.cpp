@@ -5,6 +5,7 @@
 
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <cwchar>
 
@@ -16,8 +17,16 @@ bool PathExists(const char* path)
 
 bool IsDirectory(const CString& path)
 {
-    struct stat facts;
-    return stat(NarrowAnsi(path, path.GetLength()).c_str(), &facts) == 0 && S_ISDIR(facts.st_mode);
+    // Both separators count in path strings, and a file system may hold a backslash in a name.
+    std::string narrow = NarrowAnsi(path, path.GetLength());
+    const auto  isFolder = [](const std::string& name) {
+        struct stat facts;
+        return stat(name.c_str(), &facts) == 0 && S_ISDIR(facts.st_mode);
+    };
+    if (isFolder(narrow))
+        return true;
+    std::replace(narrow.begin(), narrow.end(), '\\', '/');
+    return isFolder(narrow);
 }
 
 std::FILE* OpenFile(const char* path, const char* mode)

@@ -1,0 +1,477 @@
+// Overlay objects: fills of a label plane, the label image, the spline's system, and paints, mouse moves and
+// hit tests of many shapes beside a scene of the same outlines.
+
+#include "canvas/CanvasTable.h"
+#include "output/WordRows.h"
+#include "overlay/VostelSpline.h"
+#include "support/PeerBench.h"
+
+#include <VostelObj.h>
+
+#include <QApplication>
+#include <QGraphicsPolygonItem>
+#include <QGraphicsScene>
+#include <QGraphicsView>
+#include <QImage>
+#include <QMouseEvent>
+#include <QPainter>
+#include <cairo.h>
+#include <opencv2/core.hpp>
+#include <opencv2/imgproc.hpp>
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <memory>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
+
+extern "C" {
+void dgesv_(const int* n, const int* nrhs, double* a, const int* lda, int* pivots, double* b, const int* ldb,
+            int* info);
+void openblas_set_num_threads(int count);
+}
+
+namespace {
+
+using Point = PointTemplateBase<int>;
+using Points = std::vector<Point>;
+using Plane = ClassData2DIO<int>;
+
+constexpr int    Size = 4096;
+constexpr double Turn = 6.283185307179586;
+
+// A ragged ring, clockwise on the screen.
+Points Star(std::mt19937& random, int count, double x, double y, double radius, double rough)
+{
+    std::uniform_real_distribution<double> at(1.0 - rough, 1.0);
+    Points                                 points;
+    for (int i = 0; i < count; ++i) {
+        const double r = radius * at(random);
+        const double angle = Turn * i / count;
+        points.emplace_back(static_cast<int>(x + r * std::cos(angle)),
+                            static_cast<int>(y + r * std::sin(angle)));
+    }
+    return points;
+}
+
+// The fill from its description, with the library's sort for the two told ones.
+void FillPlainly(Plane& plane, const Points& points, int value)
+{
+    constexpr int Ends[8][8] = {{0, 0, 0, 0, 1, 1, 1, 1}, {1, 1, 1, 1, 0, 2, 2, 2}, {1, 1, 1, 1, 0, 0, 2, 2},
+                                {1, 1, 1, 1, 0, 0, 0, 2}, {1, 1, 1, 1, 0, 0, 0, 0}, {0, 2, 2, 2, 1, 1, 1, 1},
+                                {0, 0, 2, 2, 1, 1, 1, 1}, {0, 0, 0, 2, 1, 1, 1, 1}};
+    constexpr int Codes[9] = {3, 2, 1, 4, 0, 0, 5, 6, 7};
+    constexpr int Dx[8] = {1, 1, 0, -1, -1, -1, 0, 1};
+    constexpr int Dy[8] = {0, -1, -1, -1, 0, 1, 1, 1};
+
+    std::vector<int> chain;
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        const Point& a = points[i];
+        const Point& b = points[(i + 1) % points.size()];
+        const int    dx = b.x - a.x;
+        const int    dy = b.y - a.y;
+        const int    n = std::max(std::abs(dx), std::abs(dy));
+        int          accX = 1;
+        int          accY = 1;
+        for (int k = 0; k < n; ++k) {
+            int ex = 0;
+            int ey = 0;
+            accX += std::abs(dx);
+            accY += std::abs(dy);
+            if (accX > n) {
+                ex = dx > 0 ? 1 : -1;
+                accX -= n;
+            }
+            if (accY > n) {
+                ey = dy > 0 ? 1 : -1;
+                accY -= n;
+            }
+            chain.push_back(Codes[(ey + 1) * 3 + ex + 1]);
+        }
+    }
+    std::vector<std::pair<int, int>> ends;
+    int                              x = points[0].x;
+    int                              y = points[0].y;
+    for (std::size_t i = 0; i < chain.size(); ++i) {
+        x += Dx[chain[i]];
+        y += Dy[chain[i]];
+        for (int k = Ends[chain[i]][chain[(i + 1) % chain.size()]]; k > 0; --k)
+            ends.emplace_back(y, x);
+    }
+    std::sort(ends.begin(), ends.end());
+    for (std::size_t i = 0; i < ends.size(); i += 2)
+        for (int at = ends[i].second; at <= ends[i + 1].second; ++at)
+            plane.GetRow(ends[i].first)[at] = value;
+}
+
+void MakePlane(Plane& plane)
+{
+    plane.Allocate(Size, Size);
+    std::fill_n(plane.Ptr1D, static_cast<std::size_t>(Size) * Size, 0);
+}
+
+void CompareFills(bench::PeerBench& peers)
+{
+    std::mt19937 random(68);
+    Plane        plane, plain;
+    MakePlane(plane);
+    MakePlane(plain);
+    cv::Mat          image(Size, Size, CV_32SC1, cv::Scalar(0));
+    cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, Size, Size);
+    cairo_t*         cairo = cairo_create(surface);
+    cairo_set_antialias(cairo, CAIRO_ANTIALIAS_NONE);
+    cairo_set_operator(cairo, CAIRO_OPERATOR_SOURCE);
+    const std::pair<int, double> cases[] = {{4, 0.60}, {100, 0.75}, {10000, 0.60}};
+    for (const auto& [count, bound] : cases) {
+        const Points outline = Star(random, count, 2048, 2048, 2040, count == 4 ? 0.1 : 0.5);
+        FillPlainly(plain, outline, count);
+        Points                 points;
+        std::vector<cv::Point> cvPoints;
+        for (const Point& p : outline)
+            cvPoints.emplace_back(p.x, p.y);
+        bench::Contest contest;
+        contest.Title = "fill of " + std::to_string(count) + " vertices, 4096 x 4096";
+        contest.Run = [&, value = count] {
+            points = outline;
+            FillPolygon(plane, points, value);
+        };
+        contest.Check = [&] {
+            return std::memcmp(plane.Ptr1D, plain.Ptr1D,
+                               static_cast<std::size_t>(Size) * Size * sizeof(int)) == 0;
+        };
+        contest.Peers.push_back({"opencv fillPoly",
+                                 [&, value = count] {
+                                     cv::fillPoly(image, std::vector<std::vector<cv::Point>>{cvPoints},
+                                                  cv::Scalar(value));
+                                 },
+                                 {},
+                                 [&, value = count] { return image.at<int>(2048, 2048) == value; }});
+        contest.Peers.push_back({"cairo fill",
+                                 [&] {
+                                     cairo_set_source_rgba(cairo, 1.0, 0.5, 0.25, 1.0);
+                                     cairo_new_path(cairo);
+                                     for (const Point& p : outline)
+                                         cairo_line_to(cairo, p.x, p.y);
+                                     cairo_close_path(cairo);
+                                     cairo_fill(cairo);
+                                     cairo_surface_flush(surface);
+                                 },
+                                 {},
+                                 [&] {
+                                     const auto* row = cairo_image_surface_get_data(surface) +
+                                                       2048 * cairo_image_surface_get_stride(surface);
+                                     return row[4 * 2048 + 3] == 255;
+                                 }});
+        contest.AtMost = bound;
+        peers.Compare(contest);
+        std::memset(plane.Ptr1D, 0, static_cast<std::size_t>(Size) * Size * sizeof(int));
+        std::memset(plain.Ptr1D, 0, static_cast<std::size_t>(Size) * Size * sizeof(int));
+    }
+    cairo_destroy(cairo);
+    cairo_surface_destroy(surface);
+}
+
+void CompareSpline(bench::PeerBench& peers)
+{
+    constexpr int Count = 199;
+    constexpr int N = Count + 3;
+    constexpr int Rights = 2;
+    std::mt19937  random(43);
+    Points        points;
+    for (int i = 0; i < Count; ++i)
+        points.emplace_back(static_cast<int>(random() % 4000), static_cast<int>(random() % 4000));
+    Points              curve, controls;
+    std::vector<double> matrix(N * N, 0.0), right(N * Rights, 0.0), workMatrix, workRight;
+    std::vector<int>    pivots(N);
+    const auto          set = [&](int row, int column, double v) {
+        matrix[static_cast<std::size_t>(column * N + row)] = v;
+    };
+    const auto setRight = [&](int row, double x, double y) {
+        right[static_cast<std::size_t>(row)] = x;
+        right[static_cast<std::size_t>(N + row)] = y;
+    };
+    const Point first = points[0];
+    const Point last = points[Count - 1];
+    set(0, 0, -0.5);
+    set(0, 2, 1.5);
+    setRight(0, first.x, first.y);
+    set(1, 1, 2.0 / 3.0);
+    set(1, 2, 2.0 / 3.0);
+    setRight(1, first.x / 3.0 + first.x, first.y / 3.0 + first.y);
+    for (int r = 2; r <= Count; ++r) {
+        set(r, r - 1, 1.0 / 6.0);
+        set(r, r, 2.0 / 3.0);
+        set(r, r + 1, 1.0 / 6.0);
+        setRight(r, points[static_cast<std::size_t>(r - 2)].x, points[static_cast<std::size_t>(r - 2)].y);
+    }
+    set(N - 2, N - 3, 2.0 / 9.0);
+    set(N - 2, N - 2, 2.0 / 3.0);
+    setRight(N - 2, last.x - last.x / 9.0, last.y - last.y / 9.0);
+    set(N - 1, N - 3, -0.5);
+    set(N - 1, N - 1, 1.5);
+    setRight(N - 1, last.x, last.y);
+
+    openblas_set_num_threads(1);
+    bench::Contest contest;
+    contest.Title = "mB3Line of 199 points";
+    contest.Run = [&] { mB3Line(points, curve, controls); };
+    contest.Check = [&] {
+        // The peer's solution is not ours to the bit, but it is the same system.
+        if (controls.size() != N || curve.size() != 11 * (Count - 1))
+            return false;
+        int info = 0;
+        workMatrix = matrix;
+        workRight = right;
+        dgesv_(&N, &Rights, workMatrix.data(), &N, pivots.data(), workRight.data(), &N, &info);
+        for (int i = 0; i < N; ++i) {
+            if (std::fabs(workRight[static_cast<std::size_t>(i)] - controls[static_cast<std::size_t>(i)].x) >
+                1.001)
+                return false;
+        }
+        return info == 0;
+    };
+    contest.Peers.push_back({"lapack dgesv",
+                             [&] {
+                                 int info = 0;
+                                 dgesv_(&N, &Rights, workMatrix.data(), &N, pivots.data(), workRight.data(),
+                                        &N, &info);
+                             },
+                             [&] {
+                                 workMatrix = matrix;
+                                 workRight = right;
+                             },
+                             {}});
+    contest.AtMost = 0.15;
+    peers.Compare(contest);
+}
+
+void GiveNodes(VostelObj& object, const Points& points)
+{
+    for (const Point& p : points)
+        object.ImagePoints.emplace_back(p.x, p.y);
+}
+
+// The plane that a host gets, beside writing it once, flipping it once at memory speed, and the same fills.
+void CompareLabelImage(bench::PeerBench& peers)
+{
+    constexpr int       Number = 0;
+    std::mt19937        random(33);
+    std::vector<Points> regions;
+    gCVSPrepareCanvas(Number, Size, Size);
+    std::vector<unsigned char> gray(static_cast<std::size_t>(Size) * Size, 7);
+    gCVSShowUCGray(Number, gray.data(), Size, Size, true);
+    for (int i = 0; i < 100; ++i) {
+        regions.push_back(Star(random, 50, 200 + 400 * (i % 10), 200 + 400 * (i / 10), 240, 0.4));
+        gCVSAddPoly(Number);
+        GiveNodes(*gCanvasTable[Number].Elements.back(), regions.back());
+    }
+    Plane plain, peer;
+    MakePlane(plain);
+    MakePlane(peer);
+    for (std::size_t i = 0; i < regions.size(); ++i) {
+        for (Point& p : regions[i]) {
+            p.x = std::clamp(p.x, 0, Size - 1);
+            p.y = std::clamp(p.y, 0, Size - 1);
+        }
+        FillPlainly(plain, regions[i], static_cast<int>(i) + 1);
+    }
+    const std::size_t rowBytes = Size * sizeof(int);
+    bench::Contest    contest;
+    contest.Title = "label image, 100 regions, 4096 x 4096";
+    contest.Run = [] { gCVSGenerateLabel(Number, false); };
+    contest.Check = [&] {
+        Plane& ours = gCVSGetLabelIma(Number);
+        for (int y = 0; y < Size; ++y) {
+            if (std::memcmp(ours.GetRow(y), plain.GetRow(Size - 1 - y), rowBytes) != 0)
+                return false;
+        }
+        return true;
+    };
+    std::vector<char> row(rowBytes);
+    Points            points;
+    contest.Peers.push_back({"write, fills and flip",
+                             [&] {
+                                 std::memset(peer.Ptr1D, 0, rowBytes * Size);
+                                 for (std::size_t i = 0; i < regions.size(); ++i) {
+                                     points = regions[i];
+                                     FillPolygon(peer, points, static_cast<int>(i) + 1);
+                                 }
+                                 for (int y = 0; y < Size / 2; ++y) {
+                                     std::memcpy(row.data(), peer.GetRow(y), rowBytes);
+                                     std::memcpy(peer.GetRow(y), peer.GetRow(Size - 1 - y), rowBytes);
+                                     std::memcpy(peer.GetRow(Size - 1 - y), row.data(), rowBytes);
+                                 }
+                             },
+                             {},
+                             {}});
+    contest.AtMost = 2.0;
+    peers.Compare(contest);
+    gCVSDelAllElement(Number);
+}
+
+constexpr int ViewWidth = 1920;
+constexpr int ViewHeight = 1080;
+
+// A canvas with an image as large as its window, and the same outlines as items of a scene.
+class Shapes {
+public:
+    static constexpr int Number = 1;
+
+    Shapes(int count, int nodes, bool splines)
+        : Scene(0, 0, ViewWidth, ViewHeight), View(&Scene),
+          Target(ViewWidth, ViewHeight, QImage::Format_RGB32)
+    {
+        BITMAPINFO info = {};
+        info.bmiHeader.biSize = sizeof info.bmiHeader;
+        info.bmiHeader.biWidth = ViewWidth;
+        info.bmiHeader.biHeight = ViewHeight;
+        info.bmiHeader.biPlanes = 1;
+        info.bmiHeader.biBitCount = 32;
+        void* bits = nullptr;
+        Window = CreateCompatibleDC(nullptr);
+        Bitmap = CreateDIBSection(Window, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+        Before = SelectObject(Window, Bitmap);
+        std::vector<unsigned char> gray(static_cast<std::size_t>(ViewWidth) * ViewHeight, 64);
+        CRect                      client(0, 0, ViewWidth, ViewHeight);
+        gCVSSetClient(Number, client, Window);
+        gCVSShowUCGray(Number, gray.data(), ViewWidth, ViewHeight, true);
+
+        View.setFrameStyle(0);
+        View.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        View.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        View.resize(ViewWidth, ViewHeight);
+        View.setMouseTracking(true);
+        Scene.setBackgroundBrush(QColor(64, 64, 64));
+        std::mt19937 random(421);
+        const int    across = static_cast<int>(std::ceil(std::sqrt(count * 16.0 / 9.0)));
+        const double step = static_cast<double>(ViewWidth) / across;
+        for (int i = 0; i < count; ++i) {
+            const Points points =
+                Star(random, nodes, step * (i % across + 0.5), step * (i / across + 0.5), 60, 0.3);
+            splines ? gCVSAddSpline(Number) : gCVSAddPoly(Number);
+            VostelObj& object = *gCanvasTable[Number].Elements.back();
+            GiveNodes(object, points);
+            object.ShowHandles = false;    // the scene has outlines only
+            if (!splines) {
+                QPolygonF polygon;
+                for (const Point& p : points)
+                    polygon << QPointF(p.x, p.y);
+                Scene.addPolygon(polygon, QPen(Qt::blue, 0));
+                continue;
+            }
+            Points closed = points, curve, controls;
+            closed.push_back(points[0]);
+            mB3Line(closed, curve, controls);
+            QPolygonF polygon;
+            for (const Point& p : curve)
+                polygon << QPointF(p.x, p.y);
+            Scene.addPolygon(polygon, QPen(Qt::blue, 0));
+        }
+        gCVSOnMouseMove(Number, 0, CPoint(1, 1));
+        if (splines) {
+            for (VostelObj* object : gCanvasTable[Number].Elements)
+                object->HandleRects.clear();    // a spline shows its nodes always
+        }
+    }
+    ~Shapes()
+    {
+        gCVSDelAllElement(Number);
+        CRect client(0, 0, ViewWidth, ViewHeight);
+        gCVSSetClient(Number, client, nullptr);
+        SelectObject(Window, Before);
+        DeleteObject(Bitmap);
+        DeleteDC(Window);
+    }
+    Shapes(const Shapes&) = delete;
+    Shapes& operator=(const Shapes&) = delete;
+
+    void PaintScene()
+    {
+        QPainter painter(&Target);
+        View.render(&painter);
+    }
+    void MoveInScene(QPointF at)
+    {
+        QMouseEvent event(QEvent::MouseMove, at, at, Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        QApplication::sendEvent(View.viewport(), &event);
+    }
+    QGraphicsItem* ItemAt(QPoint at) { return View.itemAt(at); }
+
+private:
+    QGraphicsScene Scene;
+    QGraphicsView  View;
+    QImage         Target;
+    HDC            Window = nullptr;
+    HBITMAP        Bitmap = nullptr;
+    HGDIOBJ        Before = nullptr;
+};
+
+void ComparePaints(bench::PeerBench& peers)
+{
+    const auto paint = [&](const std::string& title, int count, int nodes, bool splines) {
+        Shapes         shapes(count, nodes, splines);
+        bench::Contest contest;
+        contest.Title = title;
+        contest.Run = [] { gCVSOnDraw(Shapes::Number, nullptr); };
+        contest.Peers.push_back({"qt graphics view", [&] { shapes.PaintScene(); }, {}, {}});
+        peers.Compare(contest);
+    };
+    paint("paint of 1,000 polygons of 50 nodes", 1000, 50, false);
+    paint("paint of 200 splines of 60 nodes", 200, 60, true);
+    for (const int count : {10, 100, 1000, 10000})
+        paint("growth: paint of " + std::to_string(count) + " polygons", count, 50, false);
+}
+
+void CompareMoves(bench::PeerBench& peers)
+{
+    for (const int count : {10, 100, 1000, 10000}) {
+        Shapes         shapes(count, 50, false);
+        bench::Contest contest;
+        contest.Title = "growth: mouse move over " + std::to_string(count) + " polygons";
+        int at = 0;
+        int theirs = 0;
+        contest.Run = [&] {
+            ++at;
+            gCVSOnMouseMove(Shapes::Number, 0, CPoint(at % ViewWidth, at % ViewHeight));
+        };
+        contest.Peers.push_back({"qt graphics view",
+                                 [&] {
+                                     ++theirs;
+                                     shapes.MoveInScene(QPointF(theirs % ViewWidth, theirs % ViewHeight));
+                                 },
+                                 {},
+                                 {}});
+        peers.Compare(contest);
+    }
+    for (const int count : {10, 100, 1000, 10000}) {
+        Shapes         shapes(count, 50, false);
+        bench::Contest contest;
+        contest.Title = "growth: press that hits none of " + std::to_string(count) + " polygons";
+        contest.Run = [] {
+            gCVSOnLButtonDown(Shapes::Number, MK_LBUTTON, CPoint(1, ViewHeight - 1));
+            gCVSOnLButtonUp(Shapes::Number, 0, CPoint(1, ViewHeight - 1));
+        };
+        QGraphicsItem* found = nullptr;
+        contest.Peers.push_back(
+            {"qt itemAt", [&] { found = shapes.ItemAt(QPoint(1, ViewHeight - 1)); }, {}, {}});
+        peers.Compare(contest);
+    }
+}
+
+}
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication     application(argc, argv);
+    bench::PeerBench peers(argc, argv);
+    CompareFills(peers);
+    CompareSpline(peers);
+    CompareLabelImage(peers);
+    ComparePaints(peers);
+    CompareMoves(peers);
+    return peers.Finish();
+}
