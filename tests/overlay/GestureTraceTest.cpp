@@ -130,7 +130,7 @@ private:
         }
     }
 
-    // Near the last place, on some object's handle, anywhere, or far out.
+    // Near the last place, on some object's handle, anywhere, or distant out.
     CPoint Place()
     {
         const int how = Between(0, 99);
@@ -154,8 +154,8 @@ private:
         unsigned int flags = button;
         if (Between(0, 1) == 0)
             flags |= MK_SHIFT;
-        const bool near = At.x > -1000 && At.x < 1000 && At.y > -1000 && At.y < 1000;
-        if (Between(0, near ? 9 : 99) == 0)
+        const bool close = At.x > -1000 && At.x < 1000 && At.y > -1000 && At.y < 1000;
+        if (Between(0, close ? 9 : 99) == 0)
             flags |= MK_CONTROL;
         return flags;
     }
@@ -165,7 +165,7 @@ private:
         const int  width = Between(0, 9) == 0 ? Between(1, 3) : Between(20, 120);
         const int  height = Between(0, 9) == 0 ? Between(1, 3) : Between(20, 100);
         const bool clear = Between(0, 3) == 0;
-        // Back from wherever far Control drags have thrown the image.
+        // Back from wherever distant Control drags have thrown the image.
         Canvas().View.CentreX = 100;
         Canvas().View.CentreY = 80;
         Host.Move(100, 80);
@@ -317,8 +317,8 @@ TEST_CASE("shapes whose client points leave 32 bits through zooming draw, hit an
             host.Release(p.x + 3, p.y + 2);
         }
     }
-    for (const double far : {1e5, 1e7, 3e8, 1e12, 1e300, 1e-9}) {
-        canvas.View.Scale = far;
+    for (const double distant : {1e5, 1e7, 3e8, 1e12, 1e300, 1e-9}) {
+        canvas.View.Scale = distant;
         canvas.View.DisplayRect = CRect(-2000000000, -2000000000, 2000000000, 2000000000);
         for (VostelObj* object : canvas.Elements)
             object->SetCanvasView(&canvas.View);
