@@ -5,7 +5,7 @@ packages_build=(cmake g++ libcli11-dev libgif-dev libjpeg-dev libpango1.0-dev li
 packages_fonts=(fonts-dejavu-core fonts-noto-cjk)
 packages_tests=(diffutils doctest-dev util-linux)
 packages_windows=(g++-mingw-w64-x86-64-posix wine64)
-packages_bench=(libbenchmark-dev libfftw3-dev libkissfft-dev libcairo2-dev libopencv-dev libpixman-1-dev qt6-base-dev)
+packages_bench=(libbenchmark-dev libfftw3-dev libkissfft-dev libcairo2-dev libopenblas-pthread-dev libopencv-dev libpixman-1-dev qt6-base-dev)
 
 # Installs those of the named packages that are missing; asks the network for nothing if none is.
 install_packages()

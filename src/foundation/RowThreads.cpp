@@ -43,16 +43,19 @@ void ForEachRowRun(int rows, const std::function<void(RowRun)>& work)
 {
     if (rows <= 0)
         return;
-    const int           forced = ForcedThreads.load(std::memory_order_relaxed);
-    const int           threads = forced > 0 ? forced : ProcessorCount();
+    const int forced = ForcedThreads.load(std::memory_order_relaxed);
+    const int threads = forced > 0 ? forced : ProcessorCount();
+    // Nothing would be done beside it.
+    if (threads == 1 || rows < threads) {
+        work(RowRunOf(rows, threads, threads - 1));
+        return;
+    }
     std::vector<Share>  shares(static_cast<std::size_t>(threads));
     std::vector<Share*> unstarted;
     unstarted.reserve(shares.size());
     for (int i = 0; i < threads; ++i) {
         Share& share = shares[static_cast<std::size_t>(i)];
         share.Run = RowRunOf(rows, threads, i);
-        if (share.Run.First >= share.Run.End)
-            continue;
         try {
             share.Thread = std::thread([&share, &work] { Work(share, work); });
         } catch (...) {

@@ -22,8 +22,9 @@ class ControlSystem {
 public:
     explicit ControlSystem(const std::vector<Point>& points) : Size(static_cast<int>(points.size()) + 3)
     {
+        // Rows further below the diagonal are zeros that nothing reads.
         for (int c = 0; c < Size; ++c)
-            std::fill_n(Columns[c], Size, 0.0);
+            std::fill_n(Columns[c], std::min(c + Band + 2, Size), 0.0);
         const int    last = Size - 1;
         const int    count = static_cast<int>(points.size());
         const Point& first = points.front();
@@ -59,12 +60,12 @@ public:
         for (int k = 0; k < Size; ++k) {
             const double diagonal = std::fabs(Columns[k][k]);
             int          pivot = k;
-            for (int i = k; i < Size; ++i) {
+            for (int i = k; i < std::min(k + Band, Size); ++i) {    // below these all are zeros
                 if (std::fabs(Columns[k][i]) > diagonal)
                     pivot = i;
             }
             if (pivot != k)
-                SwapRows(pivot, k);
+                SwapRows(k, pivot);
             const double divisor = Columns[k][k];
             const int    end = std::min(k + Band, Size - 1);
             for (int c = k; c <= end; ++c)
@@ -75,9 +76,10 @@ public:
         }
     }
 
-    double X(int row) const { return RightX[row]; }
-    double Y(int row) const { return RightY[row]; }
-    int    Count() const { return Size; }
+    // The control points, after Solve.
+    const double* AllX() const { return RightX; }
+    const double* AllY() const { return RightY; }
+    int           Count() const { return Size; }
 
 private:
     int    Size;
@@ -91,12 +93,14 @@ private:
         RightX[row] = x;
         RightY[row] = y;
     }
-    void SwapRows(int a, int b)
+    // Columns to the left are zeros in both rows, those beyond the band have not been reached by either.
+    void SwapRows(int upper, int lower)
     {
-        for (int c = 0; c < Size; ++c)
-            std::swap(Columns[c][a], Columns[c][b]);
-        std::swap(RightX[a], RightX[b]);
-        std::swap(RightY[a], RightY[b]);
+        const int end = std::min(upper + Band, Size - 1);
+        for (int c = upper; c <= end; ++c)
+            std::swap(Columns[c][upper], Columns[c][lower]);
+        std::swap(RightX[upper], RightX[lower]);
+        std::swap(RightY[upper], RightY[lower]);
     }
 
     // Adds -M[r][k] times row k to every other row. The factors are the column itself, which is cleared last.
@@ -124,14 +128,26 @@ private:
     }
 };
 
-// The cubic basis at u on one segment.
-double Blend(double u, double c0, double c1, double c2, double c3)
+// The cubic basis at the samples of a segment, which are the same on all of them.
+struct Basis {
+    double At[SamplesPerSegment][4];
+
+    Basis()
+    {
+        for (int t = 0; t < SamplesPerSegment; ++t) {
+            const double u = t / 10.0;
+            At[t][0] = (1.0 - 3.0 * u + 3.0 * u * u - u * u * u) / 6.0;
+            At[t][1] = (4.0 - 6.0 * u * u + 3.0 * u * u * u) / 6.0;
+            At[t][2] = (1.0 + 3.0 * u + 3.0 * u * u - 3.0 * u * u * u) / 6.0;
+            At[t][3] = u * u * u / 6.0;
+        }
+    }
+};
+
+int Blend(const double (&basis)[4], const double* controls)
 {
-    const double b0 = (1.0 - 3.0 * u + 3.0 * u * u - u * u * u) / 6.0;
-    const double b1 = (4.0 - 6.0 * u * u + 3.0 * u * u * u) / 6.0;
-    const double b2 = (1.0 + 3.0 * u + 3.0 * u * u - 3.0 * u * u * u) / 6.0;
-    const double b3 = u * u * u / 6.0;
-    return b0 * c0 + b1 * c1 + b2 * c2 + b3 * c3;
+    return TruncToInt(basis[0] * controls[0] + basis[1] * controls[1] + basis[2] * controls[2] +
+                      basis[3] * controls[3]);
 }
 
 }
@@ -147,15 +163,14 @@ void mB3Line(const std::vector<Point>& input, std::vector<Point>& curve, std::ve
     std::vector<Point> points;    // input may be one of the results
     points.reserve(static_cast<std::size_t>(system.Count()));
     for (int i = 0; i < system.Count(); ++i)
-        points.emplace_back(TruncToInt(system.X(i)), TruncToInt(system.Y(i)));
-    std::vector<Point> samples;
-    samples.reserve(SamplesPerSegment * (count - 1));
+        points.emplace_back(TruncToInt(system.AllX()[i]), TruncToInt(system.AllY()[i]));
+    static const Basis basis;
+    std::vector<Point> samples(SamplesPerSegment * (count - 1));
+    Point*             sample = samples.data();
     for (int j = 0; j + 1 < static_cast<int>(count); ++j) {
-        for (int t = 0; t < SamplesPerSegment; ++t) {
-            const double u = t / 10.0;
-            samples.emplace_back(
-                TruncToInt(Blend(u, system.X(j + 1), system.X(j + 2), system.X(j + 3), system.X(j + 4))),
-                TruncToInt(Blend(u, system.Y(j + 1), system.Y(j + 2), system.Y(j + 3), system.Y(j + 4))));
+        for (int t = 0; t < SamplesPerSegment; ++t, ++sample) {
+            sample->x = Blend(basis.At[t], system.AllX() + j + 1);
+            sample->y = Blend(basis.At[t], system.AllY() + j + 1);
         }
     }
     controls = std::move(points);

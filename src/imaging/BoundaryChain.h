@@ -2,14 +2,23 @@
 
 #include "vostel/Geometry.h"
 
+#include <cstddef>
 #include <vector>
 
-// An end of a horizontal span of a filled polygon.
-struct BoundaryPixel {
-    int X;
-    int Y;
+// The ends of the horizontal spans of a closed polygon, row by row. Within a row their order is not told:
+// sorted by column, consecutive pairs are the spans.
+struct SpanEnds {
+    int                      Left = 0;    // the box of the points
+    int                      Top = 0;
+    int                      Right = -1;
+    int                      Bottom = -1;
+    std::vector<std::size_t> RowEnds;    // of row Top + i: where its columns end and those of the next begin
+    std::vector<int>         Columns;
+
+    std::size_t Rows() const { return static_cast<std::size_t>(Bottom - Top + 1); }
+    int*        Begin(std::size_t row) { return Columns.data() + (row == 0 ? 0 : RowEnds[row - 1]); }
+    int*        End(std::size_t row) { return Columns.data() + RowEnds[row]; }
 };
 
-// The span ends of the closed polygon through the points, ascending by y and within a row by x, so that
-// consecutive pairs are the spans. All points lie at x, y >= 0 and y < height.
-std::vector<BoundaryPixel> SpanEnds(const std::vector<PointTemplateBase<int>>& points, int height);
+// For points at x, y >= 0; at least one. Storage of earlier calls is used again.
+void FindSpanEnds(const std::vector<PointTemplateBase<int>>& points, SpanEnds& ends);

@@ -19,15 +19,111 @@ bool IsEmpty(const ClassData2DIO<int>& plane)
 }
 
 // Fills columns first..last, both included, of a row that lies in the plane.
-void FillRun(ClassData2DIO<int>& plane, std::int64_t row, std::int64_t first, std::int64_t last, int value)
+void FillRun(ClassData2DIO<int>& plane, std::int64_t row, std::int64_t first, std::int64_t last, int value,
+             bool pastCaches)
 {
+    constexpr std::int64_t Short = 32;    // not worth a call
     first = std::max<std::int64_t>(first, 0);
     last = std::min<std::int64_t>(last, plane.Width - 1);
     if (first > last)
         return;
-    std::uint32_t* const target =
-        reinterpret_cast<std::uint32_t*>(plane.Ptr1D + row * static_cast<std::int64_t>(plane.Width) + first);
-    FillWords(target, static_cast<std::size_t>(last - first + 1), static_cast<std::uint32_t>(value), false);
+    int* const         target = plane.Ptr1D + row * static_cast<std::int64_t>(plane.Width) + first;
+    const std::int64_t count = last - first + 1;
+    if (count <= Short) {
+        for (std::int64_t i = 0; i < count; ++i)
+            target[i] = value;
+        return;
+    }
+    FillWords(reinterpret_cast<std::uint32_t*>(target), static_cast<std::size_t>(count),
+              static_cast<std::uint32_t>(value), pastCaches);
+}
+
+// Ends in a row from which on marking their columns beats comparing them.
+constexpr std::ptrdiff_t ManyInRow = 32;
+
+// Orders the ends of a row; answers how many pixels lie between them in pairs.
+std::size_t SortFewEnds(int* first, int* last)
+{
+    for (int* at = first + (first != last); at < last; ++at) {
+        const int value = *at;
+        int*      place = at;
+        for (; place > first && place[-1] > value; --place)
+            *place = place[-1];
+        *place = value;
+    }
+    std::size_t words = 0;
+    for (const int* at = first; at + 1 < last; at += 2)
+        words += static_cast<std::size_t>(at[1] - at[0] + 1);
+    return words;
+}
+
+// From each set bit to the next, the first of a pair included and the second not.
+std::uint64_t BetweenPairs(std::uint64_t bits)
+{
+    for (int shift = 1; shift < 64; shift *= 2)
+        bits ^= bits << shift;
+    return bits;
+}
+
+// Every four bits as a mask of four words.
+struct NibbleMasks {
+    int Words[16][4];
+
+    constexpr NibbleMasks() : Words{}
+    {
+        for (int nibble = 0; nibble < 16; ++nibble)
+            for (int bit = 0; bit < 4; ++bit)
+                Words[nibble][bit] = (nibble >> bit & 1) != 0 ? -1 : 0;
+    }
+};
+
+void FillByMask(int* target, std::uint64_t mask, int value)
+{
+    static constexpr NibbleMasks masks;
+    if (mask == ~std::uint64_t{0}) {
+        std::fill_n(target, 64, value);
+        return;
+    }
+    for (; mask != 0; mask >>= 4, target += 4) {
+        const int* const words = masks.Words[mask & 15];
+        for (int i = 0; i < 4; ++i)
+            target[i] = (target[i] & ~words[i]) | (value & words[i]);
+    }
+}
+
+// Fills between the ends of a row in pairs as if they were sorted. One bit a column tells whether there is an
+// end, another whether there is an odd number: only those change between inside and outside, and an even
+// number outside is a span of one pixel.
+void FillBetweenMany(ClassData2DIO<int>& plane, std::int64_t row, const int* first, const int* last, int left,
+                     int right, int value)
+{
+    thread_local std::vector<std::uint64_t> any, odd;
+    const std::size_t                       words = static_cast<std::size_t>((right - left) / 64 + 1);
+    any.assign(words, 0);
+    odd.assign(words, 0);
+    for (const int* at = first; at != last; ++at) {
+        const unsigned      column = static_cast<unsigned>(*at - left);
+        const std::uint64_t bit = std::uint64_t{1} << (column % 64);
+        any[column / 64] |= bit;
+        odd[column / 64] ^= bit;
+    }
+    int* const    target = plane.Ptr1D + row * static_cast<std::int64_t>(plane.Width) + left;
+    std::uint64_t inside = 0;    // all ones while a span is open
+    for (std::size_t word = 0; word < words; ++word) {
+        const std::uint64_t spans = BetweenPairs(odd[word]) ^ inside;
+        inside = static_cast<std::uint64_t>(static_cast<std::int64_t>(spans) >> 63);
+        const std::uint64_t mask = spans | any[word];
+        const std::size_t   columns =
+            std::min<std::size_t>(64, static_cast<std::size_t>(right - left) + 1 - 64 * word);
+        if (columns == 64) {
+            FillByMask(target + 64 * word, mask, value);
+            continue;
+        }
+        for (std::size_t i = 0; i < columns; ++i) {
+            if ((mask >> i & 1) != 0)
+                target[64 * word + i] = value;
+        }
+    }
 }
 
 // Half widths of an ellipse by the distance of a row from its centre; the spans of the midpoint rule on one
@@ -123,7 +219,7 @@ void FillByEquation(ClassData2DIO<int>& plane, std::int64_t cx, std::int64_t cy,
         if (at < -1.0 || at > 1.0 || (b <= 0.0 && y != cy))
             continue;
         const std::int64_t half = static_cast<std::int64_t>(a * std::sqrt(1.0 - at * at));
-        FillRun(plane, y, cx - half, cx + half - 1, value);
+        FillRun(plane, y, cx - half, cx + half - 1, value, false);
     }
 }
 
@@ -147,7 +243,7 @@ void DrawEcllipse(ClassData2DIO<int>& plane, int x1, int y1, int x2, int y2, boo
     for (std::int64_t y = top; y <= bottom; ++y) {
         const std::int64_t half = halves.At(std::llabs(y - cy));
         if (half > 0)
-            FillRun(plane, y, cx - half, cx + half - 1, value);    // the right end is left out
+            FillRun(plane, y, cx - half, cx + half - 1, value, false);    // the right end is left out
     }
 }
 
@@ -159,9 +255,30 @@ void FillPolygon(ClassData2DIO<int>& plane, std::vector<Point>& points, int valu
         p.x = std::clamp(p.x, 0, plane.Width - 1);
         p.y = std::clamp(p.y, 0, plane.Height - 1);
     }
-    const std::vector<BoundaryPixel> ends = SpanEnds(points, plane.Height);
-    for (std::size_t i = 0; i + 1 < ends.size(); i += 2)
-        FillRun(plane, ends[i].Y, ends[i].X, ends[i + 1].X, value);
+    // Fresh memory costs more than the ordering does.
+    thread_local SpanEnds ends;
+    FindSpanEnds(points, ends);
+    std::size_t words = 0;    // of rows with few ends; many ends have short spans between them
+    for (std::size_t row = 0; row < ends.Rows(); ++row) {
+        if (ends.End(row) - ends.Begin(row) < ManyInRow)
+            words += SortFewEnds(ends.Begin(row), ends.End(row));
+    }
+    const bool pastCaches = WritesPastCaches(words * sizeof(int));
+    for (std::size_t row = 0; row < ends.Rows(); ++row) {
+        const std::int64_t y = ends.Top + static_cast<std::int64_t>(row);
+        const int* const   end = ends.End(row);
+        if (end - ends.Begin(row) >= ManyInRow) {
+            FillBetweenMany(plane, y, ends.Begin(row), end, ends.Left, ends.Right, value);
+            continue;
+        }
+        for (const int* at = ends.Begin(row); at + 1 < end; at += 2)
+            FillRun(plane, y, at[0], at[1], value, pastCaches);
+    }
+    if (pastCaches)
+        WordFence();
+    constexpr std::size_t Kept = std::size_t{1} << 22;
+    if (ends.Columns.capacity() > Kept)
+        std::vector<int>().swap(ends.Columns);
 }
 
 void FillSpline(ClassData2DIO<int>& plane, std::vector<Point>& points, int value)

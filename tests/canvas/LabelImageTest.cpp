@@ -258,7 +258,8 @@ TEST_CASE("a custom rectangle beyond the image fills the box of its clamped corn
     CHECK(host.Count(1) == 8000);
 }
 
-TEST_CASE("the region stays with its image points when the image is panned, zoomed or replaced by a smaller one")
+TEST_CASE(
+    "the region stays with its image points when the image is panned, zoomed or replaced by a smaller one")
 {
     LabelCanvas host(3);
     host.AddBox(5, 5, 24, 24);
@@ -267,7 +268,8 @@ TEST_CASE("the region stays with its image points when the image is panned, zoom
     gCVSGenerateLabel(host.Number, false);
     CHECK(host.Count(1) == 400);
     CHECK(host.LabelAt(5, 5) == 1);
-    host.ShowGray(20, 10, [](int, int) { return 9; }, false);
+    host.ShowGray(
+        20, 10, [](int, int) { return 9; }, false);
     CHECK(gCVSGenerateLabel(host.Number, false) == 1);
     CHECK(gCVSGetLabelIma(host.Number).Width == 20);
     CHECK(gCVSGetLabelIma(host.Number).Height == 10);
@@ -278,7 +280,8 @@ TEST_CASE("the region stays with its image points when the image is panned, zoom
 TEST_CASE("a contrast change redraws the selected region alone, and everything when nothing is selected")
 {
     LabelCanvas host;
-    host.ShowFloat(100, 80, [](int x, int y) { return (x + y) % 2 == 0 ? 0.0f : 100.0f + static_cast<float>(x); });
+    host.ShowFloat(100, 80,
+                   [](int x, int y) { return (x + y) % 2 == 0 ? 0.0f : 100.0f + static_cast<float>(x); });
     host.AddBox(10, 10, 29, 29);
     host.AddBox(50, 10, 69, 29);
     host.Click(20, 20);

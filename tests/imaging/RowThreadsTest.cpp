@@ -2,6 +2,7 @@
 
 #include "platform/System.h"
 
+#include <algorithm>
 #include <atomic>
 #include <doctest/doctest.h>
 #include <mutex>
@@ -49,18 +50,33 @@ TEST_CASE("with fewer rows than threads only the last thread works")
     CHECK(runs.size() == 5);
 }
 
-TEST_CASE("every run has a thread of its own and the caller does none")
+TEST_CASE("runs have threads of their own and a lone one is done by the caller")
 {
     std::mutex                lock;
     std::set<std::thread::id> ids;
-    ForEachRowRun(1000, [&](RowRun) {
+    const auto                remember = [&](RowRun) {
         const std::lock_guard<std::mutex> guard(lock);
         ids.insert(std::this_thread::get_id());
-    });
+    };
+    ForceRowThreads(3);
+    ForEachRowRun(1000, remember);
     // A thread may get the number of one that has ended.
     CHECK(!ids.empty());
-    CHECK(ids.size() <= static_cast<std::size_t>(ProcessorCount()));
+    CHECK(ids.size() <= 3);
     CHECK(ids.count(std::this_thread::get_id()) == 0);
+    ids.clear();
+    ForEachRowRun(2, remember);
+    ForceRowThreads(1);
+    ForEachRowRun(1000, remember);
+    ForceRowThreads(0);
+    CHECK(ids == std::set<std::thread::id>{std::this_thread::get_id()});
+}
+
+TEST_CASE("without being told there are as many runs as processors")
+{
+    std::atomic<int> runs{0};
+    ForEachRowRun(1000, [&](RowRun) { ++runs; });
+    CHECK(runs == std::min(ProcessorCount(), 1000));
 }
 
 TEST_CASE("no rows, or less than none, call nothing")

@@ -39,8 +39,8 @@ public:
             Event();
             Check();
         }
-        INFO("seed ", Seed, ": ", Painted, " paints, ", WithLines, " with outlines, ", Labelled, " label planes, ",
-             WithRegions, " with regions, ", Added, " objects, up to ", Most, " at once");
+        INFO("seed ", Seed, ": ", Painted, " paints, ", WithLines, " with outlines, ", Labelled,
+             " label planes, ", WithRegions, " with regions, ", Added, " objects, up to ", Most, " at once");
         CHECK_FALSE(Broken);
         CHECK(Painted > events / 100);
         CHECK(Labelled > events / 400);
@@ -70,7 +70,7 @@ private:
     {
         return low + static_cast<int>(Random() % static_cast<unsigned>(high - low + 1));
     }
-    int Near(int at) { return std::clamp(at, INT32_MIN + 6, INT32_MAX - 6) + Between(-6, 6); }
+    int          Near(int at) { return std::clamp(at, INT32_MIN + 6, INT32_MAX - 6) + Between(-6, 6); }
     VostelImage& Canvas() { return gCanvasTable[Host.Number]; }
 
     void Demand(bool holds, const char* what)
@@ -170,10 +170,12 @@ private:
         Canvas().View.CentreY = 80;
         Host.Move(100, 80);
         if (Between(0, 1) == 0)
-            Host.ShowGray(width, height, [](int x, int y) { return x ^ y; }, clear);
+            Host.ShowGray(
+                width, height, [](int x, int y) { return x ^ y; }, clear);
         else
-            Host.ShowFloat(width, height, [](int x, int y) { return static_cast<float>(x * y); },
-                           Between(0, 1) == 0, clear);
+            Host.ShowFloat(
+                width, height, [](int x, int y) { return static_cast<float>(x * y); }, Between(0, 1) == 0,
+                clear);
     }
 
     void Event()
@@ -235,7 +237,8 @@ private:
         const bool                selectedOnly = Between(0, 1) == 0;
         const int                 last = gCVSGenerateLabel(Host.Number, selectedOnly);
         const ClassData2DIO<int>& plane = gCVSGetLabelIma(Host.Number);
-        Demand(plane.Width == gCVSGetCanvasWidth(Host.Number) && plane.Height == gCVSGetCanvasHeight(Host.Number),
+        Demand(plane.Width == gCVSGetCanvasWidth(Host.Number) &&
+                   plane.Height == gCVSGetCanvasHeight(Host.Number),
                "the label plane has the image's size");
         // The numbers of the region shapes; deletions of other kinds shift them, also below 0.
         std::vector<int> allowed = {0, 1};
@@ -248,10 +251,11 @@ private:
                 break;
             }
         }
-        WithRegions += std::count(plane.Ptr1D, plane.Ptr1D + plane.Width * plane.Height, 0) > 0 &&
-                       std::count(plane.Ptr1D, plane.Ptr1D + plane.Width * plane.Height, 0) <
-                           plane.Width * plane.Height;
-        Demand(std::binary_search(allowed.begin(), allowed.end(), last), "the answer is the number of an object");
+        WithRegions +=
+            std::count(plane.Ptr1D, plane.Ptr1D + plane.Width * plane.Height, 0) > 0 &&
+            std::count(plane.Ptr1D, plane.Ptr1D + plane.Width * plane.Height, 0) < plane.Width * plane.Height;
+        Demand(std::binary_search(allowed.begin(), allowed.end(), last),
+               "the answer is the number of an object");
     }
 
     static bool Normalised(const CRect& box) { return box.left <= box.right && box.top <= box.bottom; }
@@ -307,8 +311,9 @@ TEST_CASE("shapes whose client points leave 32 bits through zooming draw, hit an
     host.ShowFlatGray(100, 80, 0x40);
     VostelImage& canvas = gCanvasTable[4];
     const double scale = canvas.View.Scale;
-    for (const auto add : {gCVSAddMRectangle, gCVSAddPoly, gCVSAddSpline, gCVSAddFreeRegion, gCVSAddFreeStroke,
-                           gCVSAddMeasureAngle3Pts, gCVSAddMeasureAngle4Pts, gCVSAddLineProfile}) {
+    for (const auto add :
+         {gCVSAddMRectangle, gCVSAddPoly, gCVSAddSpline, gCVSAddFreeRegion, gCVSAddFreeStroke,
+          gCVSAddMeasureAngle3Pts, gCVSAddMeasureAngle4Pts, gCVSAddLineProfile}) {
         add(host.Number);
         host.Move(30, 30);
         for (const CPoint p : {CPoint(30, 30), CPoint(170, 40), CPoint(150, 140)}) {

@@ -18,7 +18,7 @@ TEST_CASE("a thousand objects of every kind, drawn, painted and deleted, leave n
         para.Value = L"7";
         return true;
     };
-    const TestDialogs                          installed(dialogs);
+    const TestDialogs                           installed(dialogs);
     const std::vector<std::function<void(int)>> adds = {
         gCVSAddMRectangle,
         gCVSAddCustomRectangle,

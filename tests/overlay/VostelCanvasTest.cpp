@@ -7,7 +7,7 @@
 
 namespace {
 
-template<typename F>
+template <typename F>
 void GiveLine(VostelCanvas& plot, int count, F&& valueAt)
 {
     ClassData2DIO<float> line;
@@ -151,8 +151,13 @@ TEST_CASE("the curve starts at the frame's bottom left and moves with the frame"
 
 TEST_CASE("lines of hard values are taken in without harm")
 {
-    const float hard[] = {0.0f, std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity(),
-                          -std::numeric_limits<float>::infinity(), 3e38f, -3e38f, 1e-45f};
+    const float   hard[] = {0.0f,
+                            std::numeric_limits<float>::quiet_NaN(),
+                            std::numeric_limits<float>::infinity(),
+                            -std::numeric_limits<float>::infinity(),
+                            3e38f,
+                            -3e38f,
+                            1e-45f};
     OverlayCanvas host;
     auto          owned = std::make_unique<VostelCanvas>();
     VostelCanvas& plot = *owned;

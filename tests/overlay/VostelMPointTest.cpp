@@ -294,7 +294,8 @@ TEST_CASE("without image points the derived lists stay as they are")
 TEST_CASE("a box of fixed size keeps the distance of its two points in client pixels through zoom")
 {
     OverlayCanvas  host(3);
-    VostelPolygon& polygon = (host.AddNodes(gCVSAddPoly, {CPoint(20, 20), CPoint(60, 40)}), host.Last<VostelPolygon>());
+    VostelPolygon& polygon =
+        (host.AddNodes(gCVSAddPoly, {CPoint(20, 20), CPoint(60, 40)}), host.Last<VostelPolygon>());
     polygon.FixedSize = true;
     host.Wheel(100, 80, 120);
     const CPoint first = polygon.ClientPoints[0];

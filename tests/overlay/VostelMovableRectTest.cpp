@@ -63,8 +63,8 @@ TEST_CASE("a hit in the frame selects it, left and top inclusive, right and bott
 
 TEST_CASE("the frame is a hollow box of one colour, selected or not")
 {
-    OverlayCanvas      host;
-    VostelMovableRect& frame = AddFrame(host);
+    OverlayCanvas          host;
+    VostelMovableRect&     frame = AddFrame(host);
     constexpr unsigned int FramePixel = 0xDAA569;
     CHECK(host.CountPixels(FramePixel) == 2 * 60 + 2 * 30 - 4);
     host.Paint();

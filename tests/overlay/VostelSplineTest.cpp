@@ -13,7 +13,8 @@ void GiveNodes(VostelSpline& spline, int count)
 {
     spline.ImagePoints.clear();
     for (int i = 0; i < count; ++i)
-        spline.ImagePoints.emplace_back(50.0 + (i < count / 2 ? 40 - i % 3 : i % 3 - 40), 5.0 + i * 70.0 / count);
+        spline.ImagePoints.emplace_back(50.0 + (i < count / 2 ? 40 - i % 3 : i % 3 - 40),
+                                        5.0 + i * 70.0 / count);
     spline.RefreshClientGeometry();
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
 // A canvas with a gray image of 100 x 80 in the middle of a window of 200 x 160, at scale 1: image point
-// (x, y) lies at client point (x + 50, y + 40). Gestures go through the exports; the objects can be looked at.
-// Inner tests only.
+// (x, y) lies at client point (x + 50, y + 40). Gestures go through the exports; the objects can be looked
+// at. Inner tests only.
 
 #include "canvas/CanvasTable.h"
 #include "support/HostCanvas.h"
@@ -27,7 +27,7 @@ public:
     VostelImage& Canvas() { return gCanvasTable[Number]; }
 
     // The newest object, as what it is.
-    template<typename T = VostelObj>
+    template <typename T = VostelObj>
     T& Last()
     {
         REQUIRE_FALSE(Canvas().Elements.empty());
@@ -59,7 +59,7 @@ public:
     }
 
     // A polygon, 20,20 to 60,50 unless told otherwise, clockwise.
-    template<typename Add>
+    template <typename Add>
     void AddNodes(Add&& add, const std::vector<CPoint>& nodes)
     {
         add(Number);
