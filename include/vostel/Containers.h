@@ -10,7 +10,7 @@
 
 #include <type_traits>
 
-template<typename T>
+template <typename T>
 struct StructData2D {
     T*           Ptr1D = nullptr;    // Width * Height elements, row after row, no padding
     T**          Ptr2D = nullptr;    // Height row pointers into Ptr1D
@@ -30,14 +30,14 @@ struct StructData2D {
     // the source's size through AllocateBuffers, so that it must be empty or loses its buffers.
     // Pairs: float from unsigned short, short, unsigned char; unsigned short from float, short, unsigned
     // char.
-    template<typename S>
+    template <typename S>
     void ConvertFrom(StructData2D<S>& source, float offset);
 
     // Smallest and largest element; both 0 from an empty container.
     void GetMinMax(float& minValue, float& maxValue) requires std::is_same_v<T, float>;
 };
 
-template<typename T>
+template <typename T>
 class ClassData2DIOGeneral : public StructData2D<T> {
 public:
     ClassData2DIOGeneral() = default;
@@ -59,7 +59,7 @@ public:
     virtual ClassData2DIOGeneral& operator=(const ClassData2DIOGeneral& other);
 };
 
-template<typename T>
+template <typename T>
 class ClassData2DIO : public ClassData2DIOGeneral<T> {
 public:
     ClassData2DIO() = default;

@@ -6,7 +6,7 @@
 
 #include <cstdint>
 
-template<typename T>
+template <typename T>
 struct PointTemplateBase {
     T x = T();
     T y = T();

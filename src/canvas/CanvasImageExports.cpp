@@ -6,8 +6,8 @@
 
 namespace {
 
-// A host's flat buffer seen as a container for the length of one call. The engine walks it by its width alone, so
-// it gets no row table. The buffer stays the host's, also when an exception passes through.
+// A host's flat buffer seen as a container for the length of one call. The engine walks it by its width
+// alone, so it gets no row table. The buffer stays the host's, also when an exception passes through.
 template <typename T>
 class HostPlane {
 public:

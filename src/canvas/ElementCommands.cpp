@@ -48,7 +48,7 @@ VostelObj& Append(VostelImage& canvas, std::unique_ptr<VostelObj> object)
     return *object.release();
 }
 
-template<typename Shape>
+template <typename Shape>
 void AddRegion(int number, int VostelDC::*kindCount)
 {
     VostelImage* const canvas = FindCanvas(number);
@@ -59,7 +59,7 @@ void AddRegion(int number, int VostelDC::*kindCount)
     Append(*canvas, std::move(shape));
 }
 
-template<typename Shape>
+template <typename Shape>
 void AddElement(int number, int VostelDC::*kindCount)
 {
     VostelImage* const canvas = FindCanvas(number);
@@ -71,7 +71,7 @@ void AddElement(int number, int VostelDC::*kindCount)
 }
 
 // Objects that read pixel values and follow the mouse.
-template<typename ReadOut>
+template <typename ReadOut>
 void AddReadOut(int number)
 {
     VostelImage* const canvas = FindCanvas(number);

@@ -56,7 +56,7 @@ bool IsPlausible(const tagZEKImaLoadPara& layout, const char* path)
            (size <= FreePixels || size / 4 <= DataBytes(path, skipped) / BytesOf(layout.DataType));
 }
 
-template<typename T>
+template <typename T>
 void AllocateZeroed(ClassData2DIO<T>& plane, int width, int height)
 {
     plane.Allocate(width, height);

@@ -35,7 +35,7 @@ bool SaveBox(HDC source, const CRect& box, const CString& name)
     return picture.Save(name) >= 0;
 }
 
-template<typename T>
+template <typename T>
 void SavePlane(const StructData2D<T>& plane, CString& name)
 {
     const std::unique_ptr<char, void (*)(char*)>          narrow(gCStringToChar(&name), gDLLDelete);

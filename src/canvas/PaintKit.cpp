@@ -166,7 +166,7 @@ void PaintKit::BindSurface(unsigned int* pixels)
     BmpHeight = facts.bmHeight;
 }
 
-template<typename Point>
+template <typename Point>
 void PaintKit::DrawClosedPolyline(const std::vector<Point>& points, COLORREF colour)
 {
     if (points.size() < 2)

@@ -49,7 +49,7 @@ public:
     // Notes the surface that Dc draws on, and its size; shows "No bmp" if there is none.
     void BindSurface(unsigned int* pixels);
     // Of CPoint or PointTemplateBase<int>.
-    template<typename Point>
+    template <typename Point>
     void DrawClosedPolyline(const std::vector<Point>& points, COLORREF colour);
     // Several strokes in one point list; starts holds the ascending indices where a stroke begins.
     void DrawSegments(const std::vector<CPoint>& points, const std::vector<int>& starts, int penWidth,

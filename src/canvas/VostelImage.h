@@ -64,11 +64,12 @@ private:
     bool LabelsWholeImage() const;
     // Writes the object's region, if its kind has one, into LabelIma with rows running down; true if it did,
     // and the label is then its number plus one.
-    bool       RasteriseObject(VostelObj& object);
-    void       RedrawRaw();
-    bool       HasSurfacePixels() const;
-    // A size for which no surface could be made gets no gigabytes of planes either: the allocator's exception.
-    void RefuseGiantWithoutSurface() const;
+    bool RasteriseObject(VostelObj& object);
+    void RedrawRaw();
+    bool HasSurfacePixels() const;
+    // A size for which no surface could be made gets no gigabytes of planes either: the allocator's
+    // exception.
+    void       RefuseGiantWithoutSurface() const;
     VostelObj* FirstSelectedRect();    // null for none
     void       SavePart(const CRect& box, const CString& name);
 };

@@ -116,7 +116,7 @@ bool ReadLayout(std::FILE* file, Layout& layout)
 
 // Calls take(filePixels, first, pixels) for runs of pixels that are contiguous in the file as in a plane,
 // first being the place in the plane. Pixels that the file has lost are zero.
-template<typename Take>
+template <typename Take>
 void ForEachRun(std::FILE* file, const Layout& layout, Take take)
 {
     const std::size_t width = static_cast<std::size_t>(layout.Width);
@@ -206,7 +206,7 @@ bool WriteHeader(std::FILE* file, const OutputLayout& layout)
 }
 
 // Writes the rows that put(y, fileRow) fills, their padding zero.
-template<typename Put>
+template <typename Put>
 void WriteRows(std::FILE* file, const OutputLayout& layout, Put put)
 {
     if (layout.Width <= 0 || layout.Height <= 0)

@@ -27,7 +27,7 @@ std::size_t ElementCount(int width, int height)
     return static_cast<std::size_t>(product);
 }
 
-template<typename T>
+template <typename T>
 void MakeArrays(StructData2D<T>& data)
 {
     const std::size_t elements = ElementCount(data.Width, data.Height);
@@ -90,7 +90,7 @@ int MirrorCoordinate(int c, int extent)
 
 }
 
-template<typename T>
+template <typename T>
 void StructData2D<T>::AllocateBuffers(int width, int height)
 {
     Width = width;
@@ -98,8 +98,8 @@ void StructData2D<T>::AllocateBuffers(int width, int height)
     MakeArrays(*this);
 }
 
-template<typename T>
-template<typename S>
+template <typename T>
+template <typename S>
 void StructData2D<T>::ConvertFrom(StructData2D<S>& source, float offset)
 {
     AllocateBuffers(source.Width, source.Height);
@@ -108,7 +108,7 @@ void StructData2D<T>::ConvertFrom(StructData2D<S>& source, float offset)
         StoreConverted(Ptr1D[i], static_cast<float>(source.Ptr1D[i]) + offset);
 }
 
-template<typename T>
+template <typename T>
 void StructData2D<T>::GetMinMax(float& minValue, float& maxValue) requires std::is_same_v<T, float>
 {
     if (!Ptr2D || CountOf(*this) == 0) {
@@ -127,19 +127,19 @@ void StructData2D<T>::GetMinMax(float& minValue, float& maxValue) requires std::
     }
 }
 
-template<typename T>
+template <typename T>
 ClassData2DIOGeneral<T>::ClassData2DIOGeneral(const ClassData2DIOGeneral& other) : StructData2D<T>()
 {
     *this = other;
 }
 
-template<typename T>
+template <typename T>
 ClassData2DIOGeneral<T>::~ClassData2DIOGeneral()
 {
     ClassData2DIOGeneral::Release();
 }
 
-template<typename T>
+template <typename T>
 void ClassData2DIOGeneral<T>::Allocate(int width, int height)
 {
     ClassData2DIOGeneral::Release();
@@ -151,7 +151,7 @@ void ClassData2DIOGeneral<T>::Allocate(int width, int height)
     this->Region.bottom = WrapSub(height, 1);
 }
 
-template<typename T>
+template <typename T>
 void ClassData2DIOGeneral<T>::Release()
 {
     if (this->OwnPtr1D) {
@@ -167,13 +167,13 @@ void ClassData2DIOGeneral<T>::Release()
     this->Region = ZEKRECT();
 }
 
-template<typename T>
+template <typename T>
 T* ClassData2DIOGeneral<T>::GetRow(int y)
 {
     return this->Ptr1D + static_cast<std::ptrdiff_t>(y) * this->Width;
 }
 
-template<typename T>
+template <typename T>
 ClassData2DIOGeneral<T>& ClassData2DIOGeneral<T>::operator=(const ClassData2DIOGeneral& other)
 {
     // An empty source asks for -1 x -1 or 0 x 0; both become an array without elements.
@@ -190,14 +190,14 @@ ClassData2DIOGeneral<T>& ClassData2DIOGeneral<T>::operator=(const ClassData2DIOG
     return *this;
 }
 
-template<typename T>
+template <typename T>
 ClassData2DIO<T>& ClassData2DIO<T>::operator=(const ClassData2DIO& other)
 {
     ClassData2DIOGeneral<T>::operator=(other);
     return *this;
 }
 
-template<typename T>
+template <typename T>
 unsigned char
 ClassData2DIO<T>::MirrorValue(PointTemplateBase<int> p) requires std::is_same_v<T, unsigned char>
 {
@@ -207,20 +207,20 @@ ClassData2DIO<T>::MirrorValue(PointTemplateBase<int> p) requires std::is_same_v<
     return this->Ptr2D[MirrorCoordinate(p.y, this->Height)][MirrorCoordinate(p.x, this->Width)];
 }
 
-template<typename T>
+template <typename T>
 void ClassData2DIO<T>::ReadFile(
     const char* path, unsigned int offset) requires std::is_same_v<T, short> || std::is_same_v<T, float>
 {
     ReadElements(path, offset, this->Ptr1D, sizeof(T), CountOf(*this));
 }
 
-template<typename T>
+template <typename T>
 void ClassData2DIO<T>::ReadFile(const char* path) requires std::is_same_v<T, unsigned char>
 {
     ReadElements(path, 0, this->Ptr1D, sizeof(T), CountOf(*this));
 }
 
-template<typename T>
+template <typename T>
 void ClassData2DIO<T>::NormalizeSum() requires std::is_same_v<T, float>
 {
     const std::size_t count = CountOf(*this);

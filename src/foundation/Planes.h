@@ -7,7 +7,7 @@
 #include <cstddef>
 
 // Elements that may be touched; 0 for a container without a buffer.
-template<typename T>
+template <typename T>
 std::size_t CountOf(const StructData2D<T>& data)
 {
     return data.Ptr1D && data.Width > 0 && data.Height > 0
@@ -16,7 +16,7 @@ std::size_t CountOf(const StructData2D<T>& data)
 }
 
 // Whether the container holds a plane of just this size.
-template<typename T>
+template <typename T>
 bool IsPlaneOf(const StructData2D<T>& data, int width, int height)
 {
     return CountOf(data) > 0 && data.Width == width && data.Height == height;
@@ -24,7 +24,7 @@ bool IsPlaneOf(const StructData2D<T>& data, int width, int height)
 
 // A plane of the size with any contents: the one that is there if it fits, since touching fresh memory costs
 // more than the pass that fills it.
-template<typename T>
+template <typename T>
 void SizeForOverwriting(ClassData2DIO<T>& data, int width, int height)
 {
     if (!IsPlaneOf(data, width, height))

@@ -10,7 +10,7 @@
 
 namespace {
 
-template<typename... Values>
+template <typename... Values>
 void ShowFormatted(const wchar_t* format, Values... values)
 {
     wchar_t text[700];    // two floats of full length fit

@@ -18,7 +18,7 @@ namespace {
 
 using Bytes = std::vector<unsigned char>;
 
-template<typename T>
+template <typename T>
 Bytes BytesOf(const std::vector<T>& values)
 {
     Bytes bytes(values.size() * sizeof(T));
@@ -27,7 +27,7 @@ Bytes BytesOf(const std::vector<T>& values)
 }
 
 // A plane whose elements are their own index.
-template<typename T>
+template <typename T>
 void Number(ClassData2DIO<T>& data, int width, int height)
 {
     data.Allocate(width, height);
@@ -35,14 +35,14 @@ void Number(ClassData2DIO<T>& data, int width, int height)
         data.Ptr1D[i] = static_cast<T>(i);
 }
 
-template<typename T>
+template <typename T>
 bool RegionIs(const StructData2D<T>& data, int left, int top, int right, int bottom)
 {
     const ZEKRECT& r = data.Region;
     return r.left == left && r.top == top && r.right == right && r.bottom == bottom && r.W == 1 && r.H == 1;
 }
 
-template<typename T>
+template <typename T>
 void CheckEmpty(const StructData2D<T>& data, int size)
 {
     CHECK(data.Ptr1D == nullptr);

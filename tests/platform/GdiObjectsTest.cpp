@@ -25,7 +25,7 @@ HBITMAP Section(const BITMAPINFO& info, void** bits)
     return CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, bits, nullptr, 0);
 }
 
-template<typename Handle>
+template <typename Handle>
 Handle HandleOf(std::uintptr_t value)
 {
     return reinterpret_cast<Handle>(value);

@@ -132,8 +132,8 @@ VOSTEL_API int     GetObjectW(HGDIOBJ object, int bytes, void* record);    // bi
 // Sections handed in from outside are not supported: section is null and offset 0.
 VOSTEL_API HBITMAP CreateDIBSection(HDC dc, const BITMAPINFO* info, UINT usage, void** bits, HANDLE section,
                                     DWORD offset);
-// With bits null: fills the header with the bitmap's own layout. Answers its height for a header that came with
-// biBitCount 0, else 1, as GDI does.
+// With bits null: fills the header with the bitmap's own layout. Answers its height for a header that came
+// with biBitCount 0, else 1, as GDI does.
 VOSTEL_API int GetDIBits(HDC dc, HBITMAP bitmap, UINT firstRow, UINT rows, void* bits, BITMAPINFO* info,
                          UINT usage);
 

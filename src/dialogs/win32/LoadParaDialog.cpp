@@ -6,7 +6,7 @@
 namespace {
 
 // Every number of the record with its key in the file.
-template<class Para, class Visit>
+template <class Para, class Visit>
 void ForEachField(Para& para, Visit visit)
 {
     visit(L"Width", para.Width);

@@ -5,7 +5,7 @@
 
 namespace {
 
-template<class Number>
+template <class Number>
 bool Parse(const std::wstring& text, Number& number)
 {
     const wchar_t*    blanks = L" \t";
@@ -30,7 +30,7 @@ bool Parse(const std::wstring& text, Number& number)
     return true;
 }
 
-template<class Number>
+template <class Number>
 std::wstring Format(Number number)
 {
     char                       text[64];

@@ -33,7 +33,7 @@ protected:
     bool         GetCheck(WORD id) const;
 
     // Reads a number; one that does not parse leaves the target, focuses and marks the field.
-    template<class Number>
+    template <class Number>
     bool GetNumber(WORD id, Number& number) const;
 
 private:

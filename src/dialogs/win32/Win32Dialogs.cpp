@@ -11,7 +11,7 @@ namespace own {
 namespace {
 const wchar_t* const kOwnFile = L"Tessik.ini";
 
-template<class Dialog, class Para>
+template <class Dialog, class Para>
 bool AskAndKeep(Para& para, Para& last, bool& answered, const wchar_t* section)
 {
     const ParameterFile file(kOwnFile, section);

@@ -18,7 +18,7 @@ bool CanWalk(std::int64_t width, std::int64_t height)
 // Calls visit(x, upper row, lower row) for the pixels of the left half, from the middle to the two tips.
 // The box's right and bottom are included. The error is the value of the ellipse's equation at the midpoint
 // of the next step, scaled to whole numbers. A tip much narrower than it is tall ends early.
-template<typename Visit>
+template <typename Visit>
 void Walk(std::int64_t left, std::int64_t top, std::int64_t right, std::int64_t bottom, Visit visit)
 {
     std::int64_t a = right - left, b = bottom - top, odd = b & 1;

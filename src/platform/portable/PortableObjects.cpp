@@ -85,7 +85,7 @@ HGDIOBJ Insert(Table& table, Kind kind, void* object, bool stock)
     return HandleOf(index, slot);
 }
 
-template<typename Object>
+template <typename Object>
 HGDIOBJ InsertObject(Table& table, Kind kind, std::unique_ptr<Object> object, bool stock)
 {
     HGDIOBJ handle = object == nullptr ? nullptr : Insert(table, kind, object.get(), stock);
@@ -130,7 +130,7 @@ Table& Objects()
     return *table;
 }
 
-template<typename Object>
+template <typename Object>
 Object* Find(const void* handle, Kind kind)
 {
     Slot* slot = FindSlot(Objects(), handle);
@@ -184,7 +184,7 @@ void Release(Table& table, const void* handle)
 }
 
 // Puts an object in a member of a context and its handle beside it; answers the handle before.
-template<typename Handle, typename Object>
+template <typename Handle, typename Object>
 HGDIOBJ Exchange(Table& table, Slot& slot, HGDIOBJ handle, Handle& heldHandle, Object*& held)
 {
     HGDIOBJ before = heldHandle;

@@ -19,7 +19,8 @@ std::int64_t ClockFrequency()
 
 std::int64_t ClockCount()
 {
-    return std::chrono::duration_cast<std::chrono::nanoseconds>(std::chrono::steady_clock::now().time_since_epoch())
+    return std::chrono::duration_cast<std::chrono::nanoseconds>(
+               std::chrono::steady_clock::now().time_since_epoch())
         .count();
 }
 
@@ -27,7 +28,8 @@ void PreferLargePages([[maybe_unused]] void* memory, [[maybe_unused]] std::size_
 {
 #if defined(MADV_HUGEPAGE)
     const std::uintptr_t pageBytes = 4096;
-    const std::uintptr_t start = (reinterpret_cast<std::uintptr_t>(memory) + pageBytes - 1) / pageBytes * pageBytes;
+    const std::uintptr_t start =
+        (reinterpret_cast<std::uintptr_t>(memory) + pageBytes - 1) / pageBytes * pageBytes;
     const std::uintptr_t end = (reinterpret_cast<std::uintptr_t>(memory) + bytes) / pageBytes * pageBytes;
     if (start < end)
         madvise(reinterpret_cast<void*>(start), end - start, MADV_HUGEPAGE);    // a refusal changes nothing
