@@ -1,12 +1,12 @@
 #include "canvas/VostelImage.h"
 
+#include "foundation/ArrayLength.h"
 #include "foundation/Planes.h"
 #include "foundation/Truncate.h"
 #include "output/FloatRange.h"
 
 #include <algorithm>
 #include <functional>
-#include <new>
 
 namespace {
 
@@ -180,7 +180,7 @@ void VostelImage::RefuseGiantWithoutSurface() const
     constexpr long long Giant = 1LL << 26;
     if (!HasSurfacePixels() && CanvasWidth > 0 && CanvasHeight > 0 &&
         static_cast<long long>(CanvasWidth) * CanvasHeight > Giant)
-        throw std::bad_alloc();
+        FailArrayLength();
 }
 
 bool VostelImage::HasSurfacePixels() const
