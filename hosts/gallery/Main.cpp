@@ -1,7 +1,7 @@
 // Draws every kind of overlay object with the gestures of a user, each on a canvas of its own size, and puts
 // the frames with their names onto one sheet.
 
-#include "common/Host.h"
+#include "common/Sheet.h"
 
 #include <cmath>
 #include <cstdio>
@@ -18,7 +18,6 @@ constexpr int Columns = 3;
 constexpr int TileWidth = 384;    // the size of the sample, so that it fills a tile
 constexpr int TileHeight = 303;
 constexpr int Gap = 12;
-constexpr int NameHeight = 30;
 constexpr int SheetWidth = Columns * TileWidth + (Columns + 1) * Gap;
 
 struct Tile {
@@ -211,24 +210,10 @@ const Tile Tiles[] = {
     {L"Progress bar", DrawProgress},
 };
 
-// A name below its tile.
-void WriteName(HDC dc, const wchar_t* name, int x, int y)
-{
-    const HFONT font =
-        CreateFontW(20, 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0, 0, 0, 0, L"DejaVu Sans");
-    const HGDIOBJ before = SelectObject(dc, font);
-    SetBkMode(dc, TRANSPARENT);
-    SetTextColor(dc, RGB(40, 40, 40));
-    const CString text(name);
-    TextOutW(dc, x, y, text, text.GetLength());
-    SelectObject(dc, before);
-    DeleteObject(font);
-}
-
 // Places of the tiles in reading order; the height that they need comes back.
 int PlaceTiles(const std::function<void(const Tile&, int x, int y)>& place)
 {
-    constexpr int rowHeight = TileHeight + NameHeight + Gap;
+    constexpr int rowHeight = TileHeight + Sheet::NameHeight + Gap;
     int           column = 0;
     int           y = Gap;
     for (const Tile& tile : Tiles) {
@@ -244,17 +229,8 @@ int PlaceTiles(const std::function<void(const Tile&, int x, int y)>& place)
 
 bool WriteSheet(const std::string& picture, const std::string& path)
 {
-    CImage    sheet;
-    const int height = PlaceTiles([](const Tile&, int, int) {});
-    if (!sheet.Create(SheetWidth, height, 24))
-        return false;
-    const HDC    dc = sheet.GetDC();
-    const HBRUSH white = CreateSolidBrush(RGB(255, 255, 255));
-    const CRect  whole(0, 0, SheetWidth, height);
-    FillRect(dc, &whole, white);
-    DeleteObject(white);
-
-    bool shown = true;
+    Sheet sheet(SheetWidth, PlaceTiles([](const Tile&, int, int) {}));
+    bool  shown = true;
     PlaceTiles([&](const Tile& tile, int x, int y) {
         const int width = tile.Span * TileWidth + (tile.Span - 1) * Gap;
         Host      user(Canvas, width, TileHeight);
@@ -266,15 +242,12 @@ bool WriteSheet(const std::string& picture, const std::string& path)
         user.Paint();
         tile.Draw(user);
         user.Paint();
-        GdiFlush();
-        BitBlt(dc, x, y, width, TileHeight, user.Context(), 0, 0, SRCCOPY);
-        WriteName(dc, tile.Name, x, y + TileHeight + 4);
+        sheet.Place(user, x, y, width, TileHeight, tile.Name);
         gCVSDelAllElement(Canvas);
         MakeRoom(user,
                  (width - TileWidth) / 2 - static_cast<int>(gCVSGetCanvasRegion(Canvas).left));    // undone
     });
-    sheet.ReleaseDC();
-    return shown && sheet.Save(std::filesystem::path(path).wstring().c_str()) >= 0;
+    return shown && sheet.Save(path);
 }
 
 }
