@@ -20,11 +20,19 @@ void Zero(float* row, std::ptrdiff_t first, std::ptrdiff_t end)
         std::fill(row + first, row + end, 0.0f);
 }
 
-// Into the rows that the host may hold pointers to.
-void CopyBack(const ClassData2DIO<float>& result, ClassData2DIO<float>& image)
+// fill(correlation, rows) writes the results; they are copied back into the rows that the host may hold
+// pointers to.
+template <class Fill>
+void FilterInPlace(ClassData2DIO<float>* image, ClassData2DIO<float>* kernel, Fill fill)
 {
-    for (int y = 0; y < image.Height; ++y)
-        std::copy_n(RowOf(result, y), image.Width, RowOf(image, y));
+    if (!HaveSamples(image, kernel))
+        return;
+    const Correlation    correlation(*image, *kernel);
+    ClassData2DIO<float> result;
+    result.Allocate(image->Width, image->Height);
+    fill(correlation, result.Ptr2D);
+    for (int y = 0; y < image->Height; ++y)
+        std::copy_n(RowOf(result, y), image->Width, RowOf(*image, y));
 }
 
 }
@@ -54,48 +62,36 @@ void gGauss(ClassData2DIO<float>* image, int size, float sigma, float angle)
 
 void ConvFltVer0(ClassData2DIO<float>* image, ClassData2DIO<float>* kernel)
 {
-    if (!HaveSamples(image, kernel))
-        return;
-    const Correlation    correlation(*image, *kernel);
-    ClassData2DIO<float> result;
-    result.Allocate(image->Width, image->Height);
-    correlation.DoRows(result.Ptr2D, 0, image->Height);
-    CopyBack(result, *image);
+    FilterInPlace(image, kernel, [&](const Correlation& correlation, float** rows) {
+        correlation.DoRows(rows, 0, image->Height);
+    });
 }
 
 void ConvFltVer1(ClassData2DIO<float>* image, ClassData2DIO<float>* kernel)
 {
-    if (!HaveSamples(image, kernel))
-        return;
-    const Correlation    correlation(*image, *kernel);
-    ClassData2DIO<float> result;
-    result.Allocate(image->Width, image->Height);
-    correlation.DoRows(result.Ptr2D, 0, image->Height);
-    // The side bands end one row before the interior does. That is intended.
-    const int gap = image->Height - correlation.HalfHeight - 1;
-    if (gap >= correlation.HalfHeight) {
-        const int left = std::min(correlation.HalfWidth, image->Width);
-        Zero(result.Ptr2D[gap], 0, left);
-        Zero(result.Ptr2D[gap], image->Width - left, image->Width);
-    }
-    CopyBack(result, *image);
+    FilterInPlace(image, kernel, [&](const Correlation& correlation, float** rows) {
+        correlation.DoRows(rows, 0, image->Height);
+        // The side bands end one row before the interior does. That is intended.
+        const int gap = image->Height - correlation.HalfHeight - 1;
+        if (gap >= correlation.HalfHeight) {
+            const int left = std::min(correlation.HalfWidth, image->Width);
+            Zero(rows[gap], 0, left);
+            Zero(rows[gap], image->Width - left, image->Width);
+        }
+    });
 }
 
 void ConvFltVer2(ClassData2DIO<float>* image, ClassData2DIO<float>* kernel)
 {
-    if (!HaveSamples(image, kernel))
-        return;
-    const Correlation    correlation(*image, *kernel);
-    ClassData2DIO<float> result;
-    result.Allocate(image->Width, image->Height);
-    const int top = std::min(correlation.HalfHeight, image->Height);
-    const int bottom = std::max(image->Height - correlation.HalfHeight, top);
-    const int left = std::min(correlation.HalfWidth, image->Width);
-    correlation.DoRows(result.Ptr2D, top, bottom);
-    for (int y = 0; y < image->Height; ++y) {
-        const bool inside = y >= top && y < bottom;
-        Zero(result.Ptr2D[y], 0, inside ? left : image->Width);
-        Zero(result.Ptr2D[y], image->Width - left, image->Width);
-    }
-    CopyBack(result, *image);
+    FilterInPlace(image, kernel, [&](const Correlation& correlation, float** rows) {
+        const int top = std::min(correlation.HalfHeight, image->Height);
+        const int bottom = std::max(image->Height - correlation.HalfHeight, top);
+        const int left = std::min(correlation.HalfWidth, image->Width);
+        correlation.DoRows(rows, top, bottom);
+        for (int y = 0; y < image->Height; ++y) {
+            const bool inside = y >= top && y < bottom;
+            Zero(rows[y], 0, inside ? left : image->Width);
+            Zero(rows[y], image->Width - left, image->Width);
+        }
+    });
 }

@@ -66,6 +66,39 @@ struct Guarded {
     }
 };
 
+// Calls look(form, length, random) for every form and each length from 0 on.
+template <class Look>
+void ForEachFormAndLength(Look look)
+{
+    std::mt19937 random(Seed);
+    for (const NamedForm& named : Forms()) {
+        for (std::size_t length = 0; length <= MaxLength; ++length) {
+            CAPTURE(Seed);
+            CAPTURE(length);
+            CAPTURE(std::string(named.Name));
+            look(*named.Form, length, random);
+        }
+    }
+}
+
+// Splits random pixels of so many bytes, blue, green and red first.
+template <class Split>
+void CheckSplit(Split split, std::size_t bytes, std::size_t length, std::mt19937& random)
+{
+    const Bytes source = RandomBytes(random, bytes * length + 1);
+    Guarded     red(length), green(length), blue(length);
+    split(source.data() + 1, red.Start(), green.Start(), blue.Start(), length);
+    Bytes r(length), g(length), b(length);
+    for (std::size_t x = 0; x < length; ++x) {
+        b[x] = source[1 + bytes * x];
+        g[x] = source[2 + bytes * x];
+        r[x] = source[3 + bytes * x];
+    }
+    REQUIRE(red.Is(r));
+    REQUIRE(green.Is(g));
+    REQUIRE(blue.Is(b));
+}
+
 }
 
 TEST_CASE("the form in use follows a forced one")
@@ -78,113 +111,61 @@ TEST_CASE("the form in use follows a forced one")
 
 TEST_CASE("every form splits triples of every length from 0 to 140 and writes nothing beside the planes")
 {
-    std::mt19937 random(Seed);
-    for (const NamedForm& named : Forms()) {
-        for (std::size_t length = 0; length <= MaxLength; ++length) {
-            CAPTURE(Seed);
-            CAPTURE(length);
-            CAPTURE(std::string(named.Name));
-            const Bytes source = RandomBytes(random, 3 * length + 1);
-            Guarded     red(length), green(length), blue(length);
-            named.Form->SplitTriples(source.data() + 1, red.Start(), green.Start(), blue.Start(), length);
-            Bytes r(length), g(length), b(length);
-            for (std::size_t x = 0; x < length; ++x) {
-                b[x] = source[1 + 3 * x];
-                g[x] = source[2 + 3 * x];
-                r[x] = source[3 + 3 * x];
-            }
-            REQUIRE(red.Is(r));
-            REQUIRE(green.Is(g));
-            REQUIRE(blue.Is(b));
-        }
-    }
+    ForEachFormAndLength([](const PlaneShuffles& form, std::size_t length, std::mt19937& random) {
+        CheckSplit(form.SplitTriples, 3, length, random);
+    });
 }
 
 TEST_CASE("every form joins planes of every length from 0 to 140 and writes nothing beside the triples")
 {
-    std::mt19937 random(Seed);
-    for (const NamedForm& named : Forms()) {
-        for (std::size_t length = 0; length <= MaxLength; ++length) {
-            CAPTURE(Seed);
-            CAPTURE(length);
-            CAPTURE(std::string(named.Name));
-            const Bytes r = RandomBytes(random, length), g = RandomBytes(random, length),
-                        b = RandomBytes(random, length);
-            Guarded triples(3 * length);
-            named.Form->JoinTriples(r.data(), g.data(), b.data(), triples.Start(), length);
-            Bytes expected;
-            for (std::size_t x = 0; x < length; ++x)
-                expected.insert(expected.end(), {b[x], g[x], r[x]});
-            REQUIRE(triples.Is(expected));
-        }
-    }
+    ForEachFormAndLength([](const PlaneShuffles& form, std::size_t length, std::mt19937& random) {
+        const Bytes r = RandomBytes(random, length), g = RandomBytes(random, length),
+                    b = RandomBytes(random, length);
+        Guarded triples(3 * length);
+        form.JoinTriples(r.data(), g.data(), b.data(), triples.Start(), length);
+        Bytes expected;
+        for (std::size_t x = 0; x < length; ++x)
+            expected.insert(expected.end(), {b[x], g[x], r[x]});
+        REQUIRE(triples.Is(expected));
+    });
 }
 
 TEST_CASE("every form splits quads of every length from 0 to 140 and drops the fourth byte")
 {
-    std::mt19937 random(Seed);
-    for (const NamedForm& named : Forms()) {
-        for (std::size_t length = 0; length <= MaxLength; ++length) {
-            CAPTURE(Seed);
-            CAPTURE(length);
-            CAPTURE(std::string(named.Name));
-            const Bytes source = RandomBytes(random, 4 * length + 1);
-            Guarded     red(length), green(length), blue(length);
-            named.Form->SplitQuads(source.data() + 1, red.Start(), green.Start(), blue.Start(), length);
-            Bytes r(length), g(length), b(length);
-            for (std::size_t x = 0; x < length; ++x) {
-                b[x] = source[1 + 4 * x];
-                g[x] = source[2 + 4 * x];
-                r[x] = source[3 + 4 * x];
-            }
-            REQUIRE(red.Is(r));
-            REQUIRE(green.Is(g));
-            REQUIRE(blue.Is(b));
-        }
-    }
+    ForEachFormAndLength([](const PlaneShuffles& form, std::size_t length, std::mt19937& random) {
+        CheckSplit(form.SplitQuads, 4, length, random);
+    });
 }
 
 TEST_CASE("every form turns planes of every length from 0 to 140 into gray and writes nothing beside it")
 {
-    std::mt19937 random(Seed);
-    for (const NamedForm& named : Forms()) {
-        for (std::size_t length = 0; length <= MaxLength; ++length) {
-            CAPTURE(Seed);
-            CAPTURE(length);
-            CAPTURE(std::string(named.Name));
-            const Bytes r = RandomBytes(random, length + 1), g = RandomBytes(random, length + 1),
-                        b = RandomBytes(random, length + 1);
-            Guarded gray(length);
-            named.Form->ColorToGray(r.data() + 1, g.data() + 1, b.data() + 1, gray.Start(), length);
-            Bytes expected(length);
-            for (std::size_t x = 0; x < length; ++x)
-                expected[x] = GrayByFormula(r[x + 1], g[x + 1], b[x + 1]);
-            REQUIRE(gray.Is(expected));
-        }
-    }
+    ForEachFormAndLength([](const PlaneShuffles& form, std::size_t length, std::mt19937& random) {
+        const Bytes r = RandomBytes(random, length + 1), g = RandomBytes(random, length + 1),
+                    b = RandomBytes(random, length + 1);
+        Guarded gray(length);
+        form.ColorToGray(r.data() + 1, g.data() + 1, b.data() + 1, gray.Start(), length);
+        Bytes expected(length);
+        for (std::size_t x = 0; x < length; ++x)
+            expected[x] = GrayByFormula(r[x + 1], g[x + 1], b[x + 1]);
+        REQUIRE(gray.Is(expected));
+    });
 }
 
 TEST_CASE("every form turns levels of every length from 0 to 140 into gray, also in place")
 {
-    std::mt19937 random(Seed);
-    for (const NamedForm& named : Forms()) {
-        for (std::size_t length = 0; length <= MaxLength; ++length) {
-            CAPTURE(Seed);
-            CAPTURE(length);
-            CAPTURE(std::string(named.Name));
-            const Bytes levels = RandomBytes(random, length);
-            Bytes       expected(length);
-            for (std::size_t x = 0; x < length; ++x)
-                expected[x] = GrayByFormula(levels[x], levels[x], levels[x]);
-            Guarded gray(length), inPlace(length);
-            named.Form->LevelToGray(levels.data(), gray.Start(), length);
-            REQUIRE(gray.Is(expected));
-            if (length > 0)
-                std::memcpy(inPlace.Start(), levels.data(), length);
-            named.Form->LevelToGray(inPlace.Start(), inPlace.Start(), length);
-            REQUIRE(inPlace.Is(expected));
-        }
-    }
+    ForEachFormAndLength([](const PlaneShuffles& form, std::size_t length, std::mt19937& random) {
+        const Bytes levels = RandomBytes(random, length);
+        Bytes       expected(length);
+        for (std::size_t x = 0; x < length; ++x)
+            expected[x] = GrayByFormula(levels[x], levels[x], levels[x]);
+        Guarded gray(length), inPlace(length);
+        form.LevelToGray(levels.data(), gray.Start(), length);
+        REQUIRE(gray.Is(expected));
+        if (length > 0)
+            std::memcpy(inPlace.Start(), levels.data(), length);
+        form.LevelToGray(inPlace.Start(), inPlace.Start(), length);
+        REQUIRE(inPlace.Is(expected));
+    });
 }
 
 TEST_CASE("every form gives the formula's gray for each of the 256 levels and lowers 65 of them by one")
