@@ -10,16 +10,18 @@
 // Otherwise overlap is the number of columns that the two have in common, trim the number of columns left out
 // of the cross-fade at each side of them, all in pixels. The new width is both widths minus overlap. With
 //
-//     blend = overlap - 2 trim    left = width of A - trim - blend    right = left + blend    k = x - left +
-//     trim
+//     blend = overlap - 2 trim
+//     left  = width of A - trim - blend
+//     right = left + blend
+//     k     = x - left + trim
 //
 //     x < left             a[x]
-//     left <= x < right    b[k] * wB * gain + a[x] * wA     wB from 0 to 1, wA from 1 to 0, both ends
-//     included right <= x           gain * b[k]
+//     left <= x < right    b[k] * wB * gain + a[x] * wA
+//     right <= x           gain * b[k]
 //
-// in 32-bit float in this order. The gain of a row is 1 or, with equalise, the mean of a over the cross-fade
-// by the mean of b there, unless b's is less than 10 in magnitude: a dark row is not scaled. It holds for the
-// whole right part of the row.
+// where wB runs from 0 to 1 and wA from 1 to 0, both ends included; in 32-bit float in this order. The gain
+// of a row is 1 or, with equalise, the mean of a over the cross-fade by the mean of b there, unless b's is
+// less than 10 in magnitude: a dark row is not scaled. It holds for the whole right part of the row.
 //
 // overlap has to exceed twice the trim plus one, else a message says so and imageA stays as it is. Otherwise
 // imageA gets new buffers: row pointers from before are dead. Samples that an image does not have, because it

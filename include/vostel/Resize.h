@@ -3,15 +3,16 @@
 // Bilinear scaling, anchored pixel origin to pixel origin: target (0, 0) is source (0, 0), there is no shift
 // by half a pixel.
 //
-//     fx = x * (source width / target width)     ix = floor(fx)   tx = fx - ix, all 32-bit float; the same
-//     down top    = s[iy][ix] * (1 - tx) + tx * s[iy][ix + 1]           bottom with iy + 1 value  = top * (1
-//     - ty) + bottom * ty
+//     fx = x * (source width / target width), ix = floor(fx), tx = fx - ix; the same down: fy, iy, ty
+//     top    = s[iy][ix] * (1 - tx) + tx * s[iy][ix + 1]
+//     bottom = s[iy + 1][ix] * (1 - tx) + tx * s[iy + 1][ix + 1]
+//     value  = top * (1 - ty) + bottom * ty
 //
-// The product of tx with a sample is rounded to 32 bits, all other steps are 64 bits wide, the value is
-// rounded to
-// 32. A pixel whose four samples do not all lie in the source is 0.0, there is no clamping: the same size
-// gives the source with its last column and row zero, and enlarging leaves a zero margin of about one source
-// pixel at the right and at the bottom. A source of one row or column gives zeros only.
+// Positions and fractions are 32-bit float. The product of tx with a sample is rounded to 32 bits, all other
+// steps are 64 bits wide, the value is rounded to 32. A pixel whose four samples do not all lie in the source
+// is 0.0, there is no clamping: the same size gives the source with its last column and row zero, and
+// enlarging leaves a zero margin of about one source pixel at the right and at the bottom. A source of one
+// row or column gives zeros only.
 //
 // The pixels do not depend on the number of processors. No container may be used by another thread during a
 // call.
