@@ -15,6 +15,11 @@ struct Simd16 {
     [[gnu::always_inline]] static inline V    Add(V a, V b) { return _mm512_add_ps(a, b); }
     [[gnu::always_inline]] static inline V    Mul(V a, V b) { return _mm512_mul_ps(a, b); }
 
+    [[gnu::always_inline]] static inline void Prefetch(const float* from)
+    {
+        _mm_prefetch(reinterpret_cast<const char*>(from), _MM_HINT_T0);
+    }
+
     // The value is in a register here, says an instruction that is none. Otherwise compilers read a sample
     // from memory again for each row that uses it, mostly across two lines.
     [[gnu::always_inline]] static inline void Settle([[maybe_unused]] V& value)

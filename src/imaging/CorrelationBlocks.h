@@ -11,6 +11,8 @@
 namespace {
 
 constexpr int BlockRows = 4;
+constexpr int FloatsOfLine = 16;
+constexpr int FloatsAhead = 256;    // the best of 128, 256, 512 and 1024
 
 // The taps of one source row for the output rows Low..High, each of Vectors vectors of columns; tapRow is
 // where the kernel row of output row 0 starts or would start. Every sum takes its taps one by one, multiplied
@@ -61,6 +63,14 @@ template <class Simd, int Rows, int Vectors>
 #pragma GCC unroll 8
         for (int v = 0; v < Vectors; ++v)
             sums[r][v] = Simd::Set(0.0f);
+    if (block.PastCaches) {
+        // Of the rows that no block above has read.
+#pragma GCC unroll 8
+        for (int r = 0; r < Rows; ++r)
+#pragma GCC unroll 8
+            for (int line = 0; line < Vectors * Simd::Lanes; line += FloatsOfLine)
+                Simd::Prefetch(sources[height - 1 + r] + at + FloatsAhead + line);
+    }
     if constexpr (Rows == 1) {
         for (std::ptrdiff_t q = 0; q < height; ++q)
             AddTaps<Simd, 1, Vectors, 0, 0>(sums, sources[q] + at, kernel, q * width, width);
