@@ -1,5 +1,6 @@
 #include "vostel/RawDataFiles.h"
 
+#include "fileio/PlaneShuffles.h"
 #include "foundation/Truncate.h"
 #include "platform/Files.h"
 #include "platform/HostServices.h"
@@ -16,7 +17,7 @@ namespace {
 using WordPlane = ClassData2DIO<unsigned short>;
 
 // Samples pass through a block that stays in the processor's cache.
-const std::size_t BlockSamples = 16384;
+const std::size_t BlockSamples = 65536;
 
 struct FileCloser {
     void operator()(std::FILE* file) const { std::fclose(file); }
@@ -142,11 +143,11 @@ bool gSaveUcData(ClassData2DIO<unsigned char>* image, CString& path)
     unsigned char** const rows = Create2DList(&picture);
     if (!rows)
         return true;
+    const PlaneShuffles& shuffles = ActivePlaneShuffles();
+    const std::size_t    width = static_cast<std::size_t>(image->Width);
     for (int y = 0; y < image->Height; ++y) {
         const unsigned char* const from = image->GetRow(y);
-        unsigned char*             to = rows[y];
-        for (int x = 0; x < image->Width; ++x, to += 3)
-            to[0] = to[1] = to[2] = from[x];
+        shuffles.JoinTriples(from, from, from, rows[y], width);
     }
     Release2DList(rows);
     picture.Save(path);

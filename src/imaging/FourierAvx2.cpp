@@ -7,6 +7,7 @@ namespace {
 struct Simd8 {
     using V = __m256;
     static constexpr int Lanes = 8;
+    static constexpr int PassStages = 2;    // as many as the registers hold the values of
 
     [[gnu::always_inline]] static inline V    Load(const float* from) { return _mm256_loadu_ps(from); }
     [[gnu::always_inline]] static inline void Store(float* to, V v) { _mm256_storeu_ps(to, v); }
@@ -15,35 +16,29 @@ struct Simd8 {
     [[gnu::always_inline]] static inline V    Sub(V a, V b) { return _mm256_sub_ps(a, b); }
     [[gnu::always_inline]] static inline V    Mul(V a, V b) { return _mm256_mul_ps(a, b); }
 
-    // Eight elements, 2^t apart.
-    [[gnu::always_inline]] static inline V LoadEvery(const float* from, int t)
+    // Column i of the eight vectors goes to to + i * step.
+    [[gnu::always_inline]] static inline void StoreTransposed(float* to, std::ptrdiff_t step, const V* v)
     {
-        if (t == 0)
-            return Load(from);
-        const __m256i index = _mm256_slli_epi32(_mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7), t);
-        return _mm256_i32gather_ps(from, index, 4);
+        V low[4], high[4];
+#pragma GCC unroll 4
+        for (int i = 0; i < 4; ++i) {
+            low[i] = _mm256_permute2f128_ps(v[i], v[i + 4], 0x20);
+            high[i] = _mm256_permute2f128_ps(v[i], v[i + 4], 0x31);
+        }
+        StoreHalfTransposed(to, step, low);
+        StoreHalfTransposed(to + 4 * step, step, high);
     }
 
-    [[gnu::always_inline]] static inline void Transpose(V (&v)[8])
+    [[gnu::always_inline]] static inline void StoreHalfTransposed(float* to, std::ptrdiff_t step, const V* v)
     {
-        V a[8], b[8];
-#pragma GCC unroll 4
-        for (int i = 0; i < 4; ++i) {
-            a[2 * i] = _mm256_unpacklo_ps(v[2 * i], v[2 * i + 1]);
-            a[2 * i + 1] = _mm256_unpackhi_ps(v[2 * i], v[2 * i + 1]);
-        }
-#pragma GCC unroll 2
-        for (int i = 0; i < 8; i += 4) {
-            b[i] = _mm256_shuffle_ps(a[i], a[i + 2], 0x44);
-            b[i + 1] = _mm256_shuffle_ps(a[i], a[i + 2], 0xEE);
-            b[i + 2] = _mm256_shuffle_ps(a[i + 1], a[i + 3], 0x44);
-            b[i + 3] = _mm256_shuffle_ps(a[i + 1], a[i + 3], 0xEE);
-        }
-#pragma GCC unroll 4
-        for (int i = 0; i < 4; ++i) {
-            v[i] = _mm256_permute2f128_ps(b[i], b[i + 4], 0x20);
-            v[i + 4] = _mm256_permute2f128_ps(b[i], b[i + 4], 0x31);
-        }
+        const V a = _mm256_unpacklo_ps(v[0], v[1]);
+        const V b = _mm256_unpackhi_ps(v[0], v[1]);
+        const V c = _mm256_unpacklo_ps(v[2], v[3]);
+        const V d = _mm256_unpackhi_ps(v[2], v[3]);
+        Store(to, _mm256_shuffle_ps(a, c, 0x44));
+        Store(to + step, _mm256_shuffle_ps(a, c, 0xEE));
+        Store(to + 2 * step, _mm256_shuffle_ps(b, d, 0x44));
+        Store(to + 3 * step, _mm256_shuffle_ps(b, d, 0xEE));
     }
 };
 
@@ -51,8 +46,20 @@ struct Simd8 {
 
 void TransformAvx2(const FourierRun& run)
 {
-    if (run.Length < Simd8::Lanes * Simd8::Lanes)
+    if (run.Length < Simd8::Lanes << 3)
         TransformPlain(run);
-    else
+    else if (run.Length < Simd8::Lanes << 4)
         Transform<Simd8, 3>(run);
+    else
+        Transform<Simd8, 4>(run);
+}
+
+void FilterAvx2(const FourierRun& forward, const FourierRun& inverse)
+{
+    if (forward.Length < 256) {
+        TransformAvx2(forward);
+        TransformAvx2(inverse);
+    } else {
+        Filter<Simd8, 4>(forward, inverse);
+    }
 }

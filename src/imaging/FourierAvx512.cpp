@@ -7,6 +7,7 @@ namespace {
 struct Simd16 {
     using V = __m512;
     static constexpr int Lanes = 16;
+    static constexpr int PassStages = 3;    // as many as the registers hold the values of
 
     [[gnu::always_inline]] static inline V    Load(const float* from) { return _mm512_loadu_ps(from); }
     [[gnu::always_inline]] static inline void Store(float* to, V v) { _mm512_storeu_ps(to, v); }
@@ -15,18 +16,8 @@ struct Simd16 {
     [[gnu::always_inline]] static inline V    Sub(V a, V b) { return _mm512_sub_ps(a, b); }
     [[gnu::always_inline]] static inline V    Mul(V a, V b) { return _mm512_mul_ps(a, b); }
 
-    // Sixteen elements, 2^t apart.
-    [[gnu::always_inline]] static inline V LoadEvery(const float* from, int t)
-    {
-        if (t == 0)
-            return Load(from);
-        const __m512i lanes = _mm512_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15);
-        if (t == 1)
-            return _mm512_permutex2var_ps(Load(from), _mm512_slli_epi32(lanes, 1), Load(from + 16));
-        return _mm512_i32gather_ps(_mm512_slli_epi32(lanes, static_cast<unsigned>(t)), from, 4);
-    }
-
-    [[gnu::always_inline]] static inline void Transpose(V (&v)[16])
+    // Column i of the sixteen vectors goes to to + i * step.
+    [[gnu::always_inline]] static inline void StoreTransposed(float* to, std::ptrdiff_t step, const V* v)
     {
         V a[16], b[16];
 #pragma GCC unroll 8
@@ -50,10 +41,10 @@ struct Simd16 {
         }
 #pragma GCC unroll 4
         for (int i = 0; i < 4; ++i) {
-            v[i] = _mm512_shuffle_f32x4(a[i], a[i + 8], 0x88);
-            v[i + 4] = _mm512_shuffle_f32x4(a[i + 4], a[i + 12], 0x88);
-            v[i + 8] = _mm512_shuffle_f32x4(a[i], a[i + 8], 0xDD);
-            v[i + 12] = _mm512_shuffle_f32x4(a[i + 4], a[i + 12], 0xDD);
+            Store(to + i * step, _mm512_shuffle_f32x4(a[i], a[i + 8], 0x88));
+            Store(to + (i + 4) * step, _mm512_shuffle_f32x4(a[i + 4], a[i + 12], 0x88));
+            Store(to + (i + 8) * step, _mm512_shuffle_f32x4(a[i], a[i + 8], 0xDD));
+            Store(to + (i + 12) * step, _mm512_shuffle_f32x4(a[i + 4], a[i + 12], 0xDD));
         }
     }
 };
@@ -66,4 +57,12 @@ void TransformAvx512(const FourierRun& run)
         TransformAvx2(run);
     else
         Transform<Simd16, 4>(run);
+}
+
+void FilterAvx512(const FourierRun& forward, const FourierRun& inverse)
+{
+    if (forward.Length < 256)
+        FilterAvx2(forward, inverse);
+    else
+        Filter<Simd16, 4>(forward, inverse);
 }

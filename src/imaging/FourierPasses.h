@@ -24,30 +24,64 @@ template <int K>
     return r;
 }
 
-// entry(stage, low, cos, sin) answers the factors of a pair.
-template <class Simd, int K, class Entry>
-[[gnu::always_inline]] inline void Butterflies(typename Simd::V (&re)[1 << K], typename Simd::V (&im)[1 << K],
-                                               Entry entry)
+template <class Simd>
+[[gnu::always_inline]] inline void Butterfly(typename Simd::V& aRe, typename Simd::V& aIm,
+                                             typename Simd::V& bRe, typename Simd::V& bIm, typename Simd::V c,
+                                             typename Simd::V n)
+{
+    const typename Simd::V dr = Simd::Sub(aRe, bRe);
+    const typename Simd::V di = Simd::Sub(aIm, bIm);
+    aRe = Simd::Add(aRe, bRe);
+    aIm = Simd::Add(aIm, bIm);
+    bRe = Simd::Sub(Simd::Mul(dr, c), Simd::Mul(di, n));
+    bIm = Simd::Add(Simd::Mul(dr, n), Simd::Mul(di, c));
+}
+
+// Stages T to K - 1 of the values from High on, by twos as far as they are even in number: four values at a
+// time are what the registers hold, the others wait in memory. Every value has been fetched from the source
+// before the first goes to the sink. entry(stage, low, cos, sin) answers the factors of a pair.
+template <class Simd, int K, int T, int High, class Source, class Entry, class Sink>
+[[gnu::always_inline]] inline void Stages(typename Simd::V (&re)[1 << K], typename Simd::V (&im)[1 << K],
+                                          Source source, Entry entry, Sink sink)
 {
     using V = typename Simd::V;
+    constexpr int  Joined = (K - T) % 2 == 0 ? 2 : 1;
+    constexpr int  Apart = 1 << (K - T - Joined);
+    constexpr bool Last = T + Joined == K;
+#pragma GCC unroll 8
+    for (int low = 0; low < Apart; ++low) {
+        const int a = High + low;
+        if constexpr (T == 0) {
 #pragma GCC unroll 4
-    for (int t = 0; t < K; ++t) {
-        const int bit = 1 << (K - 1 - t);
-#pragma GCC unroll 16
-        for (int low = 0; low < bit; ++low) {
-            V c, n;
-            entry(t, low, c, n);
-#pragma GCC unroll 16
-            for (int high = 0; high < 1 << K; high += 2 * bit) {
-                const int a = high + low;
-                const int b = a + bit;
-                const V   dr = Simd::Sub(re[a], re[b]);
-                const V   di = Simd::Sub(im[a], im[b]);
-                re[a] = Simd::Add(re[a], re[b]);
-                im[a] = Simd::Add(im[a], im[b]);
-                re[b] = Simd::Sub(Simd::Mul(dr, c), Simd::Mul(di, n));
-                im[b] = Simd::Add(Simd::Mul(dr, n), Simd::Mul(di, c));
-            }
+            for (int i = 0; i < 1 << Joined; ++i)
+                source(a + i * Apart, re[a + i * Apart], im[a + i * Apart]);
+        }
+        V c, n;
+        if constexpr (Joined == 2) {
+            const int b = a + Apart, d = b + Apart, e = d + Apart;
+            entry(T, low, c, n);
+            Butterfly<Simd>(re[a], im[a], re[d], im[d], c, n);
+            entry(T, low + Apart, c, n);
+            Butterfly<Simd>(re[b], im[b], re[e], im[e], c, n);
+            entry(T + 1, low, c, n);
+            Butterfly<Simd>(re[a], im[a], re[b], im[b], c, n);
+            Butterfly<Simd>(re[d], im[d], re[e], im[e], c, n);
+        } else {
+            entry(T, low, c, n);
+            Butterfly<Simd>(re[a], im[a], re[a + Apart], im[a + Apart], c, n);
+        }
+        if constexpr (Last) {
+#pragma GCC unroll 4
+            for (int i = 0; i < 1 << Joined; ++i)
+                sink(a + i, re[a + i], im[a + i]);
+        }
+    }
+    if constexpr (!Last) {
+        Stages<Simd, K, T + Joined, High>(re, im, source, entry, sink);
+        Stages<Simd, K, T + Joined, High + Apart>(re, im, source, entry, sink);
+        if constexpr (Joined == 2) {
+            Stages<Simd, K, T + Joined, High + 2 * Apart>(re, im, source, entry, sink);
+            Stages<Simd, K, T + Joined, High + 3 * Apart>(re, im, source, entry, sink);
         }
     }
 }
@@ -65,133 +99,246 @@ template <class Simd>
     return Simd::Load(part);
 }
 
-// The first K stages, 2^K = lanes: lanes along p, and each group's R results are R neighbours, so that a
-// square of R groups is transposed on its way out.
-template <class Simd, int K, bool FromRow, bool WithFactors>
-[[gnu::noinline]] void FirstPass(const FourierRun& run, float* outRe, float* outIm)
+enum class Input { Plain, Row, Product };
+
+template <class Simd>
+[[gnu::always_inline]] inline void Multiply(typename Simd::V& re, typename Simd::V& im, typename Simd::V c,
+                                            typename Simd::V d)
+{
+    const typename Simd::V a = re;
+    re = Simd::Sub(Simd::Mul(a, c), Simd::Mul(im, d));
+    im = Simd::Add(Simd::Mul(a, d), Simd::Mul(im, c));
+}
+
+// The first K stages, s being 1, for the lanes from p on. The R results of one p are neighbours, so squares
+// are transposed on their way out.
+template <class Simd, int K, class Source>
+[[gnu::always_inline]] inline void StagesToSquares(const FourierRun& run, std::ptrdiff_t p, Source source,
+                                                   float* outRe, float* outIm)
 {
     using V = typename Simd::V;
     constexpr int R = 1 << K;
-    static_assert(R == Simd::Lanes);
+    static_assert(R % Simd::Lanes == 0 && K <= FourierTableStages);
     const std::ptrdiff_t step = run.Length / R;
-    for (std::ptrdiff_t p = 0; p < step; p += R) {
-        V re[R], im[R];
-#pragma GCC unroll 16
-        for (int j = 0; j < R; ++j) {
-            const std::ptrdiff_t at = j * step + p;
-            if constexpr (FromRow) {
-                re[j] = LoadRow<Simd>(run, at);
-                im[j] = Simd::Set(0.0f);
-            } else {
-                re[j] = Simd::Load(run.Re + at);
-                im[j] = Simd::Load(run.Im + at);
-            }
-            if constexpr (WithFactors) {
-                const V a = re[j];
-                const V b = im[j];
-                const V c = Simd::Load(run.FactorRe + at);
-                const V d = Simd::Load(run.FactorIm + at);
-                re[j] = Simd::Sub(Simd::Mul(a, c), Simd::Mul(b, d));
-                im[j] = Simd::Add(Simd::Mul(a, d), Simd::Mul(b, c));
-            }
-        }
-        Butterflies<Simd, K>(
-            re, im, [&](int t, int low, V& c, V& n) __attribute__((always_inline)) {
-                const std::ptrdiff_t at = (low * step + p) << t;
-                c = Simd::LoadEvery(run.Cos + at, t);
-                n = Simd::LoadEvery(run.Sin + at, t);
-            });
-        V out[R];
-#pragma GCC unroll 16
-        for (int j = 0; j < R; ++j)
-            out[Reversed<K>(j)] = re[j];
-        Simd::Transpose(out);
-#pragma GCC unroll 16
-        for (int j = 0; j < R; ++j)
-            Simd::Store(outRe + (p + j) * R, out[j]);
-#pragma GCC unroll 16
-        for (int j = 0; j < R; ++j)
-            out[Reversed<K>(j)] = im[j];
-        Simd::Transpose(out);
-#pragma GCC unroll 16
-        for (int j = 0; j < R; ++j)
-            Simd::Store(outIm + (p + j) * R, out[j]);
+    V                    re[R], im[R], toRe[R], toIm[R];
+    Stages<Simd, K, 0, 0>(
+        re, im, source,
+        [&](int t, int low, V& c, V& n) __attribute__((always_inline)) {
+            const std::ptrdiff_t at = FourierTableStage(run.Length, t) + low * step + p;
+            c = Simd::Load(run.Cos + at);
+            n = Simd::Load(run.Sin + at);
+        },
+        [&](int j, const V& a, const V& b) __attribute__((always_inline)) {
+            toRe[Reversed<K>(j)] = a;
+            toIm[Reversed<K>(j)] = b;
+        });
+#pragma GCC unroll 2
+    for (int part = 0; part < R; part += Simd::Lanes) {
+        Simd::StoreTransposed(outRe + p * R + part, R, toRe + part);
+        Simd::StoreTransposed(outIm + p * R + part, R, toIm + part);
     }
 }
 
+template <class Simd, int K, Input From>
+[[gnu::noinline]] void FirstPass(const FourierRun& run, float* outRe, float* outIm)
+{
+    using V = typename Simd::V;
+    constexpr int        R = 1 << K;
+    const std::ptrdiff_t step = run.Length / R;
+    for (std::ptrdiff_t p = 0; p < step; p += Simd::Lanes)
+        StagesToSquares<Simd, K>(
+            run, p,
+            [&](int j, V& a, V& b) __attribute__((always_inline)) {
+                const std::ptrdiff_t at = j * step + p;
+                if constexpr (From == Input::Row) {
+                    // No row reaches further. What is known to be zero is not loaded, but counted in: it
+                    // decides the signs of zeros.
+                    a = 3 * j < R ? LoadRow<Simd>(run, at) : Simd::Set(0.0f);
+                    b = Simd::Set(0.0f);
+                } else {
+                    a = Simd::Load(run.Re + at);
+                    b = Simd::Load(run.Im + at);
+                }
+                if constexpr (From == Input::Product)
+                    Multiply<Simd>(a, b, Simd::Load(run.FactorRe + at), Simd::Load(run.FactorIm + at));
+            },
+            outRe, outIm);
+}
+
+enum class Output { Between, Last, Scaled, RealHalf };
+
+// What all lanes of K stages multiply by.
+template <class Simd, int K>
+struct Factors {
+    typename Simd::V Cos[K][1 << (K - 1)];
+    typename Simd::V Sin[K][1 << (K - 1)];
+
+    // Those of stage T and the ones after it. The last stages of a transform begin at entry 0, whose cosine
+    // is 1, by which nothing need be multiplied; the zero of its sine counts.
+    template <int T = 0>
+    [[gnu::always_inline]] inline void Fetch(const FourierRun& run, std::ptrdiff_t sp, bool last)
+    {
+#pragma GCC unroll 8
+        for (int low = 0; low < 1 << (K - 1 - T); ++low) {
+            const std::ptrdiff_t at = (low * (run.Length >> K) + sp) << T;
+            Cos[T][low] = last && low == 0 ? Simd::Set(1.0f) : Simd::Set(run.Cos[at]);
+            Sin[T][low] = Simd::Set(run.Sin[at]);
+        }
+        if constexpr (T + 1 < K)
+            Fetch<T + 1>(run, sp, last);
+    }
+};
+
 // K further stages from s on: lanes along q.
-template <class Simd, int K, bool Scaled>
+template <class Simd, int K, Output To>
 [[gnu::noinline]] void Pass(const FourierRun& run, std::ptrdiff_t s, const float* inRe, const float* inIm,
                             float* outRe, float* outIm)
 {
     using V = typename Simd::V;
     constexpr int        R = 1 << K;
     const std::ptrdiff_t step = run.Length / R;
-    const V              scale = Simd::Set(run.Scale);
+    const V              scale = Simd::Set(To == Output::RealHalf && !run.Scaled ? 1.0f : run.Scale);
     for (std::ptrdiff_t sp = 0; sp < step; sp += s) {
+        Factors<Simd, K> factors;
+        factors.Fetch(run, sp, To != Output::Between);
         for (std::ptrdiff_t q = 0; q < s; q += Simd::Lanes) {
             V re[R], im[R];
-#pragma GCC unroll 16
-            for (int j = 0; j < R; ++j) {
-                re[j] = Simd::Load(inRe + j * step + sp + q);
-                im[j] = Simd::Load(inIm + j * step + sp + q);
-            }
-            Butterflies<Simd, K>(
-                re, im, [&](int t, int low, V& c, V& n) __attribute__((always_inline)) {
-                    const std::ptrdiff_t at = (low * step + sp) << t;
-                    c = Simd::Set(run.Cos[at]);
-                    n = Simd::Set(run.Sin[at]);
+            Stages<Simd, K, 0, 0>(
+                re, im,
+                [&](int j, V& a, V& b) __attribute__((always_inline)) {
+                    a = Simd::Load(inRe + j * step + sp + q);
+                    b = Simd::Load(inIm + j * step + sp + q);
+                },
+                [&](int t, int low, V& c, V& n) __attribute__((always_inline)) {
+                    c = factors.Cos[t][low];
+                    n = factors.Sin[t][low];
+                },
+                [&](int j, const V& a, const V& b) __attribute__((always_inline)) {
+                    const std::ptrdiff_t to = R * sp + Reversed<K>(j) * s + q;
+                    if constexpr (To == Output::RealHalf) {
+                        // What leads to no output is not computed.
+                        if (Reversed<K>(j) < R / 2)
+                            Simd::Store(outRe + to, Simd::Mul(a, scale));
+                    } else {
+                        Simd::Store(outRe + to, To == Output::Scaled ? Simd::Mul(a, scale) : a);
+                        Simd::Store(outIm + to, To == Output::Scaled ? Simd::Mul(b, scale) : b);
+                    }
                 });
-#pragma GCC unroll 16
-            for (int j = 0; j < R; ++j) {
-                const std::ptrdiff_t to = R * sp + Reversed<K>(j) * s + q;
-                Simd::Store(outRe + to, Scaled ? Simd::Mul(re[j], scale) : re[j]);
-                Simd::Store(outIm + to, Scaled ? Simd::Mul(im[j], scale) : im[j]);
-            }
         }
     }
 }
 
-template <class Simd, bool Scaled>
+template <class Simd, Output To>
 void AnyPass(int k, const FourierRun& run, std::ptrdiff_t s, const float* inRe, const float* inIm,
              float* outRe, float* outIm)
 {
     if (k == 1)
-        Pass<Simd, 1, Scaled>(run, s, inRe, inIm, outRe, outIm);
+        Pass<Simd, 1, To>(run, s, inRe, inIm, outRe, outIm);
     else if (k == 2)
-        Pass<Simd, 2, Scaled>(run, s, inRe, inIm, outRe, outIm);
-    else
-        Pass<Simd, 3, Scaled>(run, s, inRe, inIm, outRe, outIm);
+        Pass<Simd, 2, To>(run, s, inRe, inIm, outRe, outIm);
+    else if constexpr (Simd::PassStages == 3)
+        Pass<Simd, 3, To>(run, s, inRe, inIm, outRe, outIm);
 }
 
-// For lengths from Lanes^2 on.
+// Two pairs of arrays in turns; At tells which holds the values.
+struct Pairs {
+    float* Re[2];
+    float* Im[2];
+    int    At = 0;
+};
+
+// Stages done to end - 1, in as few passes as can be with about as many stages each.
+template <class Simd>
+void Between(const FourierRun& run, Pairs& pairs, int done, int end)
+{
+    while (done < end) {
+        const int passes = (end - done + Simd::PassStages - 1) / Simd::PassStages;
+        const int k = (end - done + passes - 1) / passes;
+        const int to = 1 - pairs.At;
+        AnyPass<Simd, Output::Between>(k, run, std::ptrdiff_t{1} << done, pairs.Re[pairs.At],
+                                       pairs.Im[pairs.At], pairs.Re[to], pairs.Im[to]);
+        pairs.At = to;
+        done += k;
+    }
+}
+
+// The stages that are left. The last pass reads and writes the same places, so that it can end in either
+// pair.
+template <class Simd>
+void Finish(const FourierRun& run, Pairs& pairs, int done, int to)
+{
+    const int left = run.Stages - done;
+    const int last = left / ((left + Simd::PassStages - 1) / Simd::PassStages);
+    Between<Simd>(run, pairs, done, run.Stages - last);
+    const std::ptrdiff_t s = std::ptrdiff_t{1} << (run.Stages - last);
+    const auto           pass = run.RealHalf ? AnyPass<Simd, Output::RealHalf>
+                                : run.Scaled ? AnyPass<Simd, Output::Scaled>
+                                             : AnyPass<Simd, Output::Last>;
+    pass(last, run, s, pairs.Re[pairs.At], pairs.Im[pairs.At], pairs.Re[to], pairs.Im[to]);
+}
+
+// For lengths from Lanes << K on.
 template <class Simd, int K>
 void Transform(const FourierRun& run)
 {
-    float* re[2] = {run.Re, run.OtherRe};
-    float* im[2] = {run.Im, run.OtherIm};
-    if (run.Row)
-        FirstPass<Simd, K, true, false>(run, re[1], im[1]);
-    else if (run.FactorRe)
-        FirstPass<Simd, K, false, true>(run, re[1], im[1]);
-    else
-        FirstPass<Simd, K, false, false>(run, re[1], im[1]);
-    int            at = 1;
-    int            left = run.Stages - K;
-    std::ptrdiff_t s = 1 << K;
-    while (left > 3) {
-        const int k = left == 4 ? 2 : 3;
-        AnyPass<Simd, false>(k, run, s, re[at], im[at], re[1 - at], im[1 - at]);
-        at = 1 - at;
-        s <<= k;
-        left -= k;
+    Pairs      pairs = {{run.Re, run.OtherRe}, {run.Im, run.OtherIm}, 1};
+    const auto first = run.Row        ? FirstPass<Simd, K, Input::Row>
+                       : run.FactorRe ? FirstPass<Simd, K, Input::Product>
+                                      : FirstPass<Simd, K, Input::Plain>;
+    first(run, pairs.Re[1], pairs.Im[1]);
+    Finish<Simd>(run, pairs, K, run.Stages % 2);
+}
+
+// The last K stages of a transform, the product and the first K stages of the way back: all take the same
+// rows, a step apart.
+template <class Simd, int K>
+[[gnu::noinline]] void MiddlePass(const FourierRun& forward, const FourierRun& inverse, const float* inRe,
+                                  const float* inIm, float* outRe, float* outIm)
+{
+    using V = typename Simd::V;
+    constexpr int        R = 1 << K;
+    const std::ptrdiff_t step = forward.Length / R;
+    Factors<Simd, K>     factors;
+    factors.Fetch(forward, 0, true);
+    for (std::ptrdiff_t p = 0; p < step; p += Simd::Lanes) {
+        V re[R], im[R], toRe[R], toIm[R];
+        Stages<Simd, K, 0, 0>(
+            re, im,
+            [&](int j, V& a, V& b) __attribute__((always_inline)) {
+                a = Simd::Load(inRe + j * step + p);
+                b = Simd::Load(inIm + j * step + p);
+            },
+            [&](int t, int low, V& c, V& n) __attribute__((always_inline)) {
+                c = factors.Cos[t][low];
+                n = factors.Sin[t][low];
+            },
+            [&](int j, const V& a, const V& b) __attribute__((always_inline)) {
+                toRe[Reversed<K>(j)] = a;
+                toIm[Reversed<K>(j)] = b;
+            });
+        StagesToSquares<Simd, K>(
+            inverse, p,
+            [&](int j, V& a, V& b) __attribute__((always_inline)) {
+                const std::ptrdiff_t at = j * step + p;
+                a = toRe[j];
+                b = toIm[j];
+                Multiply<Simd>(a, b, Simd::Load(inverse.FactorRe + at), Simd::Load(inverse.FactorIm + at));
+            },
+            outRe, outIm);
     }
-    // The last pass reads and writes the same places, so that it can end in either pair.
-    const int to = run.Stages % 2;
-    if (run.Scaled)
-        AnyPass<Simd, true>(left, run, s, re[at], im[at], re[to], im[to]);
-    else
-        AnyPass<Simd, false>(left, run, s, re[at], im[at], re[to], im[to]);
+}
+
+// For lengths from Lanes << K and 1 << 2 * K on.
+template <class Simd, int K>
+void Filter(const FourierRun& forward, const FourierRun& inverse)
+{
+    Pairs pairs = {{forward.Re, forward.OtherRe}, {forward.Im, forward.OtherIm}, 1};
+    FirstPass<Simd, K, Input::Row>(forward, pairs.Re[1], pairs.Im[1]);
+    Between<Simd>(forward, pairs, K, forward.Stages - K);
+    const int to = 1 - pairs.At;
+    MiddlePass<Simd, K>(forward, inverse, pairs.Re[pairs.At], pairs.Im[pairs.At], pairs.Re[to], pairs.Im[to]);
+    pairs.At = to;
+    Finish<Simd>(inverse, pairs, K, 0);
 }
 
 }

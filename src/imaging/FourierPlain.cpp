@@ -62,17 +62,23 @@ void TransformPlain(const FourierRun& run)
     }
 }
 
+void FilterPlain(const FourierRun& forward, const FourierRun& inverse)
+{
+    TransformPlain(forward);
+    TransformPlain(inverse);
+}
+
 FourierForm ActiveFourierForm()
 {
 #if defined(__x86_64__) || defined(_M_X64)
     switch (ActiveCpuForm()) {
     case CpuForm::Avx512:
-        return TransformAvx512;
+        return {TransformAvx512, FilterAvx512};
     case CpuForm::Avx2:
-        return TransformAvx2;
+        return {TransformAvx2, FilterAvx2};
     default:
         break;
     }
 #endif
-    return TransformPlain;
+    return {TransformPlain, FilterPlain};
 }

@@ -1,11 +1,11 @@
 #include "vostel/FourierTransform.h"
 
+#include "imaging/FourierArrays.h"
 #include "imaging/FourierForms.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstring>
-#include <memory>
 
 namespace {
 
@@ -19,6 +19,15 @@ std::size_t Bytes(int count)
 bool IsPowerOfTwo(int n)
 {
     return n > 0 && (n & (n - 1)) == 0;
+}
+
+void RepeatEntries(float* table, long long length)
+{
+    for (int stage = 1; stage < FourierTableStages; ++stage) {
+        float* const to = table + FourierTableStage(length, stage);
+        for (long long k = 0; k < length / 2 >> stage; ++k)
+            to[k] = table[k << stage];
+    }
 }
 
 void DownLoad(const float* from, int length, float* out, int count, int start)
@@ -41,7 +50,7 @@ ZEKPP1DFFT::~ZEKPP1DFFT()
 void ZEKPP1DFFT::Clear()
 {
     for (float* array : {Re, Im, WorkRe, WorkIm, CosForward, SinForward, CosInverse, SinInverse})
-        delete[] array;
+        DeleteFourierArray(array);
     Re = Im = WorkRe = WorkIm = nullptr;
     CosForward = SinForward = CosInverse = SinInverse = nullptr;
 }
@@ -56,11 +65,16 @@ void ZEKPP1DFFT::Init(int length, bool forward)
     EvenStages = 1;
     if (length < 1)
         return;
-    // Held by scope until all are there: the object stays empty when memory runs out.
-    const std::size_t        count = static_cast<std::size_t>(length);
-    std::unique_ptr<float[]> arrays[8];
+    // Held by scope until all are there: the object stays empty when memory runs out. The order of places
+    // keeps those that one pass walks furthest apart.
+    const std::size_t count = static_cast<std::size_t>(length);
+    const std::size_t tableSize = static_cast<std::size_t>(FourierTableSize(length));
+    const int         places[8] = {0, 2, 4, 6, 1, 3, 5, 7};
+    FourierArray      arrays[8];
     for (int i = 0; i < 8; ++i)
-        arrays[i].reset(i < 4 ? new float[count]() : new float[count]);
+        arrays[i].reset(NewFourierArray(i < 4 ? count : tableSize, places[i]));
+    for (int i = 0; i < 4; ++i)
+        std::memset(arrays[i].get(), 0, Bytes(length));
     Re = arrays[0].release();
     Im = arrays[1].release();
     WorkRe = arrays[2].release();
@@ -76,12 +90,14 @@ void ZEKPP1DFFT::Init(int length, bool forward)
     EvenStages = Stages % 2 == 0 ? 1 : 0;
     const double n = static_cast<double>(static_cast<float>(length));
     for (int i = 0; i < length; ++i) {
-        const double k = static_cast<double>(static_cast<float>(i));
-        CosForward[i] = static_cast<float>(std::cos(k * -TwoPi / n));
-        SinForward[i] = static_cast<float>(std::sin(k * -TwoPi / n));
-        CosInverse[i] = static_cast<float>(std::cos(k * TwoPi / n));
-        SinInverse[i] = static_cast<float>(std::sin(k * TwoPi / n));
+        const double angle = static_cast<double>(static_cast<float>(i)) * TwoPi / n;
+        CosForward[i] = CosInverse[i] = static_cast<float>(std::cos(angle));
+        // The sine of the negated angle is the negated sine, to the sign of zero.
+        SinInverse[i] = static_cast<float>(std::sin(angle));
+        SinForward[i] = -SinInverse[i];
     }
+    for (float* table : {CosForward, SinForward, CosInverse, SinInverse})
+        RepeatEntries(table, length);
 }
 
 void ZEKPP1DFFT::Run(bool scaled)
@@ -100,7 +116,7 @@ void ZEKPP1DFFT::Run(bool scaled)
     run.Stages = Stages;
     run.Scaled = scaled;
     run.Scale = Scale;
-    ActiveFourierForm()(run);
+    ActiveFourierForm().Transform(run);
     if (EvenStages == 0) {
         // Packed fields cannot be bound to the references of std::swap.
         Re = run.OtherRe;

@@ -90,6 +90,23 @@ TEST_CASE("every form gives the bits of one stage after the other, for every len
     });
 }
 
+TEST_CASE("lengths that outgrow the caches give the same bits too")
+{
+    for (const int n : {131072, 1048576}) {
+        Signal       signal = RandomSignal(n, 78);
+        const Signal expected = TransformedByHand(signal, false, true);
+        InEveryForm([&](const char* form) {
+            CAPTURE(form);
+            CAPTURE(n);
+            ZEKPP1DFFT fft;
+            fft.Init(n, false);
+            UpLoad(fft, signal);
+            fft.RunFFT();
+            CHECK(Holds(fft, expected));
+        });
+    }
+}
+
 TEST_CASE("every form spreads samples that are not finite, and signs of zero, as the arithmetic has it")
 {
     InEveryForm([](const char* form) {
@@ -131,6 +148,43 @@ TEST_CASE("the tables hold the angles of 6.2831852, each rounded once")
     CHECK(+fft.Scale == 1.0f / 64.0f);
     CHECK(+fft.Stages == 6);
     CHECK(+fft.EvenStages == 1);
+}
+
+TEST_CASE("the tables of any length hold what cosine and sine give for either direction")
+{
+    for (const int n : {1, 2, 3, 7, 16, 100, 4096, 65536}) {
+        CAPTURE(n);
+        ZEKPP1DFFT fft;
+        fft.Init(n, true);
+        bool same = true;
+        for (int k = 0; k < n; ++k) {
+            const float forward[2] = {static_cast<float>(std::cos(k * -6.2831852 / n)),
+                                      static_cast<float>(std::sin(k * -6.2831852 / n))};
+            const float inverse[2] = {static_cast<float>(std::cos(k * 6.2831852 / n)),
+                                      static_cast<float>(std::sin(k * 6.2831852 / n))};
+            // Down to the sign of zero.
+            same = same && SameFloats(fft.CosForward + k, forward, 1) &&
+                   SameFloats(fft.SinForward + k, forward + 1, 1) &&
+                   SameFloats(fft.CosInverse + k, inverse, 1) &&
+                   SameFloats(fft.SinInverse + k, inverse + 1, 1);
+        }
+        CHECK(same);
+    }
+}
+
+TEST_CASE("the arrays of a transform begin on lines of the cache, each at another place of its page")
+{
+    ZEKPP1DFFT fft;
+    fft.Init(1024, true);
+    std::vector<std::uintptr_t> places;
+    for (const float* array : {+fft.Re, +fft.Im, +fft.WorkRe, +fft.WorkIm, +fft.CosForward, +fft.SinForward,
+                               +fft.CosInverse, +fft.SinInverse}) {
+        const std::uintptr_t at = reinterpret_cast<std::uintptr_t>(array);
+        CHECK(at % 64 == 0);
+        places.push_back(at % 4096);
+    }
+    std::sort(places.begin(), places.end());
+    CHECK(std::unique(places.begin(), places.end()) == places.end());
 }
 
 TEST_CASE("a run of length 1 has no stage and changes nothing")

@@ -127,7 +127,8 @@ TEST_CASE("the kernel's spectrum is that of its taps from index 0, unscaled")
 TEST_CASE("every form filters rows of any width to the bits of the plain walk and keeps the buffers")
 {
     InEveryForm([](const char* form) {
-        for (const int width : {1, 2, 3, 5, 10, 21, 22, 43, 64, 70, 85, 86, 300, 683, 684, 1024}) {
+        for (const int width : {1,   2,   3,   5,   10,  21,  22,  43,  44,  64,   65,   70,   85,  86,
+                                128, 129, 200, 256, 257, 300, 400, 683, 684, 1024, 1025, 1500, 2048}) {
             CAPTURE(form);
             CAPTURE(width);
             Plane image;
@@ -139,6 +140,29 @@ TEST_CASE("every form filters rows of any width to the bits of the plain walk an
             CHECK(image.Width == width);
             CHECK(SameFloats(image.Ptr1D, expected.data(), expected.size()));
         }
+    });
+}
+
+TEST_CASE(
+    "every form spreads samples that are not finite, and signs of zero, over a row as the plain walk does")
+{
+    InEveryForm([](const char* form) {
+        for (const int width : {21, 60, 86, 120, 300, 1024})
+            for (int kind = 0; kind < 4; ++kind) {
+                CAPTURE(form);
+                CAPTURE(width);
+                CAPTURE(kind);
+                Plane image;
+                FillRandom(image, width, 2, 13);
+                for (int x = 0; x < width; ++x)
+                    if (kind < 3)
+                        image.Ptr1D[x] = kind == 0 ? -0.0f : kind == 1 ? 0.0f : x % 3 ? -0.0f : 0.0f;
+                if (kind == 3)
+                    image.Ptr1D[width / 2] = std::numeric_limits<float>::infinity();
+                const std::vector<float> expected = FilteredByHand(image, 0.7f);
+                ZEKFilter1DForRec(&image, 0.7f);
+                CHECK(SameFloats(image.Ptr1D, expected.data(), expected.size()));
+            }
     });
 }
 

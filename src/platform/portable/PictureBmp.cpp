@@ -190,14 +190,13 @@ bool DecodeBmp(const Bytes& file, Picture& picture)
     return true;
 }
 
-bool EncodeBmp(const Picture& picture, Bytes& file)
+void EncodeBmpHead(const Picture& picture, Bytes& file)
 {
     const std::uint32_t colours = picture.BitsPerPixel <= 8 ? 1u << picture.BitsPerPixel : 0;
     // Alpha needs the long header with its masks.
     const std::uint32_t header = picture.HasAlpha ? 108 : 40;
     const std::uint32_t offset = 14 + header + 4 * colours;
     const std::uint64_t bits = std::uint64_t(picture.RowBytes) * std::uint64_t(picture.Height);
-    file.reserve(file.size() + offset + bits);
     Append(file, 0x4D42, 2);
     Append(file, static_cast<std::uint32_t>(offset + bits), 4);
     Append(file, 0, 4);
@@ -223,6 +222,13 @@ bool EncodeBmp(const Picture& picture, Bytes& file)
         const RGBQUAD colour = picture.Palette[i];
         file.insert(file.end(), {colour.rgbBlue, colour.rgbGreen, colour.rgbRed, 0});
     }
+}
+
+bool EncodeBmp(const Picture& picture, Bytes& file)
+{
+    EncodeBmpHead(picture, file);
+    file.reserve(file.size() +
+                 static_cast<std::size_t>(picture.RowBytes) * static_cast<std::size_t>(picture.Height));
     for (int y = picture.Height - 1; y >= 0; --y)
         file.insert(file.end(), picture.Row(y), picture.Row(y) + picture.RowBytes);
     return true;

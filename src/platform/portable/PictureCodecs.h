@@ -62,6 +62,8 @@ bool DecodeGif(const Bytes& file, Picture& picture);
 
 // Append to the file.
 bool EncodeBmp(const Picture& picture, Bytes& file);
+// What stands before the rows, which follow from the lowest to the top one.
+void EncodeBmpHead(const Picture& picture, Bytes& file);
 bool EncodePng(const Picture& picture, Bytes& file);
 bool EncodeJpeg(const Picture& picture, Bytes& file);
 bool EncodeTiff(const Picture& picture, Bytes& file);

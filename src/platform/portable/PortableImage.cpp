@@ -23,12 +23,14 @@ bool ReadWholeFile(const std::string& path, pictures::Bytes& bytes)
 }
 
 // A file that could not be written whole is taken away again.
-bool WriteWholeFile(const std::string& path, const pictures::Bytes& bytes)
+bool WriteWholeFile(const std::string& path, const pictures::Bytes& bytes, const unsigned char* rows,
+                    std::size_t rowBytes)
 {
     std::FILE* file = OpenFile(path.c_str(), "wb");
     if (file == nullptr)
         return false;
     bool good = std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
+    good = good && (rowBytes == 0 || std::fwrite(rows, 1, rowBytes, file) == rowBytes);
     good = std::fclose(file) == 0 && good;
     if (!good)
         std::remove(path.c_str());
@@ -125,8 +127,18 @@ HRESULT CImage::Save(const wchar_t* path) const
         pictures::Picture triples;
         if (Held->BitsPerPixel == 16 && !CopyAsTriples(*Held, triples))
             return E_FAIL;
-        if (!encode(Held->BitsPerPixel == 16 ? triples : *Held, file) ||
-            !WriteWholeFile(NarrowAnsi(path, -1), file))
+        const pictures::Picture& picture = Held->BitsPerPixel == 16 ? triples : *Held;
+        const unsigned char*     rows = nullptr;
+        std::size_t              rowBytes = 0;
+        if (encode == pictures::EncodeBmp && picture.BottomUp) {
+            // Rows that lie in memory as in the file need no second buffer.
+            pictures::EncodeBmpHead(picture, file);
+            rows = picture.Row(picture.Height - 1);
+            rowBytes = static_cast<std::size_t>(picture.RowBytes) * static_cast<std::size_t>(picture.Height);
+        } else if (!encode(picture, file)) {
+            return E_FAIL;
+        }
+        if (!WriteWholeFile(NarrowAnsi(path, -1), file, rows, rowBytes))
             return E_FAIL;
     } catch (const std::bad_alloc&) {
         return E_FAIL;
