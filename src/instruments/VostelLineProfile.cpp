@@ -46,8 +46,7 @@ void VostelLineProfile::OnMouseMove(unsigned int flags, CPoint point)
 
 void VostelLineProfile::SetCanvasView(CanvasView* view)
 {
-    View = view;
-    RefreshClientGeometry();
+    VostelSingleLine::SetCanvasView(view);
     ProfilePlot.SetCanvasView(view);
 }
 

@@ -22,6 +22,18 @@ void VostelMeasureAngle::OnLButtonUp(unsigned int flags, CPoint point)
     Label.OnLButtonUp(flags, point);
 }
 
+void VostelMeasureAngle::OnMouseMove(unsigned int flags, CPoint point)
+{
+    VostelMPoint::OnMouseMove(flags, point);
+    Label.OnMouseMove(flags, point);
+}
+
+void VostelMeasureAngle::SetCanvasView(CanvasView* view)
+{
+    VostelMPoint::SetCanvasView(view);
+    Label.SetCanvasView(view);
+}
+
 void VostelMeasureAngle::BeginPress(CPoint point)
 {
     ButtonDown = true;

@@ -13,6 +13,8 @@ public:
     VostelMeasureAngle();
 
     void OnLButtonUp(unsigned int flags, CPoint point) override;
+    void OnMouseMove(unsigned int flags, CPoint point) override;
+    void SetCanvasView(CanvasView* view) override;
 
 protected:
     // Bookkeeping that opens a press: the node under it becomes the active one.

@@ -39,18 +39,10 @@ void VostelMeasureAngle3Pts::OnLButtonDown(unsigned int flags, CPoint point)
 void VostelMeasureAngle3Pts::OnMouseMove(unsigned int flags, CPoint point)
 {
     VostelMeasureAngle::OnMouseMove(flags, point);
-    Label.OnMouseMove(flags, point);
     if (ClientPoints.size() == 3) {
         CString text = Caption();
         Label.SetText(text);
     }
-}
-
-void VostelMeasureAngle3Pts::SetCanvasView(CanvasView* view)
-{
-    View = view;
-    RefreshClientGeometry();
-    Label.SetCanvasView(view);
 }
 
 bool VostelMeasureAngle3Pts::HitTest(CPoint point)

@@ -9,7 +9,6 @@ public:
 
     void OnLButtonDown(unsigned int flags, CPoint point) override;
     void OnMouseMove(unsigned int flags, CPoint point) override;
-    void SetCanvasView(CanvasView* view) override;
     bool HitTest(CPoint point) override;
     void OnDraw(HDC dc) override;
 

@@ -57,7 +57,6 @@ void VostelMeasureAngle4Pts::OnLButtonDown(unsigned int flags, CPoint point)
 void VostelMeasureAngle4Pts::OnMouseMove(unsigned int flags, CPoint point)
 {
     VostelMeasureAngle::OnMouseMove(flags, point);
-    Label.OnMouseMove(flags, point);
     if (ImagePoints.size() == 4) {
         RefreshCross();
         CString text = Caption();
@@ -67,9 +66,7 @@ void VostelMeasureAngle4Pts::OnMouseMove(unsigned int flags, CPoint point)
 
 void VostelMeasureAngle4Pts::SetCanvasView(CanvasView* view)
 {
-    View = view;
-    RefreshClientGeometry();
-    Label.SetCanvasView(view);
+    VostelMeasureAngle::SetCanvasView(view);
     RefreshCross();
 }
 

@@ -46,8 +46,7 @@ void VostelMeasureLine::OnMouseMove(unsigned int flags, CPoint point)
 
 void VostelMeasureLine::SetCanvasView(CanvasView* view)
 {
-    View = view;
-    RefreshClientGeometry();
+    VostelSingleLine::SetCanvasView(view);
     Label.SetCanvasView(view);
 }
 

@@ -37,8 +37,7 @@ void VostelNeighborV::OnMouseMove(unsigned int flags, CPoint point)
 
 void VostelNeighborV::SetCanvasView(CanvasView* view)
 {
-    View = view;
-    RefreshClientGeometry();
+    VostelObj::SetCanvasView(view);
     Box.SetCanvasView(view);
 }
 

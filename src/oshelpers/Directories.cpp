@@ -137,7 +137,7 @@ bool OSDIR::GetMultiFile(std::vector<CString>& names, int)
 CString OSDIR::GetDir()
 {
     CString folder;
-    return ChooseFolder(L"选择待处理文件的文件夹", folder) ? folder : CString(Cancelled);
+    return ChooseFolder(L"选择待处理文件的文件夹", folder) && !folder.IsEmpty() ? folder : CString(Cancelled);
 }
 
 bool OSDIR::IsDir(CString& path)

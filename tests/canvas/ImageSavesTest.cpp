@@ -116,6 +116,31 @@ TEST_CASE("length measures are burned into a crop as a red line with their text,
         }
     }
     CHECK(inside > 40);
+    // The same letters as the same call puts at that very place.
+    CImage expected;
+    REQUIRE(expected.Create(saved.Width, saved.Height, 24));
+    for (int y = 0; y < saved.Height; ++y)
+        std::memset(static_cast<unsigned char*>(expected.GetBits()) +
+                        static_cast<std::ptrdiff_t>(y) * expected.GetPitch(),
+                    100, static_cast<std::size_t>(saved.Width) * 3);
+    const HDC     dc = expected.GetDC();
+    const HPEN    pen = CreatePen(PS_SOLID, 1, 255);
+    const HFONT   font = CreateFontW(20, 0, 0, 0, 400, 0, 0, 0, 134, 8, 1, 0, 48, L"微软雅黑");
+    const HGDIOBJ penBefore = SelectObject(dc, pen);
+    const HGDIOBJ fontBefore = SelectObject(dc, font);
+    const CString text = L"长度 = 50.000 mm";
+    SetTextColor(dc, 255);
+    SetBkMode(dc, TRANSPARENT);
+    MoveToEx(dc, 10, 50, nullptr);
+    LineTo(dc, 60, 50);
+    TextOutW(dc, 80, 30, text, text.GetLength());
+    SelectObject(dc, penBefore);
+    SelectObject(dc, fontBefore);
+    DeleteObject(pen);
+    DeleteObject(font);
+    expected.ReleaseDC();
+    REQUIRE(expected.Save(std::filesystem::path(saving.Folder.Path("expected.bmp")).wstring().c_str()) >= 0);
+    CHECK(FrameDifference(saved, Load(saving.Folder.Path("expected.bmp"))) == "");
     // Whatever else is on the canvas is not burned in, and the shown image stays clean.
     CHECK(Count(saving.Host.Surface(), 0x646464) == Width * Height);
 }

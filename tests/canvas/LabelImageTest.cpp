@@ -1,4 +1,5 @@
 #include "support/HostCanvas.h"
+#include "support/RegionAnswer.h"
 
 #include <algorithm>
 #include <vector>
@@ -37,15 +38,7 @@ public:
     }
     void AddCustomBox(int left, int top, int right, int bottom)
     {
-        TessikDialogs dialogs;
-        dialogs.ImaROIRectPara = [=](tagZEKImaROIRectPara& para) {
-            para.RoiLeft = left;
-            para.RoiTop = top;
-            para.RoiRight = right;
-            para.RoiBottom = bottom;
-            return true;
-        };
-        const TestDialogs installed(dialogs);
+        const TestDialogs installed(RegionAnswer(left, top, right, bottom));
         gCVSAddCustomRectangle(Number);
         Move(0, 0);
         Paint();

@@ -1,6 +1,7 @@
 // The dialogs of the six saves, and the saves of what a window shows.
 
 #include "canvas/SavingHost.h"
+#include "support/RegionAnswer.h"
 
 #include <climits>
 
@@ -200,15 +201,7 @@ TEST_CASE("other selected shapes crop nothing")
 {
     SavingHost saving;
     saving.ShowPicture();
-    TessikDialogs dialogs;
-    dialogs.ImaROIRectPara = [](tagZEKImaROIRectPara& para) {
-        para.RoiLeft = 10;
-        para.RoiTop = 20;
-        para.RoiRight = 30;
-        para.RoiBottom = 40;
-        return true;
-    };
-    const TestDialogs scope(dialogs);
+    const TestDialogs dialogs(RegionAnswer(10, 20, 30, 40));
     gCVSAddCustomRectangle(0);
     saving.Host.Move(0, 0);
     saving.Host.Paint();

@@ -210,6 +210,21 @@ TEST_CASE("a drag in the plot moves the plot, leaves the line and samples it aga
     CHECK(profile.ProfilePlot.ClientBox == CRect(40, 50, 552, 200));
 }
 
+TEST_CASE("a release after a press in the plot ends the plot's drag and leaves the line's as it was")
+{
+    ProfileScene       scene;
+    VostelLineProfile& profile = Draw(scene, CPoint(100, 300), CPoint(200, 300));
+    scene.Host.Press(203, 303);    // an end; its release is lost
+    REQUIRE(profile.ActiveNode == 1);
+    scene.Host.Press(100, 100);
+    CHECK(profile.PlotHit);
+    CHECK(profile.ProfilePlot.ButtonDown);
+    scene.Host.Release(100, 100);
+    CHECK_FALSE(profile.ProfilePlot.ButtonDown);
+    CHECK(profile.ActiveNode == 1);
+    CHECK(profile.ButtonDown);
+}
+
 TEST_CASE("after a drag of the plot a Shift press draws no line until a press has hit the line itself")
 {
     ProfileScene       scene;

@@ -119,6 +119,9 @@ TEST_CASE("degrees come from the short circle constant, so that a straight angle
     std::swprintf(expected, 40, L"角度 = %3.3f 度", std::acos(-1.0) * 57.295780490442965);
     CHECK(angle.Label.Text == expected);
     CHECK(std::acos(-1.0) * 57.295780490442965 > 180.0);
+    // With the full constant this one is 159.0752...; the third decimal tells.
+    DragHandle(scene, CPoint(120, 280), CPoint(133, 234));
+    CHECK(angle.Label.Text == L"角度 = 159.076 度");
 }
 
 TEST_CASE("the vertex handle drags the whole shape, and the caption stays")

@@ -267,6 +267,20 @@ TEST_CASE("a release before the line was ever painted measures the caption as no
     CHECK(scene.Messages().empty());
 }
 
+TEST_CASE("a release before the line has its points places no caption")
+{
+    MeasureScene scene;
+    gCVSAddMeasureLine(0, 0.0);
+    scene.Host.Move(50, 200);
+    scene.Host.Release(50, 200);
+    VostelMeasureLine& line = scene.Last<VostelMeasureLine>();
+    CHECK(line.LabelUnplaced);
+    CHECK(line.Label.Text.IsEmpty());
+    scene.Host.Drag(CPoint(50, 200), CPoint(80, 240), Shift);
+    CHECK_FALSE(line.LabelUnplaced);
+    CHECK(line.Label.Text == L"长度 = 50.000 mm");
+}
+
 TEST_CASE("a press before any mouse move tells that the view is missing and starts at 0, 0")
 {
     MeasureScene scene;

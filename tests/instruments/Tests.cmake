@@ -1,4 +1,7 @@
 # Tests of instruments, one line each.
+vostel_inner_test(instruments/FixedRectTest)
+vostel_inner_test(instruments/SliderTest)
+vostel_inner_test(instruments/ProgressTest)
 vostel_inner_test(instruments/ControlsTest)
 vostel_inner_test(instruments/TextRectTest)
 vostel_inner_test(instruments/TextMLTest)

@@ -84,6 +84,32 @@ TEST_CASE("the lines are red, each centred on its own row, without frame or fill
     CHECK(scene.Count(CRect(box.left, box.top, box.left + 5, box.bottom), IsInk) == 0);
 }
 
+TEST_CASE("the lines stand to the pixel where the system centres them between the margins")
+{
+    OverlayScene         scene;
+    std::vector<CString> lines = {L"III", L"a much wider line", L"I"};
+    const CRect          widest = LineSize(L"a much wider line");
+    scene.Host.Paint();
+    const HDC     dc = scene.Host.Window.Dc;
+    const HFONT   font = CreateFontW(20, 0, 0, 0, 400, 0, 0, 0, 134, 8, 1, 0, 48, L"微软雅黑");
+    const HGDIOBJ before = SelectObject(dc, font);
+    const int     modeBefore = SetBkMode(dc, TRANSPARENT);
+    SetTextColor(dc, 255);
+    for (int k = 0; k < 3; ++k) {
+        const int top = 55 + k * (5 + widest.Height());
+        CRect     row(45, top, 45 + widest.Width(), top + 5 + widest.Height());
+        DrawTextW(dc, lines[static_cast<std::size_t>(k)], lines[static_cast<std::size_t>(k)].GetLength(),
+                  &row, 33);
+    }
+    SelectObject(dc, before);
+    DeleteObject(font);
+    SetBkMode(dc, modeBefore);
+    SetTextColor(dc, 0);
+    const Frame expected = scene.Host.Window.Capture();
+    gCVSAddTextML(0, lines, 40, 50);
+    CHECK(FrameDifference(scene.Host.PaintAndCapture(), expected) == "");
+}
+
 TEST_CASE("the pitch of all lines comes from the one measured last")
 {
     OverlayScene         scene;

@@ -191,6 +191,19 @@ TEST_CASE("the folder dialog has its title and answers the folder, or NULL when 
     CHECK(OSDIR().GetDir() == L"NULL");
 }
 
+TEST_CASE("an accepted folder dialog without a folder counts as cancelled")
+{
+    TestDesktop desktop;
+    CString     answer;
+    desktop.ChooseFolder = [&](const CString&, CString& folder) {
+        folder = answer;
+        return true;
+    };
+    CHECK(OSDIR().GetDir() == L"NULL");
+    answer = L"C:\\chosen";
+    CHECK(OSDIR().GetDir() == L"C:\\chosen");
+}
+
 TEST_CASE("no dialog touches the list of the object, which is copied as a value")
 {
     AnsweringDesktop desktop;

@@ -178,6 +178,19 @@ private:
                 clear);
     }
 
+    void ShowControls()
+    {
+        gCVSShowContrastCtrl(Host.Number, Between(0, 2) == 0);
+        gCVSSetContrastCtrlRectPos(Host.Number, Between(-20, 40), Between(-20, 40), Between(0, 150),
+                                   Between(0, 40));
+        gCVSShowProgress(Host.Number, Between(0, 1) == 0);
+        gCVSSetProgressRectPos(Host.Number, Between(-20, 40), Between(-20, 40), Between(0, 150),
+                               Between(0, 40));
+        gCVSSetRange(Host.Number, Between(-2, 2), Between(-2, 2));
+        gCVSSetPos(Host.Number, Between(-5, 5));
+        gCVSOnTimer(Host.Number, 1);
+    }
+
     void Event()
     {
         const int what = Between(0, 999);
@@ -210,15 +223,17 @@ private:
         } else if (what < 980) {
             ShowImage();
         } else if (what < 985) {
-            Host.Resize(Between(0, 9) == 0 ? 1 : Between(120, 220), Between(100, 180));
+            Host.Resize(Between(0, 9) == 0 ? Between(0, 1) : Between(120, 220), Between(100, 180));
         } else if (what < 988) {
             gCVSSetLutPara(Host.Number, 0.1f, 0.8f);
         } else if (what < 992) {
             gCVSGetTextRectOL(Host.Number, L"size", 0, 0, FontCustom, 1, 0, 20);
         } else if (what < 996) {
             gCVSSetMeasureScale(Host.Number);
-        } else {
+        } else if (what < 998) {
             gCVSSetCanvasFastDisplayMode(Host.Number, Between(0, 1) == 0);
+        } else {
+            ShowControls();
         }
         if (Canvas().Elements.size() > 60)
             gCVSDelAllElement(Host.Number);

@@ -65,6 +65,21 @@ TEST_CASE("a region of one point draws nothing, and it cannot be hit before it h
     CHECK(region.HitTest(host.At(30, 30)));
 }
 
+TEST_CASE("a stroke that is begun beside the image begins on its edge, and beside it without the clamp")
+{
+    for (const bool clamped : {true, false}) {
+        OverlayCanvas host;
+        gCVSAddFreeRegion(host.Number);
+        host.Hover();
+        VostelCrayonOneStroke& region = host.Last<VostelCrayonOneStroke>();
+        region.ClampToImage = clamped;
+        host.PressAt(120, -10, DrawFlags);
+        REQUIRE(region.ImagePoints.size() == 1);
+        CHECK(IsAt(region.ImagePoints[0], clamped ? 99 : 120, clamped ? 0 : -10));
+        host.ReleaseAt(120, -10);
+    }
+}
+
 TEST_CASE("a stroke dragged beyond the edge goes on along it")
 {
     OverlayCanvas host;

@@ -1,25 +1,13 @@
 #include "overlay/VostelCustomRect.h"
 
 #include "support/OverlayCanvas.h"
+#include "support/RegionAnswer.h"
 
 namespace {
 
-TessikDialogs Answer(int left, int top, int right, int bottom)
-{
-    TessikDialogs dialogs;
-    dialogs.ImaROIRectPara = [=](tagZEKImaROIRectPara& para) {
-        para.RoiLeft = left;
-        para.RoiTop = top;
-        para.RoiRight = right;
-        para.RoiBottom = bottom;
-        return true;
-    };
-    return dialogs;
-}
-
 VostelCustomRect& AddBox(OverlayCanvas& host, int left, int top, int right, int bottom)
 {
-    const TestDialogs dialogs(Answer(left, top, right, bottom));
+    const TestDialogs dialogs(RegionAnswer(left, top, right, bottom));
     gCVSAddCustomRectangle(host.Number);
     host.Hover();
     return host.Last<VostelCustomRect>();
@@ -142,6 +130,20 @@ TEST_CASE("a custom rectangle may leave the image; Control stops it, a lost butt
     rect.OnMouseMove(MK_LBUTTON, host.At(6, 5));
     CHECK(IsAt(rect.ImagePoints[0], -24, -40));
     host.ReleaseAt(0, 0);
+}
+
+TEST_CASE("a press that misses a custom rectangle brings its client points up to date all the same")
+{
+    OverlayCanvas     host;
+    VostelCustomRect& rect = AddBox(host, 10, 15, 40, 35);
+    rect.SetPlacement(20.0f, 30.0f, 5.0f, 6.0f);
+    REQUIRE(rect.ClientPoints.size() == 2);
+    CHECK(rect.ClientPoints[0] == host.At(10, 15));
+    host.PressAt(90, 70, DrawFlags);    // Shift, so that it goes to the newest object
+    CHECK_FALSE(rect.Selected);
+    CHECK(rect.ClientPoints[0] == host.At(20, 30));
+    CHECK(rect.ClientPoints[1] == host.At(25, 36));
+    host.ReleaseAt(90, 70);
 }
 
 TEST_CASE("I sends every custom rectangle to 50, 50 with a size of 50 by 50")

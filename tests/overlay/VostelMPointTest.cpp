@@ -106,6 +106,22 @@ TEST_CASE("a press inside moves all nodes until the release")
     CHECK(IsAt(polygon.ImagePoints[0], 27, 15));
 }
 
+TEST_CASE("a Shift press inside a shape adds its node and moves nothing while the button is held")
+{
+    OverlayCanvas  host;
+    VostelPolygon& polygon = DrawSquare(host);
+    host.PressAt(40, 35, DrawFlags);
+    REQUIRE(polygon.ImagePoints.size() == 5);
+    CHECK(polygon.MoveState == 2);
+    CHECK(polygon.ActiveNode == -1);
+    CHECK(polygon.Selected);
+    host.MoveTo(47, 30, DrawFlags);
+    for (std::size_t i = 0; i < 4; ++i)
+        CHECK(IsAt(polygon.ImagePoints[i], Square[i].x, Square[i].y));
+    CHECK(IsAt(polygon.ImagePoints[4], 40, 35));
+    host.ReleaseAt(47, 30);
+}
+
 TEST_CASE("Control held during a shape move stops the shape while the view pans")
 {
     OverlayCanvas  host;

@@ -43,3 +43,15 @@ TEST_CASE("a polygon's region follows its image points")
     host.DragOf(CPoint(22, 21), CPoint(12, 21));
     CHECK(host.CountLabels(1) > 41 * 31);
 }
+
+TEST_CASE("a polygon has no result text, with nodes or without")
+{
+    OverlayCanvas host;
+    gCVSAddPoly(host.Number);
+    CHECK(host.Last().GetResultText() == L"NULL");
+    host.Hover();
+    host.Node(20, 20);
+    host.Node(60, 20);
+    host.Node(60, 50);
+    CHECK(host.Last().GetResultText() == L"NULL");
+}

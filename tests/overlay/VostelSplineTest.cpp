@@ -118,32 +118,56 @@ TEST_CASE("a spline has the region of its last paint: none before the first one"
 
 TEST_CASE("a spline's outline is its curve in steps of at least 4 client pixels, taken back to the image")
 {
-    OverlayCanvas host;
-    host.AddNodes(gCVSAddSpline, Nodes);
-    VostelSpline& spline = host.Last<VostelSpline>();
-    host.Paint();
-    const auto& curve = spline.CurvePoints;
-    const auto  distance = [](PointTemplateBase<int> a, PointTemplateBase<int> b) {
-        return std::abs(a.x - b.x) + std::abs(a.y - b.y);
-    };
-    std::vector<PointTemplateBase<int>> expected;
-    PointTemplateBase<int>              reference = curve[0];
-    for (std::size_t i = 1; i < curve.size(); ++i) {
-        if (distance(curve[i], reference) >= 4) {
-            expected.push_back(reference);
-            reference = curve[i];
+    int exactSteps = 0;
+    for (const int extent : {12, 17, 23, 31, 60}) {
+        CAPTURE(extent);
+        OverlayCanvas host;
+        host.AddNodes(gCVSAddSpline, {CPoint(10, 10), CPoint(10 + extent, 12),
+                                      CPoint(8 + extent, 10 + extent), CPoint(14, 12 + extent)});
+        VostelSpline& spline = host.Last<VostelSpline>();
+        host.Paint();
+        const auto& curve = spline.CurvePoints;
+        REQUIRE(curve.size() == 44);
+        const auto distance = [](PointTemplateBase<int> a, PointTemplateBase<int> b) {
+            return std::abs(a.x - b.x) + std::abs(a.y - b.y);
+        };
+        std::vector<PointTemplateBase<int>> expected;
+        PointTemplateBase<int>              reference = curve[0];
+        for (std::size_t i = 1; i < curve.size(); ++i) {
+            if (distance(curve[i], reference) >= 4) {
+                exactSteps += distance(curve[i], reference) == 4;
+                expected.push_back(reference);
+                reference = curve[i];
+            }
+        }
+        if (distance(curve[curve.size() - 2], curve.back()) >= 4)
+            expected.push_back(curve.back());
+        std::vector<PointTemplateBase<int>> out(1);
+        REQUIRE(spline.GetLabelOutline(out));
+        REQUIRE(out.size() == expected.size());
+        CHECK(out.size() < curve.size());
+        for (std::size_t i = 0; i < out.size(); ++i) {
+            CHECK(out[i].x == expected[i].x - host.ImageLeft);
+            CHECK(out[i].y == expected[i].y - host.ImageTop);
         }
     }
-    if (distance(curve[curve.size() - 2], curve.back()) >= 4)
-        expected.push_back(curve.back());
-    std::vector<PointTemplateBase<int>> out(1);
-    REQUIRE(spline.GetLabelOutline(out));
-    REQUIRE(out.size() == expected.size());
-    CHECK(out.size() < curve.size());
-    for (std::size_t i = 0; i < out.size(); ++i) {
-        CHECK(out[i].x == expected[i].x - host.ImageLeft);
-        CHECK(out[i].y == expected[i].y - host.ImageTop);
-    }
+    CHECK(exactSteps > 5);
+}
+
+TEST_CASE("a painted spline of two nodes has an outline, of one node none")
+{
+    OverlayCanvas                       host;
+    std::vector<PointTemplateBase<int>> out = {PointTemplateBase<int>(7, 8)};
+    host.AddNodes(gCVSAddSpline, {CPoint(20, 20)});
+    host.Paint();
+    CHECK_FALSE(host.Last().GetLabelOutline(out));
+    CHECK(out.size() == 1);
+    CHECK(out[0].x == 7);
+    host.Node(60, 40);
+    host.Paint();
+    CHECK(host.Last<VostelSpline>().CurvePoints.size() == 22);
+    CHECK(host.Last().GetLabelOutline(out));
+    CHECK(out.size() > 4);
 }
 
 TEST_CASE("a curve of coincident points has an outline without points and fills nothing")

@@ -3,6 +3,9 @@
 #include <doctest/doctest.h>
 
 #include <climits>
+#include <cstdlib>
+#include <random>
+#include <vector>
 
 namespace {
 
@@ -10,6 +13,23 @@ void Line(HDC dc, int x0, int y0, int x1, int y1)
 {
     MoveToEx(dc, x0, y0, nullptr);
     LineTo(dc, x1, y1);
+}
+
+// The pixels of a thin line by their formula: pixel i lies i steps along the longer axis, and on the nearest
+// grid point of the shorter one, the upper or left of two that are as near.
+std::vector<POINT> PixelsOfLine(int x0, int y0, int x1, int y1)
+{
+    const int  dx = x1 - x0, dy = y1 - y0;
+    const bool alongX = std::abs(dx) >= std::abs(dy);
+    const int  m = alongX ? std::abs(dx) : std::abs(dy), n = alongX ? std::abs(dy) : std::abs(dx);
+    const int  majorSign = (alongX ? dx : dy) < 0 ? -1 : 1, minorSign = (alongX ? dy : dx) < 0 ? -1 : 1;
+    std::vector<POINT> pixels;
+    for (int i = 0; i < m; ++i) {
+        const int major = majorSign * i;
+        const int minor = minorSign * ((2 * i * n + m - (minorSign > 0 ? 1 : 0)) / (2 * m));
+        pixels.push_back({x0 + (alongX ? major : minor), y0 + (alongX ? minor : major)});
+    }
+    return pixels;
 }
 
 }
@@ -237,4 +257,43 @@ TEST_CASE("24-bit and top-down bitmaps get the same picture")
                                    "..bb.\n"
                                    "bb...\n");
         }
+}
+
+TEST_CASE(
+    "random thin lines, on the bitmap, across its edges and beside it, have the pixels of their formula")
+{
+    for (unsigned seed = 1; seed <= 400; ++seed) {
+        CAPTURE(seed);
+        std::mt19937 random(seed);
+        const int  width = 1 + static_cast<int>(random() % 60), height = 1 + static_cast<int>(random() % 60);
+        TestBitmap bitmap(width, height, random() % 2 == 0 ? 32 : 24, random() % 2 == 0);
+        const bool dotted = random() % 4 == 0;
+        TestSelection     pen(bitmap.Dc, CreatePen(dotted ? PS_DOT : PS_SOLID, 1, testRed));
+        std::vector<bool> expected(static_cast<std::size_t>(width * height));
+        const auto        place = [&](int extent) {
+            const int reach = random() % 3 == 0 ? 2 * extent : 0;
+            return static_cast<int>(random() % static_cast<unsigned>(extent + 2 * reach)) - reach;
+        };
+        SetBkMode(bitmap.Dc, TRANSPARENT);
+        int x = place(width), y = place(height);
+        MoveToEx(bitmap.Dc, x, y, nullptr);
+        for (int i = 0; i < 12; ++i) {
+            const int nextX = place(width), nextY = random() % 6 == 0 ? y : place(height);
+            LineTo(bitmap.Dc, nextX, nextY);
+            int step = 0;
+            for (const POINT& at : PixelsOfLine(x, y, nextX, nextY)) {
+                const bool gap = dotted && step++ / 3 % 2 == 1;
+                if (!gap && at.x >= 0 && at.x < width && at.y >= 0 && at.y < height)
+                    expected[static_cast<std::size_t>(at.y * width + at.x)] = true;
+            }
+            x = nextX;
+            y = nextY;
+        }
+        int wrong = 0;
+        for (int row = 0; row < height; ++row)
+            for (int column = 0; column < width; ++column)
+                wrong += bitmap.Word(column, row) !=
+                         (expected[static_cast<std::size_t>(row * width + column)] ? 0xFF0000u : 0u);
+        CHECK(wrong == 0);
+    }
 }

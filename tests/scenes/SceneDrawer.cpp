@@ -85,8 +85,8 @@ int main(int argc, char** argv)
     }
     const char* wanted = argc > 2 ? argv[2] : "";
     int         drawn = 0;
-    for (auto group :
-         {LineScenes, WideLineScenes, ShapeScenes, FillScenes, StretchScenes, TextScenes, CanvasScenes})
+    for (auto group : {LineScenes, WideLineScenes, ShapeScenes, FillScenes, StretchScenes, TextScenes,
+                       CanvasScenes, OverlayScenes, InstrumentScenes})
         for (const Scene& scene : group()) {
             if (std::strncmp(scene.Name, wanted, std::strlen(wanted)) != 0)
                 continue;

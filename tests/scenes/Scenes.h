@@ -112,3 +112,5 @@ std::vector<Scene> FillScenes();
 std::vector<Scene> StretchScenes();
 std::vector<Scene> TextScenes();
 std::vector<Scene> CanvasScenes();
+std::vector<Scene> OverlayScenes();
+std::vector<Scene> InstrumentScenes();

@@ -14,19 +14,195 @@ constexpr int dotted[] = {3, 3};
 constexpr int dashDotted[] = {9, 6, 3, 6};
 constexpr int dashDotDotted[] = {9, 3, 3, 3, 3, 3};
 
-Wide FloorDivide(Wide a, Wide b)
+template <typename Int>
+Int FloorDivide(Int a, Int b)
 {
     return a >= 0 ? a / b : -((b - 1 - a) / b);
 }
-Wide CeilDivide(Wide a, Wide b)
+template <typename Int>
+Int CeilDivide(Int a, Int b)
 {
-    return -FloorDivide(-a, b);
+    return -FloorDivide<Int>(-a, b);
 }
 
-// The steps first..last of a line that lie on the bitmap, by one of its two axes.
-struct Steps {
-    Wide First, Last;
+bool IsOn(const Bitmap& surface, DevicePoint point)
+{
+    return point.X >= 0 && point.X < surface.Width && point.Y >= 0 && point.Y < surface.Height;
+}
+
+// Products of such coordinates fit 64 bits.
+bool IsNear(DevicePoint point)
+{
+    constexpr std::int64_t reach = 1 << 29;
+    return point.X > -reach && point.X < reach && point.Y > -reach && point.Y < reach;
+}
+
+// Calls put(address) for count pixels: a step along the longer axis each, and one along the shorter axis
+// whenever the remainder of the division reaches its divisor. Without a branch, since no processor foresees
+// the turns of short lines. The offset is kept apart from the pointer, which must not leave the bitmap.
+template <typename Put>
+void WalkPixels(unsigned char* target, std::ptrdiff_t majorStep, std::ptrdiff_t minorStep,
+                std::int64_t longer, std::int64_t shorter, std::int64_t remainder, std::int64_t count,
+                Put&& put)
+{
+    const std::int64_t step = 2 * shorter, full = 2 * longer;
+    std::ptrdiff_t     offset = 0;
+    remainder -= full;    // below 0: its sign tells whether to turn
+    for (;;) {
+        put(target + offset);
+        if (--count == 0)
+            break;
+        remainder += step;
+        const std::int64_t straight = remainder >> 63;    // all ones or none
+        remainder -= full & ~straight;
+        offset += majorStep + (minorStep & ~straight);
+    }
+}
+
+// The pixels of a line one pixel wide, by its longer and its shorter axis.
+//
+// Pixel i of a line whose longer extent is m and whose shorter is n lies i steps along the longer axis and
+// floor((2 i n + m - bias) / 2 m) along the shorter one: the nearest grid point. Exactly between two points
+// the bias takes the upper or left one, whichever way the line runs.
+class ThinLine {
+public:
+    ThinLine(DevicePoint from, DevicePoint to)
+    {
+        std::int64_t dx = to.X - from.X, dy = to.Y - from.Y;
+        std::int64_t lengthX = dx < 0 ? -dx : dx, lengthY = dy < 0 ? -dy : dy;
+        AlongX = lengthX >= lengthY;
+        Longer = AlongX ? lengthX : lengthY;
+        Shorter = AlongX ? lengthY : lengthX;
+        MajorSign = (AlongX ? dx : dy) < 0 ? -1 : 1;
+        MinorSign = (AlongX ? dy : dx) < 0 ? -1 : 1;
+        Major = AlongX ? from.X : from.Y;
+        Minor = AlongX ? from.Y : from.X;
+    }
+
+    std::int64_t Length() const { return Longer; }
+    bool         IsRow() const { return AlongX && Shorter == 0; }
+
+    // Finds the pixels on the bitmap, which alone are walked; false if there is none.
+    bool Clip(const Bitmap& surface, DevicePoint from, DevicePoint to)
+    {
+        if (Longer == 0)
+            return false;
+        if (IsOn(surface, from) && IsOn(surface, to)) {
+            Skipped = 0;
+            Count = Longer;
+            Remainder = Longer - Bias();
+            return true;
+        }
+        return IsNear(from) && IsNear(to) ? ClipWith<std::int64_t>(surface) : ClipWith<Wide>(surface);
+    }
+
+    std::int64_t SkippedSteps() const { return Skipped; }
+
+    // The part on the bitmap of a line that is a row.
+    void FillClippedRow(const Bitmap& surface, const Paint& paint) const
+    {
+        std::int64_t last = Major + MajorSign * (Count - 1);
+        FillRow(surface, paint, Minor, std::min(Major, last), std::max(Major, last) + 1);
+    }
+
+    // Calls put(address) for each pixel on the bitmap.
+    template <typename Put>
+    void ForEachPixel(const Bitmap& surface, Put&& put) const
+    {
+        std::ptrdiff_t bytesPerPixel = surface.BitsPerPixel / 8;
+        std::ptrdiff_t rowStep =
+            surface.TopDown ? surface.RowBytes : -static_cast<std::ptrdiff_t>(surface.RowBytes);
+        std::ptrdiff_t majorStep = MajorSign * (AlongX ? bytesPerPixel : rowStep);
+        std::ptrdiff_t minorStep = MinorSign * (AlongX ? rowStep : bytesPerPixel);
+        unsigned char* target = surface.Row(static_cast<int>(AlongX ? Minor : Major)) +
+                                static_cast<std::ptrdiff_t>(AlongX ? Major : Minor) * bytesPerPixel;
+        WalkPixels(target, majorStep, minorStep, Longer, Shorter, Remainder, Count, put);
+    }
+
+private:
+    std::int64_t Longer, Shorter;    // pixels
+    std::int64_t Major, Minor;       // device coordinates; of the first pixel on the bitmap after Clip
+    std::int64_t Skipped = 0;        // steps before it
+    std::int64_t Count = 0;          // pixels on the bitmap
+    std::int64_t Remainder = 0;      // of the division above at the first of them
+    int          MajorSign, MinorSign;
+    bool         AlongX;
+
+    std::int64_t Bias() const { return MinorSign > 0 ? 1 : 0; }
+
+    template <typename Int>
+    bool ClipWith(const Bitmap& surface)
+    {
+        Int m = Longer, n = Shorter, bias = Bias();
+        Int majorLimit = AlongX ? surface.Width : surface.Height;
+        Int minorLimit = AlongX ? surface.Height : surface.Width;
+        Int first = MajorSign > 0 ? -Int(Major) : Int(Major) - (majorLimit - 1);
+        Int last = MajorSign > 0 ? majorLimit - 1 - Int(Major) : Int(Major);
+        first = std::max(first, Int(0));
+        last = std::min(last, m - 1);
+        Int minorEnter = MinorSign > 0 ? -Int(Minor) : Int(Minor) - (minorLimit - 1);
+        Int minorLeave = MinorSign > 0 ? minorLimit - 1 - Int(Minor) : Int(Minor);
+        if (first > last || minorEnter > n || minorLeave < 0)
+            return false;
+        if (n != 0) {
+            first = std::max(first, CeilDivide<Int>(2 * minorEnter * m - m + bias, 2 * n));
+            last = std::min(last, CeilDivide<Int>(2 * (minorLeave + 1) * m - m + bias, 2 * n) - 1);
+            if (first > last)
+                return false;
+        }
+        Int start = 2 * first * n + m - bias;
+        Skipped = static_cast<std::int64_t>(first);
+        Count = static_cast<std::int64_t>(last - first) + 1;
+        Remainder = static_cast<std::int64_t>(start % (2 * m));
+        Major += MajorSign * Skipped;
+        Minor += MinorSign * static_cast<std::int64_t>(start / (2 * m));
+        return true;
+    }
 };
+
+// Lines with both ends on a bitmap of 32 bits a pixel, the many short ones of outlines: as ThinLine has them,
+// with the eight directions told apart by masks in place of branches.
+void DrawInside(const Bitmap& surface, std::uint32_t pixel, int x, int y, int dx, int dy)
+{
+    const int signX = dx >> 31, signY = dy >> 31;    // all ones or none
+    const int lengthX = (dx ^ signX) - signX, lengthY = (dy ^ signY) - signY;
+    const int alongY = (lengthX - lengthY) >> 31;
+    const int longer = std::max(lengthX, lengthY), shorter = std::min(lengthX, lengthY);
+    const int bias = 1 + (alongY ? signX : signY);
+    if (longer == 0)
+        return;
+    const std::ptrdiff_t down =
+        surface.TopDown ? surface.RowBytes : -static_cast<std::ptrdiff_t>(surface.RowBytes);
+    const std::ptrdiff_t stepX = (4 ^ signX) - signX;
+    const std::ptrdiff_t stepY = (down ^ signY) - signY;
+    const std::ptrdiff_t exchange = (stepX ^ stepY) & alongY;
+    WalkPixels(surface.Row(y) + 4 * static_cast<std::ptrdiff_t>(x), stepX ^ exchange, stepY ^ exchange,
+               longer, shorter, longer - bias, longer,
+               [pixel](unsigned char* at) { std::memcpy(at, &pixel, 4); });
+}
+
+void DrawUnbroken(const Bitmap& surface, std::uint32_t pixel, DevicePoint from, DevicePoint to)
+{
+    constexpr std::int64_t longRow = 32;    // from here on a row is worth a fill
+    if (surface.BitsPerPixel == 32 && IsOn(surface, from) && IsOn(surface, to) &&
+        (from.Y != to.Y || (to.X - from.X < longRow && from.X - to.X < longRow))) {
+        DrawInside(surface, pixel, static_cast<int>(from.X), static_cast<int>(from.Y),
+                   static_cast<int>(to.X - from.X), static_cast<int>(to.Y - from.Y));
+        return;
+    }
+    ThinLine line(from, to);
+    if (surface.BitsPerPixel < 24 || !line.Clip(surface, from, to))
+        return;
+    Paint paint;
+    paint.Draws = true;
+    paint.Pixel = pixel;
+    if (line.IsRow())
+        line.FillClippedRow(surface, paint);
+    else if (surface.BitsPerPixel == 32)
+        line.ForEachPixel(surface, [pixel](unsigned char* at) { std::memcpy(at, &pixel, 4); });
+    else
+        line.ForEachPixel(surface, [pixel](unsigned char* at) { std::memcpy(at, &pixel, 3); });
+}
 
 }
 
@@ -62,90 +238,34 @@ Dashes DashesOfPen(const Context& context)
     return dashes;
 }
 
-// Pixel i of a line whose longer extent is m and whose shorter is n lies i steps along the longer axis and
-// floor((2 i n + m - bias) / 2 m) along the shorter one: the nearest grid point. Exactly between two points
-// the bias takes the upper or left one, whichever way the line runs.
 void DrawThinLine(const Bitmap& surface, Dashes& dashes, DevicePoint from, DevicePoint to)
 {
-    std::int64_t  dx = to.X - from.X, dy = to.Y - from.Y;
-    std::int64_t  lengthX = dx < 0 ? -dx : dx, lengthY = dy < 0 ? -dy : dy;
-    bool          alongX = lengthX >= lengthY;
-    std::int64_t  m = alongX ? lengthX : lengthY, n = alongX ? lengthY : lengthX;
+    if (dashes.Lengths == nullptr) {
+        if (dashes.Ink.Draws)
+            DrawUnbroken(surface, dashes.Ink.Pixel, from, to);
+        return;
+    }
+    ThinLine      line(from, to);
     std::uint64_t startSteps = dashes.Steps;
-    dashes.Steps += static_cast<std::uint64_t>(m);
-    if (m == 0 || surface.BitsPerPixel < 24 || !dashes.Ink.Draws)
+    dashes.Steps += static_cast<std::uint64_t>(line.Length());
+    if (!dashes.Ink.Draws || surface.BitsPerPixel < 24 || !line.Clip(surface, from, to))
         return;
-
-    int          majorSign = (alongX ? dx : dy) < 0 ? -1 : 1, minorSign = (alongX ? dy : dx) < 0 ? -1 : 1;
-    std::int64_t major = alongX ? from.X : from.Y, minor = alongX ? from.Y : from.X;
-    std::int64_t majorLimit = alongX ? surface.Width : surface.Height;
-    std::int64_t minorLimit = alongX ? surface.Height : surface.Width;
-    std::int64_t bias = minorSign > 0 ? 1 : 0;
-
-    // Only the steps on the bitmap are walked.
-    Steps steps = {0, static_cast<Wide>(m) - 1};
-    Wide  enter = majorSign > 0 ? -static_cast<Wide>(major) : static_cast<Wide>(major) - (majorLimit - 1);
-    Wide  leave = majorSign > 0 ? static_cast<Wide>(majorLimit) - 1 - major : static_cast<Wide>(major);
-    steps.First = std::max(steps.First, enter);
-    steps.Last = std::min(steps.Last, leave);
-    Wide minorEnter = minorSign > 0 ? -static_cast<Wide>(minor) : static_cast<Wide>(minor) - (minorLimit - 1);
-    Wide minorLeave = minorSign > 0 ? static_cast<Wide>(minorLimit) - 1 - minor : static_cast<Wide>(minor);
-    if (n == 0) {
-        if (minorEnter > 0 || minorLeave < 0)
-            return;
-    } else {
-        steps.First =
-            std::max(steps.First, CeilDivide(2 * minorEnter * m - m + bias, 2 * static_cast<Wide>(n)));
-        steps.Last = std::min(steps.Last,
-                              CeilDivide(2 * (minorLeave + 1) * m - m + bias, 2 * static_cast<Wide>(n)) - 1);
-    }
-    if (steps.First > steps.Last)
-        return;
-
-    Wide         start = 2 * steps.First * n + m - bias;
-    std::int64_t remainder = static_cast<std::int64_t>(start % (2 * m));
-    std::int64_t majorAt = major + majorSign * static_cast<std::int64_t>(steps.First);
-    std::int64_t minorAt = minor + minorSign * static_cast<std::int64_t>(start / (2 * m));
-    std::int64_t count = static_cast<std::int64_t>(steps.Last - steps.First) + 1;
-    if (n == 0 && alongX && dashes.Lengths == nullptr) {
-        std::int64_t last = majorAt + majorSign * (count - 1);
-        FillRow(surface, dashes.Ink, minorAt, std::min(majorAt, last), std::max(majorAt, last) + 1);
-        return;
-    }
-
-    std::ptrdiff_t bytesPerPixel = surface.BitsPerPixel / 8;
-    std::ptrdiff_t rowStep =
-        surface.TopDown ? surface.RowBytes : -static_cast<std::ptrdiff_t>(surface.RowBytes);
-    std::ptrdiff_t majorStep = majorSign * (alongX ? bytesPerPixel : rowStep);
-    std::ptrdiff_t minorStep = minorSign * (alongX ? rowStep : bytesPerPixel);
-    unsigned char* target = surface.Row(static_cast<int>(alongX ? minorAt : majorAt)) +
-                            static_cast<std::ptrdiff_t>(alongX ? majorAt : minorAt) * bytesPerPixel;
-    int dash = 0, left = 0;
-    if (dashes.Lengths != nullptr) {
-        left = static_cast<int>((startSteps + static_cast<std::uint64_t>(steps.First)) %
+    int dash = 0;
+    int left = static_cast<int>((startSteps + static_cast<std::uint64_t>(line.SkippedSteps())) %
                                 static_cast<std::uint64_t>(dashes.Period));
-        while (left >= dashes.Lengths[dash])
-            left -= dashes.Lengths[dash++];
-        left = dashes.Lengths[dash] - left;
-    }
-    std::ptrdiff_t offset = 0;    // kept apart from the pointer, which must not leave the bitmap
-    for (;;) {
+    while (left >= dashes.Lengths[dash])
+        left -= dashes.Lengths[dash++];
+    left = dashes.Lengths[dash] - left;
+    std::size_t bytesPerPixel = static_cast<std::size_t>(surface.BitsPerPixel) / 8;
+    line.ForEachPixel(surface, [&](unsigned char* at) {
         const Paint& paint = dash & 1 ? dashes.Gap : dashes.Ink;
         if (paint.Draws)
-            std::memcpy(target + offset, &paint.Pixel, static_cast<std::size_t>(bytesPerPixel));
-        if (--count == 0)
-            break;
-        offset += majorStep;
-        remainder += 2 * n;
-        if (remainder >= 2 * m) {
-            remainder -= 2 * m;
-            offset += minorStep;
-        }
-        if (dashes.Lengths != nullptr && --left == 0) {
+            std::memcpy(at, &paint.Pixel, bytesPerPixel);
+        if (--left == 0) {
             dash = (dash + 1) % dashes.Count;
             left = dashes.Lengths[dash];
         }
-    }
+    });
 }
 
 void DrawDashedRing(const Bitmap& surface, const Dashes& dashes, const std::vector<DevicePoint>& ring)
@@ -188,6 +308,10 @@ BOOL LineTo(HDC dc, int x, int y)
     context->Position = {x, y};
     if (pen.Width > 1) {
         DrawWideLine(*context->Surface, Paint::OfPen(*context), pen.Width, from, to);
+        return TRUE;
+    }
+    if (pen.Style == PS_SOLID) {
+        DrawUnbroken(*context->Surface, PixelOf(pen.Colour), from, to);
         return TRUE;
     }
     Dashes dashes = DashesOfPen(*context);
