@@ -13,7 +13,7 @@ constexpr WORD kCombo = 0x0085;
 DialogTemplate::DialogTemplate(const wchar_t* caption, short width)
 {
     DLGTEMPLATE header = {};
-    header.style = DS_MODALFRAME | DS_SETFONT | DS_CENTER | WS_POPUP | WS_CAPTION | WS_SYSMENU;
+    header.style = DS_MODALFRAME | DS_SETFONT | WS_POPUP | WS_CAPTION | WS_SYSMENU;
     header.cx = width;
     Append(&header, sizeof header);
     Words.push_back(0);    // no menu

@@ -2,10 +2,24 @@
 
 #include "dialogs/win32/FieldIds.h"
 
-GeneralParaDialog::GeneralParaDialog(const wchar_t* name, const std::wstring& start)
+namespace {
+
+// What the field asks for, for the sections that the canvases use; others stand for themselves.
+const wchar_t* CaptionOf(const std::wstring& section)
+{
+    if (section == L"TextInfo")
+        return L"文字";
+    if (section == L"MeasureScaleInfo")
+        return L"每像素的长度";
+    return section.c_str();
+}
+
+}
+
+GeneralParaDialog::GeneralParaDialog(const std::wstring& section, const std::wstring& start)
     : ParameterDialog(L"参数输入"), Value(start)
 {
-    AddEditRow(name, field::Value);
+    AddEditRow(CaptionOf(section), field::Value);
 }
 
 void GeneralParaDialog::Fill()

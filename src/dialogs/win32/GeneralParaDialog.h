@@ -6,7 +6,7 @@
 
 class GeneralParaDialog : public ParameterDialog {
 public:
-    GeneralParaDialog(const wchar_t* name, const std::wstring& start);
+    GeneralParaDialog(const std::wstring& section, const std::wstring& start);
 
     std::wstring Value;    // what the field starts with, and the answer after a confirmed Ask
 

@@ -22,8 +22,13 @@ bool ParameterDialog::Ask()
     Template.AddButton(L"确定", IDOK, true, okX, buttonY, kButtonWidth);
     Template.AddButton(L"取消", IDCANCEL, false, cancelX, buttonY, kButtonWidth);
     Template.SetHeight(static_cast<short>(buttonY + 14 + kMargin));
-    return DialogBoxIndirectParamW(GetModuleHandleW(nullptr), Template.Get(), GetActiveWindow(), Procedure,
-                                   reinterpret_cast<LPARAM>(this)) == IDOK;
+    const INT_PTR answer =
+        DialogBoxIndirectParamW(GetModuleHandleW(nullptr), Template.Get(), GetActiveWindow(), Procedure,
+                                reinterpret_cast<LPARAM>(this));
+    if (Font)
+        DeleteObject(Font);
+    Font = nullptr;
+    return answer == IDOK;
 }
 
 void ParameterDialog::AddEditRow(const wchar_t* caption, WORD id)
@@ -108,12 +113,37 @@ void ParameterDialog::FocusField(WORD id) const
     SendMessageW(field, EM_SETSEL, 0, -1);
 }
 
+void ParameterDialog::SetChineseFont()
+{
+    // A template cannot name the script, and where its font is missing another may come without the glyphs.
+    LOGFONTW font = {};
+    GetObjectW(reinterpret_cast<HFONT>(SendMessageW(Window, WM_GETFONT, 0, 0)), sizeof font, &font);
+    font.lfCharSet = GB2312_CHARSET;
+    Font = CreateFontIndirectW(&font);
+    for (HWND child = GetWindow(Window, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
+        SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(Font), FALSE);
+}
+
+void ParameterDialog::CentreOverOwner() const
+{
+    RECT place = {}, around = {};
+    GetWindowRect(Window, &place);
+    const HWND owner = GetWindow(Window, GW_OWNER);
+    if (!owner || IsIconic(owner) || !GetWindowRect(owner, &around))
+        SystemParametersInfoW(SPI_GETWORKAREA, 0, &around, 0);
+    const LONG x = (around.left + around.right - (place.right - place.left)) / 2;
+    const LONG y = (around.top + around.bottom - (place.bottom - place.top)) / 2;
+    SetWindowPos(Window, nullptr, x, y > 0 ? y : 0, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 INT_PTR CALLBACK ParameterDialog::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
     if (message == WM_INITDIALOG) {
         SetWindowLongPtrW(window, DWLP_USER, lParam);
         ParameterDialog& dialog = *reinterpret_cast<ParameterDialog*>(lParam);
         dialog.Window = window;
+        dialog.SetChineseFont();
+        dialog.CentreOverOwner();
         dialog.Fill();
         return TRUE;
     }

@@ -40,8 +40,11 @@ private:
     DialogTemplate Template;
     short          NextY = 8;           // dialog units; top of the next row
     HWND           Window = nullptr;    // while the dialog is up
+    HFONT          Font = nullptr;      // of the controls, likewise
 
     void                    AddRowCaption(const wchar_t* caption);
     void                    FocusField(WORD id) const;
+    void                    SetChineseFont();
+    void                    CentreOverOwner() const;
     static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 };

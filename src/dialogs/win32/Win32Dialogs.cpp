@@ -46,7 +46,7 @@ bool AskGeneralPara(tagZEKImaGeneralPara& para, const CString& section, const CS
     const ParameterFile  kept(file, section);
     std::wstring         start = para.Value.GetString();
     kept.Read(key, start);
-    GeneralParaDialog dialog(section, start);
+    GeneralParaDialog dialog(section.GetString(), start);
     if (!dialog.Ask())
         return false;
     para.Value = dialog.Value.c_str();

@@ -288,3 +288,60 @@ TEST_CASE("a file named with its folder is used where it is")
     CHECK(std::wstring(kept) == L"2.5");
     DeleteFileW(file);
 }
+
+namespace {
+
+// Room of a text in px against the control that shows it; the texts that do not fit, one a line.
+std::wstring TextsCutOff(HWND dialog)
+{
+    std::wstring cutOff;
+    for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+        wchar_t kind[20] = L"", text[100] = L"";
+        GetClassNameW(child, kind, 20);
+        SendMessageW(child, WM_GETTEXT, 100, reinterpret_cast<LPARAM>(text));
+        if (std::wstring(kind) == L"Edit")
+            continue;
+        RECT rect = {};
+        SIZE size = {};
+        GetClientRect(child, &rect);
+        const HDC     dc = GetDC(child);
+        const HGDIOBJ before =
+            SelectObject(dc, reinterpret_cast<HFONT>(SendMessageW(child, WM_GETFONT, 0, 0)));
+        GetTextExtentPoint32W(dc, text, static_cast<int>(std::wstring(text).size()), &size);
+        SelectObject(dc, before);
+        ReleaseDC(child, dc);
+        const bool hasMark = (GetWindowLongW(child, GWL_STYLE) & BS_TYPEMASK) == BS_AUTOCHECKBOX ||
+                             std::wstring(kind) == L"ComboBox";
+        const LONG mark = hasMark ? GetSystemMetrics(SM_CXVSCROLL) + 4 : 0;
+        if (size.cx + mark > rect.right || size.cy > rect.bottom)
+            cutOff += std::wstring(text) + L"\n";
+    }
+    return cutOff;
+}
+
+void CheckLooks(HWND dialog)
+{
+    int controls = 0;
+    for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+        ++controls;
+        LOGFONTW font = {};
+        GetObjectW(reinterpret_cast<HFONT>(SendMessageW(child, WM_GETFONT, 0, 0)), sizeof font, &font);
+        CHECK(font.lfCharSet == GB2312_CHARSET);
+    }
+    CHECK(controls >= 4);
+    CHECK(TextsCutOff(dialog) == L"");
+}
+
+}
+
+TEST_CASE("every control of the dialogs has a font for Chinese, and no text is cut off")
+{
+    const OwnDataFolder  folder;
+    tagZEKImaLoadPara    layout;
+    tagZEKImaROIRectPara rect;
+    tagZEKImaGeneralPara general;
+    CString              section = L"MeasureScaleInfo", file = L"TextInfo.ini";
+    CHECK_FALSE(Answer([&] { return gDlgGetImaLoadPara(layout); }, CheckLooks));
+    CHECK_FALSE(Answer([&] { return gDlgGetImaROIRectPara(rect); }, CheckLooks));
+    CHECK_FALSE(Answer([&] { return gDlgGetImaGeneralParaV2(general, section, file); }, CheckLooks));
+}

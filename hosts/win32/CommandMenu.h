@@ -1,0 +1,24 @@
+#pragma once
+
+// The table of commands as a menu bar and a table of accelerators. Menu numbers are the commands' own; those
+// of the recent files follow from FirstRecentFile on.
+
+#include "commands/Commands.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+constexpr UINT FirstRecentFile = 1000;
+
+std::wstring Wide(const char* text);    // the table's texts are plain ASCII
+
+HMENU  MakeMenuBar();
+HACCEL MakeAccelerators();
+
+// Enables and checks the entries of a menu that is about to open.
+void RefreshMenu(HMENU menu, const std::function<bool(Command)>& isEnabled,
+                 const std::function<bool(Command)>& isOn);
+
+// Replaces the entries of the submenu of recent files.
+void ShowRecentFiles(HMENU menuBar, const std::vector<std::wstring>& files);

@@ -1,0 +1,229 @@
+#include "MainWindow.h"
+
+#include "CommandMenu.h"
+#include "FileDialogs.h"
+#include "MessageHandler.h"
+
+#include <commctrl.h>
+#include <shellapi.h>
+
+namespace {
+
+const wchar_t* const ClassName = L"VostelViewer";
+const wchar_t* const ProgramName = L"Vostel viewer";
+
+constexpr int FrameWidth = 3;    // px round a canvas when several show
+
+bool RegisterWindowClass(WNDPROC procedure)
+{
+    WNDCLASSEXW kind = {};
+    kind.cbSize = sizeof kind;
+    kind.lpfnWndProc = procedure;
+    kind.hInstance = GetModuleHandleW(nullptr);
+    kind.hIcon = LoadIconW(nullptr, reinterpret_cast<LPCWSTR>(IDI_APPLICATION));
+    kind.hCursor = LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_ARROW));
+    kind.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_3DFACE + 1);
+    kind.lpszClassName = ClassName;
+    return RegisterClassExW(&kind) != 0;
+}
+
+}
+
+bool MainWindow::Create(int show)
+{
+    const INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_BAR_CLASSES};
+    InitCommonControlsEx(&controls);
+    if (!RegisterWindowClass(MessageHandler<MainWindow>) || !CanvasWindow::RegisterWindowClass())
+        return false;
+    Bar = MakeMenuBar();
+    Accelerators = MakeAccelerators();
+    if (!CreateWindowExW(WS_EX_ACCEPTFILES, ClassName, ProgramName, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
+                         CW_USEDEFAULT, CW_USEDEFAULT, 1100, 800, nullptr, Bar, GetModuleHandleW(nullptr),
+                         this))
+        return false;
+    WINDOWPLACEMENT placement = {};
+    if (show == SW_SHOWDEFAULT && Settings.LoadPlacement(placement))
+        SetWindowPlacement(Window, &placement);
+    else
+        ShowWindow(Window, show);
+    return true;
+}
+
+int MainWindow::Run()
+{
+    MSG message = {};
+    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+        if (TranslateAcceleratorW(Window, Accelerators, &message))
+            continue;
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+    return static_cast<int>(message.wParam);
+}
+
+LRESULT MainWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message) {
+    case WM_CREATE:
+        CreateParts();
+        return 0;
+    case WM_SIZE:
+        if (wParam != SIZE_MINIMIZED)
+            Layout();
+        return 0;
+    case WM_PAINT:
+        PaintFrames();
+        return 0;
+    case WM_SETFOCUS:
+        SetFocus(CurrentCanvas().Handle());
+        return 0;
+    case WM_INITMENUPOPUP:
+        RefreshMenu(
+            reinterpret_cast<HMENU>(wParam), [this](Command id) { return IsEnabled(id); },
+            [this](Command id) { return IsChecked(id); });
+        return 0;
+    case WM_MENUSELECT:
+        OnMenuSelect(wParam);
+        return 0;
+    case WM_COMMAND:
+        OnCommand(LOWORD(wParam));
+        return 0;
+    case WM_DROPFILES:
+        OnDropFiles(reinterpret_cast<HDROP>(wParam));
+        return 0;
+    case RoutineJob::Progress:
+        OnRoutineProgress(static_cast<int>(wParam), static_cast<int>(lParam));
+        return 0;
+    case RoutineJob::Finished:
+        OnRoutineFinished();
+        return 0;
+    case WM_CLOSE:
+        Job.Stop();
+        Settings.SavePlacement(Window);
+        DestroyWindow(Window);
+        return 0;
+    case WM_DESTROY:
+        gSetHostServices({});
+        PostQuitMessage(0);
+        return 0;
+    default:
+        return DefWindowProcW(Window, message, wParam, lParam);
+    }
+}
+
+void MainWindow::CreateParts()
+{
+    VostelHostServices services;
+    services.ChooseFiles = [this](const VostelFileRequest& request, std::vector<CString>& paths) {
+        return AskForFileNames(Window, request, paths);
+    };
+    gSetHostServices(services);
+
+    Status.Create(Window);
+    for (int canvas = 0; canvas < CanvasCount; ++canvas) {
+        CanvasWindow& window = Canvases[static_cast<std::size_t>(canvas)];
+        window.OnActivate = [this](CanvasWindow& pressed) { SelectCanvas(pressed.Canvas()); };
+        window.OnCursor = [this](CanvasWindow& under, CPoint client) {
+            Status.ShowCursor(under.Canvas(), client);
+        };
+        window.Create(Window, canvas);
+    }
+    ShowRecentFiles(Bar, Settings.RecentFiles());
+    Status.ShowHint(L"Open a picture with Ctrl+O, or drop one here. F1 tells how the mouse works.");
+    ShowTitle();
+}
+
+RECT MainWindow::CellOf(int canvas) const
+{
+    RECT client = {};
+    GetClientRect(Window, &client);
+    const int width = static_cast<int>(client.right),
+              height = static_cast<int>(client.bottom) - Status.Height();
+    if (!Tiled)
+        return {0, 0, width, height};
+    // Two above, three below.
+    const int columns = canvas < 2 ? 2 : 3, column = canvas < 2 ? canvas : canvas - 2;
+    const int top = canvas < 2 ? 0 : height / 2, bottom = canvas < 2 ? height / 2 : height;
+    return {width * column / columns, top, width * (column + 1) / columns, bottom};
+}
+
+void MainWindow::Layout()
+{
+    Status.Layout();
+    for (int canvas = 0; canvas < CanvasCount; ++canvas) {
+        RECT cell = CellOf(canvas);
+        if (Tiled)
+            InflateRect(&cell, -FrameWidth, -FrameWidth);
+        Canvases[static_cast<std::size_t>(canvas)].Place(cell, Tiled || canvas == Current);
+    }
+    InvalidateRect(Window, nullptr, TRUE);
+}
+
+void MainWindow::PaintFrames()
+{
+    PAINTSTRUCT paint = {};
+    const HDC   dc = BeginPaint(Window, &paint);
+    if (Tiled) {
+        const RECT cell = CellOf(Current);
+        FillRect(dc, &cell, GetSysColorBrush(COLOR_HIGHLIGHT));    // the canvas window covers its middle
+    }
+    EndPaint(Window, &paint);
+}
+
+void MainWindow::SelectCanvas(int canvas)
+{
+    const bool changed = canvas != Current;
+    Current = canvas;
+    if (changed)
+        Layout();
+    SetFocus(CurrentCanvas().Handle());
+    AfterChange();
+}
+
+void MainWindow::ShowTiled(bool tiled)
+{
+    if (Tiled == tiled)
+        return;
+    Tiled = tiled;
+    Layout();
+    for (int canvas = 0; canvas < CanvasCount; ++canvas)    // the cells have another size now
+        RunCommand(Command::FitImage, canvas);
+}
+
+void MainWindow::ShowTitle()
+{
+    const std::wstring& file = Files[static_cast<std::size_t>(Current)];
+    std::wstring        title = L"Canvas " + std::to_wstring(Current + 1) + L" - " + ProgramName;
+    if (!file.empty())
+        title = file.substr(file.find_last_of(L"\\/") + 1) + L" - " + title;
+    SetWindowTextW(Window, title.c_str());
+}
+
+void MainWindow::OnDropFiles(HDROP drop)
+{
+    std::vector<std::wstring> paths;
+    const UINT                count = DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);
+    for (UINT i = 0; i < count; ++i) {
+        std::wstring path(DragQueryFileW(drop, i, nullptr, 0) + 1, L'\0');
+        path.resize(DragQueryFileW(drop, i, path.data(), static_cast<UINT>(path.size())));
+        paths.push_back(path);
+    }
+    POINT point = {};
+    DragQueryPoint(drop, &point);
+    DragFinish(drop);
+    int target = Current;
+    for (int canvas = 0; Tiled && canvas < CanvasCount; ++canvas) {
+        const RECT cell = CellOf(canvas);
+        if (PtInRect(&cell, point))
+            target = canvas;
+    }
+    SetForegroundWindow(Window);
+    OpenFiles(paths, target);
+}
+
+void MainWindow::OnMenuSelect(WPARAM wParam)
+{
+    const CommandEntry* const entry = FindCommand(static_cast<Command>(LOWORD(wParam)));
+    const bool                isCommand = entry && !(HIWORD(wParam) & (MF_POPUP | MF_SEPARATOR));
+    Status.ShowHint(isCommand ? Wide(entry->Hint) : L"");
+}

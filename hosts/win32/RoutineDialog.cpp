@@ -1,0 +1,82 @@
+#include "RoutineDialog.h"
+
+#include "CommandMenu.h"
+
+#include <cwchar>
+
+namespace {
+
+std::wstring TextOfNumber(double value)
+{
+    wchar_t text[40];
+    std::swprintf(text, 40, L"%.6g", value);
+    return text;
+}
+
+// The whole text as one number; anything else is not a number.
+bool ParseNumber(const std::wstring& text, double& value)
+{
+    const std::size_t first = text.find_first_not_of(L" \t");
+    const std::size_t last = text.find_last_not_of(L" \t");
+    if (first == std::wstring::npos)
+        return false;
+    const std::wstring digits = text.substr(first, last - first + 1);
+    wchar_t*           end = nullptr;
+    value = std::wcstod(digits.c_str(), &end);
+    return end == digits.c_str() + digits.size();
+}
+
+std::wstring LimitsOf(const RoutineParameter& parameter)
+{
+    return L"From " + TextOfNumber(parameter.Low) + L" to " + TextOfNumber(parameter.High) + L".";
+}
+
+}
+
+RoutineDialog::RoutineDialog(const Routine& routine, const std::vector<double>& values,
+                             const std::vector<int>& seconds)
+    : FormDialog(Wide(routine.Title)), Values(values), Asked(routine), Seconds(seconds)
+{
+    if (routine.Input == RoutineInput::Two) {
+        std::vector<std::wstring> names;
+        for (int canvas : Seconds)
+            names.push_back(L"Canvas " + std::to_wstring(canvas + 1));
+        SecondRow = AddChoice(L"Second image", names, 0);
+    }
+    for (std::size_t i = 0; i < Values.size(); ++i) {
+        const RoutineParameter& parameter = routine.Parameters[i];
+        if (parameter.Kind != ParameterKind::Choice) {
+            AddText(Wide(parameter.Name), TextOfNumber(Values[i]));
+            continue;
+        }
+        std::vector<std::wstring> choices;
+        for (const char* choice : parameter.Choices)
+            choices.push_back(Wide(choice));
+        AddChoice(Wide(parameter.Name), choices, static_cast<int>(Values[i]));
+    }
+}
+
+bool RoutineDialog::Read()
+{
+    const int           firstRow = SecondRow + 1;
+    std::vector<double> read = Values;
+    for (std::size_t i = 0; i < read.size(); ++i) {
+        const int row = firstRow + static_cast<int>(i);
+        if (Asked.Parameters[i].Kind == ParameterKind::Choice) {
+            read[i] = ChoiceOf(row);
+        } else if (!ParseNumber(TextOf(row), read[i])) {
+            ShowProblem(row, L"This is not a number. " + LimitsOf(Asked.Parameters[i]));
+            return false;
+        }
+    }
+    std::size_t wrong = 0;
+    if (const char* const problem = CheckValues(Asked, read, &wrong)) {
+        ShowProblem(firstRow + static_cast<int>(wrong),
+                    Wide(problem) + L" " + LimitsOf(Asked.Parameters[wrong]));
+        return false;
+    }
+    Values = read;
+    if (SecondRow >= 0)
+        Second = Seconds[static_cast<std::size_t>(ChoiceOf(SecondRow))];
+    return true;
+}

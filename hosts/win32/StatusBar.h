@@ -1,0 +1,28 @@
+#pragma once
+
+// The bar at the foot of the main window: hint, position and value under the cursor, zoom, size of the image
+// and file.
+
+#include <VostelObj.h>
+
+#include <string>
+
+class StatusBar {
+public:
+    void Create(HWND owner);
+    void Layout();    // after the owner's size changed
+
+    int Height() const;
+
+    void ShowHint(const std::wstring& hint);
+    void ShowCursor(int canvas, CPoint client);    // what is under the cursor
+    void ShowCanvas(int canvas, const std::wstring& file);
+
+private:
+    enum Part { Hint, Position, Value, Zoom, Size, File, PartCount };
+
+    HWND         Window = nullptr;
+    std::wstring Shown[PartCount];
+
+    void SetPart(Part part, const std::wstring& text);
+};

@@ -1,0 +1,20 @@
+#pragma once
+
+// The dialogs that are about text: lines to put on a canvas, and the help.
+
+#include "FormDialog.h"
+
+class TextLinesDialog : public FormDialog {
+public:
+    explicit TextLinesDialog(const std::wstring& start);
+
+    std::wstring Text;    // what the field starts with, and the answer after a confirmed Ask
+
+protected:
+    bool Read() override;
+};
+
+class GesturesDialog : public FormDialog {
+public:
+    GesturesDialog();
+};
