@@ -1,0 +1,37 @@
+#include "dialogs/DialogScope.h"
+
+#include <QApplication>
+
+namespace {
+
+DialogScope* Innermost = nullptr;
+
+}
+
+DialogScope::DialogScope(QWidget* parent, QSize image, const QString& file)
+    : ParentWidget(parent), ImageSize(image), FilePath(file), Outer(Innermost)
+{
+    Innermost = this;
+}
+
+DialogScope::~DialogScope()
+{
+    Innermost = Outer;
+}
+
+QWidget* DialogScope::Parent()
+{
+    if (Innermost && Innermost->ParentWidget)
+        return Innermost->ParentWidget->window();
+    return QApplication::activeWindow();
+}
+
+QSize DialogScope::Image()
+{
+    return Innermost ? Innermost->ImageSize : QSize();
+}
+
+QString DialogScope::File()
+{
+    return Innermost ? Innermost->FilePath : QString();
+}

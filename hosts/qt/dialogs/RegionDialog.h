@@ -1,0 +1,30 @@
+#pragma once
+
+#include <VostelObj.h>
+
+#include <QDialog>
+#include <QSize>
+
+class QDialogButtonBox;
+class QLabel;
+class QSpinBox;
+
+// Asks for the edges of a rectangle in image pixels, within the image where its size is known. It starts with
+// the last answer, or with the middle of the image where that does not fit.
+class RegionDialog : public QDialog {
+    Q_OBJECT
+
+public:
+    explicit RegionDialog(QSize image, QWidget* parent = nullptr);
+
+    tagZEKImaROIRectPara Region() const;
+    void                 Remember() const;
+
+private:
+    void Recall(QSize image);
+    void Check();
+
+    QSpinBox *        Left = nullptr, *Right = nullptr, *Top = nullptr, *Bottom = nullptr;
+    QLabel*           Size = nullptr;
+    QDialogButtonBox* Buttons = nullptr;
+};

@@ -1,0 +1,169 @@
+#include "HostServices.h"
+
+#include "CanvasKeys.h"
+#include "QtText.h"
+#include "dialogs/DialogScope.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QMetaObject>
+#include <QRegularExpression>
+#include <QSet>
+#include <QStringList>
+#include <QThread>
+#include <QWidget>
+
+#include <vector>
+
+namespace {
+
+QSet<QWidget*>& Windows()
+{
+    static QSet<QWidget*> windows;
+    return windows;
+}
+
+QWidget* FindWindow(HWND window)
+{
+    auto* const widget = reinterpret_cast<QWidget*>(window);
+    return Windows().contains(widget) ? widget : nullptr;
+}
+
+int Painting = 0;
+
+void ShowBox(const QString& text)
+{
+    QMessageBox box(QMessageBox::NoIcon, QApplication::applicationDisplayName(), text, QMessageBox::Ok,
+                    DialogScope::Parent());
+    box.exec();
+}
+
+void ShowMessage(const CString& text)
+{
+    const QString shown = ToQt(text);
+    if (QThread::currentThread() == qApp->thread() && Painting == 0)
+        ShowBox(shown);
+    else
+        QMetaObject::invokeMethod(
+            qApp, [shown] { ShowBox(shown); }, Qt::QueuedConnection);
+}
+
+// "text (*.x)|*.x;*.y|(*.z)|*.z|all|*.*||" as the file dialog wants it: "text (*.x *.y)", "Z (*.z)", "all
+// (*)".
+QStringList NameFilters(const CString& filter)
+{
+    const QStringList parts = ToQt(filter).split(u'|', Qt::SkipEmptyParts);
+    QStringList       filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        QString patterns = parts[i + 1];
+        patterns.replace(u';', u' ').replace(QStringLiteral("*.*"), QStringLiteral("*"));
+        static const QRegularExpression inBrackets(QStringLiteral("\\([^)]*\\)"));
+        QString                         text = parts[i];
+        text = text.remove(inBrackets).trimmed();
+        if (text.isEmpty())
+            text = patterns.section(u'.', -1).toUpper();
+        filters << QStringLiteral("%1 (%2)").arg(text, patterns);
+    }
+    return filters;
+}
+
+QString& Folder()
+{
+    static QString folder = QDir::homePath();
+    return folder;
+}
+
+bool ChooseFiles(const VostelFileRequest& request, std::vector<CString>& paths)
+{
+    QFileDialog dialog(DialogScope::Parent());
+    dialog.setAcceptMode(request.Save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialog.setFileMode(request.Save                           ? QFileDialog::AnyFile
+                       : request.Flags & OFN_ALLOWMULTISELECT ? QFileDialog::ExistingFiles
+                                                              : QFileDialog::ExistingFile);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite, !(request.Flags & OFN_OVERWRITEPROMPT));
+    const QStringList filters = NameFilters(request.Filter);
+    if (!filters.isEmpty())
+        dialog.setNameFilters(filters);
+    const QString extension = ToQt(request.DefaultExtension);
+    if (!extension.contains(u'*'))
+        dialog.setDefaultSuffix(extension);
+    // The person who picks another kind of file gets its extension.
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString& filter) {
+        const QString suffix = filter.section(u'.', -1).section(u')', 0, 0);
+        if (filter.contains(u'.') && !suffix.contains(u'*'))
+            dialog.setDefaultSuffix(suffix);
+    });
+    dialog.setDirectory(Folder());
+    if (!request.DefaultName.IsEmpty())
+        dialog.selectFile(ToQt(request.DefaultName));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return false;
+    Folder() = dialog.directory().absolutePath();
+    paths.clear();
+    const QStringList chosen = dialog.selectedFiles();
+    for (const QString& file : chosen)
+        paths.push_back(FromQt(file));
+    return true;
+}
+
+bool ChooseFolder(const CString& title, CString& folder)
+{
+    const QString chosen = QFileDialog::getExistingDirectory(DialogScope::Parent(), ToQt(title), Folder());
+    if (chosen.isEmpty())
+        return false;
+    Folder() = chosen;
+    folder = FromQt(chosen);
+    return true;
+}
+
+}
+
+void InstallHostServices()
+{
+    VostelHostServices services;
+    services.ShowMessage = ShowMessage;
+    services.ChooseFiles = ChooseFiles;
+    services.ChooseFolder = ChooseFolder;
+    services.IsKeyDown = IsKeyHeld;
+    services.InvalidateWindow = [](HWND window) {
+        if (QWidget* const widget = FindWindow(window))
+            widget->update();
+    };
+    services.ScreenToWindow = [](HWND window, POINT screen) {
+        if (QWidget* const widget = FindWindow(window)) {
+            const double  ratio = widget->devicePixelRatioF();
+            const QPointF at = widget->mapFromGlobal(QPointF(screen.x / ratio, screen.y / ratio)) * ratio;
+            screen.x = qFloor(at.x());
+            screen.y = qFloor(at.y());
+        }
+        return screen;
+    };
+    gSetHostServices(services);
+}
+
+HWND WindowHandle(const QWidget* widget)
+{
+    return reinterpret_cast<HWND>(const_cast<QWidget*>(widget));
+}
+
+void RememberWindow(QWidget* widget)
+{
+    Windows().insert(widget);
+}
+
+void ForgetWindow(QWidget* widget)
+{
+    Windows().remove(widget);
+}
+
+PaintScope::PaintScope()
+{
+    ++Painting;
+}
+
+PaintScope::~PaintScope()
+{
+    --Painting;
+}

@@ -1,0 +1,352 @@
+#include "VostelWidget.h"
+
+#include "CanvasKeys.h"
+#include "FramePainter.h"
+#include "HostServices.h"
+#include "QtText.h"
+#include "dialogs/DialogScope.h"
+#include "dialogs/ParameterDialogs.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPointer>
+#include <QWheelEvent>
+
+#include <cmath>
+
+namespace {
+
+QPointer<VostelWidget>& Current()
+{
+    static QPointer<VostelWidget> widget;
+    return widget;
+}
+
+void InstallOnce()
+{
+    static const bool installed = [] {
+        InstallHostServices();
+        InstallParameterDialogs();
+        return true;
+    }();
+    static_cast<void>(installed);
+}
+
+unsigned int MouseFlags(Qt::KeyboardModifiers modifiers, Qt::MouseButtons buttons)
+{
+    unsigned int flags = 0;
+    if (buttons & Qt::LeftButton)
+        flags |= MK_LBUTTON;
+    if (modifiers & Qt::ShiftModifier)
+        flags |= MK_SHIFT;
+    if (modifiers & Qt::ControlModifier)
+        flags |= MK_CONTROL;
+    return flags;
+}
+
+}
+
+VostelWidget::VostelWidget(int canvas, QWidget* parent)
+    : QWidget(parent), Number(canvas), Screen(CreateCompatibleDC(nullptr))
+{
+    InstallOnce();
+    RememberWindow(this);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
+    KnownZoom = zoom();
+    KnownImage = imageSize();
+}
+
+VostelWidget::~VostelWidget()
+{
+    ForgetWindow(this);
+    // The canvas outlives the widget and must not paint to a context that is gone.
+    CRect nothing(0, 0, 0, 0);
+    gCVSSetClient(Number, nothing, nullptr);
+    DeleteDC(Screen);
+}
+
+HWND VostelWidget::handle() const
+{
+    return WindowHandle(this);
+}
+
+VostelWidget* VostelWidget::current()
+{
+    return Current();
+}
+
+bool VostelWidget::open(const QString& path)
+{
+    GiveArea();
+    const DialogScope scope(this, imageSize(), path);
+    CString           name = FromQt(path);
+    gCVSReadFile(Number, name, true);
+    refresh();
+    return hasImage();
+}
+
+void VostelWidget::refresh()
+{
+    FrameIsOld = true;
+    update();
+    TellChanges();
+}
+
+void VostelWidget::setTickInterval(int milliseconds)
+{
+    if (milliseconds > 0)
+        Tick.start(milliseconds, this);
+    else
+        Tick.stop();
+}
+
+double VostelWidget::zoom() const
+{
+    // The difference of two image positions far apart, since the interface does not tell the scale.
+    constexpr int apart = 1 << 16;
+    double        x0 = 0.0, x1 = 0.0, y = 0.0;
+    gCVSGetOriPt(Number, CPoint(0, 0), x0, y);
+    gCVSGetOriPt(Number, CPoint(apart, 0), x1, y);
+    return x1 > x0 ? apart / (x1 - x0) : 1.0;
+}
+
+bool VostelWidget::hasImage() const
+{
+    return gCVSGetFileType(Number) != FileTypeNone;
+}
+
+QSize VostelWidget::imageSize() const
+{
+    return hasImage() ? QSize(gCVSGetCanvasWidth(Number), gCVSGetCanvasHeight(Number)) : QSize();
+}
+
+QPointF VostelWidget::imagePosition(QPointF position) const
+{
+    double x = 0.0, y = 0.0;
+    gCVSGetOriPt(Number, CanvasPoint(position), x, y);
+    return QPointF(x, y);
+}
+
+QPointF VostelWidget::widgetPosition(QPointF image) const
+{
+    CPoint point;
+    gCVSGetDisplayPt(Number, image.x(), image.y(), point);
+    return QPointF(point.x, point.y) / devicePixelRatioF();
+}
+
+float VostelWidget::valueAt(QPointF position) const
+{
+    return gCVSGetImaPixelValue(Number, CanvasPoint(position));
+}
+
+bool VostelWidget::event(QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::KeyPress:
+        // Tab means something to a canvas; Shift and Tab leave it.
+        if (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Tab) {
+            keyPressEvent(static_cast<QKeyEvent*>(event));
+            return event->isAccepted();
+        }
+        break;
+    case QEvent::Show:
+    case QEvent::ScreenChangeInternal:    // another screen may have another device pixel ratio
+        GiveArea();
+        break;
+    default:
+        break;
+    }
+    return QWidget::event(event);
+}
+
+void VostelWidget::GiveArea()
+{
+    // As many whole device pixels as a paint can reach.
+    const double ratio = devicePixelRatioF();
+    const QSize  area(qMax(1, qRound(width() * ratio)), qMax(1, qRound(height() * ratio)));
+    if (area == Area)
+        return;
+    Area = area;
+    CRect client(0, 0, area.width(), area.height());
+    gCVSSetClient(Number, client, Screen);
+    refresh();
+}
+
+void VostelWidget::resizeEvent(QResizeEvent*)
+{
+    GiveArea();
+}
+
+void VostelWidget::paintEvent(QPaintEvent*)
+{
+    GiveArea();    // a window that moved to another screen
+    {
+        const PaintScope painting;
+        gCVSOnDraw(Number, Screen);
+    }
+    FrameIsOld = false;
+    QPainter painter(this);
+    PaintFrame(painter, Number, devicePixelRatioF());
+    painter.end();
+    Q_EMIT painted();
+}
+
+// Objects take their boxes, and the limit of the zoom what it counts, from the last paint.
+void VostelWidget::PaintBeforeInput()
+{
+    if (FrameIsOld && isVisible())
+        repaint();
+}
+
+CPoint VostelWidget::CanvasPoint(QPointF position) const
+{
+    const double ratio = devicePixelRatioF();
+    return CPoint(qFloor(position.x() * ratio), qFloor(position.y() * ratio));
+}
+
+void VostelWidget::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton) {
+        event->ignore();
+        return;
+    }
+    PaintBeforeInput();
+    // New objects learn of the view by a move, which a touch screen or a program may leave out.
+    const CPoint point = CanvasPoint(event->position());
+    gCVSOnMouseMove(Number, MouseFlags(event->modifiers(), Qt::NoButton), point);
+    gCVSOnLButtonDown(Number, MouseFlags(event->modifiers(), event->buttons()), point);
+    refresh();
+}
+
+void VostelWidget::mouseMoveEvent(QMouseEvent* event)
+{
+    const unsigned int flags = MouseFlags(event->modifiers(), event->buttons());
+    gCVSOnMouseMove(Number, flags, CanvasPoint(event->position()));
+    ShowCursorFor(event->modifiers());
+    TellCursor(event->position());
+    refresh();
+    if ((flags & MK_LBUTTON) && (flags & MK_CONTROL))
+        Q_EMIT viewDragged();
+}
+
+void VostelWidget::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton) {
+        event->ignore();
+        return;
+    }
+    gCVSOnLButtonUp(Number, MouseFlags(event->modifiers(), event->buttons()), CanvasPoint(event->position()));
+    refresh();
+}
+
+void VostelWidget::leaveEvent(QEvent*)
+{
+    if (CursorInside)
+        Q_EMIT cursorLeft();
+    CursorInside = false;
+}
+
+void VostelWidget::wheelEvent(QWheelEvent* event)
+{
+    constexpr int step = 120;
+    const int     turned = event->angleDelta().y();
+    if ((turned > 0) != (WheelRest > 0))
+        WheelRest = 0;    // a turn back counts from its own start
+    WheelRest += turned;
+    const unsigned int flags = MouseFlags(event->modifiers(), event->buttons());
+    for (; std::abs(WheelRest) >= step; WheelRest -= WheelRest > 0 ? step : -step) {
+        PaintBeforeInput();
+        gCVSOnMouseWheel(Number, flags, static_cast<short>(WheelRest > 0 ? step : -step),
+                         CanvasPoint(event->position()));
+        refresh();
+        if (flags & MK_CONTROL)
+            Q_EMIT viewDragged();
+    }
+    TellCursor(event->position());
+    event->accept();
+}
+
+void VostelWidget::keyPressEvent(QKeyEvent* event)
+{
+    ShowCursorFor(event->modifiers());
+    const int key = VirtualKey(event->key());
+    NoteKey(key, true);
+    // With Control a letter is a menu's shortcut, and the canvas would take R and C for deletions.
+    if (key == 0 || (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))) {
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    gCVSOnKeyDown(Number, static_cast<unsigned int>(key), static_cast<unsigned int>(event->count()), 0);
+    refresh();
+}
+
+void VostelWidget::keyReleaseEvent(QKeyEvent* event)
+{
+    ShowCursorFor(event->modifiers());
+    if (!event->isAutoRepeat())
+        NoteKey(VirtualKey(event->key()), false);
+    QWidget::keyReleaseEvent(event);
+}
+
+void VostelWidget::timerEvent(QTimerEvent* event)
+{
+    if (event->timerId() != Tick.timerId()) {
+        QWidget::timerEvent(event);
+        return;
+    }
+    gCVSOnTimer(Number, 1);
+}
+
+void VostelWidget::focusInEvent(QFocusEvent* event)
+{
+    Current() = this;
+    QWidget::focusInEvent(event);
+    Q_EMIT activated();
+}
+
+void VostelWidget::focusOutEvent(QFocusEvent* event)
+{
+    ForgetKeys();    // their releases go elsewhere
+    QWidget::focusOutEvent(event);
+}
+
+// What the next press would do.
+void VostelWidget::ShowCursorFor(Qt::KeyboardModifiers modifiers)
+{
+    const Qt::CursorShape shape = modifiers & Qt::ControlModifier ? Qt::SizeAllCursor
+                                  : modifiers & Qt::ShiftModifier ? Qt::CrossCursor
+                                                                  : Qt::ArrowCursor;
+    if (cursor().shape() != shape)
+        setCursor(shape);
+}
+
+void VostelWidget::TellCursor(QPointF position)
+{
+    const QPointF image = imagePosition(position);
+    const bool    inside = rect().contains(position.toPoint()) && hasImage() && image.x() >= 0.0 &&
+                        image.y() >= 0.0 && image.x() < gCVSGetCanvasWidth(Number) &&
+                        image.y() < gCVSGetCanvasHeight(Number);
+    if (inside)
+        Q_EMIT cursorMoved(image, valueAt(position));
+    else if (CursorInside)
+        Q_EMIT cursorLeft();
+    CursorInside = inside;
+}
+
+void VostelWidget::TellChanges()
+{
+    const QSize image = imageSize();
+    if (image != KnownImage) {
+        KnownImage = image;
+        Q_EMIT imageChanged(image);
+    }
+    const double scale = zoom();
+    if (scale != KnownZoom) {
+        KnownZoom = scale;
+        Q_EMIT viewChanged(scale);
+    }
+}

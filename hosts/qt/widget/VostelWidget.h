@@ -1,0 +1,105 @@
+#pragma once
+
+#include <VostelObj.h>
+
+#include <QBasicTimer>
+#include <QPointF>
+#include <QSize>
+#include <QWidget>
+
+// One canvas of the library as a widget. It gives the canvas its area, paints it, and forwards mouse, wheel,
+// key, timer and resize events; the rest of the library's calls stay the program's:
+//
+//     QApplication application(argc, argv);
+//     QMainWindow  window;
+//     auto*        canvas = new VostelWidget(0);
+//     window.setCentralWidget(canvas);
+//     QObject::connect(canvas, &VostelWidget::cursorMoved, &window, [&](QPointF at, float value) {
+//         window.statusBar()->showMessage(QString("%1, %2: %3").arg(at.x()).arg(at.y()).arg(value));
+//     });
+//     window.resize(1000, 700);
+//     window.show();
+//     canvas->open(argv[1]);
+//     gCVSAddPoly(canvas->canvas());    // Shift and clicks draw it
+//     canvas->refresh();
+//     return application.exec();
+//
+// The first widget made installs the services that the library asks a host for (messages, file dialogs,
+// keys, window) and its three parameter dialogs; a program that installs its own does so afterwards.
+//
+// Lengths: the canvas counts device pixels, Qt logical ones, so that the image is crisp on every screen.
+// Each canvas number belongs to one widget. All calls on the thread of the user interface.
+class VostelWidget : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit VostelWidget(int canvas, QWidget* parent = nullptr);
+    ~VostelWidget() override;
+
+    int  canvas() const { return Number; }
+    HWND handle() const;    // what MSG records and window services know this widget by
+
+    // Shows a picture or, after asking for its layout, a raw file. False when no image came of it.
+    bool open(const QString& path);
+
+    // After calls that change what the canvas shows: paints, and tells of a new image or zoom.
+    void refresh();
+
+    // Timer events for the canvas; 0 ms stops them.
+    void setTickInterval(int milliseconds);
+
+    double  zoom() const;    // device px per image px
+    bool    hasImage() const;
+    QSize   imageSize() const;                        // image px
+    QPointF imagePosition(QPointF position) const;    // widget position to image px
+    QPointF widgetPosition(QPointF image) const;      // image px to widget position
+    float   valueAt(QPointF position) const;          // as gCVSGetImaPixelValue tells
+
+    // The widget whose canvas has the focus or had it last; null when there is none.
+    static VostelWidget* current();
+
+    QSize sizeHint() const override { return QSize(640, 480); }
+    QSize minimumSizeHint() const override { return QSize(120, 90); }
+
+Q_SIGNALS:
+    void cursorMoved(QPointF image, float value);    // image px; only over the image
+    void cursorLeft();                               // the image or the widget
+    void viewChanged(double zoom);
+    void viewDragged();               // by the person: zoomed or moved
+    void imageChanged(QSize size);    // empty: nothing is shown
+    void activated();                 // got the focus
+    void painted();
+
+protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+private:
+    CPoint CanvasPoint(QPointF position) const;
+    void   GiveArea();
+    void   PaintBeforeInput();
+    void   TellCursor(QPointF position);
+    void   TellChanges();
+    void   ShowCursorFor(Qt::KeyboardModifiers modifiers);
+
+    int         Number;
+    HDC         Screen = nullptr;    // of the smallest size: the frame is taken from the canvas itself
+    QSize       Area;                // device px, as the canvas knows it
+    QBasicTimer Tick;
+    int         WheelRest = 0;        // eighths of a degree that make no full step yet
+    bool        FrameIsOld = true;    // something changed since the last paint
+    bool        CursorInside = false;
+    double      KnownZoom = 0.0;
+    QSize       KnownImage;
+};
