@@ -22,11 +22,10 @@ struct IMAGEPARAMENT {
 // ignored. Other depths leave the planes allocated and clear. alpha is allocated and cleared, never read
 // from the file. False if the file cannot be opened or an argument is null (planes untouched), and false
 // with released planes if
-// - the file is shorter than its 54 bytes of header,
-// - a size is not positive, or the pixels do not count in 31 bits,
+// - a size is negative, or the pixels do not count in 31 bits,
 // - the file has lost more rows than it holds and these would take more than 32 MiB of a plane and its row
 //   table: no file of a few bytes makes its reader ask for a gigabyte.
-// Any other file cut short is read, and zero from where it ends.
+// Any other file cut short is read, and zero from where it ends, its header too.
 VOSTEL_API bool ZEKReadColorBmp(char* path, ClassData2DIO<unsigned char>* red,
                                 ClassData2DIO<unsigned char>* green, ClassData2DIO<unsigned char>* blue,
                                 ClassData2DIO<unsigned char>* alpha);

@@ -84,7 +84,7 @@ const std::int64_t LostBytesAllowed = 32 * 1024 * 1024;
 
 bool IsPlausible(const Layout& layout, std::int64_t fileBytes)
 {
-    if (layout.Width <= 0 || layout.Height <= 0)
+    if (layout.Width < 0 || layout.Height < 0)
         return false;
     const std::int64_t width = layout.Width, height = layout.Height;
     if (width * height > INT_MAX)
@@ -98,13 +98,14 @@ bool IsPlausible(const Layout& layout, std::int64_t fileBytes)
     return rowsLost <= rowsHeld || rowsLost * bytesOfRow <= LostBytesAllowed;
 }
 
-// Leaves the file at its first pixel. Marks, positions and sizes in the header do not count.
+// Leaves the file at its first pixel. Marks, positions and sizes in the header do not count; what a short
+// file has not got of it is zero, as its pixels are.
 bool ReadLayout(std::FILE* file, Layout& layout)
 {
     unsigned char      header[HeaderBytes];
     const std::int64_t fileBytes = FileLength(file);
-    if (std::fread(header, 1, sizeof header, file) != sizeof header)
-        return false;
+    const std::size_t  got = std::fread(header, 1, sizeof header, file);
+    std::memset(header + got, 0, sizeof header - got);
     layout.Width = static_cast<std::int32_t>(LittleEndian(header + 18, 4));
     layout.Height = static_cast<std::int32_t>(LittleEndian(header + 22, 4));
     layout.Bits = static_cast<int>(LittleEndian(header + 28, 2));
@@ -119,6 +120,8 @@ bool ReadLayout(std::FILE* file, Layout& layout)
 template <typename Take>
 void ForEachRun(std::FILE* file, const Layout& layout, Take take)
 {
+    if (layout.PixelCount() == 0)
+        return;
     const std::size_t width = static_cast<std::size_t>(layout.Width);
     const std::size_t height = static_cast<std::size_t>(layout.Height);
     const std::size_t rowBytes = static_cast<std::size_t>(layout.RowBytes());

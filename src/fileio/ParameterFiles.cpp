@@ -85,6 +85,9 @@ void ZEKIODisk::NextLine()
 
 void ZEKIODisk::ReadMap()
 {
+    // A read would find the end of a file where there is none.
+    if (!In.is_open())
+        In.setstate(std::ios_base::failbit);
     char buffer[100];
     while (In.good()) {
         In.getline(buffer, sizeof buffer);

@@ -179,7 +179,7 @@ void gImaConcate(ClassData2DIO<float>* imageA, ClassData2DIO<float>* imageB, int
         ShowMessage(L"水平重合参数需要大于二倍的中间切边参数加一");
         return;
     }
-    if (imageA->Height <= 0 || imageA->Width < 0 || imageA->Ptr1D == nullptr)
+    if (imageA->Height < 0 || imageA->Width < 0 || (imageA->Height > 0 && imageA->Ptr1D == nullptr))
         return;
     const std::int64_t widthB = std::max(imageB->Width, 0);
     Plane              result;

@@ -123,6 +123,7 @@ TEST_CASE("ReadMap ends on streams that are closed, missing or a directory")
     ZEKIODisk   disk;
     disk.ReadMap();
     CHECK(disk.In.fail());
+    CHECK_FALSE(disk.In.eof());
     disk.In.clear();
     disk.OpenRead(missing.data());
     CHECK(disk.In.fail());

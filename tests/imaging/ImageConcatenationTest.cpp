@@ -226,17 +226,28 @@ TEST_CASE("a right image that is too small or empty leaves zeros")
     CHECK(SamePlane(faded, PlaneOf<float>(1, {2, 2, 2})));
 }
 
-TEST_CASE("missing images and a left one without rows change nothing")
+TEST_CASE("a left image without rows gets wider all the same")
 {
-    FloatPlane   a = Constant(4, 3, 2.0f), empty, released;
+    FloatPlane b = Constant(4, 3, 2.0f), fresh, rowless;
+    gImaConcate(&fresh, &b, 0, 0, false);
+    CHECK(fresh.Width == 4);
+    CHECK(fresh.Height == 0);
+    CHECK(fresh.Ptr1D != nullptr);
+    rowless.Allocate(6, 0);
+    gImaConcate(&rowless, &b, 3, 0, true);
+    CHECK(rowless.Width == 7);
+    CHECK(rowless.Height == 0);
+}
+
+TEST_CASE("missing images and a released left one change nothing")
+{
+    FloatPlane   a = Constant(4, 3, 2.0f), released;
     float* const buffer = a.Ptr1D;
     released.Release();
     gImaConcate(nullptr, &a, 0, 0, false);
     gImaConcate(&a, nullptr, 0, 0, false);
-    gImaConcate(&empty, &a, 0, 0, false);
     gImaConcate(&released, &a, 4, 0, true);
     CHECK(a.Ptr1D == buffer);
-    CHECK(empty.Width == 0);
     CHECK(released.Width == -1);
     gImaConcate(&a, &a, 0, 0, false);
     CHECK(SamePlane(a, Constant(8, 3, 2.0f)));
