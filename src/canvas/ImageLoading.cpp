@@ -16,6 +16,11 @@ namespace {
 
 enum RawElement : int { RawUShort = 0, RawFloat = 1, RawShort = 2, RawByte = 3 };
 
+bool IsRawElement(int dataType)
+{
+    return dataType >= RawUShort && dataType <= RawByte;
+}
+
 std::size_t BytesOf(int dataType)
 {
     switch (dataType) {
@@ -145,6 +150,9 @@ void VostelImage::LoadRawImage(CString path, bool keepOriginal)
         return;
     const std::unique_ptr<char, void (*)(char*)> name(gCStringToChar(&path), gDLLDelete);
     if (!IsPlausible(layout, name.get())) {
+        // The reads tell of a missing file, and a refused size comes to none of them.
+        if (IsRawElement(layout.DataType) && !PathExists(name.get()))
+            ShowMessage(L"文件不存在");
         RawOri.Release();
         Raw.Release();
         return;

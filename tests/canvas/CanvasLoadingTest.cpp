@@ -399,6 +399,24 @@ TEST_CASE("sizes that a file cannot have show nothing and take no memory")
     CHECK(gCVSGetFileType(0) == FileTypeRaw);
 }
 
+TEST_CASE("a missing file is told also at a size that is not shown as zeros")
+{
+    LoadingCanvas host;
+    host.ShowFlatGray(3, 3, 100);
+    for (const int type : {int(UShort), int(Float), int(Short), int(Byte), 4}) {
+        CAPTURE(type);
+        host.Desktop.Messages.clear();
+        host.Describe(5000, 5000, type);
+        CHECK(host.Read("missing.raw"));
+        CHECK(host.Desktop.Messages.size() == (type == 4 ? 0u : 1u));    // without elements no file is missed
+        for (const auto& message : host.Desktop.Messages)
+            CHECK(message == L"文件不存在");
+        CHECK(gCVSGetFileType(0) == FileTypeNone);
+        CHECK(gCVSGetCanvasWidth(0) == 3);
+    }
+    CHECK(FrameDifference(host.Surface(), Frame(3, 3, 0x646464)) == "");
+}
+
 TEST_CASE("a layout without pixels is an image without pixels")
 {
     LoadingCanvas host;
