@@ -4,6 +4,7 @@
 vostel_test(platform/GdiLinesTest)
 vostel_test(platform/GdiShapesTest)
 vostel_test(platform/GdiObjectsTest)
+vostel_test(platform/GdiPixelsTest)
 vostel_test(platform/StretchTest)
 foreach(program IN ITEMS VostelTests VostelInnerTests)
     if(WIN32)

@@ -3,8 +3,11 @@
 // CString, the wide string of the interface, with the application framework's meaning, for compilers
 // that do not bring it. Positions count wchar_t units; "not found" is -1.
 
+#include "vostel/export.h"
 #include "vostel/platform.h"
 
+#include <algorithm>
+#include <concepts>
 #include <cwchar>
 #include <cwctype>
 #include <string>
@@ -16,6 +19,12 @@ public:
     CString(const wchar_t* text, int length) : Text(text, text + (length > 0 ? length : 0)) {}
     CString(wchar_t character, int count = 1)
         : Text(static_cast<std::size_t>(count > 0 ? count : 0), character)
+    {
+    }
+    // A narrow text in the system code page; UTF-8 off Windows. A template, so that a null pointer constant
+    // keeps meaning the wide one.
+    template <std::same_as<char> Char>
+    CString(const Char* text) : Text(Widened(text))
     {
     }
 
@@ -69,17 +78,62 @@ public:
             character = static_cast<wchar_t>(std::towlower(static_cast<std::wint_t>(character)));
         return *this;
     }
-    CString& Trim()
+    CString& MakeUpper()
     {
-        const wchar_t*    blanks = L" \t\r\n\v\f";
-        const std::size_t first = Text.find_first_not_of(blanks);
-        if (first == std::wstring::npos)
-            Text.clear();
-        else
-            Text = Text.substr(first, Text.find_last_not_of(blanks) - first + 1);
+        for (wchar_t& character : Text)
+            character = static_cast<wchar_t>(std::towupper(static_cast<std::wint_t>(character)));
+        return *this;
+    }
+    CString& Trim() { return TrimRight().TrimLeft(); }
+    CString& TrimLeft()
+    {
+        Text.erase(0, (std::min)(Text.find_first_not_of(Blanks), Text.size()));
+        return *this;
+    }
+    CString& TrimRight()
+    {
+        Text.erase(Text.find_last_not_of(Blanks) + 1);
         return *this;
     }
     int Compare(const wchar_t* other) const { return Text.compare(other); }
+    int CompareNoCase(const wchar_t* other) const
+    {
+        return CString(*this).MakeLower().Compare(CString(other).MakeLower());
+    }
+
+    // Answer the new length. A place outside the text is moved to its nearer end.
+    int Insert(int index, const wchar_t* part)
+    {
+        Text.insert(Start(index), part ? part : L"");
+        return GetLength();
+    }
+    int Delete(int index, int count = 1)
+    {
+        Text.erase(Start(index), static_cast<std::size_t>(count > 0 ? count : 0));
+        return GetLength();
+    }
+
+    void Append(const wchar_t* more) { Text += more ? more : L""; }
+    void AppendChar(wchar_t character) { Text += character; }
+
+    // A text by a printf format, in which %s and %c take wide arguments and %S and %C narrow ones, as
+    // Windows has it. Becomes empty for a format that cannot be carried out.
+    VOSTEL_API void Format(const wchar_t* format, ...);
+    VOSTEL_API void AppendFormat(const wchar_t* format, ...);
+
+    // Room for at least so many characters to write into; ends with ReleaseBuffer, which takes the new
+    // length, or finds the terminator if it is -1.
+    wchar_t* GetBuffer(int room = 0)
+    {
+        if (room > GetLength())
+            Text.resize(static_cast<std::size_t>(room));
+        return Text.data();
+    }
+    void ReleaseBuffer(int length = -1)
+    {
+        Text.resize(length < 0 ? std::wcslen(Text.c_str())
+                               : (std::min)(static_cast<std::size_t>(length), Text.size()));
+    }
 
     CString& operator+=(const CString& more)
     {
@@ -105,6 +159,10 @@ public:
 
 private:
     std::wstring Text;
+
+    static constexpr const wchar_t* Blanks = L" \t\r\n\v\f";
+
+    VOSTEL_API static std::wstring Widened(const char* text);
 
     std::size_t Start(int from) const
     {

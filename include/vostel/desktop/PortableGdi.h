@@ -1,9 +1,9 @@
 #pragma once
 
-// GDI's names on platforms that have no GDI of their own: exactly the calls that the engine makes, with
-// GDI's pixel rules. LineTo leaves out its end point, Rectangle and Ellipse leave out their right and
-// bottom edge. Drawing is clipped to the selected bitmap. A call with a bad handle fails and does
-// nothing. Contexts and objects are to be used on one thread at a time.
+// GDI's names on platforms that have no GDI of their own: the calls that the engine makes, and those that a
+// host needs to look at a frame, with GDI's pixel rules. LineTo leaves out its end point, Rectangle and
+// Ellipse leave out their right and bottom edge. Drawing is clipped to the selected bitmap. A call with a bad
+// handle fails and does nothing. Contexts and objects are to be used on one thread at a time.
 
 #include "vostel/desktop/WindowsTypes.h"
 #include "vostel/export.h"
@@ -157,6 +157,10 @@ VOSTEL_API BOOL LineTo(HDC dc, int x, int y);
 VOSTEL_API BOOL Rectangle(HDC dc, int left, int top, int right, int bottom);
 VOSTEL_API BOOL Ellipse(HDC dc, int left, int top, int right, int bottom);
 VOSTEL_API int  FillRect(HDC dc, const RECT* rect, HBRUSH brush);
+
+// One pixel. Outside the bitmap, with a bad handle or on a bitmap of 1 bit a pixel both answer CLR_INVALID.
+VOSTEL_API COLORREF GetPixel(HDC dc, int x, int y);
+VOSTEL_API COLORREF SetPixel(HDC dc, int x, int y, COLORREF colour);    // the colour that was set
 
 // Copies. SRCCOPY is the one raster operation. A negative extent mirrors, as it does in GDI.
 VOSTEL_API BOOL BitBlt(HDC target, int x, int y, int width, int height, HDC source, int sourceX, int sourceY,
