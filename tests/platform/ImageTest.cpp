@@ -141,6 +141,7 @@ TEST_CASE("an image that holds nothing answers zeros and saves nothing")
     CHECK(image.GetBPP() == 0);
     CHECK(image.GetPitch() == 0);
     CHECK(image.GetBits() == nullptr);
+    CHECK(image.GetPixelAddress(0, 0) == nullptr);
     CHECK(image.GetDC() == nullptr);
     image.ReleaseDC();
     CHECK(image.Save(folder.WidePath("a.bmp")) < 0);
@@ -169,6 +170,7 @@ TEST_CASE("a created picture is blank, and its height says where its top row lie
         REQUIRE(image.Create(Width, -Height, depth));
         CHECK(image.GetHeight() == Height);
         CHECK(image.GetPitch() == row);
+        CHECK(image.GetPixelAddress(2, 3) == Row(image, 3) + 2 * depth / 8);
     }
 }
 
@@ -185,6 +187,9 @@ TEST_CASE("pictures of no size, of other depths and of absurd sizes are not crea
     CHECK(image.IsNull());
     CHECK(image.Create(5, 5, 24));
     CHECK_FALSE(image.IsNull());
+    CHECK(image.GetPixelAddress(4, 4) != nullptr);
+    CHECK(image.GetPixelAddress(5, 4) == nullptr);
+    CHECK(image.GetPixelAddress(4, -1) == nullptr);
     image.Destroy();
     CHECK(image.IsNull());
 }

@@ -8,6 +8,7 @@
 #include "vostel/export.h"
 #include "vostel/platform.h"
 
+#include <cstddef>
 #include <memory>
 
 namespace ATL {
@@ -39,6 +40,14 @@ public:
     int   GetBPP() const;
     void* GetBits() const;     // first byte of the top row
     int   GetPitch() const;    // bytes from one row to the row below it; negative when stored bottom-up
+    // The byte that a pixel begins in, 0,0 at the top left; null outside of the picture.
+    void* GetPixelAddress(int x, int y) const
+    {
+        if (x < 0 || y < 0 || x >= GetWidth() || y >= GetHeight())
+            return nullptr;
+        return static_cast<unsigned char*>(GetBits()) + static_cast<std::ptrdiff_t>(y) * GetPitch() +
+               static_cast<std::ptrdiff_t>(x) * GetBPP() / 8;
+    }
 
     // A memory context with the picture selected, for drawing on pictures of 24 and 32 bits. Null for
     // other depths. Every GetDC is paired with a ReleaseDC before Save or Destroy.
