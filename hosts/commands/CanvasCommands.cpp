@@ -4,7 +4,10 @@
 #include <algorithm>
 #include <cstddef>
 #include <filesystem>
+#include <limits>
+#include <memory>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 namespace {
@@ -114,8 +117,18 @@ bool IsInside(int canvas, double times)
            (region.bottom - region.top) * times <= gCVSGetClientHeight(canvas);
 }
 
-// The library has no call for the scale: fitting is a row of wheel steps.
-void FitWholeImage(int canvas)
+double ScaleOf(int canvas)    // client px per image px, from two image positions far apart
+{
+    constexpr int apart = 1 << 16;
+    double        left = 0.0, right = 0.0, y = 0.0;
+    gCVSGetOriPt(canvas, CPoint(0, 0), left, y);
+    gCVSGetOriPt(canvas, CPoint(apart, 0), right, y);
+    return right > left ? apart / (right - left) : 1.0;
+}
+
+// The library has no call for the scale: fitting is a row of wheel steps. It goes no further in than to
+// mostScale.
+void FitWholeImage(int canvas, double mostScale)
 {
     constexpr int mostSteps = 100;
     if (gCVSGetClientWidth(canvas) < 1 || gCVSGetClientHeight(canvas) < 1)
@@ -125,12 +138,33 @@ void FitWholeImage(int canvas)
     gCVSSetCanvasMoveMode(canvas, DisplayZoomCentre);
     for (int step = 0; step < mostSteps && !IsInside(canvas, 1.0); ++step)
         gCVSOnMouseWheel(canvas, MK_CONTROL, -1, CPoint(0, 0));
-    for (int step = 0; step < mostSteps && IsInside(canvas, 1.2); ++step)
+    for (int step = 0; step < mostSteps && IsInside(canvas, 1.2) && ScaleOf(canvas) * 1.19 < mostScale;
+         ++step)
         gCVSOnMouseWheel(canvas, MK_CONTROL, 1, CPoint(0, 0));
     const Command mouse = StateOf(canvas)->Mouse;
     gCVSSetCanvasMoveMode(canvas, mouse == Command::MouseFixed        ? DisplayFixed
                                   : mouse == Command::MouseZoomCentre ? DisplayZoomCentre
                                                                       : DisplayZoomCursor);
+}
+
+// Not through the locale of the program, which may know ASCII only and then refuses other names.
+std::filesystem::path PathOf(const CString& path)
+{
+    CString name(path);
+    if constexpr (std::is_same_v<std::filesystem::path::value_type, wchar_t>)
+        return name.GetString();
+    const std::unique_ptr<char, void (*)(char*)> narrow(gCStringToChar(&name), gDLLDelete);
+    return narrow.get();
+}
+
+// A picture of a depth that a canvas shows.
+bool IsPicture(const CString& path)
+{
+    ATL::CImage picture;
+    if (picture.Load(path.GetString()) < 0 || picture.IsNull())
+        return false;
+    const int depth = picture.GetBPP();
+    return depth == 8 || depth == 24 || depth == 32;
 }
 
 }
@@ -210,7 +244,7 @@ bool RunCommand(Command id, int canvas)
         return true;
     case Command::FitImage:
         if (IsAvailable(id, canvas))
-            FitWholeImage(canvas);
+            FitWholeImage(canvas, std::numeric_limits<double>::infinity());
         return true;
     case Command::UndoRoutine:
         ShowImageBefore(canvas);
@@ -220,30 +254,38 @@ bool RunCommand(Command id, int canvas)
     }
 }
 
+bool IsRawFile(const CString& path)
+{
+    CString       name(path);
+    const CString extension = OSCString().GetExt(name);
+    return extension == L"raw" || extension == L"hraw" || extension == L"his" || extension == L"nul";
+}
+
 const char* OpenFile(int canvas, const CString& path)
 {
+    constexpr const char* noPicture =
+        QT_TRANSLATE_NOOP("Commands", "This file is not a picture that can be read.");
     CanvasState* const state = StateOf(canvas);
     if (!state)
         return QT_TRANSLATE_NOOP("Commands", "There is no such canvas.");
     std::error_code             failed;
-    const std::filesystem::path file(path.GetString());
+    const std::filesystem::path file = PathOf(path);
     if (!std::filesystem::exists(file, failed))
         return QT_TRANSLATE_NOOP("Commands", "The file does not exist.");
     if (!std::filesystem::is_regular_file(file, failed))
         return QT_TRANSLATE_NOOP("Commands", "This is a folder, not a file.");
+    // The library gives up what the canvas shows before it reads.
+    const bool isRaw = IsRawFile(path);
+    if (!isRaw && gCVSGetFileType(canvas) != FileTypeNone && !IsPicture(path))
+        return noPicture;
     CString wanted(path);
     gCVSReadFile(canvas, wanted, true);
     state->Undo.reset();
-    if (gCVSGetFileType(canvas) != FileTypeNone) {
-        if (!IsInside(canvas, 1.0))
-            FitWholeImage(canvas);
-        return nullptr;
-    }
-    const CString extension = OSCString().GetExt(wanted);
-    for (const wchar_t* raw : {L"raw", L"hraw", L"his", L"nul"})
-        if (extension == raw)
-            return nullptr;
-    return QT_TRANSLATE_NOOP("Commands", "This file is not a picture that can be read.");
+    if (gCVSGetFileType(canvas) == FileTypeNone)
+        return isRaw ? nullptr : noPicture;
+    if (!IsInside(canvas, 1.0) || ScaleOf(canvas) < 0.99)
+        FitWholeImage(canvas, 1.0);
+    return nullptr;
 }
 
 void AddTextLines(int canvas, const CString& text)
@@ -270,10 +312,15 @@ void AddTextLines(int canvas, const CString& text)
 
 float ValueUnder(int canvas, CPoint client)
 {
+    double x = 0.0, y = 0.0;
+    gCVSGetOriPt(canvas, client, x, y);
+    return GrayOr(gCVSGetImaPixelValue(canvas, client), canvas, x, y);
+}
+
+float GrayOr(float value, int canvas, double x, double y)
+{
     const unsigned int* const pixels = gCVSGetCanvasPixelPtr(canvas);
     const int                 width = gCVSGetCanvasWidth(canvas), height = gCVSGetCanvasHeight(canvas);
-    double                    x = 0.0, y = 0.0;
-    gCVSGetOriPt(canvas, client, x, y);
     if (gCVSGetFileType(canvas) == FileTypeByte && pixels && x >= 0.0 && y >= 0.0 && x < width &&
         y < height) {
         const std::size_t  row = static_cast<std::size_t>(height - 1 - static_cast<int>(y));
@@ -282,7 +329,7 @@ float ValueUnder(int canvas, CPoint client)
         if (word == (word & 255) * 0x010101)
             return static_cast<float>(word & 255);
     }
-    return gCVSGetImaPixelValue(canvas, client);
+    return value;
 }
 
 const char* OpenFilter()

@@ -111,10 +111,10 @@ constexpr CommandEntry Commands[] = {
      "Ctrl+Shift+T", "text-lines", false, NoGroup, Needs::Image, ByViewer},
     {DeleteSelected, Menu::Draw, Action, QT_TRANSLATE_NOOP("Commands", "&Delete selected"),
      QT_TRANSLATE_NOOP("Commands", "Delete the selected object."),
-     "Del", "delete", Line, NoGroup, Needs::Nothing},
+     "Del", "delete", Line, NoGroup, Needs::Image},
     {DeleteAll, Menu::Draw, Action, QT_TRANSLATE_NOOP("Commands", "Delete &all"),
      QT_TRANSLATE_NOOP("Commands", "Delete all objects of the current canvas."),
-     "Ctrl+Del", "delete-all", false, NoGroup, Needs::Nothing},
+     "Ctrl+Del", "delete-all", false, NoGroup, Needs::Image},
 
     {Convolve, Menu::Process, CommandKind::Routine, QT_TRANSLATE_NOOP("Commands", "&Convolution..."),
      QT_TRANSLATE_NOOP("Commands", "Filter with a box, sharpening, Sobel or Laplace kernel."),

@@ -125,10 +125,15 @@ bool IsOn(Command id, int canvas);
 // messages come through the host services and the three parameter dialogs.
 bool RunCommand(Command id, int canvas);
 
-// Opens a file on a canvas; an image larger than its window is zoomed out until all of it shows. A clear
-// English sentence, to be translated, when nothing came of it; null when the canvas shows the file, and when
-// the person cancelled the dialog of a raw file.
+// Opens a file on a canvas; an image larger than its window is zoomed out until all of it shows, and a view
+// that was zoomed out for another comes back to the image's own size. A clear English sentence, to be
+// translated, when nothing came of it, and what the canvas showed stays; null when the canvas shows the file.
+// Null also when the person cancelled the dialog of a raw file: by then the library has given up what was
+// shown, so a viewer asks for the layout before and answers the library itself.
 const char* OpenFile(int canvas, const CString& path);
+
+// By its name headerless data, whose layout a dialog asks for.
+bool IsRawFile(const CString& path);
 
 // Adds a box of text lines, which the person drags to its place; lines are split at line ends.
 void AddTextLines(int canvas, const CString& text);
@@ -136,6 +141,8 @@ void AddTextLines(int canvas, const CString& text);
 // The value under a client point inside the image, for a status bar: that of gCVSGetImaPixelValue, but a gray
 // pixel counts as its gray, without the level that the formula for colours may take away.
 float ValueUnder(int canvas, CPoint client);
+// The same for an image point whose value the library has told.
+float GrayOr(float value, int canvas, double x, double y);
 
 // The filter of a file dialog for OpenFile: "text|pattern|text|pattern||".
 const char* OpenFilter();

@@ -2,7 +2,11 @@
 
 #include <cstdlib>
 #include <cstring>
-#include <filesystem>
+
+CString NameOf(const std::filesystem::path& path)
+{
+    return path.c_str();
+}
 
 Host::Host(int canvas, int width, int height) : Canvas(canvas), Client(0, 0, width, height)
 {
@@ -98,5 +102,5 @@ bool Host::WriteFrame(const std::string& path)
         for (int x = 0; x < Client.Width(); ++x)
             std::memcpy(target + 3 * x, source + 4 * x, 3);
     }
-    return picture.Save(std::filesystem::path(path).wstring().c_str()) >= 0;
+    return picture.Save(NameOf(path)) >= 0;
 }

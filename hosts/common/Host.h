@@ -2,8 +2,12 @@
 
 #include <VostelObj.h>
 
+#include <filesystem>
 #include <string>
 #include <vector>
+
+// A file name as the library takes it. Not through the locale, which may know ASCII only.
+CString NameOf(const std::filesystem::path& path);
 
 // A host without a window: a memory bitmap takes the place of the screen. It owns the bitmap and its context,
 // hands the canvas the events that a window would get, and writes frames as pictures.

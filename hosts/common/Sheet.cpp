@@ -1,7 +1,5 @@
 #include "common/Sheet.h"
 
-#include <filesystem>
-
 Sheet::Sheet(int width, int height)
 {
     if (!Page.Create(width, height, 24))
@@ -40,5 +38,5 @@ bool Sheet::Save(const std::string& path)
         return false;
     Page.ReleaseDC();
     Context = nullptr;
-    return Page.Save(std::filesystem::path(path).wstring().c_str()) >= 0;
+    return Page.Save(NameOf(path)) >= 0;
 }

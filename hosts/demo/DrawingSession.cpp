@@ -136,7 +136,7 @@ void SaveAll(int canvas, Frames& frames)
     gSetHostServices(services);
     const auto save = [&](void (*operation)(int), const char* file) {
         const std::filesystem::path path = frames.Path(file);
-        name = path.wstring().c_str();
+        name = NameOf(path);
         operation(canvas);
         const bool written = std::filesystem::exists(path);
         std::printf("  %s%s\n", path.string().c_str(), written ? "" : " was not written");

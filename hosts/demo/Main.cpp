@@ -91,7 +91,7 @@ bool Run(const std::string& picture, const std::string& folder, const Layout& la
     Host   user(Canvas, ClientWidth, ClientHeight);
     Frames frames(user, folder);
 
-    CString path(std::filesystem::path(picture).wstring().c_str());
+    CString path = NameOf(picture);
     gCVSReadFile(Canvas, path, true);
     if (gCVSGetFileType(Canvas) == FileTypeNone) {
         std::fprintf(stderr, "vostel-demo: no image in %s\n", picture.c_str());

@@ -6,7 +6,6 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 #include <functional>
 #include <string>
 #include <vector>
@@ -236,7 +235,7 @@ bool WriteSheet(const std::string& picture, const std::string& path)
         Host      user(Canvas, width, TileHeight);
         gCVSShowContrastCtrl(Canvas, false);
         gCVSShowProgress(Canvas, false);
-        CString file(std::filesystem::path(picture).wstring().c_str());
+        CString file = NameOf(picture);
         gCVSReadFile(Canvas, file, true);
         shown = shown && gCVSGetFileType(Canvas) != FileTypeNone;
         user.Paint();

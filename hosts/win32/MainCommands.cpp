@@ -5,6 +5,26 @@
 #include "RoutineDialog.h"
 #include "TextDialogs.h"
 
+namespace {
+
+// The library deletes the objects of a canvas before it asks how a raw file lies. This asks now and takes the
+// answer down for the library; false when the person cancelled.
+bool AskLayout(const std::wstring& file, TessikDialogs& answered)
+{
+    if (!IsRawFile(file.c_str()) || GetFileAttributesW(file.c_str()) & FILE_ATTRIBUTE_DIRECTORY)
+        return true;    // also what is not there
+    tagZEKImaLoadPara layout;
+    if (!gDlgGetImaLoadPara(layout))
+        return false;
+    answered.ImaLoadPara = [layout](tagZEKImaLoadPara& para) {
+        para = layout;
+        return true;
+    };
+    return true;
+}
+
+}
+
 bool MainWindow::IsEnabled(Command id) const
 {
     const CommandEntry* const entry = FindCommand(id);
@@ -131,8 +151,13 @@ void MainWindow::OpenOne(const std::wstring& path, int canvas)
     wchar_t            whole[MAX_PATH] = L"";
     const DWORD        length = GetFullPathNameW(path.c_str(), MAX_PATH, whole, nullptr);
     const std::wstring file = length > 0 && length < MAX_PATH ? whole : path;
-    const char* const  problem = OpenFile(canvas, file.c_str());
-    std::wstring&      shown = Files[static_cast<std::size_t>(canvas)];
+    TessikDialogs      answered;
+    if (!AskLayout(file, answered))
+        return;
+    gDlgSetDialogs(answered);
+    const char* const problem = OpenFile(canvas, file.c_str());
+    gDlgSetDialogs({});
+    std::wstring& shown = Files[static_cast<std::size_t>(canvas)];
     Canvases[static_cast<std::size_t>(canvas)].Repaint();
     if (gCVSGetFileType(canvas) != FileTypeNone && !problem) {
         shown = file;

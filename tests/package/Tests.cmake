@@ -25,6 +25,7 @@ endfunction()
 vostel_package_test(Installed ${CMAKE_COMMAND} -D BUILD=${PROJECT_BINARY_DIR} -D SOURCE=${package}
     -D WORK=${CMAKE_CURRENT_BINARY_DIR}/installed -D COMPILER=${CMAKE_CXX_COMPILER}
     "-DTOOLCHAIN=${CMAKE_TOOLCHAIN_FILE}" "-DRUNNER=${CMAKE_CROSSCOMPILING_EMULATOR}"
+    -D WIDGET=$<TARGET_EXISTS:VostelWidget>
     -P ${package}/UseInstalled.cmake)
 if(NOT CMAKE_CROSSCOMPILING)
     vostel_package_test(Subdirectory ${CMAKE_COMMAND} -D SOURCE=${package} -D LIBRARY=${PROJECT_SOURCE_DIR}

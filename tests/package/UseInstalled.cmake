@@ -1,6 +1,6 @@
 # Installs a build, moves the tree, and uses it from there: with find_package, without a build type as
 # strangers do, and with pkg-config.
-# cmake -D BUILD=... -D WORK=... -D SOURCE=... [-D TOOLCHAIN=...] [-D RUNNER=...] -D COMPILER=... -P UseInstalled.cmake
+# cmake -D BUILD=... -D WORK=... -D SOURCE=... [-D TOOLCHAIN=...] [-D RUNNER=...] [-D WIDGET=ON] -D COMPILER=... -P UseInstalled.cmake
 include(${CMAKE_CURRENT_LIST_DIR}/Run.cmake)
 
 file(REMOVE_RECURSE ${WORK})
@@ -8,7 +8,7 @@ file(MAKE_DIRECTORY ${WORK})
 run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${WORK}/first)
 file(RENAME ${WORK}/first ${WORK}/prefix)    # an install tree may be moved, so no path in it is absolute
 
-set(settings -D CMAKE_PREFIX_PATH=${WORK}/prefix)
+set(settings -D CMAKE_PREFIX_PATH=${WORK}/prefix -D EXPECT_WIDGET=${WIDGET})
 set(suffix "")
 if(TOOLCHAIN)
     list(APPEND settings -D CMAKE_TOOLCHAIN_FILE=${TOOLCHAIN} -D CMAKE_FIND_ROOT_PATH_MODE_PACKAGE=BOTH)
@@ -19,6 +19,10 @@ run(${CMAKE_COMMAND} --build ${WORK}/build)
 foreach(program IN ITEMS host dialogs)
     run(${RUNNER} ${WORK}/build/${program}${suffix})
 endforeach()
+if(WIDGET)
+    set(ENV{QT_QPA_PLATFORM} offscreen)
+    run(${WORK}/build/widget)
+endif()
 
 find_program(PKG_CONFIG NAMES pkgconf pkg-config)
 if(TOOLCHAIN OR NOT PKG_CONFIG)

@@ -19,6 +19,11 @@ DialogScope::~DialogScope()
     Innermost = Outer;
 }
 
+DialogScope* DialogScope::Current()
+{
+    return Innermost;
+}
+
 QWidget* DialogScope::Parent()
 {
     if (Innermost && Innermost->ParentWidget)

@@ -10,12 +10,19 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+#include <memory>
 #include <utility>
 
 namespace {
 
+std::weak_ptr<int> Installed;    // held by the dialogs, so it expires when a program replaces them
+
 bool AskRawLayout(tagZEKImaLoadPara& para)
 {
+    if (const DialogScope* const scope = DialogScope::Current(); scope && scope->RawLayout) {
+        para = *scope->RawLayout;
+        return true;
+    }
     RawLayoutDialog dialog(DialogScope::File(), DialogScope::Parent());
     if (dialog.exec() != QDialog::Accepted)
         return false;
@@ -49,10 +56,31 @@ bool AskValue(tagZEKImaGeneralPara& para, CString& section, CString& file)
 void InstallParameterDialogs()
 {
     TessikDialogs dialogs;
-    dialogs.ImaLoadPara = AskRawLayout;
+    const auto    mark = std::make_shared<int>();
+    Installed = mark;
+    dialogs.ImaLoadPara = [mark](tagZEKImaLoadPara& para) { return AskRawLayout(para); };
     dialogs.ImaROIRectPara = AskRegion;
     dialogs.ImaGeneralPara = AskValue;
     gDlgSetDialogs(dialogs);
+}
+
+bool IsRawFile(const QString& path)
+{
+    CString       name = FromQt(path);
+    const CString extension = OSCString().GetExt(name);
+    return extension == L"raw" || extension == L"hraw" || extension == L"his" || extension == L"nul";
+}
+
+bool AskRawLayoutBefore(DialogScope& scope)
+{
+    const QString path = DialogScope::File();
+    if (!IsRawFile(path) || !QFileInfo(path).isFile() || Installed.expired())
+        return true;
+    tagZEKImaLoadPara layout;
+    if (!gDlgGetImaLoadPara(layout))
+        return false;
+    scope.RawLayout = layout;
+    return true;
 }
 
 QSettings AnswersIn(const QString& file)

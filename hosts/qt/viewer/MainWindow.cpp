@@ -3,6 +3,7 @@
 #include "CanvasArea.h"
 #include "CommandActions.h"
 #include "GesturePage.h"
+#include "NameFilters.h"
 #include "QtText.h"
 #include "RecentFiles.h"
 #include "RoutineDialog.h"
@@ -10,6 +11,7 @@
 #include "StatusLine.h"
 #include "Translations.h"
 #include "dialogs/DialogScope.h"
+#include "dialogs/ParameterDialogs.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -36,21 +38,13 @@ const QString FolderKey = QStringLiteral("OpenFolder");
 
 constexpr int BarsVersion = 1;    // another arrangement of the bars gets another number
 
-// The texts of OpenFilter, for the translation tools.
-[[maybe_unused]] const char* const FilterTexts[] = {QT_TRANSLATE_NOOP("Commands", "Pictures and raw data"),
-                                                    QT_TRANSLATE_NOOP("Commands", "All files")};
-
-// "text|*.a;*.b|text|*.*||" in the words of the toolkit.
 QString OpenFilters()
 {
-    const QStringList parts = QString::fromLatin1(OpenFilter()).split(u'|', Qt::SkipEmptyParts);
-    QStringList       filters;
-    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
-        QString patterns = parts[i + 1];
-        patterns.replace(u';', u' ').replace(QStringLiteral("*.*"), QStringLiteral("*"));
-        filters << QStringLiteral("%1 (%2)").arg(CommandText(parts[i].toLatin1().constData()), patterns);
-    }
-    return filters.join(QStringLiteral(";;"));
+    QString filter = QString::fromLatin1(OpenFilter());
+    for (const char* const text :
+         {QT_TRANSLATE_NOOP("Commands", "Pictures and raw data"), QT_TRANSLATE_NOOP("Commands", "All files")})
+        filter.replace(QLatin1String(text), CommandText(text));
+    return NameFilters(filter).join(QStringLiteral(";;"));
 }
 
 }
@@ -102,7 +96,9 @@ void MainWindow::ConnectCanvas(int number)
 {
     VostelWidget* const canvas = Canvases->Tile(number).Canvas();
     const auto          isCurrent = [this, number] { return Canvases->CurrentNumber() == number; };
-    connect(canvas, &VostelWidget::cursorMoved, Status, &StatusLine::ShowCursor);
+    connect(canvas, &VostelWidget::cursorMoved, Status, [this, number](QPointF image, float value) {
+        Status->ShowCursor(image, GrayOr(value, number, image.x(), image.y()));
+    });
     connect(canvas, &VostelWidget::cursorLeft, Status, &StatusLine::ShowNoCursor);
     connect(canvas, &VostelWidget::viewChanged, this, [this, isCurrent](double zoom) {
         if (isCurrent())
@@ -195,7 +191,7 @@ void MainWindow::CarryHere(Command id)
         StartRoutine(*routine);
         return;
     }
-    const DialogScope scope(this, Canvases->Canvas().imageSize());
+    const DialogScope scope(this, Canvases->Canvas().imageSize(), Canvases->Current().File());
     RunCommand(id, canvas);
     Canvases->Canvas().setFocus();
     // How the new object is drawn stays to be read while it is.
@@ -241,16 +237,21 @@ QString MainWindow::OpenOn(int number, const QString& path)
     CanvasTile&   tile = Canvases->Tile(number);
     VostelWidget& canvas = *tile.Canvas();
     const char*   problem = nullptr;
+    if (Runner->IsRunning() && number == RoutineCanvas)
+        return tr("A routine works on this canvas. Press Esc to stop it first.");
     try {
-        const DialogScope scope(this, canvas.imageSize(), path);
+        DialogScope scope(this, canvas.imageSize(), path);
+        if (!AskRawLayoutBefore(scope))
+            return QString();
         problem = OpenFile(number, FromQt(path));
     } catch (const std::bad_alloc&) {
         problem = QT_TR_NOOP("There is not enough memory for this image.");
     }
     const bool shown = !problem && canvas.hasImage();
     if (shown)
-        tile.FitFromNowOn(canvas.zoom() < 1.0);    // it was zoomed out to fit
-    tile.SetFile(canvas.hasImage() ? path : QString());
+        tile.FitFromNowOn(canvas.zoom() < 0.99);    // it was zoomed out to fit
+    if (shown || !canvas.hasImage())
+        tile.SetFile(shown ? path : QString());
     canvas.refresh();
     if (shown)
         Recent->Add(path);

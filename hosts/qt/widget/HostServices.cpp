@@ -1,15 +1,16 @@
 #include "HostServices.h"
 
 #include "CanvasKeys.h"
+#include "NameFilters.h"
 #include "QtText.h"
 #include "dialogs/DialogScope.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
 #include <QMetaObject>
-#include <QRegularExpression>
 #include <QSet>
 #include <QStringList>
 #include <QThread>
@@ -50,28 +51,14 @@ void ShowMessage(const CString& text)
             qApp, [shown] { ShowBox(shown); }, Qt::QueuedConnection);
 }
 
-// "text (*.x)|*.x;*.y|(*.z)|*.z|all|*.*||" as the file dialog wants it: "text (*.x *.y)", "Z (*.z)", "all
-// (*)".
-QStringList NameFilters(const CString& filter)
-{
-    const QStringList parts = ToQt(filter).split(u'|', Qt::SkipEmptyParts);
-    QStringList       filters;
-    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
-        QString patterns = parts[i + 1];
-        patterns.replace(u';', u' ').replace(QStringLiteral("*.*"), QStringLiteral("*"));
-        static const QRegularExpression inBrackets(QStringLiteral("\\([^)]*\\)"));
-        QString                         text = parts[i];
-        text = text.remove(inBrackets).trimmed();
-        if (text.isEmpty())
-            text = patterns.section(u'.', -1).toUpper();
-        filters << QStringLiteral("%1 (%2)").arg(text, patterns);
-    }
-    return filters;
-}
-
+// The one chosen last, at first that of the file in question.
 QString& Folder()
 {
-    static QString folder = QDir::homePath();
+    static QString folder;
+    if (folder.isEmpty()) {
+        const QString file = DialogScope::File();
+        folder = file.isEmpty() ? QDir::homePath() : QFileInfo(file).absolutePath();
+    }
     return folder;
 }
 
@@ -83,7 +70,7 @@ bool ChooseFiles(const VostelFileRequest& request, std::vector<CString>& paths)
                        : request.Flags & OFN_ALLOWMULTISELECT ? QFileDialog::ExistingFiles
                                                               : QFileDialog::ExistingFile);
     dialog.setOption(QFileDialog::DontConfirmOverwrite, !(request.Flags & OFN_OVERWRITEPROMPT));
-    const QStringList filters = NameFilters(request.Filter);
+    const QStringList filters = NameFilters(ToQt(request.Filter));
     if (!filters.isEmpty())
         dialog.setNameFilters(filters);
     const QString extension = ToQt(request.DefaultExtension);

@@ -8,6 +8,7 @@
 #include "dialogs/ParameterDialogs.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -32,6 +33,13 @@ void InstallOnce()
         return true;
     }();
     static_cast<void>(installed);
+}
+
+// The library gives up what is shown before it finds that a file is none.
+bool IsPicture(const CString& path)
+{
+    ATL::CImage picture;
+    return picture.Load(path.GetString()) >= 0 && !picture.IsNull();
 }
 
 unsigned int MouseFlags(Qt::KeyboardModifiers modifiers, Qt::MouseButtons buttons)
@@ -82,8 +90,12 @@ VostelWidget* VostelWidget::current()
 bool VostelWidget::open(const QString& path)
 {
     GiveArea();
-    const DialogScope scope(this, imageSize(), path);
-    CString           name = FromQt(path);
+    DialogScope scope(this, imageSize(), path);
+    CString     name = FromQt(path);
+    if (!QFileInfo(path).isFile() || !AskRawLayoutBefore(scope))
+        return false;
+    if (hasImage() && !IsRawFile(path) && !IsPicture(name))
+        return false;
     gCVSReadFile(Number, name, true);
     refresh();
     return hasImage();

@@ -39,7 +39,8 @@ public:
     int  canvas() const { return Number; }
     HWND handle() const;    // what MSG records and window services know this widget by
 
-    // Shows a picture or, after asking for its layout, a raw file. False when no image came of it.
+    // Shows a picture or, after asking for its layout, a raw file. False when the file cannot be read or the
+    // person cancelled, and what was shown stays.
     bool open(const QString& path);
 
     // After calls that change what the canvas shows: paints, and tells of a new image or zoom.

@@ -32,6 +32,7 @@ TEST_CASE("what needs an image is offered with one only, saving float data with 
 {
     HostCanvas host(0, 60, 40);
     CHECK_FALSE(IsAvailable(Command::DrawPolygon, 0));
+    CHECK_FALSE(IsAvailable(Command::DeleteAll, 0));
     CHECK_FALSE(IsAvailable(Command::Gauss, 0));
     CHECK(IsAvailable(Command::GaussKernel, 0));
     CHECK(IsAvailable(Command::Open, 0));
@@ -236,6 +237,36 @@ TEST_CASE("a file that is missing, a folder and a file that is no picture are to
     CHECK(gCVSGetCanvasWidth(0) == 9);
 }
 
+TEST_CASE("a file that cannot be read leaves the image and its objects")
+{
+    HostCanvas host(0, 60, 40);
+    TempFolder folder;
+    host.ShowFlatGray(30, 20, 10);
+    REQUIRE(RunCommand(Command::DrawRectangle, 0));
+    host.Drag(CPoint(20, 15), CPoint(40, 25), MK_LBUTTON | MK_SHIFT);
+    const Frame before = host.PaintAndCapture();
+    std::ofstream(folder.Path("text.png")) << "no picture";
+    CHECK(Text(OpenFile(0, folder.WidePath("text.png"))) == "This file is not a picture that can be read.");
+    CHECK(gCVSGetFileType(0) == FileTypeByte);
+    CHECK(FrameDifference(host.PaintAndCapture(), before) == "");
+}
+
+TEST_CASE("a file whose name is not ASCII is opened in the locale C")
+{
+    HostCanvas                   host(0, 60, 40);
+    TempFolder                   folder;
+    ClassData2DIO<unsigned char> gray;
+    FillPlane(gray, 9, 5, [](int x, int y) { return x + y; });
+    std::string path = folder.Path("plane.bmp");
+    REQUIRE(ZEKSaveGrayBmp(path.data(), gray));
+    const std::filesystem::path at(path);
+    std::filesystem::rename(at, at.parent_path() / u8"\u56fe \u00e9.bmp");
+    CHECK(OpenFile(0, folder.WidePath() + L"/\u56fe \u00e9.bmp") == nullptr);
+    CHECK(gCVSGetCanvasWidth(0) == 9);
+    CHECK(Text(OpenFile(0, folder.WidePath() + L"/\u6ca1\u6709.bmp")) == "The file does not exist.");
+    CHECK(Text(OpenFile(0, folder.WidePath() + L"/\xDC80.bmp")) == "The file does not exist.");
+}
+
 TEST_CASE("a raw file whose dialog is cancelled is no problem to be told")
 {
     HostCanvas    host(0, 60, 40);
@@ -299,6 +330,20 @@ TEST_CASE("fitting shows the whole image in the middle, as large as a wheel step
     RunCommand(Command::MouseZoomCursor, 3);
 }
 
+TEST_CASE("a small image opened after a large one that was zoomed out is shown at its own size")
+{
+    HostCanvas host(3, 400, 300);
+    TempFolder folder;
+    for (int width : {1500, 50}) {
+        ClassData2DIO<unsigned char> gray;
+        FillPlane(gray, width, width / 2, [](int x, int y) { return x ^ y; });
+        std::string path = folder.Path("plane.bmp");
+        REQUIRE(ZEKSaveGrayBmp(path.data(), gray));
+        REQUIRE(OpenFile(3, folder.WidePath("plane.bmp")) == nullptr);
+    }
+    CHECK(std::abs(host.Region().right - host.Region().left - 50) <= 1);
+}
+
 TEST_CASE("an opened image larger than its window is zoomed out, a smaller one keeps the scale")
 {
     HostCanvas host(3, 400, 300);
@@ -341,4 +386,7 @@ TEST_CASE("the value of a gray pixel is its gray, that of a colour or of float d
     host.ShowFloat(16, 16, [](int x, int y) { return 0.25f * static_cast<float>(x + y); });
     CHECK(ValueUnder(0, CPoint(origin.x + 3, origin.y + 2)) == 1.25f);
     CHECK(ValueUnder(7, corner) == -1.0f);
+    host.ShowGray(16, 16, [](int x, int y) { return x + 16 * y; });
+    CHECK(GrayOr(-5.0f, 0, 3.9, 2.0) == 35.0f);
+    CHECK(GrayOr(-5.0f, 0, 16.0, 2.0) == -5.0f);
 }

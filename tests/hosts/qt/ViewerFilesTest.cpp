@@ -87,6 +87,47 @@ TEST_CASE("a file that is no picture is told of in a message, and the viewer goe
     CHECK(viewer.Quit() == 0);
 }
 
+TEST_CASE("a file that cannot be read, or whose dialog is cancelled, leaves the picture before")
+{
+    const Files files;
+    std::ofstream(files.Path("broken.png")) << "no picture";
+    const std::string ramp = WriteRamp(files, 64, 64, "ramp.raw");
+    ViewerProcess     viewer(files, {files.NoisePath});
+    REQUIRE(viewer.IsUp());
+    REQUIRE(Find(files.Noise, Desk().Settled()).Found());
+    REQUIRE(Desk().Drop(files.Path("broken.png"), {600, 400}));
+    REQUIRE(XScreen::Wait([] { return Desk().WindowCount() == 2; }));
+    Desk().Settled();
+    REQUIRE(viewer.AnswerDialog(""));
+    CHECK(Find(files.Noise, Desk().Settled()).Found());
+    REQUIRE(Desk().Drop(ramp, {600, 400}));
+    REQUIRE(XScreen::Wait([] { return Desk().WindowCount() == 2; }));
+    Desk().Settled();
+    Desk().Key("Escape");
+    REQUIRE(XScreen::Wait([] { return Desk().WindowCount() == 1; }));
+    CHECK(Find(files.Noise, Desk().Settled()).Found());
+    CHECK(Desk().TopTitle().find("noise.png") == 0);
+    CHECK(viewer.Quit() == 0);
+    CHECK(viewer.Complaints() == "");
+}
+
+TEST_CASE("a picture whose name and folder are Chinese is opened, and a save goes beside it")
+{
+    const Files files;
+    files.MakeFolder("\u56fe\u7247");
+    const std::string picture = files.Path("\u56fe\u7247/\u786c\u5e01.png");
+    std::filesystem::rename(files.NoisePath, picture);
+    ViewerProcess viewer(files, {picture});
+    REQUIRE(viewer.IsUp());
+    CHECK(Find(files.Noise, Desk().Settled()).Found());
+    REQUIRE(viewer.OpenDialog("alt+f", "a"));
+    REQUIRE(viewer.AnswerDialog("beside.bmp"));
+    std::filesystem::rename(files.Path("\u56fe\u7247/beside.bmp"), files.Path("beside.bmp"));
+    CHECK(Load(files.Path("beside.bmp")) == files.Noise);
+    CHECK(viewer.Quit() == 0);
+    CHECK(viewer.Complaints() == "");
+}
+
 TEST_CASE("on a screen of one and a half device pixels each way an image pixel is still one device pixel")
 {
     const Files   files;

@@ -72,6 +72,15 @@ TEST_CASE("while a long routine runs the view can be moved, Esc cancels it, and 
     CHECK(after.At(600, 400) == before.At(600, 400));
     CHECK(after.At(700, 300) == before.At(700, 300));
 
+    // A file for the canvas that the result is for waits.
+    start();
+    REQUIRE(XScreen::Wait(bar));
+    REQUIRE(Desk().Drop(folder.Path("noise.bmp"), {600, 400}));
+    REQUIRE(XScreen::Wait([] { return Desk().WindowCount() == 2; }));
+    REQUIRE(viewer.AnswerDialog(""));
+    Desk().Key("Escape");
+    REQUIRE(XScreen::Wait([&] { return !bar(); }));
+
     start();
     REQUIRE(XScreen::Wait(bar));
     CHECK(viewer.Quit() == 0);

@@ -1,7 +1,9 @@
 // The widget and the dialogs inside this program, on the toolkit's screen in memory.
 
 #include "FramePainter.h"
+#include "NameFilters.h"
 #include "VostelWidget.h"
+#include "dialogs/ParameterDialogs.h"
 #include "dialogs/RawLayoutDialog.h"
 #include "dialogs/RegionDialog.h"
 
@@ -17,6 +19,7 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QTimer>
 #include <QWheelEvent>
 
 #include <doctest/doctest.h>
@@ -169,6 +172,69 @@ TEST_CASE("the window services know a living widget by its handle and no other")
     gCVSRespondToMessage(&message, 0);
     QApplication::processEvents();
     CHECK(painted == 1);
+}
+
+TEST_CASE("a file that cannot be read or whose dialog is cancelled leaves the image and its objects")
+{
+    ShownCanvas shown;
+    shown.DrawRectangle();
+    const TempFolder folder;
+    const auto       write = [&](const char* name) {
+        const QString path = QString::fromStdString(folder.Path(name));
+        QFile         file(path);
+        REQUIRE(file.open(QIODevice::WriteOnly));
+        file.write(QByteArray(64 * 64 * 2, '\0'));
+        return path;
+    };
+    CHECK_FALSE(shown.Widget.open(write("broken.png")));
+    CHECK_FALSE(shown.Widget.open(QString::fromStdString(folder.Path("missing.png"))));
+    QTimer::singleShot(0, [] {
+        if (auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
+            dialog->reject();
+    });
+    CHECK_FALSE(shown.Widget.open(write("plane.raw")));
+    CHECK(shown.Widget.imageSize() == QSize(100, 80));
+    CHECK(shown.HasRegion());
+    QTimer::singleShot(0, [] {
+        if (auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
+            dialog->accept();
+    });
+    CHECK(shown.Widget.open(write("plane.raw")));    // asked once only, or it would never end
+    CHECK(shown.Widget.imageSize() == QSize(64, 64));
+    CHECK_FALSE(shown.HasRegion());
+}
+
+TEST_CASE("a raw dialog of the program's own is asked once for a file")
+{
+    ShownCanvas      shown;
+    const TempFolder folder;
+    const QString    path = QString::fromStdString(folder.Path("plane.raw"));
+    QFile            file(path);
+    REQUIRE(file.open(QIODevice::WriteOnly));
+    file.write(QByteArray(8 * 4, '\0'));
+    file.close();
+    int           asked = 0;
+    TessikDialogs own;
+    own.ImaLoadPara = [&asked](tagZEKImaLoadPara& para) {
+        ++asked;
+        para.Width = 8;
+        para.Height = 4;
+        para.DataType = 3;
+        return true;
+    };
+    gDlgSetDialogs(own);
+    CHECK(shown.Widget.open(path));
+    InstallParameterDialogs();
+    CHECK(shown.Widget.imageSize() == QSize(8, 4));
+    CHECK(asked == 1);
+}
+
+TEST_CASE("a filter becomes one entry a kind, named by its text or by its last extension")
+{
+    CHECK(
+        NameFilters(QStringLiteral("text (*.x)|*.x;*.y|(*.z)|*.z|all|*.*||")) ==
+        QStringList{QStringLiteral("text (*.x *.y)"), QStringLiteral("Z (*.z)"), QStringLiteral("all (*)")});
+    CHECK(NameFilters(QString()).isEmpty());
 }
 
 TEST_CASE("the raw dialog tells at once whether the layout fits the file")

@@ -956,6 +956,10 @@
         <translation>打开</translation>
     </message>
     <message>
+        <source>A routine works on this canvas. Press Esc to stop it first.</source>
+        <translation>此画布上正在进行处理。请先按 Esc 停止。</translation>
+    </message>
+    <message>
         <source>There are no more than five canvases.</source>
         <translation>最多只有五个画布。</translation>
     </message>
