@@ -1,5 +1,6 @@
 #include "commands/CanvasState.h"
 #include "commands/Commands.h"
+#include "common/CanvasFacts.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -117,15 +118,6 @@ bool IsInside(int canvas, double times)
            (region.bottom - region.top) * times <= gCVSGetClientHeight(canvas);
 }
 
-double ScaleOf(int canvas)    // client px per image px, from two image positions far apart
-{
-    constexpr int apart = 1 << 16;
-    double        left = 0.0, right = 0.0, y = 0.0;
-    gCVSGetOriPt(canvas, CPoint(0, 0), left, y);
-    gCVSGetOriPt(canvas, CPoint(apart, 0), right, y);
-    return right > left ? apart / (right - left) : 1.0;
-}
-
 // The library has no call for the scale: fitting is a row of wheel steps. It goes no further in than to
 // mostScale.
 void FitWholeImage(int canvas, double mostScale)
@@ -155,16 +147,6 @@ std::filesystem::path PathOf(const CString& path)
         return name.GetString();
     const std::unique_ptr<char, void (*)(char*)> narrow(gCStringToChar(&name), gDLLDelete);
     return narrow.get();
-}
-
-// A picture of a depth that a canvas shows.
-bool IsPicture(const CString& path)
-{
-    ATL::CImage picture;
-    if (picture.Load(path.GetString()) < 0 || picture.IsNull())
-        return false;
-    const int depth = picture.GetBPP();
-    return depth == 8 || depth == 24 || depth == 32;
 }
 
 }
@@ -254,13 +236,6 @@ bool RunCommand(Command id, int canvas)
     }
 }
 
-bool IsRawFile(const CString& path)
-{
-    CString       name(path);
-    const CString extension = OSCString().GetExt(name);
-    return extension == L"raw" || extension == L"hraw" || extension == L"his" || extension == L"nul";
-}
-
 const char* OpenFile(int canvas, const CString& path)
 {
     constexpr const char* noPicture =
@@ -274,9 +249,8 @@ const char* OpenFile(int canvas, const CString& path)
         return QT_TRANSLATE_NOOP("Commands", "The file does not exist.");
     if (!std::filesystem::is_regular_file(file, failed))
         return QT_TRANSLATE_NOOP("Commands", "This is a folder, not a file.");
-    // The library gives up what the canvas shows before it reads.
     const bool isRaw = IsRawFile(path);
-    if (!isRaw && gCVSGetFileType(canvas) != FileTypeNone && !IsPicture(path))
+    if (!isRaw && gCVSGetFileType(canvas) != FileTypeNone && !IsPictureFile(path))
         return noPicture;
     CString wanted(path);
     gCVSReadFile(canvas, wanted, true);

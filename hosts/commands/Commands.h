@@ -132,9 +132,6 @@ bool RunCommand(Command id, int canvas);
 // shown, so a viewer asks for the layout before and answers the library itself.
 const char* OpenFile(int canvas, const CString& path);
 
-// By its name headerless data, whose layout a dialog asks for.
-bool IsRawFile(const CString& path);
-
 // Adds a box of text lines, which the person drags to its place; lines are split at line ends.
 void AddTextLines(int canvas, const CString& text);
 

@@ -4,6 +4,7 @@
 #include "FileDialogs.h"
 #include "RoutineDialog.h"
 #include "TextDialogs.h"
+#include "common/CanvasFacts.h"
 
 namespace {
 

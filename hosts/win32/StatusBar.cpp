@@ -1,6 +1,7 @@
 #include "StatusBar.h"
 
 #include "commands/Commands.h"
+#include "common/CanvasFacts.h"
 
 #include <commctrl.h>
 
@@ -23,15 +24,6 @@ std::wstring Format(const wchar_t* format, auto... values)
     wchar_t text[100];
     std::swprintf(text, 100, format, values...);
     return text;
-}
-
-// Client px an image pixel; the library tells points only.
-double ScaleOf(int canvas)
-{
-    double left = 0.0, right = 0.0, y = 0.0;
-    gCVSGetOriPt(canvas, CPoint(0, 0), left, y);
-    gCVSGetOriPt(canvas, CPoint(1000, 0), right, y);
-    return right > left ? 1000.0 / (right - left) : 1.0;
 }
 
 }

@@ -1,6 +1,7 @@
 #include "dialogs/ParameterDialogs.h"
 
 #include "QtText.h"
+#include "common/CanvasFacts.h"
 #include "dialogs/DialogScope.h"
 #include "dialogs/RawLayoutDialog.h"
 #include "dialogs/RegionDialog.h"
@@ -64,17 +65,10 @@ void InstallParameterDialogs()
     gDlgSetDialogs(dialogs);
 }
 
-bool IsRawFile(const QString& path)
-{
-    CString       name = FromQt(path);
-    const CString extension = OSCString().GetExt(name);
-    return extension == L"raw" || extension == L"hraw" || extension == L"his" || extension == L"nul";
-}
-
 bool AskRawLayoutBefore(DialogScope& scope)
 {
     const QString path = DialogScope::File();
-    if (!IsRawFile(path) || !QFileInfo(path).isFile() || Installed.expired())
+    if (!IsRawFile(FromQt(path)) || !QFileInfo(path).isFile() || Installed.expired())
         return true;
     tagZEKImaLoadPara layout;
     if (!gDlgGetImaLoadPara(layout))

@@ -8,9 +8,6 @@ class DialogScope;
 // answer, which is kept between runs.
 void InstallParameterDialogs();
 
-// By its name headerless data.
-bool IsRawFile(const QString& path);
-
 // The library deletes the objects of a canvas before it asks how a raw file lies. This asks now, when the
 // file of the scope is a raw one, and keeps the answer for the library; false when the person cancelled. A
 // program's own dialog is left to the library.

@@ -4,6 +4,7 @@
 #include "FramePainter.h"
 #include "HostServices.h"
 #include "QtText.h"
+#include "common/CanvasFacts.h"
 #include "dialogs/DialogScope.h"
 #include "dialogs/ParameterDialogs.h"
 
@@ -33,13 +34,6 @@ void InstallOnce()
         return true;
     }();
     static_cast<void>(installed);
-}
-
-// The library gives up what is shown before it finds that a file is none.
-bool IsPicture(const CString& path)
-{
-    ATL::CImage picture;
-    return picture.Load(path.GetString()) >= 0 && !picture.IsNull();
 }
 
 unsigned int MouseFlags(Qt::KeyboardModifiers modifiers, Qt::MouseButtons buttons)
@@ -94,7 +88,7 @@ bool VostelWidget::open(const QString& path)
     CString     name = FromQt(path);
     if (!QFileInfo(path).isFile() || !AskRawLayoutBefore(scope))
         return false;
-    if (hasImage() && !IsRawFile(path) && !IsPicture(name))
+    if (hasImage() && !IsRawFile(name) && !IsPictureFile(name))
         return false;
     gCVSReadFile(Number, name, true);
     refresh();
@@ -118,12 +112,7 @@ void VostelWidget::setTickInterval(int milliseconds)
 
 double VostelWidget::zoom() const
 {
-    // The difference of two image positions far apart, since the interface does not tell the scale.
-    constexpr int apart = 1 << 16;
-    double        x0 = 0.0, x1 = 0.0, y = 0.0;
-    gCVSGetOriPt(Number, CPoint(0, 0), x0, y);
-    gCVSGetOriPt(Number, CPoint(apart, 0), x1, y);
-    return x1 > x0 ? apart / (x1 - x0) : 1.0;
+    return ScaleOf(Number);
 }
 
 bool VostelWidget::hasImage() const

@@ -247,6 +247,16 @@ TEST_CASE("a file that cannot be read leaves the image and its objects")
     const Frame before = host.PaintAndCapture();
     std::ofstream(folder.Path("text.png")) << "no picture";
     CHECK(Text(OpenFile(0, folder.WidePath("text.png"))) == "This file is not a picture that can be read.");
+    // 4 x 1 pixels of 4 bits, a depth that no canvas shows.
+    unsigned char bitmap[122] = {'B', 'M', 122, 0, 0, 0, 0, 0, 0, 0, 118, 0, 0, 0, 40,
+                                 0,   0,   0,   4, 0, 0, 0, 1, 0, 0, 0,   1, 0, 4, 0};
+    std::ofstream(folder.Path("shallow.bmp"), std::ios::binary)
+        .write(reinterpret_cast<const char*>(bitmap), sizeof bitmap);
+    ATL::CImage shallow;
+    REQUIRE(shallow.Load(folder.WidePath("shallow.bmp")) >= 0);
+    CHECK(shallow.GetBPP() == 4);
+    CHECK(Text(OpenFile(0, folder.WidePath("shallow.bmp"))) ==
+          "This file is not a picture that can be read.");
     CHECK(gCVSGetFileType(0) == FileTypeByte);
     CHECK(FrameDifference(host.PaintAndCapture(), before) == "");
 }

@@ -1,0 +1,34 @@
+#pragma once
+
+// What every window around a canvas asks and the library does not tell in one call.
+
+#include <VostelObj.h>
+
+// Client px per image px.
+inline double ScaleOf(int canvas)
+{
+    constexpr int apart = 1 << 16;    // of two client positions, whose image positions differ by as many px
+    double        left = 0.0, right = 0.0, y = 0.0;
+    gCVSGetOriPt(canvas, CPoint(0, 0), left, y);
+    gCVSGetOriPt(canvas, CPoint(apart, 0), right, y);
+    return right > left ? apart / (right - left) : 1.0;
+}
+
+// By its name headerless data, whose layout a dialog asks for.
+inline bool IsRawFile(const CString& path)
+{
+    CString       name(path);
+    const CString extension = OSCString().GetExt(name);
+    return extension == L"raw" || extension == L"hraw" || extension == L"his" || extension == L"nul";
+}
+
+// A picture of a depth that a canvas shows. The library gives up what it shows before it finds that a file is
+// none.
+inline bool IsPictureFile(const CString& path)
+{
+    ATL::CImage picture;
+    if (picture.Load(path.GetString()) < 0 || picture.IsNull())
+        return false;
+    const int depth = picture.GetBPP();
+    return depth == 8 || depth == 24 || depth == 32;
+}
