@@ -97,12 +97,12 @@ enum class Needs : int { Nothing, Image, FloatImage };    // what the canvas mus
 struct CommandEntry {
     Command     Id;
     Menu        In;
-    CommandKind Kind;
-    const char* Text;        // English, & before the mnemonic, "..." where a dialog follows
-    const char* Hint;        // English, one sentence for the status bar
-    const char* Shortcut;    // "Ctrl+Shift+S", "F5", "Del", "Esc"; "" for none. A viewer forwards no key with
-                             // Control to a canvas, which would take Ctrl+R for R.
-    const char* Icon;        // a name in lower case; "" for none
+    CommandKind Kind = CommandKind::Action;
+    const char* Text;             // English, & before the mnemonic, "..." where a dialog follows
+    const char* Hint;             // English, one sentence for the status bar
+    const char* Shortcut = "";    // "Ctrl+Shift+S", "F5", "Del", "Esc"; "" for none. A viewer forwards no key
+                                  // with Control to a canvas, which would take Ctrl+R for R.
+    const char* Icon = "";    // a name in lower case; "" for none
     bool        SeparatorBefore = false;
     ChoiceGroup Group = ChoiceGroup::None;
     Needs       Need = Needs::Nothing;
