@@ -11,6 +11,8 @@
 #include <type_traits>
 #include <vector>
 
+using namespace vostel::hosts;
+
 namespace {
 
 using Export = void (*)(int canvas);

@@ -4,6 +4,8 @@
 
 #include <VostelObj.h>
 
+namespace vostel::hosts {
+
 // Client px per image px.
 inline double ScaleOf(int canvas)
 {
@@ -31,4 +33,6 @@ inline bool IsPictureFile(const CString& path)
         return false;
     const int depth = picture.GetBPP();
     return depth == 8 || depth == 24 || depth == 32;
+}
+
 }

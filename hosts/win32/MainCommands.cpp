@@ -6,6 +6,8 @@
 #include "TextDialogs.h"
 #include "common/CanvasFacts.h"
 
+using namespace vostel::hosts;
+
 namespace {
 
 // The library deletes the objects of a canvas before it asks how a raw file lies. This asks now and takes the

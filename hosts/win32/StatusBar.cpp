@@ -9,6 +9,8 @@
 #include <cmath>
 #include <cwchar>
 
+using namespace vostel::hosts;
+
 namespace {
 
 // Wide enough for these texts; the hint takes what is left.

@@ -25,6 +25,8 @@
 #include <string>
 #include <vector>
 
+using namespace vostel::widget;
+
 namespace {
 
 constexpr int Canvas = 0;

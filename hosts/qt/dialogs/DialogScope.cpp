@@ -2,6 +2,8 @@
 
 #include <QApplication>
 
+namespace vostel::widget {
+
 namespace {
 
 DialogScope* Innermost = nullptr;
@@ -39,4 +41,6 @@ QSize DialogScope::Image()
 QString DialogScope::File()
 {
     return Innermost ? Innermost->FilePath : QString();
+}
+
 }

@@ -9,6 +9,8 @@
 
 #include <optional>
 
+namespace vostel::widget {
+
 // What the library's questions are about while a call that may ask is under way: its records tell neither the
 // file that is opened or shown nor the size of the image. Scopes nest; the innermost counts.
 class DialogScope {
@@ -32,3 +34,5 @@ private:
     QString           FilePath;
     DialogScope*      Outer;
 };
+
+}

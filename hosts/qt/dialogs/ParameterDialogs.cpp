@@ -14,6 +14,10 @@
 #include <memory>
 #include <utility>
 
+using vostel::hosts::IsRawFile;
+
+namespace vostel::widget {
+
 namespace {
 
 std::weak_ptr<int> Installed;    // held by the dialogs, so it expires when a program replaces them
@@ -83,4 +87,6 @@ QSettings AnswersIn(const QString& file)
     QString    name = file;
     name.replace(u'\\', u'/');
     return QSettings(folder.filePath(QFileInfo(name).fileName()), QSettings::IniFormat);
+}
+
 }

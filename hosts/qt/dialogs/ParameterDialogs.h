@@ -2,6 +2,8 @@
 
 #include <QSettings>
 
+namespace vostel::widget {
+
 class DialogScope;
 
 // Puts the toolkit's dialogs in the place of the library's three parameter dialogs. Each starts with the last
@@ -16,3 +18,5 @@ bool AskRawLayoutBefore(DialogScope& scope);
 // Where the answers to one dialog are kept: a file of that name in the program's own settings folder. Folders
 // in the name do not count.
 QSettings AnswersIn(const QString& file);
+
+}

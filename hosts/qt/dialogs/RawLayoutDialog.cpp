@@ -19,6 +19,8 @@
 #include <cfloat>
 #include <climits>
 
+namespace vostel::widget {
+
 namespace {
 
 constexpr int    LongestSide = 100000;
@@ -224,4 +226,6 @@ tagZEKImaLoadPara RawLayoutDialog::Layout() const
     layout.OutLow = static_cast<float>(Limits[2]->value());
     layout.OutHigh = static_cast<float>(Limits[3]->value());
     return layout;
+}
+
 }

@@ -11,6 +11,8 @@ class QGroupBox;
 class QLabel;
 class QSpinBox;
 
+namespace vostel::widget {
+
 // Asks for the layout of a headerless raw file. Width, height and header are checked against the length of
 // the file while they are typed, and sizes that fit the length are offered. Without a file, or with one that
 // is not there, nothing is checked or offered.
@@ -45,3 +47,5 @@ private:
     QDoubleSpinBox*   Limits[4] = {};    // of the samples low and high, of the gray levels low and high
     QDialogButtonBox* Buttons = nullptr;
 };
+
+}

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace vostel::widget {
+
 namespace {
 
 constexpr int UnsignedByte = 3;    // its reader starts at the file's first byte, whatever the header
@@ -105,4 +107,6 @@ std::vector<RawSize> GuessRawSizes(qint64 fileBytes, int dataType, int most)
     if (sizes.size() > wanted)
         sizes.resize(wanted);
     return sizes;
+}
+
 }

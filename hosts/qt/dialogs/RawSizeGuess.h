@@ -4,6 +4,8 @@
 
 #include <vector>
 
+namespace vostel::widget {
+
 // Sizes that a raw file may have, from its length alone.
 
 // Bytes of one element of tagZEKImaLoadPara::DataType; 0 for other numbers.
@@ -21,3 +23,5 @@ struct RawSize {
 // sizes of common detectors and screens without a header, then with one, then other whole rectangles that are
 // not too long. Empty when nothing fits. A type whose header is not skipped gets sizes without one only.
 std::vector<RawSize> GuessRawSizes(qint64 fileBytes, int dataType, int most = 12);
+
+}

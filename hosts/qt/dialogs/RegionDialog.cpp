@@ -9,6 +9,8 @@
 #include <QSpinBox>
 #include <QVBoxLayout>
 
+namespace vostel::widget {
+
 namespace {
 
 const QString AnswersFile = QStringLiteral("Region.ini");
@@ -97,4 +99,6 @@ tagZEKImaROIRectPara RegionDialog::Region() const
     region.RoiTop = Top->value();
     region.RoiBottom = Bottom->value();
     return region;
+}
+
 }

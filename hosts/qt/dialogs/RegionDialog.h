@@ -9,6 +9,8 @@ class QDialogButtonBox;
 class QLabel;
 class QSpinBox;
 
+namespace vostel::widget {
+
 // Asks for the edges of a rectangle in image pixels, within the image where its size is known. It starts with
 // the last answer, or with the middle of the image where that does not fit.
 class RegionDialog : public QDialog {
@@ -28,3 +30,5 @@ private:
     QLabel*           Size = nullptr;
     QDialogButtonBox* Buttons = nullptr;
 };
+
+}

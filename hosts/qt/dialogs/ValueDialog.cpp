@@ -8,6 +8,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+namespace vostel::widget {
+
 namespace {
 
 const QString ValueKey = QStringLiteral("Value");
@@ -84,4 +86,6 @@ void ValueDialog::Remember() const
     QSettings last = AnswersIn(File);
     last.beginGroup(Section);
     last.setValue(ValueKey, Edit->text());
+}
+
 }

@@ -5,6 +5,8 @@
 
 class QLineEdit;
 
+namespace vostel::widget {
+
 // Asks for one text value. The last answer is remembered under the section in the file that the caller names.
 class ValueDialog : public QDialog {
     Q_OBJECT
@@ -23,3 +25,5 @@ private:
     QString    File;
     QLineEdit* Edit = nullptr;
 };
+
+}

@@ -29,6 +29,8 @@
 
 #include <new>
 
+using namespace vostel::widget;
+
 namespace {
 
 const QString WindowKey = QStringLiteral("Window/Geometry");

@@ -3,6 +3,8 @@
 #include <QGuiApplication>
 #include <QSet>
 
+namespace vostel::widget {
+
 namespace {
 
 constexpr int ShiftKey = 0x10, ControlKey = 0x11, MenuKey = 0x12;
@@ -78,4 +80,6 @@ bool IsKeyHeld(int virtualKey)
     default:
         return Held().contains(virtualKey);
     }
+}
+
 }

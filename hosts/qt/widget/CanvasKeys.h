@@ -1,5 +1,7 @@
 #pragma once
 
+namespace vostel::widget {
+
 // The Windows number of a Qt key; 0 for keys that a canvas has no use for.
 int VirtualKey(int qtKey);
 
@@ -7,3 +9,5 @@ int VirtualKey(int qtKey);
 void NoteKey(int virtualKey, bool down);
 void ForgetKeys();
 bool IsKeyHeld(int virtualKey);
+
+}

@@ -6,6 +6,8 @@
 #include <QPaintEngine>
 #include <QPainter>
 
+namespace vostel::widget {
+
 namespace {
 
 // A device that shows what the fourth byte hides. Other devices than images are taken for one.
@@ -57,4 +59,6 @@ void PaintFrame(QPainter& painter, int canvas, double devicePixelRatio)
     QImage frame = TurnedOver(pixels, width, height);
     frame.setDevicePixelRatio(devicePixelRatio);
     painter.drawImage(QPointF(0.0, 0.0), frame);
+}
+
 }

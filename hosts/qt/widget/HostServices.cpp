@@ -18,6 +18,8 @@
 
 #include <vector>
 
+namespace vostel::widget {
+
 namespace {
 
 QSet<QWidget*>& Windows()
@@ -153,4 +155,6 @@ PaintScope::PaintScope()
 PaintScope::~PaintScope()
 {
     --Painting;
+}
+
 }

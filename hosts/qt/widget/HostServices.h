@@ -4,6 +4,8 @@
 
 class QWidget;
 
+namespace vostel::widget {
+
 // What the library asks of a person, a keyboard or a window, answered with the toolkit's dialogs.
 void InstallHostServices();
 
@@ -20,3 +22,5 @@ public:
     PaintScope(const PaintScope&) = delete;
     PaintScope& operator=(const PaintScope&) = delete;
 };
+
+}

@@ -2,6 +2,8 @@
 
 #include <QRegularExpression>
 
+namespace vostel::widget {
+
 QStringList NameFilters(const QString& filter)
 {
     const QStringList parts = filter.split(u'|', Qt::SkipEmptyParts);
@@ -17,4 +19,6 @@ QStringList NameFilters(const QString& filter)
         filters << QStringLiteral("%1 (%2)").arg(text, patterns);
     }
     return filters;
+}
+
 }

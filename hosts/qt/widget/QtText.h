@@ -4,6 +4,8 @@
 
 #include <QString>
 
+namespace vostel::widget {
+
 // Texts between the toolkit and the library.
 inline QString ToQt(const CString& text)
 {
@@ -13,4 +15,6 @@ inline QString ToQt(const CString& text)
 inline CString FromQt(const QString& text)
 {
     return CString(text.toStdWString().c_str());
+}
+
 }

@@ -18,6 +18,9 @@
 
 #include <cmath>
 
+using namespace vostel::hosts;
+using namespace vostel::widget;
+
 namespace {
 
 QPointer<VostelWidget>& Current()

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+using namespace vostel::widget;
+
 namespace {
 
 constexpr int Unsigned16 = 0, Float = 1, Signed16 = 2, Unsigned8 = 3;

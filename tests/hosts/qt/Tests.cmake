@@ -48,6 +48,13 @@ if(TARGET vostel-viewer)
     vostel_compile_rules(EmbeddedCanvas)
     target_link_libraries(EmbeddedCanvas PRIVATE VostelWidget)
 
+    # The widget's library takes no global name but its own. Instrumented builds have names of their tools.
+    if(NOT VOSTEL_SANITIZE)
+        set(test ${VOSTEL_TEST_PREFIX}hosts/qt/WidgetNames)
+        add_test(NAME ${test} COMMAND ${qtTests}/check-widget-names ${CMAKE_NM} $<TARGET_FILE:VostelWidget>)
+        set_tests_properties(${test} PROPERTIES TIMEOUT 60)
+    endif()
+
     # Every text of the interface has its Chinese one.
     set(test ${VOSTEL_TEST_PREFIX}hosts/qt/Translation)
     add_test(NAME ${test} COMMAND ${qtTests}/check-translation $<TARGET_FILE:Qt6::lupdate>

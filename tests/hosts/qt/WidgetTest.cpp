@@ -26,6 +26,8 @@
 
 #include <vector>
 
+using namespace vostel::widget;
+
 namespace {
 
 // A widget of 200 x 150 that shows an image of 100 x 80.

@@ -1001,7 +1001,7 @@
     </message>
 </context>
 <context>
-    <name>RawLayoutDialog</name>
+    <name>vostel::widget::RawLayoutDialog</name>
     <message>
         <source>%1, header %2</source>
         <translation>%1，文件头 %2</translation>
@@ -1103,7 +1103,7 @@
     </message>
 </context>
 <context>
-    <name>RegionDialog</name>
+    <name>vostel::widget::RegionDialog</name>
     <message>
         <source>Rectangle in image pixels</source>
         <translation>矩形（图像像素）</translation>
@@ -1164,7 +1164,7 @@
     </message>
 </context>
 <context>
-    <name>ValueDialog</name>
+    <name>vostel::widget::ValueDialog</name>
     <message>
         <source>&amp;Text:</source>
         <translation>文字(&amp;T)：</translation>
