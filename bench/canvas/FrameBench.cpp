@@ -5,7 +5,7 @@
 
 #include "support/PeerBench.h"
 
-#include "canvas/CanvasTable.h"
+#include "canvas/exports/CanvasTable.h"
 
 #include <VostelObj.h>
 
@@ -21,6 +21,8 @@
 #include <random>
 #include <string>
 #include <vector>
+
+using namespace vostel;
 
 namespace {
 
@@ -141,11 +143,11 @@ void BenchFrames(bench::PeerBench& peers, Screen& screen)
             gCVSOnMouseWheel(Canvas, MK_CONTROL, step.Zoom > 0 ? 120 : -120, CPoint(960, 540));
             gCVSOnDraw(Canvas, screen.Dc);
         }
-        const CpuForm before = ActiveCpuForm();
-        ForceCpuForm(CpuForm::Plain);
+        const CpuVariant before = ActiveCpuVariant();
+        ForceCpuVariant(CpuVariant::Plain);
         gCVSOnDraw(Canvas, screen.Dc);
         const std::vector<std::uint32_t> reference = screen.Copy();
-        ForceCpuForm(before);
+        ForceCpuVariant(before);
 
         bench::Contest contest;
         contest.Title = step.Title;

@@ -14,6 +14,8 @@
 #include <random>
 #include <string>
 
+using namespace vostel;
+
 namespace {
 
 using Plane = ClassData2DIO<unsigned char>;

@@ -18,6 +18,8 @@
 #include <random>
 #include <string>
 
+using namespace vostel;
+
 namespace {
 
 const int         Size = 4096;

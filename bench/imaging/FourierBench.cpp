@@ -12,6 +12,8 @@
 #include <cstring>
 #include <random>
 
+using namespace vostel;
+
 namespace {
 
 std::vector<float> RandomFloats(std::size_t count)
@@ -41,12 +43,12 @@ void CompareTransform(bench::PeerBench& peers, int n, double atMost, double atMo
             fft.RunFFT(false);
         }
     };
-    const CpuForm before = ActiveCpuForm();
-    ForceCpuForm(CpuForm::Plain);
+    const CpuVariant before = ActiveCpuVariant();
+    ForceCpuVariant(CpuVariant::Plain);
     upLoad();
     run();
     const std::vector<float> expectedRe(fft.Re, fft.Re + n), expectedIm(fft.Im, fft.Im + n);
-    ForceCpuForm(before);
+    ForceCpuVariant(before);
 
     const std::size_t         bytes = sizeof(fftwf_complex) * static_cast<std::size_t>(n);
     const auto                there = static_cast<fftwf_complex*>(fftwf_malloc(bytes));
@@ -109,13 +111,13 @@ void CompareFilter(bench::PeerBench& peers, int width, int height)
     const std::vector<float> source = RandomFloats(count);
     ClassData2DIO<float>     image;
     image.Allocate(width, height);
-    const auto    load = [&] { std::memcpy(image.Ptr1D, source.data(), count * sizeof(float)); };
-    const CpuForm before = ActiveCpuForm();
-    ForceCpuForm(CpuForm::Plain);
+    const auto       load = [&] { std::memcpy(image.Ptr1D, source.data(), count * sizeof(float)); };
+    const CpuVariant before = ActiveCpuVariant();
+    ForceCpuVariant(CpuVariant::Plain);
     load();
     ZEKFilter1DForRec(&image, 0.7f);
     const std::vector<float> expected(image.Ptr1D, image.Ptr1D + count);
-    ForceCpuForm(before);
+    ForceCpuVariant(before);
 
     float* const     row = fftwf_alloc_real(static_cast<std::size_t>(n));
     const auto       spectrum = fftwf_alloc_complex(static_cast<std::size_t>(n / 2 + 1));

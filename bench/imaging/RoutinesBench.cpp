@@ -17,6 +17,8 @@
 #include <random>
 #include <string>
 
+using namespace vostel;
+
 namespace {
 
 using FloatPlane = ClassData2DIO<float>;

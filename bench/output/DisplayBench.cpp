@@ -14,6 +14,8 @@
 #include <string>
 #include <vector>
 
+using namespace vostel;
+
 namespace {
 
 constexpr int kCanvas = 0;

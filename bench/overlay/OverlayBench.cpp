@@ -1,8 +1,8 @@
 // Overlay objects: fills of a label plane, the label image, the spline's system, and paints, mouse moves and
 // hit tests of many shapes beside a scene of the same outlines.
 
-#include "canvas/CanvasTable.h"
-#include "output/WordRows.h"
+#include "base/PixelFill.h"
+#include "canvas/exports/CanvasTable.h"
 #include "overlay/VostelSpline.h"
 #include "support/PeerBench.h"
 
@@ -27,6 +27,8 @@
 #include <string>
 #include <utility>
 #include <vector>
+
+using namespace vostel;
 
 extern "C" {
 void dgesv_(const int* n, const int* nrhs, double* a, const int* lda, int* pivots, double* b, const int* ldb,

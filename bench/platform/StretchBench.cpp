@@ -22,6 +22,8 @@
 #include <string>
 #include <vector>
 
+using namespace vostel;
+
 namespace {
 
 constexpr int CanvasSize = 4096;
@@ -193,7 +195,7 @@ public:
         };
         // The plain form is the reference of the others; the tests hold it against the formula.
         contest.Check = [this] {
-            if (ActiveCpuForm() == CpuForm::Plain)
+            if (ActiveCpuVariant() == CpuVariant::Plain)
                 Reference.assign(Client.Bits, Client.Bits + ClientWidth * ClientHeight);
             return std::memcmp(Reference.data(), Client.Bits, Reference.size() * 4) == 0;
         };

@@ -12,6 +12,8 @@
 #include <random>
 #include <sstream>
 
+using namespace vostel;
+
 namespace bench {
 namespace {
 
@@ -74,7 +76,7 @@ std::string Machine()
 // One who takes part: ours in a form, or a peer.
 struct Runner {
     std::string                  Name;
-    CpuForm                      Form = CpuForm::Plain;
+    CpuVariant                   Form = CpuVariant::Plain;
     bool                         Ours = false;
     const std::function<void()>* Prepare = nullptr;
     const std::function<void()>* Run = nullptr;
@@ -85,14 +87,14 @@ struct Runner {
 
 }
 
-const char* NameOf(CpuForm form)
+const char* NameOf(CpuVariant form)
 {
     switch (form) {
-    case CpuForm::Plain:
+    case CpuVariant::Plain:
         return "plain";
-    case CpuForm::Baseline:
+    case CpuVariant::Baseline:
         return "sse2";
-    case CpuForm::Avx2:
+    case CpuVariant::Avx2:
         return "avx2";
     default:
         return "avx512";
@@ -126,16 +128,16 @@ bool PeerBench::Compare(const Contest& contest)
         return true;
 
     std::vector<Runner> runners;
-    for (int number = 0; number <= static_cast<int>(BestCpuForm()); ++number) {
-        const CpuForm form = ForceCpuForm(static_cast<CpuForm>(number));
+    for (int number = 0; number <= static_cast<int>(BestCpuVariant()); ++number) {
+        const CpuVariant form = ForceCpuVariant(static_cast<CpuVariant>(number));
         SecondsOf(contest.Prepare, contest.Run, 1);
         if (contest.Check && !contest.Check()) {
             std::printf("%-28s %-7s WRONG RESULT, not timed\n", contest.Title.c_str(), NameOf(form));
             Failed = true;
-            ForceCpuForm(BestCpuForm());
+            ForceCpuVariant(BestCpuVariant());
             return false;
         }
-        if (form == CpuForm::Plain && contest.PlainIsSlow)
+        if (form == CpuVariant::Plain && contest.PlainIsSlow)
             continue;
         Runner runner;
         runner.Name = NameOf(form);
@@ -151,7 +153,7 @@ bool PeerBench::Compare(const Contest& contest)
             std::printf("%-28s peer %s did not do the work, not timed\n", contest.Title.c_str(),
                         peer.Name.c_str());
             Failed = true;
-            ForceCpuForm(BestCpuForm());
+            ForceCpuVariant(BestCpuVariant());
             return false;
         }
         Runner runner;
@@ -163,7 +165,7 @@ bool PeerBench::Compare(const Contest& contest)
 
     for (Runner& runner : runners) {
         if (runner.Ours)
-            ForceCpuForm(runner.Form);
+            ForceCpuVariant(runner.Form);
         runner.Once = SecondsOf(*runner.Prepare, *runner.Run, 1);
         for (int again = 0; again < 3 && runner.Once < WarmSeconds; ++again)
             runner.Once = std::min(runner.Once, SecondsOf(*runner.Prepare, *runner.Run, 1));
@@ -179,7 +181,7 @@ bool PeerBench::Compare(const Contest& contest)
         for (const std::size_t turn : turns) {
             Runner& runner = runners[turn];
             if (runner.Ours)
-                ForceCpuForm(runner.Form);
+                ForceCpuVariant(runner.Form);
             // Short work runs once unmeasured first: it shall find the caches as it leaves them itself, not
             // as its neighbour does.
             if (contest.ColdCaches)
@@ -189,7 +191,7 @@ bool PeerBench::Compare(const Contest& contest)
             runner.Seconds.push_back(SecondsOf(*runner.Prepare, *runner.Run, runner.Repeats));
         }
     }
-    ForceCpuForm(BestCpuForm());
+    ForceCpuVariant(BestCpuVariant());
 
     const Runner* best = nullptr;
     double        bestTime = 0.0;
@@ -215,9 +217,9 @@ bool PeerBench::Compare(const Contest& contest)
         const double median = Quantile(runner.Seconds, 0.5);
         row.Ours = median * 1e3;
         row.Spread = (Quantile(runner.Seconds, 0.75) - Quantile(runner.Seconds, 0.25)) * 0.5 / median;
-        if (runner.Form == CpuForm::Avx2)
+        if (runner.Form == CpuVariant::Avx2)
             row.AtMost = contest.AtMost;
-        if (runner.Form == CpuForm::Avx512)
+        if (runner.Form == CpuVariant::Avx512)
             row.AtMost = contest.AtMostAvx512 > 0.0 ? contest.AtMostAvx512 : contest.AtMost;
         std::string line = Formatted("%9.3f ms", row.Ours);
         if (best != nullptr) {

@@ -20,7 +20,7 @@
 // --strict (a ratio over its bound counts as failure), and those of Google Benchmark, whose reporters list
 // every sample set too (--benchmark_out=FILE --benchmark_out_format=json).
 
-#include "foundation/CpuForms.h"
+#include "base/CpuVariants.h"
 
 #include <functional>
 #include <string>
@@ -92,6 +92,6 @@ private:
 };
 
 // "plain", "sse2", "avx2", "avx512".
-const char* NameOf(CpuForm form);
+const char* NameOf(vostel::CpuVariant form);
 
 }

@@ -1,12 +1,14 @@
 #include "canvas/PixelSurface.h"
 
-#include "canvas/CanvasView.h"
-#include "foundation/Truncate.h"
+#include "base/PixelFill.h"
+#include "base/Truncate.h"
+#include "canvas/view/CanvasView.h"
 #include "output/PlaneUploads.h"
-#include "output/WordRows.h"
 
 #include <algorithm>
 #include <cmath>
+
+namespace vostel {
 
 namespace {
 
@@ -139,21 +141,21 @@ void PixelSurface::ForEachUploadRow(int width, int height, auto&& upload)
     const int rows = std::min(height, Height);
     if (!Pixels || columns < 1 || rows < 1)
         return;
-    const bool pastCaches =
-        WritesPastCaches(static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows) * sizeof *Pixels);
+    const bool streaming = UsesStreamingStores(static_cast<std::size_t>(columns) *
+                                               static_cast<std::size_t>(rows) * sizeof *Pixels);
     // The picture's rows upwards through its memory: processors fetch ahead that way.
     for (int y = rows - 1; y >= 0; --y)
         upload(Pixels + static_cast<std::size_t>(y) * static_cast<std::size_t>(Width), height - 1 - y,
-               columns, pastCaches);
-    if (pastCaches)
-        WordFence();
+               columns, streaming);
+    if (streaming)
+        FenceStreamingStores();
 }
 
 void PixelSurface::UploadGray(const unsigned char* gray, int width, int height)
 {
-    ForEachUploadRow(width, height, [&](unsigned int* target, int row, int columns, bool pastCaches) {
+    ForEachUploadRow(width, height, [&](unsigned int* target, int row, int columns, bool streaming) {
         UploadGrayRow(gray + static_cast<std::size_t>(row) * static_cast<std::size_t>(width), target, columns,
-                      pastCaches);
+                      streaming);
     });
 }
 
@@ -165,19 +167,19 @@ void PixelSurface::UploadRows(const unsigned char* const* rows, int width, int h
                                        : nullptr;
     if (!uploadRow || !rows)
         return;
-    ForEachUploadRow(width, height, [&](unsigned int* target, int row, int columns, bool pastCaches) {
-        uploadRow(rows[row], target, columns, pastCaches);
+    ForEachUploadRow(width, height, [&](unsigned int* target, int row, int columns, bool streaming) {
+        uploadRow(rows[row], target, columns, streaming);
     });
 }
 
 void PixelSurface::UploadPlanes(const BytePlane& red, const BytePlane& green, const BytePlane& blue,
                                 int width, int height)
 {
-    ForEachUploadRow(width, height, [&](unsigned int* target, int row, int columns, bool pastCaches) {
+    ForEachUploadRow(width, height, [&](unsigned int* target, int row, int columns, bool streaming) {
         const BytePlane a = RowsFrom(red, row);
         const BytePlane b = RowsFrom(green, row);
         const BytePlane c = RowsFrom(blue, row);
-        UploadPlanesRow(a.Data, a.Bytes, b.Data, b.Bytes, c.Data, c.Bytes, target, columns, pastCaches);
+        UploadPlanesRow(a.Data, a.Bytes, b.Data, b.Bytes, c.Data, c.Bytes, target, columns, streaming);
     });
 }
 
@@ -186,10 +188,10 @@ void PixelSurface::Fill(unsigned int word)
     if (!Pixels)
         return;
     const std::size_t count = static_cast<std::size_t>(Width) * static_cast<std::size_t>(Height);
-    const bool        pastCaches = WritesPastCaches(count * sizeof *Pixels);
-    FillWords(Pixels, count, word, pastCaches);
-    if (pastCaches)
-        WordFence();
+    const bool        streaming = UsesStreamingStores(count * sizeof *Pixels);
+    FillPixels(Pixels, count, word, streaming);
+    if (streaming)
+        FenceStreamingStores();
 }
 
 bool PixelSurface::FindVisible(Visible& visible) const
@@ -250,4 +252,6 @@ void PixelSurface::DropBitmap()
     OldBitmap = nullptr;
     Bitmap = nullptr;
     Pixels = nullptr;
+}
+
 }

@@ -4,6 +4,8 @@
 
 #include <cstddef>
 
+namespace vostel {
+
 class CanvasView;
 
 // A section bitmap of 32 bits with rows running bottom-up, as the canvas's and the client's surfaces are.
@@ -76,7 +78,7 @@ public:
     CRect CoveredClient() const;
 
     // The word in a memory row, counted from the bottom; 0 outside the surface.
-    unsigned int WordAt(int x, int memoryRow) const
+    unsigned int PixelAt(int x, int memoryRow) const
     {
         const bool inside = Pixels && x >= 0 && x < Width && memoryRow >= 0 && memoryRow < Height;
         return inside ? Pixels[static_cast<std::size_t>(memoryRow) * static_cast<std::size_t>(Width) +
@@ -94,3 +96,5 @@ private:
     void ForEachUploadRow(int width, int height, auto&& upload);
     void DropBitmap();
 };
+
+}

@@ -1,9 +1,11 @@
 #include "canvas/VostelDC.h"
 
-#include "foundation/Truncate.h"
+#include "base/Truncate.h"
 #include "platform/HostServices.h"
 
 #include <algorithm>
+
+namespace vostel {
 
 namespace {
 
@@ -315,4 +317,6 @@ void VostelDC::HandViewToElements(bool refresh)
         if (refresh)
             element->RefreshClientGeometry();
     }
+}
+
 }

@@ -1,14 +1,16 @@
 #pragma once
 
-#include "canvas/CanvasView.h"
-#include "canvas/PaintKit.h"
 #include "canvas/PixelSurface.h"
+#include "canvas/view/CanvasView.h"
+#include "canvas/view/PaintKit.h"
 #include "instruments/VostelProgress.h"
 #include "instruments/VostelSlider.h"
 #include "overlay/VostelObj.h"
 
 #include <cstdint>
 #include <vector>
+
+namespace vostel {
 
 // The part of a canvas that knows nothing of image data: the client surface that is copied to the screen, the
 // canvas surface with the image's pixels, the view, two on-canvas controls and the list of overlay objects.
@@ -98,3 +100,5 @@ private:
     void DropClientSurface();
     void HandViewToElements(bool refresh);
 };
+
+}

@@ -1,12 +1,14 @@
 #include "canvas/VostelImage.h"
 
+#include "base/Truncate.h"
 #include "foundation/ArrayLength.h"
 #include "foundation/Planes.h"
-#include "foundation/Truncate.h"
 #include "output/FloatRange.h"
 
 #include <algorithm>
 #include <functional>
+
+namespace vostel {
 
 namespace {
 
@@ -24,6 +26,15 @@ bool Overlaps(const float* data, std::size_t count, const ClassData2DIO<float>& 
     const std::less<const float*> before;
     return count > 0 && CountOf(held) > 0 && before(data, held.Ptr1D + CountOf(held)) &&
            before(held.Ptr1D, data + count);
+}
+
+// An element of a float plane; NoValue outside the plane, and where the data was not kept.
+float ValueAt(const StructData2D<float>& plane, int x, int y)
+{
+    return CountOf(plane) > 0 && x >= 0 && x < plane.Width && y >= 0 && y < plane.Height
+               ? plane.Ptr1D[static_cast<std::size_t>(y) * static_cast<std::size_t>(plane.Width) +
+                             static_cast<std::size_t>(x)]
+               : NoValue;
 }
 
 }
@@ -143,15 +154,30 @@ void VostelImage::RedrawRaw()
                              LabelIma.Ptr1D);
 }
 
-float VostelImage::ReadPixelValue(CPoint p)
+float VostelImage::OriginalAt(int imageX, int imageY) const
 {
-    const PointTemplateBase<double> at = View.ClientToImage(p);
+    return ValueAt(RawOri, imageX, imageY);
+}
+
+float VostelImage::StretchedAt(int imageX, int imageY) const
+{
+    return ValueAt(Raw, imageX, imageY);
+}
+
+unsigned int VostelImage::SurfacePixelAt(int imageX, int memoryRow) const
+{
+    return CanvasSurface.PixelAt(imageX, memoryRow);
+}
+
+float VostelImage::ReadPixelValue(CPoint clientPoint) const
+{
+    const PointTemplateBase<double> at = View.ClientToImage(clientPoint);
     const int ix = TruncToInt(std::max(0.0, std::min(at.x, static_cast<double>(CanvasWidth) - 1.0)));
     const int iy = TruncToInt(std::max(0.0, std::min(at.y, static_cast<double>(CanvasHeight) - 1.0)));
     if (CurrentFileType == FileTypeRaw || CurrentFileType == FileTypeRawPlain)
-        return ValueAt(RawOri, ix, iy);
+        return OriginalAt(ix, iy);
     if (CurrentFileType == FileTypeByte && HasSurfacePixels()) {
-        const unsigned int word = CanvasSurface.WordAt(ix, CanvasHeight - iy - 1);
+        const unsigned int word = CanvasSurface.PixelAt(ix, CanvasHeight - iy - 1);
         const int          r = word >> 16 & 0xFF;
         const int          g = word >> 8 & 0xFF;
         const int          b = word & 0xFF;
@@ -159,14 +185,6 @@ float VostelImage::ReadPixelValue(CPoint p)
         return static_cast<float>(TruncToInt(g * 0.587 + r * 0.299 + b * 0.114));
     }
     return NoValue;
-}
-
-float ValueAt(const StructData2D<float>& plane, int x, int y)
-{
-    return CountOf(plane) > 0 && x >= 0 && x < plane.Width && y >= 0 && y < plane.Height
-               ? plane.Ptr1D[static_cast<std::size_t>(y) * static_cast<std::size_t>(plane.Width) +
-                             static_cast<std::size_t>(x)]
-               : NoValue;
 }
 
 bool VostelImage::LabelsWholeImage() const
@@ -187,4 +205,6 @@ bool VostelImage::HasSurfacePixels() const
 {
     return CanvasSurface.Pixels && CanvasWidth > 0 && CanvasHeight > 0 &&
            CanvasSurface.Width == CanvasWidth && CanvasSurface.Height == CanvasHeight;
+}
+
 }

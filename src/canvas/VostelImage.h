@@ -1,10 +1,13 @@
 #pragma once
 
 #include "canvas/VostelDC.h"
+#include "canvas/view/ImageValues.h"
 #include "output/ContrastRows.h"
 #include "vostel/CanvasTypes.h"
 #include "vostel/Containers.h"
 #include "vostel/DisplayMapping.h"
+
+namespace vostel {
 
 // Image data on a canvas: how an image gets onto the canvas surface, how float data is redrawn when the
 // contrast window changes, and what value lies under a client point.
@@ -12,7 +15,7 @@
 // Byte images exist only as pixels of the surface. Float data is kept, stretched to 0..65535 (Raw) and on
 // request as it came (RawOri). Hosts hold references to the containers and may change them, so their sizes
 // are looked at before each use.
-class VostelImage : public VostelDC {
+class VostelImage : public VostelDC, public ImageValues {
 public:
     ZEKMAPIMA            Map;                   // from stretched values to gray
     double               MeasureScale = 1.0;    // length units per image px, for new measures
@@ -37,7 +40,14 @@ public:
 
     void SetLutPara(float low, float high) override;
 
-    float ReadPixelValue(CPoint p);
+    FileType          ShownType() const override { return CurrentFileType; }
+    int               ShownWidth() const override { return CanvasWidth; }
+    int               ShownHeight() const override { return CanvasHeight; }
+    const CanvasView& ShownView() const override { return View; }
+    float             OriginalAt(int imageX, int imageY) const override;
+    float             StretchedAt(int imageX, int imageY) const override;
+    unsigned int      SurfacePixelAt(int imageX, int memoryRow) const override;
+    float             ReadPixelValue(CPoint clientPoint) const override;
 
     // Rebuilds LabelIma; answers the label of the last region written, 1 if none was.
     int GenerateLabel(bool selectedOnly);
@@ -74,5 +84,4 @@ private:
     void       SavePart(const CRect& box, const CString& name);
 };
 
-// An element of a float plane; -1 outside the plane, and where the data was not kept.
-float ValueAt(const StructData2D<float>& plane, int x, int y);
+}

@@ -5,7 +5,7 @@
 
 #include "vostel/Tessik.h"
 
-namespace own {
+namespace vostel::own {
 bool AskLoadPara(tagZEKImaLoadPara& para);
 bool AskRoiRect(tagZEKImaROIRectPara& para);
 bool AskGeneralPara(tagZEKImaGeneralPara& para, const CString& section, const CString& file);

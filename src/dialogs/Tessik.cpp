@@ -2,6 +2,8 @@
 
 #include "dialogs/OwnDialogs.h"
 
+using namespace vostel;
+
 namespace {
 // Made on first use: a host may install its dialogs from a static initialiser of its own.
 TessikDialogs& Replacements()

@@ -10,6 +10,8 @@
 #include <cstring>
 #include <memory>
 
+using namespace vostel;
+
 namespace {
 
 using BytePlane = ClassData2DIO<unsigned char>;

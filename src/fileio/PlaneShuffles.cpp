@@ -2,6 +2,8 @@
 
 #include <array>
 
+namespace vostel {
+
 namespace {
 
 // Never negative and at most 255, so that a plain conversion truncates.
@@ -96,16 +98,18 @@ const PlaneShuffles PlaneShufflesPlain = {SplitTriples, JoinTriples, SplitQuads,
 const PlaneShuffles& ActivePlaneShuffles()
 {
 #if defined(__x86_64__) || defined(_M_X64)
-    switch (ActiveCpuForm()) {
-    case CpuForm::Avx512:
+    switch (ActiveCpuVariant()) {
+    case CpuVariant::Avx512:
         return PlaneShufflesAvx512;
-    case CpuForm::Avx2:
+    case CpuVariant::Avx2:
         return PlaneShufflesAvx2;
-    case CpuForm::Baseline:
+    case CpuVariant::Baseline:
         return PlaneShufflesSse2;
-    case CpuForm::Plain:
+    case CpuVariant::Plain:
         break;
     }
 #endif
     return PlaneShufflesPlain;
+}
+
 }

@@ -3,9 +3,11 @@
 // Moves between interleaved pixels and separate 8-bit planes, and the gray of such planes, over runs of
 // any length. Sources and targets may start anywhere; they do not overlap unless told.
 
-#include "foundation/CpuForms.h"
+#include "base/CpuVariants.h"
 
 #include <cstddef>
+
+namespace vostel {
 
 // One form of all the moves. Every form writes the same bytes, and none outside its run.
 struct PlaneShuffles {
@@ -24,7 +26,7 @@ struct PlaneShuffles {
     void (*LevelToGray)(const unsigned char* levels, unsigned char* gray, std::size_t pixels);
 };
 
-// The form that ActiveCpuForm names at the time of the call.
+// The form that ActiveCpuVariant names at the time of the call.
 const PlaneShuffles& ActivePlaneShuffles();
 
 // A set of levels: bit v % 8 of byte v / 8.
@@ -49,3 +51,5 @@ extern const PlaneShuffles PlaneShufflesPlain;
 extern const PlaneShuffles PlaneShufflesSse2;
 extern const PlaneShuffles PlaneShufflesAvx2;
 extern const PlaneShuffles PlaneShufflesAvx512;
+
+}

@@ -2,6 +2,8 @@
 
 #include <immintrin.h>
 
+namespace vostel {
+
 namespace {
 
 __m256i Load(const unsigned char* from)
@@ -159,3 +161,5 @@ void LevelToGray(const unsigned char* levels, unsigned char* gray, std::size_t p
 }
 
 const PlaneShuffles PlaneShufflesAvx2 = {SplitTriples, JoinTriples, SplitQuads, ColorToGray, LevelToGray};
+
+}

@@ -2,6 +2,8 @@
 
 #include <immintrin.h>
 
+namespace vostel {
+
 namespace {
 
 __m512i Load(const unsigned char* from)
@@ -157,3 +159,5 @@ void LevelToGray(const unsigned char* levels, unsigned char* gray, std::size_t p
 }
 
 const PlaneShuffles PlaneShufflesAvx512 = {SplitTriples, JoinTriples, SplitQuads, ColorToGray, LevelToGray};
+
+}

@@ -2,6 +2,8 @@
 
 #include <emmintrin.h>
 
+namespace vostel {
+
 namespace {
 
 __m128i Load(const unsigned char* from)
@@ -140,3 +142,5 @@ void LevelToGray(const unsigned char* levels, unsigned char* gray, std::size_t p
 }
 
 const PlaneShuffles PlaneShufflesSse2 = {SplitTriples, JoinTriples, SplitQuads, ColorToGray, LevelToGray};
+
+}

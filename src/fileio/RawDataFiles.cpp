@@ -1,7 +1,7 @@
 #include "vostel/RawDataFiles.h"
 
+#include "base/Truncate.h"
 #include "fileio/PlaneShuffles.h"
-#include "foundation/Truncate.h"
 #include "platform/Files.h"
 #include "platform/HostServices.h"
 #include "vostel/BmpFiles.h"
@@ -11,6 +11,8 @@
 #include <cstring>
 #include <memory>
 #include <utility>
+
+using namespace vostel;
 
 namespace {
 

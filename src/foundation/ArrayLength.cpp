@@ -2,7 +2,11 @@
 
 #include <new>
 
+namespace vostel {
+
 void FailArrayLength()
 {
     throw std::bad_array_new_length();
+}
+
 }

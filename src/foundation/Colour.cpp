@@ -1,9 +1,11 @@
 #include "vostel/Colour.h"
 
+#include "base/Truncate.h"
 #include "foundation/ArrayLength.h"
-#include "foundation/Truncate.h"
 
 #include <cstdlib>
+
+using namespace vostel;
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include "vostel/Containers.h"
 
+#include "base/Truncate.h"
 #include "foundation/ArrayLength.h"
 #include "foundation/Planes.h"
-#include "foundation/Truncate.h"
 #include "platform/Files.h"
 #include "platform/HostServices.h"
 #include "platform/System.h"
@@ -10,6 +10,8 @@
 #include <cmath>
 #include <cstdint>
 #include <cstring>
+
+using namespace vostel;
 
 namespace {
 

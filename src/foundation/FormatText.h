@@ -5,6 +5,8 @@
 #include <cmath>
 #include <cwchar>
 
+namespace vostel {
+
 inline int Printable(int value)
 {
     return value;
@@ -25,4 +27,6 @@ CString FormatText(const wchar_t* format, Values... values)
     if (std::swprintf(text, sizeof text / sizeof text[0], format, Printable(values)...) < 0)
         return CString();
     return CString(text);
+}
+
 }

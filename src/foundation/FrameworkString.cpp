@@ -6,6 +6,8 @@
 
 #    include <cstdarg>
 
+using namespace vostel;
+
 namespace {
 
 // A format as the Windows text functions read it, in the words of the C library: a conversion without a

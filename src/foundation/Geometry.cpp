@@ -1,9 +1,11 @@
 #include "vostel/Geometry.h"
 
-#include "foundation/Truncate.h"
+#include "base/Truncate.h"
 
 #include <bit>
 #include <cmath>
+
+using namespace vostel;
 
 ZEKSize& ZEKSize::operator=(ZEKSize other)
 {

@@ -6,6 +6,8 @@
 
 #include <cstddef>
 
+namespace vostel {
+
 // Elements that may be touched; 0 for a container without a buffer.
 template <typename T>
 std::size_t CountOf(const StructData2D<T>& data)
@@ -29,4 +31,6 @@ void SizeForOverwriting(ClassData2DIO<T>& data, int width, int height)
 {
     if (!IsPlaneOf(data, width, height))
         data.Allocate(width, height);
+}
+
 }

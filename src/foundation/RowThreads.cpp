@@ -8,6 +8,8 @@
 #include <thread>
 #include <vector>
 
+namespace vostel {
+
 namespace {
 
 std::atomic<int> ForcedThreads{0};
@@ -76,4 +78,6 @@ void ForEachRowRun(int rows, const std::function<void(RowRun)>& work)
 void ForceRowThreads(int threads)
 {
     ForcedThreads.store(threads, std::memory_order_relaxed);
+}
+
 }

@@ -4,6 +4,8 @@
 
 #include <functional>
 
+namespace vostel {
+
 // Rows first..end-1.
 struct RowRun {
     int First = 0;
@@ -23,3 +25,5 @@ void ForEachRowRun(int rows, const std::function<void(RowRun)>& work);
 // Splits into this many runs from now on; 0: one per processor again. For tests, since results must not
 // depend on it.
 void ForceRowThreads(int threads);
+
+}

@@ -1,12 +1,14 @@
 #include "vostel/RunHelpers.h"
 
-#include "foundation/Truncate.h"
+#include "base/Truncate.h"
 #include "platform/Files.h"
 #include "platform/HostServices.h"
 #include "platform/System.h"
 
 #include <cstdio>
 #include <cwchar>
+
+using namespace vostel;
 
 namespace {
 

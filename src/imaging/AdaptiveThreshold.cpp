@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <vector>
 
+using namespace vostel;
+
 namespace {
 
 using Plane = ClassData2DIO<unsigned char>;
@@ -77,14 +79,14 @@ private:
 // For squares whose sums fit in 31 bits and whose reflection folds no further than the image is wide.
 void ThresholdNarrow(Plane& image, int radius)
 {
-    const ThresholdForm& form = ActiveThresholdForm();
-    const int            width = image.Width;
-    const int            height = image.Height;
-    const int            side = 2 * radius + 1;
-    const bool           scaled = radius <= LargestScaledRadius;
-    const auto           decide = scaled ? form.Decide : form.DecideInDouble;
-    const int            scale = scaled ? 20 * side * side : side * side;
-    const int            sumScale = scaled ? 17 : 1;
+    const ThresholdVariant& form = ActiveThresholdVariant();
+    const int               width = image.Width;
+    const int               height = image.Height;
+    const int               side = 2 * radius + 1;
+    const bool              scaled = radius <= LargestScaledRadius;
+    const auto              decide = scaled ? form.Decide : form.DecideInDouble;
+    const int               scale = scaled ? 20 * side * side : side * side;
+    const int               sumScale = scaled ? 17 : 1;
     // Column sums times the scale of the sums of the columns -radius-1 .. width+radius-1: those of the image
     // and reflected ones.
     std::vector<int> columns(static_cast<std::size_t>(width) + static_cast<std::size_t>(side));

@@ -1,10 +1,12 @@
 #include "vostel/RasterFills.h"
 
-#include "foundation/Truncate.h"
+#include "base/Truncate.h"
 
 #include <algorithm>
 #include <cmath>
 #include <utility>
+
+using namespace vostel;
 
 namespace {
 

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <cstdlib>
 
+namespace vostel {
+
 namespace {
 
 using Point = PointTemplateBase<int>;
@@ -175,4 +177,6 @@ void FindSpanEnds(const std::vector<Point>& points, SpanEnds& ends)
             for (; times > 0; --times)
                 put(corner.y, corner.x);
         });
+}
+
 }

@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <vector>
 
+namespace vostel {
+
 // The ends of the horizontal spans of a closed polygon, row by row. Within a row their order is not told:
 // sorted by column, consecutive pairs are the spans.
 struct SpanEnds {
@@ -22,3 +24,5 @@ struct SpanEnds {
 
 // For points at x, y >= 0; at least one. Storage of earlier calls is used again.
 void FindSpanEnds(const std::vector<PointTemplateBase<int>>& points, SpanEnds& ends);
+
+}

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+using namespace vostel;
+
 namespace {
 
 bool HaveSamples(const ClassData2DIO<float>* image, const ClassData2DIO<float>* kernel)

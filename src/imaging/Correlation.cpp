@@ -1,10 +1,12 @@
 #include "imaging/Correlation.h"
 
-#include "foundation/CpuForms.h"
+#include "base/CpuVariants.h"
 #include "imaging/PlaneRows.h"
 
 #include <algorithm>
 #include <cstdint>
+
+namespace vostel {
 
 namespace {
 
@@ -33,7 +35,7 @@ void SumRow(const CorrelationBlock& block)
 constexpr int EdgeStep = 16;
 
 // Storing through the caches would first read every line that is about to be overwritten.
-constexpr std::size_t BytesPastCaches = std::size_t{16} << 20;
+constexpr std::size_t StreamingBytes = std::size_t{16} << 20;
 
 // Columns up to the first whole line of the target.
 std::ptrdiff_t ColumnsToLine(const float* row)
@@ -45,15 +47,15 @@ std::ptrdiff_t ColumnsToLine(const float* row)
 
 }
 
-const CorrelationForm CorrelationPlain = {1, SumRow, SumRow, [] {}};
+const CorrelationVariant CorrelationPlain = {1, SumRow, SumRow, [] {}};
 
-const CorrelationForm& ActiveCorrelationForm()
+const CorrelationVariant& ActiveCorrelationVariant()
 {
 #if defined(__x86_64__) || defined(_M_X64)
-    switch (ActiveCpuForm()) {
-    case CpuForm::Avx512:
+    switch (ActiveCpuVariant()) {
+    case CpuVariant::Avx512:
         return CorrelationAvx512;
-    case CpuForm::Avx2:
+    case CpuVariant::Avx2:
         return CorrelationAvx2;
     default:
         break;
@@ -119,7 +121,7 @@ Correlation::Correlation(const StructData2D<float>& image, const StructData2D<fl
     : HalfWidth(kernel.Width / 2), HalfHeight(kernel.Height / 2), Width(image.Width), Height(image.Height),
       TapWidth(2 * HalfWidth + 1), TapHeight(2 * HalfHeight + 1),
       Taps(static_cast<std::size_t>(TapWidth) * static_cast<std::size_t>(TapHeight)),
-      Rows(static_cast<std::size_t>(Height)), Form(ActiveCorrelationForm())
+      Rows(static_cast<std::size_t>(Height)), Form(ActiveCorrelationVariant())
 {
     // An even side has its last taps past the kernel: they are zero.
     for (int j = 0; j < kernel.Height; ++j)
@@ -145,8 +147,8 @@ void Correlation::DoRows(float* const* targets, int first, int end) const
     EdgeCopies left(*this, 0, leftColumns, leftColumns > 0 ? rowsOfBlock : 0);
     EdgeCopies right(*this, Width - rightColumns, rightColumns,
                      narrow || rightColumns == 0 ? 0 : rowsOfBlock);
-    const bool pastCaches =
-        static_cast<std::size_t>(Width) * static_cast<std::size_t>(Height) * sizeof(float) >= BytesPastCaches;
+    const bool streaming =
+        static_cast<std::size_t>(Width) * static_cast<std::size_t>(Height) * sizeof(float) >= StreamingBytes;
 
     for (int y = first; y < end;) {
         const int         rows = end - y >= Form.RowsAtOnce ? Form.RowsAtOnce : 1;
@@ -162,7 +164,7 @@ void Correlation::DoRows(float* const* targets, int first, int end) const
                  leftColumns, false});
         if (!narrow) {
             sum({sources.data(), leftColumns - HalfWidth, Taps.data(), TapWidth, TapHeight, targets + y,
-                 leftColumns, Width - leftColumns - rightColumns, pastCaches});
+                 leftColumns, Width - leftColumns - rightColumns, streaming});
             if (rightColumns > 0)
                 sum({right.Fill(sources, sourceRows), 0, Taps.data(), TapWidth, TapHeight, targets + y,
                      Width - rightColumns, rightColumns, false});
@@ -170,4 +172,6 @@ void Correlation::DoRows(float* const* targets, int first, int end) const
         y += rows;
     }
     Form.Fence();
+}
+
 }

@@ -7,6 +7,8 @@
 #include <cstddef>
 #include <vector>
 
+namespace vostel {
+
 // One sum per output sample: sum += kernel * source, each a 32-bit float step from 0.0, down the kernel's
 // rows and along each row. sources[q] + offset is the sample under the first tap of the first column, q
 // counting the source rows of all output rows together: output row r uses sources r .. r + kernelHeight - 1.
@@ -23,19 +25,19 @@ struct CorrelationBlock {
     bool                PastCaches;    // whole lines of the target go past the caches; Fence has to follow
 };
 
-struct CorrelationForm {
+struct CorrelationVariant {
     int RowsAtOnce;
     void (*Rows)(const CorrelationBlock& block);    // RowsAtOnce output rows
     void (*Row)(const CorrelationBlock& block);     // one
     void (*Fence)();    // before another thread may read what went past the caches
 };
 
-// The form that ActiveCpuForm names at the time of the call.
-const CorrelationForm& ActiveCorrelationForm();
+// The form that ActiveCpuVariant names at the time of the call.
+const CorrelationVariant& ActiveCorrelationVariant();
 
-extern const CorrelationForm CorrelationPlain;
-extern const CorrelationForm CorrelationAvx2;
-extern const CorrelationForm CorrelationAvx512;
+extern const CorrelationVariant CorrelationPlain;
+extern const CorrelationVariant CorrelationAvx2;
+extern const CorrelationVariant CorrelationAvx512;
 
 // An image, the taps and the mirrored border between them. Borrows the image's rows.
 class Correlation {
@@ -60,8 +62,10 @@ private:
     int                       EdgeWidth;    // output columns at each side that are computed from copies
     std::vector<float>        Taps;         // TapHeight rows of TapWidth
     std::vector<const float*> Rows;         // of the image
-    const CorrelationForm&    Form;
+    const CorrelationVariant& Form;
 };
 
 // A coordinate that may lie outside 0..extent-1, mirrored without repeating the edge sample, clamped after.
 int MirrorSkippingEdge(std::ptrdiff_t c, int extent);
+
+}

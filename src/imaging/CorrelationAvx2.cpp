@@ -2,6 +2,8 @@
 
 #include <immintrin.h>
 
+namespace vostel {
+
 namespace {
 
 struct Simd8 {
@@ -37,5 +39,7 @@ void Fence()
 
 }
 
-const CorrelationForm CorrelationAvx2 = {BlockRows, SumColumns<Simd8, BlockRows, 2>, SumColumns<Simd8, 1, 4>,
-                                         Fence};
+const CorrelationVariant CorrelationAvx2 = {BlockRows, SumColumns<Simd8, BlockRows, 2>,
+                                            SumColumns<Simd8, 1, 4>, Fence};
+
+}

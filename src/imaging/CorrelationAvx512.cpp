@@ -2,6 +2,8 @@
 
 #include <immintrin.h>
 
+namespace vostel {
+
 namespace {
 
 struct Simd16 {
@@ -37,5 +39,7 @@ void Fence()
 
 }
 
-const CorrelationForm CorrelationAvx512 = {BlockRows, SumColumns<Simd16, BlockRows, 4>,
-                                           SumColumns<Simd16, 1, 4>, Fence};
+const CorrelationVariant CorrelationAvx512 = {BlockRows, SumColumns<Simd16, BlockRows, 4>,
+                                              SumColumns<Simd16, 1, 4>, Fence};
+
+}

@@ -8,6 +8,8 @@
 #include <cstddef>
 #include <cstdint>
 
+namespace vostel {
+
 namespace {
 
 constexpr int BlockRows = 4;
@@ -41,9 +43,9 @@ template <class Simd, int Rows, int Vectors, int Low, int High>
 
 // Past the caches only whole lines go: what a vector shares with a line goes through them.
 template <class Simd>
-[[gnu::always_inline]] inline void Store(float* target, typename Simd::V value, bool pastCaches)
+[[gnu::always_inline]] inline void Store(float* target, typename Simd::V value, bool streaming)
 {
-    if (pastCaches && reinterpret_cast<std::uintptr_t>(target) % (Simd::Lanes * sizeof(float)) == 0)
+    if (streaming && reinterpret_cast<std::uintptr_t>(target) % (Simd::Lanes * sizeof(float)) == 0)
         Simd::Stream(target, value);
     else
         Simd::Store(target, value);
@@ -125,6 +127,8 @@ void SumColumns(const CorrelationBlock& block)
         row.Targets += r;
         CorrelationPlain.Row(row);
     }
+}
+
 }
 
 }

@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <new>
 
+namespace vostel {
+
 namespace {
 
 const std::size_t Page = 4096;
@@ -23,4 +25,6 @@ void DeleteFourierArray(float* array)
     // The block begins where the array's first page does.
     const std::uintptr_t offset = reinterpret_cast<std::uintptr_t>(array) % Page;
     ::operator delete (reinterpret_cast<unsigned char*>(array) - offset, std::align_val_t{Page});
+}
+
 }

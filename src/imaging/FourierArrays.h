@@ -7,6 +7,8 @@
 #include <cstddef>
 #include <memory>
 
+namespace vostel {
+
 const int FourierPlaces = 8;
 
 // count elements, not cleared.
@@ -18,3 +20,5 @@ struct FourierArrayDeleter {
     void operator()(float* array) const { DeleteFourierArray(array); }
 };
 using FourierArray = std::unique_ptr<float[], FourierArrayDeleter>;
+
+}

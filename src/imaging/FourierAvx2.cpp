@@ -2,6 +2,8 @@
 
 #include <immintrin.h>
 
+namespace vostel {
+
 namespace {
 
 struct Simd8 {
@@ -62,4 +64,6 @@ void FilterAvx2(const FourierRun& forward, const FourierRun& inverse)
     } else {
         Filter<Simd8, 4>(forward, inverse);
     }
+}
+
 }

@@ -2,6 +2,8 @@
 
 #include <immintrin.h>
 
+namespace vostel {
+
 namespace {
 
 struct Simd16 {
@@ -65,4 +67,6 @@ void FilterAvx512(const FourierRun& forward, const FourierRun& inverse)
         FilterAvx2(forward, inverse);
     else
         Filter<Simd16, 4>(forward, inverse);
+}
+
 }

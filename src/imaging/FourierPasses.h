@@ -9,9 +9,11 @@
 // takes table entry 2^t * (low * N / R + s * p), low being the bits of j below the one in use. Each value
 // sees the same operations in the same order as one stage at a time.
 
-#include "imaging/FourierForms.h"
+#include "imaging/FourierVariants.h"
 
 #include <cstddef>
+
+namespace vostel {
 
 namespace {
 
@@ -339,6 +341,8 @@ void Filter(const FourierRun& forward, const FourierRun& inverse)
     MiddlePass<Simd, K>(forward, inverse, pairs.Re[pairs.At], pairs.Im[pairs.At], pairs.Re[to], pairs.Im[to]);
     pairs.At = to;
     Finish<Simd>(inverse, pairs, K, 0);
+}
+
 }
 
 }

@@ -1,7 +1,9 @@
-#include "foundation/CpuForms.h"
-#include "imaging/FourierForms.h"
+#include "base/CpuVariants.h"
+#include "imaging/FourierVariants.h"
 
 #include <cstring>
+
+namespace vostel {
 
 void MultiplyComplex(float* re, float* im, const float* factorRe, const float* factorIm, int count)
 {
@@ -68,17 +70,19 @@ void FilterPlain(const FourierRun& forward, const FourierRun& inverse)
     TransformPlain(inverse);
 }
 
-FourierForm ActiveFourierForm()
+FourierVariant ActiveFourierVariant()
 {
 #if defined(__x86_64__) || defined(_M_X64)
-    switch (ActiveCpuForm()) {
-    case CpuForm::Avx512:
+    switch (ActiveCpuVariant()) {
+    case CpuVariant::Avx512:
         return {TransformAvx512, FilterAvx512};
-    case CpuForm::Avx2:
+    case CpuVariant::Avx2:
         return {TransformAvx2, FilterAvx2};
     default:
         break;
     }
 #endif
     return {TransformPlain, FilterPlain};
+}
+
 }

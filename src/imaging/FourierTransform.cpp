@@ -1,11 +1,13 @@
 #include "vostel/FourierTransform.h"
 
 #include "imaging/FourierArrays.h"
-#include "imaging/FourierForms.h"
+#include "imaging/FourierVariants.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+
+using namespace vostel;
 
 namespace {
 
@@ -116,7 +118,7 @@ void ZEKPP1DFFT::Run(bool scaled)
     run.Stages = Stages;
     run.Scaled = scaled;
     run.Scale = Scale;
-    ActiveFourierForm().Transform(run);
+    ActiveFourierVariant().Transform(run);
     if (EvenStages == 0) {
         // Packed fields cannot be bound to the references of std::swap.
         Re = run.OtherRe;

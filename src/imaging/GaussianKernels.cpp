@@ -6,6 +6,8 @@
 #include <cmath>
 #include <cstdint>
 
+using namespace vostel;
+
 namespace {
 
 // The library's circle constant, as it stands; a closer value would change kernels.

@@ -11,6 +11,8 @@
 #include <cstdint>
 #include <vector>
 
+using namespace vostel;
+
 namespace {
 
 using Plane = ClassData2DIO<float>;

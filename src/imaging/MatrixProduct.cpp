@@ -1,10 +1,12 @@
 #include "vostel/RasterFills.h"
 
-#include "foundation/CpuForms.h"
+#include "base/CpuVariants.h"
 #include "imaging/MatrixRows.h"
 #include "imaging/PlaneRows.h"
 
 #include <algorithm>
+
+namespace vostel {
 
 void MultiplyPlain(const MatrixBlock& block)
 {
@@ -26,13 +28,13 @@ void MultiplyPlain(const MatrixBlock& block)
     }
 }
 
-MatrixForm ActiveMatrixForm()
+MatrixVariant ActiveMatrixVariant()
 {
 #if defined(__x86_64__) || defined(_M_X64)
-    switch (ActiveCpuForm()) {
-    case CpuForm::Avx512:
+    switch (ActiveCpuVariant()) {
+    case CpuVariant::Avx512:
         return MultiplyAvx512;
-    case CpuForm::Avx2:
+    case CpuVariant::Avx2:
         return MultiplyAvx2;
     default:
         break;
@@ -40,6 +42,10 @@ MatrixForm ActiveMatrixForm()
 #endif
     return MultiplyPlain;
 }
+
+}
+
+using namespace vostel;
 
 void MatrixMul(ClassData2DIO<float>& a, ClassData2DIO<float>& b, ClassData2DIO<float>& c)
 {
@@ -50,7 +56,7 @@ void MatrixMul(ClassData2DIO<float>& a, ClassData2DIO<float>& b, ClassData2DIO<f
     if (CountOf(a) == 0 || CountOf(b) == 0)
         std::fill_n(product.Ptr1D, CountOf(product), 0.0f);
     else
-        ActiveMatrixForm()(
+        ActiveMatrixVariant()(
             {a.Ptr1D, a.Width, b.Ptr1D, b.Width, product.Ptr1D, product.Width, a.Height, b.Width});
     TakeBuffers(c, product);
 }

@@ -4,6 +4,8 @@
 
 #include <cstddef>
 
+namespace vostel {
+
 // Rows of the product: each sum is a 32-bit float from 0.0 that takes its terms with k ascending. The columns
 // are those that the pointers start at.
 struct MatrixBlock {
@@ -17,11 +19,13 @@ struct MatrixBlock {
     std::ptrdiff_t Columns;
 };
 
-using MatrixForm = void (*)(const MatrixBlock& block);
+using MatrixVariant = void (*)(const MatrixBlock& block);
 
-// The form that ActiveCpuForm names at the time of the call.
-MatrixForm ActiveMatrixForm();
+// The form that ActiveCpuVariant names at the time of the call.
+MatrixVariant ActiveMatrixVariant();
 
 void MultiplyPlain(const MatrixBlock& block);
 void MultiplyAvx2(const MatrixBlock& block);
 void MultiplyAvx512(const MatrixBlock& block);
+
+}

@@ -2,6 +2,8 @@
 
 #include <immintrin.h>
 
+namespace vostel {
+
 namespace {
 
 struct Simd8 {
@@ -20,4 +22,6 @@ struct Simd8 {
 void MultiplyAvx2(const MatrixBlock& block)
 {
     Multiply<Simd8, 2>(block);
+}
+
 }

@@ -2,6 +2,8 @@
 
 #include <immintrin.h>
 
+namespace vostel {
+
 namespace {
 
 struct Simd16 {
@@ -20,4 +22,6 @@ struct Simd16 {
 void MultiplyAvx512(const MatrixBlock& block)
 {
     Multiply<Simd16, 4>(block);
+}
+
 }

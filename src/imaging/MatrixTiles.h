@@ -7,6 +7,8 @@
 
 #include <cstddef>
 
+namespace vostel {
+
 namespace {
 
 template <class Simd, int Rows, int Vectors>
@@ -66,6 +68,8 @@ void Multiply(const MatrixBlock& block)
     rest.C += column;
     rest.Columns -= column;
     MultiplyPlain(rest);
+}
+
 }
 
 }

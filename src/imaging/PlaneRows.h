@@ -7,6 +7,8 @@
 
 #include <cstddef>
 
+namespace vostel {
+
 // The row as the row table has it; a host's view may come without a table.
 template <typename T>
 T* RowOf(const StructData2D<T>& data, int y)
@@ -31,4 +33,6 @@ void TakeBuffers(ClassData2DIO<T>& target, ClassData2DIO<T>& fresh)
     fresh.Ptr1D = nullptr;
     fresh.Ptr2D = nullptr;
     fresh.Release();
+}
+
 }

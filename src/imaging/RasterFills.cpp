@@ -1,13 +1,15 @@
 #include "vostel/RasterFills.h"
 
-#include "foundation/Truncate.h"
+#include "base/PixelFill.h"
+#include "base/Truncate.h"
 #include "imaging/BoundaryChain.h"
-#include "output/WordRows.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
+
+using namespace vostel;
 
 namespace {
 
@@ -20,7 +22,7 @@ bool IsEmpty(const ClassData2DIO<int>& plane)
 
 // Fills columns first..last, both included, of a row that lies in the plane.
 void FillRun(ClassData2DIO<int>& plane, std::int64_t row, std::int64_t first, std::int64_t last, int value,
-             bool pastCaches)
+             bool streaming)
 {
     constexpr std::int64_t Short = 32;    // not worth a call
     first = std::max<std::int64_t>(first, 0);
@@ -34,8 +36,8 @@ void FillRun(ClassData2DIO<int>& plane, std::int64_t row, std::int64_t first, st
             target[i] = value;
         return;
     }
-    FillWords(reinterpret_cast<std::uint32_t*>(target), static_cast<std::size_t>(count),
-              static_cast<std::uint32_t>(value), pastCaches);
+    FillPixels(reinterpret_cast<std::uint32_t*>(target), static_cast<std::size_t>(count),
+               static_cast<std::uint32_t>(value), streaming);
 }
 
 // Ends in a row from which on marking their columns beats comparing them.
@@ -263,7 +265,7 @@ void FillPolygon(ClassData2DIO<int>& plane, std::vector<Point>& points, int valu
         if (ends.End(row) - ends.Begin(row) < ManyInRow)
             words += SortFewEnds(ends.Begin(row), ends.End(row));
     }
-    const bool pastCaches = WritesPastCaches(words * sizeof(int));
+    const bool streaming = UsesStreamingStores(words * sizeof(int));
     for (std::size_t row = 0; row < ends.Rows(); ++row) {
         const std::int64_t y = ends.Top + static_cast<std::int64_t>(row);
         const int* const   end = ends.End(row);
@@ -272,10 +274,10 @@ void FillPolygon(ClassData2DIO<int>& plane, std::vector<Point>& points, int valu
             continue;
         }
         for (const int* at = ends.Begin(row); at + 1 < end; at += 2)
-            FillRun(plane, y, at[0], at[1], value, pastCaches);
+            FillRun(plane, y, at[0], at[1], value, streaming);
     }
-    if (pastCaches)
-        WordFence();
+    if (streaming)
+        FenceStreamingStores();
     constexpr std::size_t Kept = std::size_t{1} << 22;
     if (ends.Columns.capacity() > Kept)
         std::vector<int>().swap(ends.Columns);

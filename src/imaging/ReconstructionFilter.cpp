@@ -2,10 +2,12 @@
 
 #include "foundation/ArrayLength.h"
 #include "imaging/FourierArrays.h"
-#include "imaging/FourierForms.h"
+#include "imaging/FourierVariants.h"
 
 #include <cstdlib>
 #include <cstring>
+
+using namespace vostel;
 
 namespace {
 
@@ -96,7 +98,7 @@ void ZEKFilter1DForRec(ClassData2DIO<float>* image, float spacing)
     inverse.FactorIm = kernel.Im;
     inverse.RealHalf = 2LL * width - 1 <= length / 2;
     const float* const result = re.get();    // two runs: an even number of exchanges
-    const auto         filter = ActiveFourierForm().Filter;
+    const auto         filter = ActiveFourierVariant().Filter;
     for (int y = 0; y < image->Height; ++y) {
         forward.Row = image->Ptr2D[y];
         if (y + 1 < image->Height)

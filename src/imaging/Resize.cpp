@@ -1,7 +1,7 @@
 #include "vostel/Resize.h"
 
+#include "base/Truncate.h"
 #include "foundation/RowThreads.h"
-#include "foundation/Truncate.h"
 #include "imaging/PlaneRows.h"
 #include "imaging/ResizeRows.h"
 
@@ -10,6 +10,8 @@
 #include <cstdint>
 #include <utility>
 #include <vector>
+
+using namespace vostel;
 
 namespace {
 
@@ -51,7 +53,7 @@ public:
     Scaling(const ClassData2DIO<float>& source, ClassData2DIO<float>& target)
         : Source(source), Target(target), Across(CountOf(source) > 0 ? source.Width : 0, target.Width),
           Down(CountOf(source) > 0 ? source.Height : 0, target.Height), StepAcross(Across.WholeStep()),
-          Form(ActiveResizeForm())
+          Form(ActiveResizeVariant())
     {
     }
 
@@ -102,7 +104,7 @@ private:
     Axis                        Across;
     Axis                        Down;
     int                         StepAcross;
-    const ResizeForm&           Form;
+    const ResizeVariant&        Form;
 };
 
 template <typename DoAllRows>

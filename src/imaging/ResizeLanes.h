@@ -6,6 +6,8 @@
 
 #include "imaging/ResizeRows.h"
 
+namespace vostel {
+
 namespace {
 
 // How the samples of neighbouring columns, one per lane, are fetched, left ones and right ones.
@@ -144,6 +146,8 @@ void SpreadAndBlend(const float* topSource, const float* bottomSource, const Res
         StoreBlend<Simd>(target + x + Simd::Lanes / 2, topHigh, bottomHigh, upper, lower);
     }
     ResizePlain.SpreadAndBlend(topSource, bottomSource, From(columns, x), fraction, target + x);
+}
+
 }
 
 }

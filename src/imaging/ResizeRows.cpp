@@ -1,6 +1,8 @@
 #include "imaging/ResizeRows.h"
 
-#include "foundation/CpuForms.h"
+#include "base/CpuVariants.h"
+
+namespace vostel {
 
 namespace {
 
@@ -39,19 +41,21 @@ void SpreadAndBlend(const float* topSource, const float* bottomSource, const Res
 
 }
 
-const ResizeForm ResizePlain = {Spread, Blend, SpreadAndBlend};
+const ResizeVariant ResizePlain = {Spread, Blend, SpreadAndBlend};
 
-const ResizeForm& ActiveResizeForm()
+const ResizeVariant& ActiveResizeVariant()
 {
 #if defined(__x86_64__) || defined(_M_X64)
-    switch (ActiveCpuForm()) {
-    case CpuForm::Avx512:
+    switch (ActiveCpuVariant()) {
+    case CpuVariant::Avx512:
         return ResizeAvx512;
-    case CpuForm::Avx2:
+    case CpuVariant::Avx2:
         return ResizeAvx2;
     default:
         break;
     }
 #endif
     return ResizePlain;
+}
+
 }

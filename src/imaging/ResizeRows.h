@@ -1,3 +1,7 @@
+
+
+namespace vostel {
+
 #pragma once
 
 // The two steps of bilinear scaling, row by row: a source row at the target's spacing, and a target row
@@ -12,7 +16,7 @@ struct ResizeColumns {
     int          WholeStep;    // columns lie just on every so many samples, all fractions 0; else 0
 };
 
-struct ResizeForm {
+struct ResizeVariant {
     // spread[x] = double(s[i]) * (1.0 - double(t)) + double(float(t * s[i + 1]))
     void (*Spread)(const float* source, const ResizeColumns& columns, double* spread);
     // target[x] = float(top[x] * (1.0 - double(t)) + bottom[x] * double(t))
@@ -24,9 +28,11 @@ struct ResizeForm {
                            float fraction, float* target);
 };
 
-// The form that ActiveCpuForm names at the time of the call.
-const ResizeForm& ActiveResizeForm();
+// The form that ActiveCpuVariant names at the time of the call.
+const ResizeVariant& ActiveResizeVariant();
 
-extern const ResizeForm ResizePlain;
-extern const ResizeForm ResizeAvx2;
-extern const ResizeForm ResizeAvx512;
+extern const ResizeVariant ResizePlain;
+extern const ResizeVariant ResizeAvx2;
+extern const ResizeVariant ResizeAvx512;
+
+}

@@ -2,6 +2,8 @@
 
 #include <immintrin.h>
 
+namespace vostel {
+
 namespace {
 
 struct Simd8 {
@@ -68,4 +70,6 @@ struct Simd8 {
 
 }
 
-const ResizeForm ResizeAvx2 = {Spread<Simd8>, Blend<Simd8>, SpreadAndBlend<Simd8>};
+const ResizeVariant ResizeAvx2 = {Spread<Simd8>, Blend<Simd8>, SpreadAndBlend<Simd8>};
+
+}

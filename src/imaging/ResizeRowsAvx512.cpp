@@ -2,6 +2,8 @@
 
 #include <immintrin.h>
 
+namespace vostel {
+
 namespace {
 
 struct Simd16 {
@@ -60,4 +62,6 @@ struct Simd16 {
 
 }
 
-const ResizeForm ResizeAvx512 = {Spread<Simd16>, Blend<Simd16>, SpreadAndBlend<Simd16>};
+const ResizeVariant ResizeAvx512 = {Spread<Simd16>, Blend<Simd16>, SpreadAndBlend<Simd16>};
+
+}

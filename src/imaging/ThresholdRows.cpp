@@ -1,6 +1,8 @@
 #include "imaging/ThresholdRows.h"
 
-#include "foundation/CpuForms.h"
+#include "base/CpuVariants.h"
+
+namespace vostel {
 
 namespace {
 
@@ -32,19 +34,21 @@ void DecideInDouble(const int* columns, int side, int before, int scale, const u
 
 }
 
-const ThresholdForm ThresholdPlain = {Slide, Decide, DecideInDouble};
+const ThresholdVariant ThresholdPlain = {Slide, Decide, DecideInDouble};
 
-const ThresholdForm& ActiveThresholdForm()
+const ThresholdVariant& ActiveThresholdVariant()
 {
 #if defined(__x86_64__) || defined(_M_X64)
-    switch (ActiveCpuForm()) {
-    case CpuForm::Avx512:
+    switch (ActiveCpuVariant()) {
+    case CpuVariant::Avx512:
         return ThresholdAvx512;
-    case CpuForm::Avx2:
+    case CpuVariant::Avx2:
         return ThresholdAvx2;
     default:
         break;
     }
 #endif
     return ThresholdPlain;
+}
+
 }

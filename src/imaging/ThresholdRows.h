@@ -1,3 +1,7 @@
+
+
+namespace vostel {
+
 #pragma once
 
 // The two passes over a row of the adaptive threshold, for squares whose sums fit in 31 bits.
@@ -9,7 +13,7 @@
 // less than the quarter of a last place that would be lost), or at least 1/20 from one, where the product's
 // error does not reach.
 
-struct ThresholdForm {
+struct ThresholdVariant {
     // columns[x] += factor * (entering[x] - leaving[x])
     void (*Slide)(int* columns, int factor, const unsigned char* entering, const unsigned char* leaving,
                   int width);
@@ -22,9 +26,11 @@ struct ThresholdForm {
                            unsigned char* target, int width);
 };
 
-// The form that ActiveCpuForm names at the time of the call.
-const ThresholdForm& ActiveThresholdForm();
+// The form that ActiveCpuVariant names at the time of the call.
+const ThresholdVariant& ActiveThresholdVariant();
 
-extern const ThresholdForm ThresholdPlain;
-extern const ThresholdForm ThresholdAvx2;
-extern const ThresholdForm ThresholdAvx512;
+extern const ThresholdVariant ThresholdPlain;
+extern const ThresholdVariant ThresholdAvx2;
+extern const ThresholdVariant ThresholdAvx512;
+
+}

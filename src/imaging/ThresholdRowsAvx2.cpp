@@ -2,6 +2,8 @@
 
 #include <immintrin.h>
 
+namespace vostel {
+
 namespace {
 
 __m256i Load(const int* from)
@@ -99,4 +101,6 @@ void DecideInDouble(const int* columns, int side, int before, int scale, const u
 
 }
 
-const ThresholdForm ThresholdAvx2 = {Slide, Decide, DecideInDouble};
+const ThresholdVariant ThresholdAvx2 = {Slide, Decide, DecideInDouble};
+
+}

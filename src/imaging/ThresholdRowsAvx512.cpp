@@ -2,6 +2,8 @@
 
 #include <immintrin.h>
 
+namespace vostel {
+
 namespace {
 
 __m512i LoadBytes(const unsigned char* from)
@@ -90,4 +92,6 @@ void DecideInDouble(const int* columns, int side, int before, int scale, const u
 
 }
 
-const ThresholdForm ThresholdAvx512 = {Slide, Decide, DecideInDouble};
+const ThresholdVariant ThresholdAvx512 = {Slide, Decide, DecideInDouble};
+
+}

@@ -1,9 +1,13 @@
 #include "instruments/TextExtent.h"
 
+namespace vostel {
+
 CRect TextExtent(HDC dc, const CString& text)
 {
     CRect extent;
     if (!text.IsEmpty() && GetCurrentObject(dc, OBJ_BITMAP))
         DrawTextW(dc, text, text.GetLength(), &extent, DT_CALCRECT);
     return extent;
+}
+
 }

@@ -1,6 +1,8 @@
 #include "instruments/VostelFixedRect.h"
 
-#include "foundation/Truncate.h"
+#include "base/Truncate.h"
+
+namespace vostel {
 
 namespace {
 
@@ -65,4 +67,6 @@ void VostelFixedRect::UpdateAnchoredRect()
     ClientBox.right = WrapAdd(ClientBox.left, FixedWidth);
     ClientBox.bottom = WrapSub(WrapSub(WrapSub(client.bottom, BottomMargin), client.top), 1);
     ClientBox.top = WrapSub(ClientBox.bottom, FixedHeight);
+}
+
 }

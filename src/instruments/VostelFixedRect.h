@@ -2,6 +2,8 @@
 
 #include "overlay/VostelObj.h"
 
+namespace vostel {
+
 // A rectangle anchored to the bottom of the client area with margins in client px; it neither pans nor zooms
 // with the image. ClientBox of the base is the control's rectangle.
 class VostelFixedRect : public VostelObj {
@@ -24,3 +26,5 @@ public:
     // Rebuilds ClientBox from the margins and the view's client rectangle; needs a view.
     virtual void UpdateAnchoredRect();
 };
+
+}

@@ -1,8 +1,10 @@
 #include "instruments/VostelImaInfo.h"
 
-#include "canvas/VostelImage.h"
+#include "base/Truncate.h"
+#include "canvas/view/ImageValues.h"
 #include "foundation/FormatText.h"
-#include "foundation/Truncate.h"
+
+namespace vostel {
 
 namespace {
 
@@ -26,22 +28,23 @@ void VostelImaInfo::OnMouseMove(unsigned int flags, CPoint point)
     const PointTemplateBase<double> at = ClientToImage(HoverPoint);
     AddTextLine(FormatText(L"%d %d", TruncToInt(at.x), TruncToInt(at.y)));
 
-    const CanvasView& view = OwnerImage->View;
+    const CanvasView& view = OwnerImage->ShownView();
     const double      x = Clamped(at.x, view.ImageWidth);
     const double      y = Clamped(at.y, view.ImageHeight);
-    if (OwnerImage->CurrentFileType == FileTypeRaw) {
-        AddTextLine(
-            FormatText(L"ori raw value = %5.3f",
-                       static_cast<double>(ValueAt(OwnerImage->RawOri, TruncToInt(x), TruncToInt(y)))));
+    if (OwnerImage->ShownType() == FileTypeRaw) {
+        AddTextLine(FormatText(L"ori raw value = %5.3f",
+                               static_cast<double>(OwnerImage->OriginalAt(TruncToInt(x), TruncToInt(y)))));
         AddTextLine(FormatText(L"raw value = %5.3f",
-                               static_cast<double>(ValueAt(OwnerImage->Raw, TruncToInt(x), TruncToInt(y)))));
-    } else if (OwnerImage->CurrentFileType == FileTypeByte) {
+                               static_cast<double>(OwnerImage->StretchedAt(TruncToInt(x), TruncToInt(y)))));
+    } else if (OwnerImage->ShownType() == FileTypeByte) {
         // Rows count from the bottom, and the difference is truncated, not the position.
         const unsigned int word =
-            OwnerImage->CanvasSurface.WordAt(TruncToInt(x), TruncToInt(view.ImageHeight - 1 - y));
+            OwnerImage->SurfacePixelAt(TruncToInt(x), TruncToInt(view.ImageHeight - 1 - y));
         AddTextLine(FormatText(L"R = %d G=%d B=%d", static_cast<int>(word >> 16 & 0xFF),
                                static_cast<int>(word >> 8 & 0xFF), static_cast<int>(word & 0xFF)));
     } else {
         AddTextLine(L"没有图像数据");
     }
+}
+
 }

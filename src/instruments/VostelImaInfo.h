@@ -2,8 +2,12 @@
 
 #include "instruments/VostelTextML.h"
 
+namespace vostel {
+
 // The read-out window: on every mouse move its lines tell the image position and the value under the cursor.
 class VostelImaInfo : public VostelTextML {
 public:
     void OnMouseMove(unsigned int flags, CPoint point) override;
 };
+
+}

@@ -1,10 +1,12 @@
 #include "instruments/VostelLineProfile.h"
 
-#include "canvas/HitTests.h"
-#include "canvas/VostelImage.h"
-#include "foundation/Truncate.h"
+#include "base/Truncate.h"
+#include "canvas/view/HitTests.h"
+#include "canvas/view/ImageValues.h"
 
 #include <cmath>
+
+namespace vostel {
 
 namespace {
 
@@ -65,14 +67,14 @@ void VostelLineProfile::SetPlacement(float x, float y, float w, float h)
 void VostelLineProfile::OnDraw(HDC dc)
 {
     VostelSingleLine::OnDraw(dc);
-    if (OwnerImage && OwnerImage->CurrentFileType != FileTypeNone)
+    if (OwnerImage && OwnerImage->ShownType() != FileTypeNone)
         ProfilePlot.OnDraw(dc);
 }
 
 ClassData2DIO<float> VostelLineProfile::Samples() const
 {
     ClassData2DIO<float> samples;
-    if (ImagePoints.size() != 2 || !OwnerImage || OwnerImage->CurrentFileType == FileTypeNone)
+    if (ImagePoints.size() != 2 || !OwnerImage || OwnerImage->ShownType() == FileTypeNone)
         return samples;
     const PointTemplateBase<double>& from = ImagePoints[0];
     const PointTemplateBase<double>& to = ImagePoints[1];
@@ -84,19 +86,20 @@ ClassData2DIO<float> VostelLineProfile::Samples() const
     const int    count = TruncToInt(std::floor(length));
     const double dx = (to.x - from.x) / static_cast<double>(length);
     const double dy = (to.y - from.y) / static_cast<double>(length);
-    const bool   raw = OwnerImage->CurrentFileType != FileTypeByte;
-    const int    width = OwnerImage->CanvasWidth;
-    const int    height = OwnerImage->CanvasHeight;
+    const bool   raw = OwnerImage->ShownType() != FileTypeByte;
+    const int    width = OwnerImage->ShownWidth();
+    const int    height = OwnerImage->ShownHeight();
     samples.Allocate(count, 1);
     for (int i = 0; i < count; ++i) {
         const int x = TruncToInt(static_cast<double>(i) * dx + from.x);
         const int y = TruncToInt(static_cast<double>(i) * dy + from.y);
         // Ends that a smaller image has left outside come back in with the next move of the line alone.
         const bool inside = x >= 0 && x < width && y >= 0 && y < height;
-        samples.Ptr1D[i] =
-            !inside ? 0.0f
-            : raw   ? ValueAt(OwnerImage->RawOri, x, y)
-                    : static_cast<float>(OwnerImage->CanvasSurface.WordAt(x, height - y - 1) & 0xFF);
+        samples.Ptr1D[i] = !inside ? 0.0f
+                           : raw   ? OwnerImage->OriginalAt(x, y)
+                                   : static_cast<float>(OwnerImage->SurfacePixelAt(x, height - y - 1) & 0xFF);
     }
     return samples;
+}
+
 }

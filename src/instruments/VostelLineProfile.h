@@ -3,6 +3,8 @@
 #include "overlay/VostelCanvas.h"
 #include "overlay/VostelSingleLine.h"
 
+namespace vostel {
+
 // A line on the image with a plot window beside it: while the mouse moves, the samples under the line are
 // read from the image and plotted, one an image pixel of length from the first end on. The values are those
 // of the data as it came, whatever the contrast.
@@ -24,3 +26,5 @@ public:
 private:
     ClassData2DIO<float> Samples() const;
 };
+
+}

@@ -1,9 +1,11 @@
 #include "instruments/VostelMeasureAngle.h"
 
-#include "canvas/HitTests.h"
+#include "canvas/view/HitTests.h"
 #include "foundation/FormatText.h"
 
 #include <cmath>
+
+namespace vostel {
 
 namespace {
 
@@ -53,4 +55,6 @@ CString VostelMeasureAngle::AngleText(double ax, double ay, double bx, double by
 void VostelMeasureAngle::DrawConnector(CPoint from)
 {
     Kit.DrawLine(from, Label.NearestCorner(from), 0, 0, PS_DOT);
+}
+
 }

@@ -3,6 +3,8 @@
 #include "instruments/VostelTextRect.h"
 #include "overlay/VostelMPoint.h"
 
+namespace vostel {
+
 // What the two angle measures share: a caption in a text box of its own that takes every press, move and
 // release too, so that it can be dragged as a box, and a dotted connector to it.
 class VostelMeasureAngle : public VostelMPoint {
@@ -23,3 +25,5 @@ protected:
     static CString AngleText(double ax, double ay, double bx, double by);
     void           DrawConnector(CPoint from);
 };
+
+}

@@ -1,6 +1,8 @@
 #include "instruments/VostelMeasureAngle3Pts.h"
 
-#include "canvas/HitTests.h"
+#include "canvas/view/HitTests.h"
+
+namespace vostel {
 
 namespace {
 
@@ -69,4 +71,6 @@ CString VostelMeasureAngle3Pts::Caption() const
     const PointTemplateBase<double>& vertex = ImagePoints[0];
     return AngleText(vertex.x - ImagePoints[1].x, vertex.y - ImagePoints[1].y, vertex.x - ImagePoints[2].x,
                      vertex.y - ImagePoints[2].y);
+}
+
 }

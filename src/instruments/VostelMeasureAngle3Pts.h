@@ -2,6 +2,8 @@
 
 #include "instruments/VostelMeasureAngle.h"
 
+namespace vostel {
+
 // The angle at a vertex, the first point, between two arms. Measured on image points.
 class VostelMeasureAngle3Pts : public VostelMeasureAngle {
 public:
@@ -15,3 +17,5 @@ public:
 private:
     CString Caption() const;
 };
+
+}

@@ -1,9 +1,11 @@
 #include "instruments/VostelMeasureAngle4Pts.h"
 
-#include "canvas/HitTests.h"
-#include "foundation/Truncate.h"
+#include "base/Truncate.h"
+#include "canvas/view/HitTests.h"
 
 #include <cstdint>
+
+namespace vostel {
 
 namespace {
 
@@ -115,4 +117,6 @@ CString VostelMeasureAngle4Pts::Caption() const
 {
     return AngleText(WrapSub(Cross.x, ClientPoints[0].x), WrapSub(Cross.y, ClientPoints[0].y),
                      WrapSub(Cross.x, ClientPoints[2].x), WrapSub(Cross.y, ClientPoints[2].y));
+}
+
 }

@@ -2,6 +2,8 @@
 
 #include "instruments/VostelMeasureAngle.h"
 
+namespace vostel {
+
 // The angle between two lines given by two points each, at the point where they meet. Measured on client
 // points: at high zoom the third decimal differs from that of the three-point form.
 class VostelMeasureAngle4Pts : public VostelMeasureAngle {
@@ -22,3 +24,5 @@ private:
     void    RefreshCross();
     CString Caption() const;
 };
+
+}

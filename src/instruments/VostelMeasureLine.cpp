@@ -1,10 +1,12 @@
 #include "instruments/VostelMeasureLine.h"
 
-#include "canvas/HitTests.h"
+#include "base/Truncate.h"
+#include "canvas/view/HitTests.h"
 #include "foundation/FormatText.h"
-#include "foundation/Truncate.h"
 
 #include <cmath>
+
+namespace vostel {
 
 VostelMeasureLine::VostelMeasureLine()
 {
@@ -80,4 +82,6 @@ CString VostelMeasureLine::Caption() const
         length = std::sqrt(dx * dx + dy * dy);
     }
     return FormatText(L"长度 = %4.3f mm", length * MeasureScale);
+}
+
 }

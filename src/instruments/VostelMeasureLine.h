@@ -3,6 +3,8 @@
 #include "instruments/VostelTextRect.h"
 #include "overlay/VostelSingleLine.h"
 
+namespace vostel {
+
 // A length with a live caption in a text box of its own, joined to the line by a dotted connector. The
 // caption is placed at the first release after the line has its two points; from then on its place is the
 // user's.
@@ -25,3 +27,5 @@ public:
 private:
     CString Caption() const;
 };
+
+}

@@ -1,8 +1,10 @@
 #include "instruments/VostelNeighborV.h"
 
-#include "canvas/VostelImage.h"
+#include "base/Truncate.h"
+#include "canvas/view/ImageValues.h"
 #include "foundation/FormatText.h"
-#include "foundation/Truncate.h"
+
+namespace vostel {
 
 VostelNeighborV::VostelNeighborV()
 {
@@ -54,6 +56,8 @@ void VostelNeighborV::SetPlacement(float x, float y, float w, float h)
 void VostelNeighborV::OnDraw(HDC dc)
 {
     BindKit(dc);
-    if (OwnerImage && OwnerImage->CurrentFileType != FileTypeNone)
+    if (OwnerImage && OwnerImage->ShownType() != FileTypeNone)
         Box.OnDraw(dc);
+}
+
 }

@@ -2,6 +2,8 @@
 
 #include "instruments/VostelTextML.h"
 
+namespace vostel {
+
 // A read-out box with a grid of five by five pixel values round the cursor. The grid steps by client px: it
 // shows what lies under the cursor on the screen, so that at a high scale neighbouring cells show one image
 // pixel and at a low one cells skip image pixels.
@@ -19,3 +21,5 @@ public:
     void SetPlacement(float x, float y, float w, float h) override;
     void OnDraw(HDC dc) override;
 };
+
+}

@@ -1,6 +1,8 @@
 #include "instruments/VostelProgress.h"
 
-#include "foundation/Truncate.h"
+#include "base/Truncate.h"
+
+namespace vostel {
 
 // An empty range gives no finite width, and a position beyond the range runs the bar beyond the control; both
 // are left as they come out.
@@ -20,4 +22,6 @@ void VostelProgress::OnDraw(HDC dc)
     VostelFixedRect::OnDraw(dc);
     RefreshClientGeometry();
     Kit.FillSolid(BarRect, RGB(100, 100, 100));
+}
+
 }

@@ -2,6 +2,8 @@
 
 #include "instruments/VostelFixedRect.h"
 
+namespace vostel {
+
 // The progress bar on the canvas.
 class VostelProgress : public VostelFixedRect {
 public:
@@ -13,3 +15,5 @@ public:
     void RefreshClientGeometry() override;
     void OnDraw(HDC dc) override;
 };
+
+}

@@ -1,8 +1,10 @@
 #include "instruments/VostelSlider.h"
 
-#include "foundation/Truncate.h"
+#include "base/Truncate.h"
 
 #include <algorithm>
+
+namespace vostel {
 
 namespace {
 
@@ -120,4 +122,6 @@ void VostelSlider::OnDraw(HDC dc)
     Kit.FillSolid(LowThumbRect, RGB(80, 80, 80));
     if (!SingleThumb)
         Kit.FillSolid(HighThumbRect, RGB(220, 220, 220));
+}
+
 }

@@ -2,6 +2,8 @@
 
 #include "instruments/VostelFixedRect.h"
 
+namespace vostel {
+
 // The contrast slider on the canvas: two thumbs on a track that hold a display window in 0..1, with a caption
 // box at the left. The thumbs never pass each other; they stay at least one thumb's width of travel apart.
 class VostelSlider : public VostelFixedRect {
@@ -37,3 +39,5 @@ public:
 private:
     CRect ThumbRect(float position) const;
 };
+
+}

@@ -1,9 +1,11 @@
 #include "instruments/VostelTextML.h"
 
-#include "foundation/Truncate.h"
+#include "base/Truncate.h"
 #include "instruments/TextExtent.h"
 
 #include <algorithm>
+
+namespace vostel {
 
 namespace {
 
@@ -59,4 +61,6 @@ void VostelTextML::AddTextLine(CString line)
 void VostelTextML::ClearLines()
 {
     Lines.clear();
+}
+
 }

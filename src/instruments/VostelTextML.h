@@ -2,6 +2,8 @@
 
 #include "overlay/VostelMovableRect.h"
 
+namespace vostel {
+
 // A movable box of text lines, sized to its text at each paint, without frame or fill.
 class VostelTextML : public VostelMovableRect {
 public:
@@ -16,3 +18,5 @@ public:
 
     void ClearLines();
 };
+
+}

@@ -1,7 +1,9 @@
 #include "instruments/VostelTextRect.h"
 
-#include "foundation/Truncate.h"
+#include "base/Truncate.h"
 #include "instruments/TextExtent.h"
+
+namespace vostel {
 
 VostelTextRect::VostelTextRect()
 {
@@ -129,4 +131,6 @@ void VostelTextRect::PlaceMeasured(const CRect& extent)
         ClientBox = NormalisedBox(ClientPoints[0], ClientPoints[1]);
         InflateRect(&ClientBox, 3, 3);
     }
+}
+
 }

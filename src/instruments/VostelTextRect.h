@@ -2,6 +2,8 @@
 
 #include "overlay/VostelSizeFixedRect.h"
 
+namespace vostel {
+
 // One line of text in a box that is tied to an image position and can be dragged. The box keeps its size on
 // the screen; only its first point is tied to the image.
 //
@@ -34,3 +36,5 @@ public:
 private:
     void PlaceMeasured(const CRect& extent);
 };
+
+}

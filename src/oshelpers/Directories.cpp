@@ -10,6 +10,8 @@
 #include <string>
 #include <string_view>
 
+using namespace vostel;
+
 namespace {
 
 const wchar_t* const Cancelled = L"NULL";

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cstring>
 
+using namespace vostel;
+
 namespace {
 
 const unsigned long UnknownSize = 0xFFFFFFFFul;

@@ -1,14 +1,16 @@
 #include "output/ContrastRows.h"
 
-#include "foundation/CpuForms.h"
-#include "foundation/Truncate.h"
-#include "output/ContrastRowsForms.h"
-#include "output/FloatRangeForms.h"
-#include "output/WordRows.h"
+#include "base/CpuVariants.h"
+#include "base/PixelFill.h"
+#include "base/Truncate.h"
+#include "output/ContrastRowsVariants.h"
+#include "output/FloatRangeVariants.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+
+namespace vostel {
 
 namespace {
 
@@ -112,12 +114,12 @@ void ContrastRowLabelledPlain(const ContrastTable& table, const float* raw, unsi
             pixels[x] = table.Gray[TruncToUShort(raw[x])] * 0x010101u;
 }
 
-const ContrastRowsForms& ActiveContrastRowsForms()
+const ContrastRowsVariants& ActiveContrastRowsVariants()
 {
-    static const ContrastRowsForms plain = {ContrastRowPlain, ContrastRowLabelledPlain};
+    static const ContrastRowsVariants plain = {ContrastRowPlain, ContrastRowLabelledPlain};
 #if defined(__x86_64__) || defined(_M_X64)
-    static const ContrastRowsForms avx2 = {ContrastRowAvx2, ContrastRowLabelledAvx2};
-    if (ActiveCpuForm() >= CpuForm::Avx2)    // wider registers do not pay: memory is the limit
+    static const ContrastRowsVariants avx2 = {ContrastRowAvx2, ContrastRowLabelledAvx2};
+    if (ActiveCpuVariant() >= CpuVariant::Avx2)    // wider registers do not pay: memory is the limit
         return avx2;
 #endif
     return plain;
@@ -139,45 +141,45 @@ struct Redraw {
     void Run() const;
 
 private:
-    void ShowRow(std::size_t at, bool pastCaches, bool wholeLines) const;
-    void ShowRun(const float* values, std::size_t pixel, std::size_t count, bool pastCaches) const;
-    void KeepRun(std::size_t begin, std::size_t end, bool pastCaches) const;
+    void ShowRow(std::size_t at, bool streaming, bool wholeLines) const;
+    void ShowRun(const float* values, std::size_t pixel, std::size_t count, bool streaming) const;
+    void KeepRun(std::size_t begin, std::size_t end, bool streaming) const;
 };
 
-void Redraw::ShowRun(const float* values, std::size_t pixel, std::size_t count, bool pastCaches) const
+void Redraw::ShowRun(const float* values, std::size_t pixel, std::size_t count, bool streaming) const
 {
     alignas(64) float remapped[kBlock];
     if (Rule != nullptr) {
         // Remapped here and again for Raw: cheaper than a copy, the source is at hand in the first-level
         // cache.
-        ActiveFloatRangeForms().Remap(*Rule, values, remapped, count, false);
+        ActiveFloatRangeVariants().Remap(*Rule, values, remapped, count, false);
         values = remapped;
     }
-    ActiveContrastRowsForms().Row(Table, values, Pixels + pixel, count, pastCaches);
+    ActiveContrastRowsVariants().Row(Table, values, Pixels + pixel, count, streaming);
 }
 
 // Raw and Label for a run of data positions.
-void Redraw::KeepRun(std::size_t begin, std::size_t end, bool pastCaches) const
+void Redraw::KeepRun(std::size_t begin, std::size_t end, bool streaming) const
 {
     const bool inPlace = Source == Raw;
     if (Raw != nullptr && !(inPlace && Rule == nullptr)) {
         const LineRun run = inPlace ? LineRun{begin, end - begin} : WholeLines(Raw, begin, end, All);
         if (Rule != nullptr)
-            ActiveFloatRangeForms().Remap(*Rule, Source + run.Begin, Raw + run.Begin, run.Count,
-                                          pastCaches && !inPlace);
+            ActiveFloatRangeVariants().Remap(*Rule, Source + run.Begin, Raw + run.Begin, run.Count,
+                                             streaming && !inPlace);
         else
-            CopyWords(reinterpret_cast<const std::uint32_t*>(Source + run.Begin),
-                      reinterpret_cast<std::uint32_t*>(Raw + run.Begin), run.Count, pastCaches);
+            CopyPixels(reinterpret_cast<const std::uint32_t*>(Source + run.Begin),
+                       reinterpret_cast<std::uint32_t*>(Raw + run.Begin), run.Count, streaming);
     }
     if (Label != nullptr) {
         const LineRun run = WholeLines(Label, begin, end, All);
-        FillWords(reinterpret_cast<std::uint32_t*>(Label + run.Begin), run.Count, 1, pastCaches);
+        FillPixels(reinterpret_cast<std::uint32_t*>(Label + run.Begin), run.Count, 1, streaming);
     }
 }
 
 // The data row that starts at a position, onto its surface row. With wholeLines, the cache line that the
 // surface row shares with the one above it is written once, from this data row and the one before it.
-void Redraw::ShowRow(std::size_t at, bool pastCaches, bool wholeLines) const
+void Redraw::ShowRow(std::size_t at, bool streaming, bool wholeLines) const
 {
     const std::size_t surface = All - Row - at;
     const LineRun run = wholeLines ? WholeLines(Pixels, surface, surface + Row, All) : LineRun{surface, Row};
@@ -187,28 +189,28 @@ void Redraw::ShowRow(std::size_t at, bool pastCaches, bool wholeLines) const
     const float*      values = Source + at + skipped;
     for (std::size_t x = 0; x < own; x += kBlock) {
         const std::size_t count = std::min(kBlock, own - x);
-        ShowRun(values + x, run.Begin + x, count, pastCaches);
+        ShowRun(values + x, run.Begin + x, count, streaming);
         const bool last = x + count == own;
-        KeepRun(x == 0 ? at : at + skipped + x, last ? at + Row : at + skipped + x + count, pastCaches);
+        KeepRun(x == 0 ? at : at + skipped + x, last ? at + Row : at + skipped + x + count, streaming);
     }
     if (above > 0) {
         float shared[kLine];
         std::copy_n(values + own, kLine - above, shared);
         std::copy_n(Source + at - Row, above, shared + kLine - above);
-        ShowRun(shared, run.Begin + own, kLine, pastCaches);
+        ShowRun(shared, run.Begin + own, kLine, streaming);
     }
 }
 
 void Redraw::Run() const
 {
-    const bool pastCaches = WritesPastCaches(All * sizeof(std::uint32_t));
+    const bool streaming = UsesStreamingStores(All * sizeof(std::uint32_t));
     const bool inPlace = Source == Raw;    // then the data row before is remapped already
-    const bool wholeLines = pastCaches && !inPlace && Row >= 2 * kLine;
+    const bool wholeLines = streaming && !inPlace && Row >= 2 * kLine;
     // Upwards through the data: reading is what the processor has to guess ahead.
     for (std::size_t at = 0; at < All; at += Row)
-        ShowRow(at, pastCaches, wholeLines);
-    if (pastCaches)
-        WordFence();
+        ShowRow(at, streaming, wholeLines);
+    if (streaming)
+        FenceStreamingStores();
 }
 
 }
@@ -237,9 +239,11 @@ void ContrastShowLabelled(const ContrastTable& table, const float* raw, int widt
 {
     if (IsEmpty(width, height))
         return;
-    const ContrastRowsForms& forms = ActiveContrastRowsForms();
-    const std::size_t        row = static_cast<std::size_t>(width);
-    const std::size_t        all = row * static_cast<std::size_t>(height);
+    const ContrastRowsVariants& forms = ActiveContrastRowsVariants();
+    const std::size_t           row = static_cast<std::size_t>(width);
+    const std::size_t           all = row * static_cast<std::size_t>(height);
     for (std::size_t at = 0; at < all; at += row)
         forms.RowLabelled(table, raw + (all - row - at), pixels + at, label + at, row);
+}
+
 }

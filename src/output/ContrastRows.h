@@ -3,6 +3,8 @@
 #include "output/FloatRange.h"
 #include "vostel/DisplayMapping.h"
 
+namespace vostel {
+
 // Float planes onto a canvas surface through the contrast window. The planes of data lie top row first, the
 // surface and the label plane bottom row first, all without padding: data row Height - 1 - y goes to surface
 // row y. A pixel becomes g | g<<8 | g<<16, with g the low byte of entry trunc(value) & 0xFFFF of UsMap; not a
@@ -37,3 +39,5 @@ void ContrastShowLabelled(const ContrastTable& table, const float* raw, int widt
 // same plane, or disjoint.
 void ContrastShowRemapped(const ContrastTable& table, const RemapRule& rule, const float* source, float* raw,
                           int width, int height, unsigned* pixels, int* label);
+
+}

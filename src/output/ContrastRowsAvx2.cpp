@@ -1,7 +1,9 @@
-#include "output/ContrastRowsForms.h"
+#include "output/ContrastRowsVariants.h"
 
 #include <cstdint>
 #include <immintrin.h>
+
+namespace vostel {
 
 namespace {
 
@@ -86,10 +88,10 @@ void StreamLine(const Pixels& show, const float* raw, unsigned* pixels)
 
 // Whole runs; answers how many pixels were written.
 template <typename Pixels>
-std::size_t Row(const Pixels& show, const float* raw, unsigned* pixels, std::size_t count, bool pastCaches)
+std::size_t Row(const Pixels& show, const float* raw, unsigned* pixels, std::size_t count, bool streaming)
 {
     std::size_t x = 0;
-    if (pastCaches) {
+    if (streaming) {
         for (; x + 64 <= count; x += 64) {
             Prefetch(raw + x);
             for (std::size_t part = x; part < x + 64; part += 16)
@@ -127,15 +129,15 @@ std::size_t RowLabelled(const Pixels& show, const float* raw, unsigned* pixels, 
 }
 
 void ContrastRowAvx2(const ContrastTable& table, const float* raw, unsigned* pixels, std::size_t count,
-                     bool pastCaches)
+                     bool streaming)
 {
-    const std::size_t head = pastCaches ? PixelsToLine(pixels, count) : 0;
+    const std::size_t head = streaming ? PixelsToLine(pixels, count) : 0;
     ContrastRowPlain(table, raw, pixels, head, false);
     raw += head;
     pixels += head;
     count -= head;
-    const std::size_t x = table.IsRamp ? Row(RampPixels(table), raw, pixels, count, pastCaches)
-                                       : Row(TablePixels(table), raw, pixels, count, pastCaches);
+    const std::size_t x = table.IsRamp ? Row(RampPixels(table), raw, pixels, count, streaming)
+                                       : Row(TablePixels(table), raw, pixels, count, streaming);
     ContrastRowPlain(table, raw + x, pixels + x, count - x, false);
 }
 
@@ -145,4 +147,6 @@ void ContrastRowLabelledAvx2(const ContrastTable& table, const float* raw, unsig
     const std::size_t x = table.IsRamp ? RowLabelled(RampPixels(table), raw, pixels, label, count)
                                        : RowLabelled(TablePixels(table), raw, pixels, label, count);
     ContrastRowLabelledPlain(table, raw + x, pixels + x, label + x, count - x);
+}
+
 }

@@ -1,10 +1,12 @@
 #include "vostel/DisplayMapping.h"
 
-#include "foundation/Truncate.h"
+#include "base/Truncate.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <memory>
+
+using namespace vostel;
 
 namespace {
 

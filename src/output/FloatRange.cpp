@@ -1,12 +1,14 @@
 #include "output/FloatRange.h"
 
-#include "foundation/CpuForms.h"
-#include "output/FloatRangeForms.h"
-#include "output/WordRows.h"
+#include "base/CpuVariants.h"
+#include "base/PixelFill.h"
+#include "output/FloatRangeVariants.h"
 
 #include <cmath>
 #include <cstdint>
 #include <cstring>
+
+namespace vostel {
 
 namespace {
 
@@ -31,13 +33,13 @@ float FirstZero(const float* data, std::size_t count)
 
 void ScanFloats(const float* source, float* copy, std::size_t count, float& lo, float& hi)
 {
-    const bool pastCaches = copy != nullptr && WritesPastCaches(count * sizeof(float));
+    const bool streaming = copy != nullptr && UsesStreamingStores(count * sizeof(float));
     bool       negativeZero = false;
     lo = kMinimumStart;
     hi = kMaximumStart;
-    ActiveFloatRangeForms().MinMax(source, copy, count, pastCaches, lo, hi, negativeZero);
-    if (pastCaches)
-        WordFence();
+    ActiveFloatRangeVariants().MinMax(source, copy, count, streaming, lo, hi, negativeZero);
+    if (streaming)
+        FenceStreamingStores();
     if (negativeZero && lo == 0.0f)
         lo = FirstZero(source, count);
     if (negativeZero && hi == 0.0f)
@@ -75,12 +77,12 @@ void RemapPlain(const RemapRule& rule, const float* source, float* target, std::
     }
 }
 
-const FloatRangeForms& ActiveFloatRangeForms()
+const FloatRangeVariants& ActiveFloatRangeVariants()
 {
-    static const FloatRangeForms plain = {MinMaxPlain, RemapPlain};
+    static const FloatRangeVariants plain = {MinMaxPlain, RemapPlain};
 #if defined(__x86_64__) || defined(_M_X64)
-    static const FloatRangeForms avx2 = {MinMaxAvx2, RemapAvx2};
-    if (ActiveCpuForm() >= CpuForm::Avx2)    // wider registers do not pay: memory is the limit
+    static const FloatRangeVariants avx2 = {MinMaxAvx2, RemapAvx2};
+    if (ActiveCpuVariant() >= CpuVariant::Avx2)    // wider registers do not pay: memory is the limit
         return avx2;
 #endif
     return plain;
@@ -130,14 +132,14 @@ RemapRule MakeRemapRule(float a, float b, float outLow, float outHigh)
 void RemapFloats(const RemapRule& rule, const float* source, float* target, std::size_t count)
 {
     // In place the caches hold the line already.
-    const bool pastCaches = source != target && WritesPastCaches(count * sizeof(float));
+    const bool streaming = source != target && UsesStreamingStores(count * sizeof(float));
     if (rule.Active)
-        ActiveFloatRangeForms().Remap(rule, source, target, count, pastCaches);
+        ActiveFloatRangeVariants().Remap(rule, source, target, count, streaming);
     else if (source != target)
-        CopyWords(reinterpret_cast<const std::uint32_t*>(source), reinterpret_cast<std::uint32_t*>(target),
-                  count, pastCaches);
-    if (pastCaches)
-        WordFence();
+        CopyPixels(reinterpret_cast<const std::uint32_t*>(source), reinterpret_cast<std::uint32_t*>(target),
+                   count, streaming);
+    if (streaming)
+        FenceStreamingStores();
 }
 
 void RemapRange(StructData2D<float>& src, StructData2D<float>& dst, float a, float b, float outLow,
@@ -153,4 +155,6 @@ void RemapRange(StructData2D<float>& src, StructData2D<float>& dst, float a, flo
     if (!rule.Active || dst.Ptr1D == nullptr || dst.Width != src.Width || dst.Height != src.Height)
         return;
     RemapFloats(rule, src.Ptr1D, dst.Ptr1D, count);
+}
+
 }

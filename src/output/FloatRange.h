@@ -4,6 +4,8 @@
 
 #include <cstddef>
 
+namespace vostel {
+
 // Smallest and largest element, scanned from 10000000 down and from -10000000 up: data that lies wholly
 // beyond such a start value reports the start value, and so does an empty plane. Not a number is passed over.
 float FloatMin(StructData2D<float>& data);
@@ -39,3 +41,5 @@ void RemapFloats(const RemapRule& rule, const float* source, float* target, std:
 // where the sizes differ. Src and dst may be the same plane.
 void RemapRange(StructData2D<float>& src, StructData2D<float>& dst, float a, float b, float outLow,
                 float outHigh, int useRange);
+
+}

@@ -1,7 +1,9 @@
-#include "output/FloatRangeForms.h"
+#include "output/FloatRangeVariants.h"
 
 #include <cstdint>
 #include <immintrin.h>
+
+namespace vostel {
 
 namespace {
 
@@ -72,13 +74,13 @@ __m256 Remapped(__m256 v, const __m256* limits)
 
 }
 
-void MinMaxAvx2(const float* source, float* copy, std::size_t count, bool pastCaches, float& lo, float& hi,
+void MinMaxAvx2(const float* source, float* copy, std::size_t count, bool streaming, float& lo, float& hi,
                 bool& negativeZero)
 {
     std::size_t x = 0;
     if (copy == nullptr) {
         x = Fold<Copy::None>(source, nullptr, count, lo, hi, negativeZero);
-    } else if (!pastCaches) {
+    } else if (!streaming) {
         x = Fold<Copy::Store>(source, copy, count, lo, hi, negativeZero);
     } else {
         const std::size_t head = FloatsToLine(copy, count);
@@ -88,13 +90,13 @@ void MinMaxAvx2(const float* source, float* copy, std::size_t count, bool pastCa
     MinMaxPlain(source + x, copy == nullptr ? nullptr : copy + x, count - x, false, lo, hi, negativeZero);
 }
 
-void RemapAvx2(const RemapRule& rule, const float* source, float* target, std::size_t count, bool pastCaches)
+void RemapAvx2(const RemapRule& rule, const float* source, float* target, std::size_t count, bool streaming)
 {
     const __m256 limits[6] = {_mm256_set1_ps(rule.LowLimit), _mm256_set1_ps(rule.HighLimit),
                               _mm256_set1_ps(rule.Base),     _mm256_set1_ps(rule.Slope),
                               _mm256_set1_ps(rule.OutLow),   _mm256_set1_ps(rule.OutHigh)};
     std::size_t  x = 0;
-    if (pastCaches) {
+    if (streaming) {
         x = FloatsToLine(target, count);
         RemapPlain(rule, source, target, x, false);
         for (; x + 16 <= count; x += 16) {
@@ -108,4 +110,6 @@ void RemapAvx2(const RemapRule& rule, const float* source, float* target, std::s
             _mm256_storeu_ps(target + x, Remapped(_mm256_loadu_ps(source + x), limits));
     }
     RemapPlain(rule, source + x, target + x, count - x, false);
+}
+
 }

@@ -1,20 +1,22 @@
 #include "output/LabelPlane.h"
 
-#include "output/WordRows.h"
+#include "base/PixelFill.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+
+namespace vostel {
 
 void FillLabelPlane(int* plane, int width, int height, int value)
 {
     if (plane == nullptr || width <= 0 || height <= 0)
         return;
     const std::size_t count = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
-    const bool        pastCaches = WritesPastCaches(count * sizeof(int));
-    FillWords(reinterpret_cast<std::uint32_t*>(plane), count, static_cast<std::uint32_t>(value), pastCaches);
-    if (pastCaches)
-        WordFence();
+    const bool        streaming = UsesStreamingStores(count * sizeof(int));
+    FillPixels(reinterpret_cast<std::uint32_t*>(plane), count, static_cast<std::uint32_t>(value), streaming);
+    if (streaming)
+        FenceStreamingStores();
 }
 
 void FlipLabelPlane(int* plane, int width, int height)
@@ -34,4 +36,6 @@ void FlipLabelPlane(int* plane, int width, int height)
             std::memcpy(lower + x, block, bytes);
         }
     }
+}
+
 }

@@ -1,9 +1,11 @@
 #include "output/PlaneUploads.h"
 
-#include "foundation/CpuForms.h"
-#include "output/PlaneUploadsForms.h"
+#include "base/CpuVariants.h"
+#include "output/PlaneUploadsVariants.h"
 
 #include <algorithm>
+
+namespace vostel {
 
 namespace {
 
@@ -45,38 +47,38 @@ void PlanesRowPlain(const unsigned char* high, const unsigned char* middle, cons
         pixels[x] = high[x] << 16 | middle[x] << 8 | low[x];
 }
 
-const PlaneUploadsForms& ActivePlaneUploadsForms()
+const PlaneUploadsVariants& ActivePlaneUploadsVariants()
 {
-    static const PlaneUploadsForms plain = {GrayRowPlain, TripleRowPlain, QuadRowPlain, PlanesRowPlain};
+    static const PlaneUploadsVariants plain = {GrayRowPlain, TripleRowPlain, QuadRowPlain, PlanesRowPlain};
 #if defined(__x86_64__) || defined(_M_X64)
-    static const PlaneUploadsForms avx2 = {GrayRowAvx2, TripleRowAvx2, QuadRowAvx2, PlanesRowAvx2};
-    if (ActiveCpuForm() >= CpuForm::Avx2)    // wider registers do not pay: memory is the limit
+    static const PlaneUploadsVariants avx2 = {GrayRowAvx2, TripleRowAvx2, QuadRowAvx2, PlanesRowAvx2};
+    if (ActiveCpuVariant() >= CpuVariant::Avx2)    // wider registers do not pay: memory is the limit
         return avx2;
 #endif
     return plain;
 }
 
-void UploadGrayRow(const unsigned char* source, unsigned* pixels, int count, bool pastCaches)
+void UploadGrayRow(const unsigned char* source, unsigned* pixels, int count, bool streaming)
 {
     if (count > 0)
-        ActivePlaneUploadsForms().Gray(source, pixels, static_cast<std::size_t>(count), pastCaches);
+        ActivePlaneUploadsVariants().Gray(source, pixels, static_cast<std::size_t>(count), streaming);
 }
 
-void UploadTripleRow(const unsigned char* source, unsigned* pixels, int count, bool pastCaches)
+void UploadTripleRow(const unsigned char* source, unsigned* pixels, int count, bool streaming)
 {
     if (count > 0)
-        ActivePlaneUploadsForms().Triple(source, pixels, static_cast<std::size_t>(count), pastCaches);
+        ActivePlaneUploadsVariants().Triple(source, pixels, static_cast<std::size_t>(count), streaming);
 }
 
-void UploadQuadRow(const unsigned char* source, unsigned* pixels, int count, bool pastCaches)
+void UploadQuadRow(const unsigned char* source, unsigned* pixels, int count, bool streaming)
 {
     if (count > 0)
-        ActivePlaneUploadsForms().Quad(source, pixels, static_cast<std::size_t>(count), pastCaches);
+        ActivePlaneUploadsVariants().Quad(source, pixels, static_cast<std::size_t>(count), streaming);
 }
 
 void UploadPlanesRow(const unsigned char* red, std::size_t redBytes, const unsigned char* green,
                      std::size_t greenBytes, const unsigned char* blue, std::size_t blueBytes,
-                     unsigned* pixels, int count, bool pastCaches)
+                     unsigned* pixels, int count, bool streaming)
 {
     if (count <= 0)
         return;
@@ -84,8 +86,10 @@ void UploadPlanesRow(const unsigned char* red, std::size_t redBytes, const unsig
     const std::size_t whole =
         std::min({all, Behind(red, redBytes, 0), Behind(green, greenBytes, 1), Behind(blue, blueBytes, 2)});
     if (whole > 0)
-        ActivePlaneUploadsForms().Planes(red, green + 1, blue + 2, pixels, whole, pastCaches);
+        ActivePlaneUploadsVariants().Planes(red, green + 1, blue + 2, pixels, whole, streaming);
     for (std::size_t x = whole; x < all; ++x)
         pixels[x] = ByteOrZero(red, redBytes, x) << 16 | ByteOrZero(green, greenBytes, x + 1) << 8 |
                     ByteOrZero(blue, blueBytes, x + 2);
+}
+
 }

@@ -1,7 +1,9 @@
-#include "output/PlaneUploadsForms.h"
+#include "output/PlaneUploadsVariants.h"
 
 #include <cstdint>
 #include <immintrin.h>
+
+namespace vostel {
 
 namespace {
 
@@ -22,9 +24,9 @@ __m256i EightBytes(const unsigned char* source)
     return _mm256_cvtepu8_epi32(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(source)));
 }
 
-void Store16(unsigned* pixels, __m256i first, __m256i second, bool pastCaches)
+void Store16(unsigned* pixels, __m256i first, __m256i second, bool streaming)
 {
-    if (pastCaches) {
+    if (streaming) {
         _mm256_stream_si256(reinterpret_cast<__m256i*>(pixels), first);
         _mm256_stream_si256(reinterpret_cast<__m256i*>(pixels + 8), second);
     } else {
@@ -57,48 +59,50 @@ __m256i EightOfPlanes(const unsigned char* high, const unsigned char* middle, co
 
 }
 
-void GrayRowAvx2(const unsigned char* source, unsigned* pixels, std::size_t count, bool pastCaches)
+void GrayRowAvx2(const unsigned char* source, unsigned* pixels, std::size_t count, bool streaming)
 {
     const __m256i firstEight = _mm256_setr_epi8(0, 0, 0, -1, 1, 1, 1, -1, 2, 2, 2, -1, 3, 3, 3, -1,    //
                                                 4, 4, 4, -1, 5, 5, 5, -1, 6, 6, 6, -1, 7, 7, 7, -1);
     const __m256i lastEight =
         _mm256_setr_epi8(8, 8, 8, -1, 9, 9, 9, -1, 10, 10, 10, -1, 11, 11, 11, -1,    //
                          12, 12, 12, -1, 13, 13, 13, -1, 14, 14, 14, -1, 15, 15, 15, -1);
-    std::size_t x = pastCaches ? PixelsToLine(pixels, count) : 0;
+    std::size_t x = streaming ? PixelsToLine(pixels, count) : 0;
     GrayRowPlain(source, pixels, x, false);
     for (; x + 16 <= count; x += 16) {
         const __m256i bytes = _mm256_broadcastsi128_si256(Load16(source + x));
         Store16(pixels + x, _mm256_shuffle_epi8(bytes, firstEight), _mm256_shuffle_epi8(bytes, lastEight),
-                pastCaches);
+                streaming);
     }
     GrayRowPlain(source + x, pixels + x, count - x, false);
 }
 
-void TripleRowAvx2(const unsigned char* source, unsigned* pixels, std::size_t count, bool pastCaches)
+void TripleRowAvx2(const unsigned char* source, unsigned* pixels, std::size_t count, bool streaming)
 {
-    std::size_t x = pastCaches ? PixelsToLine(pixels, count) : 0;
+    std::size_t x = streaming ? PixelsToLine(pixels, count) : 0;
     TripleRowPlain(source, pixels, x, false);
     for (; x + 18 <= count; x += 16)    // 52 bytes are read for 16 pixels
-        Store16(pixels + x, EightTriples(source + 3 * x), EightTriples(source + 3 * x + 24), pastCaches);
+        Store16(pixels + x, EightTriples(source + 3 * x), EightTriples(source + 3 * x + 24), streaming);
     TripleRowPlain(source + 3 * x, pixels + x, count - x, false);
 }
 
-void QuadRowAvx2(const unsigned char* source, unsigned* pixels, std::size_t count, bool pastCaches)
+void QuadRowAvx2(const unsigned char* source, unsigned* pixels, std::size_t count, bool streaming)
 {
-    std::size_t x = pastCaches ? PixelsToLine(pixels, count) : 0;
+    std::size_t x = streaming ? PixelsToLine(pixels, count) : 0;
     QuadRowPlain(source, pixels, x, false);
     for (; x + 16 <= count; x += 16)
-        Store16(pixels + x, EightQuads(source + 4 * x), EightQuads(source + 4 * x + 32), pastCaches);
+        Store16(pixels + x, EightQuads(source + 4 * x), EightQuads(source + 4 * x + 32), streaming);
     QuadRowPlain(source + 4 * x, pixels + x, count - x, false);
 }
 
 void PlanesRowAvx2(const unsigned char* high, const unsigned char* middle, const unsigned char* low,
-                   unsigned* pixels, std::size_t count, bool pastCaches)
+                   unsigned* pixels, std::size_t count, bool streaming)
 {
-    std::size_t x = pastCaches ? PixelsToLine(pixels, count) : 0;
+    std::size_t x = streaming ? PixelsToLine(pixels, count) : 0;
     PlanesRowPlain(high, middle, low, pixels, x, false);
     for (; x + 16 <= count; x += 16)
         Store16(pixels + x, EightOfPlanes(high + x, middle + x, low + x),
-                EightOfPlanes(high + x + 8, middle + x + 8, low + x + 8), pastCaches);
+                EightOfPlanes(high + x + 8, middle + x + 8, low + x + 8), streaming);
     PlanesRowPlain(high + x, middle + x, low + x, pixels + x, count - x, false);
+}
+
 }

@@ -1,9 +1,11 @@
 #include "overlay/VostelCanvas.h"
 
+#include "base/Truncate.h"
 #include "foundation/FormatText.h"
-#include "foundation/Truncate.h"
 
 #include <algorithm>
+
+namespace vostel {
 
 namespace {
 
@@ -50,4 +52,6 @@ void VostelCanvas::OnDraw(HDC dc)
     Kit.DrawLabel(FormatText(L"线数据的最小值为 %5.3f 最大值为 %5.3f", static_cast<double>(DataMin),
                              static_cast<double>(DataMax)),
                   WrapAdd(ClientBox.left, 5), WrapAdd(ClientBox.top, 5));
+}
+
 }

@@ -2,6 +2,8 @@
 
 #include "overlay/VostelMovableRect.h"
 
+namespace vostel {
+
 // A small plot window: it takes a line of floats and draws it as a curve, with a caption that gives its
 // range. Data holds the line.
 class VostelCanvas : public VostelMovableRect {
@@ -19,3 +21,5 @@ public:
     // Fewer than 5 values leave the plot as it was and Data with a single element.
     void SetData(ClassData2DIO<float>& source) override;
 };
+
+}

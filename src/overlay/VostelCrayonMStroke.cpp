@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace vostel {
+
 namespace {
 
 constexpr unsigned int WiderKey = 'A';
@@ -92,4 +94,6 @@ CRect VostelCrayonMStroke::StrokeBox() const
         box.bottom = std::max(box.bottom, point.y);
     }
     return box;
+}
+
 }

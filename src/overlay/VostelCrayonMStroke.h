@@ -2,6 +2,8 @@
 
 #include "overlay/VostelMPoint.h"
 
+namespace vostel {
+
 // A drawing of several separate strokes with an adjustable pen, a mark that never reaches the label plane and
 // may leave the image. It is hit by the box of its points.
 class VostelCrayonMStroke : public VostelMPoint {
@@ -18,3 +20,5 @@ public:
     // The extremes of the client points, from starting values of 10000 and -10000; empty below two points.
     CRect StrokeBox() const;
 };
+
+}

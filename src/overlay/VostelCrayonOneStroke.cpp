@@ -1,6 +1,8 @@
 #include "overlay/VostelCrayonOneStroke.h"
 
-#include "canvas/HitTests.h"
+#include "canvas/view/HitTests.h"
+
+namespace vostel {
 
 VostelCrayonOneStroke::VostelCrayonOneStroke()
 {
@@ -56,4 +58,6 @@ void VostelCrayonOneStroke::OnDraw(HDC dc)
 {
     BindKit(dc);
     Kit.DrawClosedPolyline(ClientPoints, LineColor());
+}
+
 }

@@ -2,6 +2,8 @@
 
 #include "overlay/VostelMPoint.h"
 
+namespace vostel {
+
 // A region drawn freehand: while a stroke is open every mouse move adds a point. A second stroke goes on in
 // the same outline; MaxPoints is not looked at.
 class VostelCrayonOneStroke : public VostelMPoint {
@@ -15,3 +17,5 @@ public:
     void OnMouseMove(unsigned int flags, CPoint point) override;
     void OnDraw(HDC dc) override;
 };
+
+}

@@ -1,6 +1,8 @@
 #include "overlay/VostelCustomRect.h"
 
-#include "foundation/Truncate.h"
+#include "base/Truncate.h"
+
+namespace vostel {
 
 VostelCustomRect::VostelCustomRect()
 {
@@ -46,4 +48,6 @@ void VostelCustomRect::OnDraw(HDC dc)
         ClientBox = NormalisedBox(ClientPoints[0], ClientPoints[1]);
     if (DrawBody)
         DrawBox(LineColor());
+}
+
 }

@@ -2,6 +2,8 @@
 
 #include "overlay/VostelRect.h"
 
+namespace vostel {
+
 // A box that is set by numbers and can only be moved, also off the image. No handle answers, Shift has no
 // meaning.
 class VostelCustomRect : public VostelRect {
@@ -13,3 +15,5 @@ public:
     void SetPlacement(float x, float y, float w, float h) override;    // image px, truncated
     void OnDraw(HDC dc) override;
 };
+
+}

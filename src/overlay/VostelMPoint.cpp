@@ -1,9 +1,11 @@
 #include "overlay/VostelMPoint.h"
 
-#include "canvas/HitTests.h"
-#include "foundation/Truncate.h"
+#include "base/Truncate.h"
+#include "canvas/view/HitTests.h"
 
 #include <algorithm>
+
+namespace vostel {
 
 namespace {
 
@@ -218,4 +220,6 @@ void VostelMPoint::StepSince(CPoint point)
         return;
     LastDeltaX = WrapSub(point.x, LastPoint.x) / View->Scale;
     LastDeltaY = WrapSub(point.y, LastPoint.y) / View->Scale;
+}
+
 }

@@ -2,6 +2,8 @@
 
 #include "overlay/VostelObj.h"
 
+namespace vostel {
+
 // A shape made of a list of points, with the whole interaction grammar that its descendants build on: Shift
 // presses add points, a press on a handle drags that node, a press inside moves the shape, a clamp keeps the
 // points on the image, and after every change the client geometry is derived anew from the image points.
@@ -42,3 +44,5 @@ private:
 
 // The box of two corners, left not above right and top not above bottom.
 CRect NormalisedBox(CPoint a, CPoint b);
+
+}

@@ -1,6 +1,8 @@
 #include "overlay/VostelMovableRect.h"
 
-#include "foundation/Truncate.h"
+#include "base/Truncate.h"
+
+namespace vostel {
 
 namespace {
 
@@ -42,4 +44,6 @@ void VostelMovableRect::OnDraw(HDC dc)
 {
     BindKit(dc);
     Kit.DrawRectOutline(ClientBox, FrameColour);
+}
+
 }

@@ -2,6 +2,8 @@
 
 #include "overlay/VostelObj.h"
 
+namespace vostel {
+
 // A panel that lives in client px: a frame that the user drags around, untouched by pan and zoom. ClientBox
 // is its rectangle.
 class VostelMovableRect : public VostelObj {
@@ -12,3 +14,5 @@ public:
     void SetPlacement(float x, float y, float w, float h) override;    // client px, truncated
     void OnDraw(HDC dc) override;
 };
+
+}

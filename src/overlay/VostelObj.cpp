@@ -2,6 +2,8 @@
 
 #include "platform/HostServices.h"
 
+namespace vostel {
+
 VostelObj::~VostelObj() = default;
 
 void VostelObj::OnLButtonDown(unsigned int, CPoint point)
@@ -121,7 +123,7 @@ void VostelObj::ClearPoints()
     std::vector<int>().swap(StrokeStarts);
 }
 
-void VostelObj::SetOwnerImage(VostelImage* image)
+void VostelObj::SetOwnerImage(ImageValues* image)
 {
     OwnerImage = image;
 }
@@ -163,4 +165,6 @@ void VostelObj::BindKit(HDC dc)
 {
     Kit.Dc = dc;
     Kit.BindSurface(SurfacePixels);
+}
+
 }

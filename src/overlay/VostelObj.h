@@ -1,7 +1,7 @@
 #pragma once
 
-#include "canvas/CanvasView.h"
-#include "canvas/PaintKit.h"
+#include "canvas/view/CanvasView.h"
+#include "canvas/view/PaintKit.h"
 #include "vostel/CanvasTypes.h"
 #include "vostel/Containers.h"
 #include "vostel/platform.h"
@@ -9,7 +9,9 @@
 #include <cstdint>
 #include <vector>
 
-class VostelImage;
+namespace vostel {
+
+class ImageValues;
 
 // Kinds of overlay objects, as VostelObj::TypeCode tells them.
 enum OverlayKind : int {
@@ -79,7 +81,7 @@ public:
     int                  SerialNo = 0;      // number on the canvas; labels are one more
     int                  TypeCode = 0;
     bool                 ClampToImage = true;
-    VostelImage*         OwnerImage = nullptr;    // borrowed: the canvas
+    ImageValues*         OwnerImage = nullptr;    // borrowed: the canvas
     CPoint               HoverPoint;              // client px
     ClassData2DIO<float> Data;
     double               MeasureScale = 1.0;    // length units per image px
@@ -124,7 +126,7 @@ public:
     virtual bool GetImagePolygon(std::vector<PointTemplateBase<int>>& out);
 
     virtual void    ClearPoints();    // frees all point lists
-    virtual void    SetOwnerImage(VostelImage* image);
+    virtual void    SetOwnerImage(ImageValues* image);
     virtual void    SetTextLines(std::vector<CString>& lines);
     virtual void    AddTextLine(CString line);
     virtual void    SetData(ClassData2DIO<float>& source);
@@ -140,3 +142,5 @@ protected:
     COLORREF LineColor() const { return Selected ? LineColorSel : LineColorIdle; }
     COLORREF HandleColor() const { return Selected ? HandleColorSel : HandleColorIdle; }
 };
+
+}

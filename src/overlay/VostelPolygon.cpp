@@ -1,5 +1,7 @@
 #include "overlay/VostelPolygon.h"
 
+namespace vostel {
+
 VostelPolygon::VostelPolygon()
 {
     TypeCode = OverlayPolygon;
@@ -9,4 +11,6 @@ void VostelPolygon::OnDraw(HDC dc)
 {
     VostelMPoint::OnDraw(dc);
     Kit.DrawClosedPolyline(ClientPoints, LineColor());
+}
+
 }

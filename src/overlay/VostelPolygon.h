@@ -2,6 +2,8 @@
 
 #include "overlay/VostelMPoint.h"
 
+namespace vostel {
+
 // A region bounded by straight lines through its nodes, always closed from last to first. Adding, dragging
 // and clamping nodes is VostelMPoint's; this class knows the outline only.
 class VostelPolygon : public VostelMPoint {
@@ -10,3 +12,5 @@ public:
 
     void OnDraw(HDC dc) override;
 };
+
+}

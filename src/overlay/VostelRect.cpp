@@ -1,6 +1,8 @@
 #include "overlay/VostelRect.h"
 
-#include "canvas/HitTests.h"
+#include "canvas/view/HitTests.h"
+
+namespace vostel {
 
 VostelRect::VostelRect()
 {
@@ -29,4 +31,6 @@ void VostelRect::OnDraw(HDC dc)
 {
     DrawBody = true;
     VostelSingleLine::OnDraw(dc);
+}
+
 }

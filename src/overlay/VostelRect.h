@@ -2,6 +2,8 @@
 
 #include "overlay/VostelSingleLine.h"
 
+namespace vostel {
+
 // A box that is rubber-banded on the image; saves look for it.
 //
 // ClientBox is only rebuilt at a paint, and a press inside it moves the box: a corner drags only on the part
@@ -15,3 +17,5 @@ public:
     bool HitTest(CPoint point) override;
     void OnDraw(HDC dc) override;
 };
+
+}

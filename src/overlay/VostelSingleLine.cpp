@@ -1,8 +1,10 @@
 #include "overlay/VostelSingleLine.h"
 
-#include "foundation/Truncate.h"
+#include "base/Truncate.h"
 
 #include <cmath>
+
+namespace vostel {
 
 VostelSingleLine::VostelSingleLine()
 {
@@ -57,4 +59,6 @@ void VostelSingleLine::DrawBox(COLORREF colour)
         Kit.DrawEllipseOutline(ClientBox, colour);
     else
         Kit.DrawRectOutline(ClientBox, colour);
+}
+
 }

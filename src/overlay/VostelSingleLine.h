@@ -2,6 +2,8 @@
 
 #include "overlay/VostelMPoint.h"
 
+namespace vostel {
+
 // A line with a handle at each end and a third at its middle that moves it; the base of all two-point shapes.
 // Only descendants are placed on a canvas.
 class VostelSingleLine : public VostelMPoint {
@@ -18,3 +20,5 @@ protected:
     // The outline of ClientBox, as a rectangle or an ellipse.
     void DrawBox(COLORREF colour);
 };
+
+}

@@ -1,10 +1,12 @@
 #include "overlay/VostelSpline.h"
 
-#include "foundation/Truncate.h"
+#include "base/Truncate.h"
 #include "vostel/RasterFills.h"
 
 #include <cstdint>
 #include <cstdlib>
+
+namespace vostel {
 
 namespace {
 
@@ -71,4 +73,6 @@ void VostelSpline::ClearPoints()
     std::vector<PointTemplateBase<int>>().swap(ClosedNodes);
     std::vector<PointTemplateBase<int>>().swap(ControlPoints);
     std::vector<PointTemplateBase<int>>().swap(CurvePoints);
+}
+
 }

@@ -2,6 +2,8 @@
 
 #include "overlay/VostelPolygon.h"
 
+namespace vostel {
+
 // A region bounded by a smooth closed curve through its nodes, solved anew at each paint. Hits are tested on
 // the polygon of the nodes, not on the curve.
 class VostelSpline : public VostelPolygon {
@@ -18,3 +20,5 @@ public:
     bool GetLabelOutline(std::vector<PointTemplateBase<int>>& out) override;
     void ClearPoints() override;
 };
+
+}

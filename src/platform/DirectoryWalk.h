@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+namespace vostel {
+
 struct DirectoryEntry {
     std::wstring Name;    // without its folder
     bool         IsDirectory = false;
@@ -31,3 +33,5 @@ std::wstring FolderIdentity(const std::wstring& path);
 
 bool MakeFolder(const std::wstring& path);                             // true also if it is there already
 bool CopyOneFile(const std::wstring& from, const std::wstring& to);    // overwrites
+
+}

@@ -7,6 +7,8 @@
 #include <cstdio>
 #include <string>
 
+namespace vostel {
+
 bool       PathExists(const char* path);        // a file or a directory; false for null
 bool       IsDirectory(const CString& path);    // an existing directory
 std::FILE* OpenFile(const char* path,
@@ -18,3 +20,5 @@ std::string  NarrowAnsi(const wchar_t* text, int length);    // system code page
 std::string  NarrowOem(const wchar_t* text, int length);     // console code page; UTF-8 off Windows
 std::wstring WidenAnsi(const char* text);
 bool         IsPathSeparator(wchar_t character);    // backslash; off Windows a slash too
+
+}

@@ -37,6 +37,8 @@ void gSetHostServices(const VostelHostServices& services)
     }
 }
 
+namespace vostel {
+
 void ShowMessage(const CString& text)
 {
     const auto service = Replacement(&VostelHostServices::ShowMessage);
@@ -71,4 +73,6 @@ POINT ScreenToHostWindow(HWND window, POINT screen)
 {
     const auto service = Replacement(&VostelHostServices::ScreenToWindow);
     return service ? service(window, screen) : desktop::ScreenToWindow(window, screen);
+}
+
 }

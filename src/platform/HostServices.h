@@ -5,6 +5,8 @@
 
 #include "vostel/host.h"
 
+namespace vostel {
+
 void  ShowMessage(const CString& text);
 bool  ChooseFiles(const VostelFileRequest& request, std::vector<CString>& paths);
 bool  ChooseFolder(const CString& title, CString& folder);
@@ -20,4 +22,6 @@ bool  ChooseFolder(const CString& title, CString& folder);
 bool  IsKeyDown(int virtualKey);
 void  InvalidateWindow(HWND window);
 POINT ScreenToWindow(HWND window, POINT screen);
+}
+
 }

@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <cstdint>
 
+namespace vostel {
+
 int          ProcessorCount();    // logical processors, at least 1
 std::int64_t ClockFrequency();    // counts per second of ClockCount
 std::int64_t ClockCount();        // a clock that never goes back
@@ -16,3 +18,5 @@ void PreferLargePages(void* memory, std::size_t bytes);
 // Prints "耗费时间为%2.9f" and a line end on standard output, in the encoding that a narrow print has on the
 // platform.
 void PrintElapsedTime(double seconds);
+
+}

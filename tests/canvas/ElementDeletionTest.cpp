@@ -1,13 +1,15 @@
 // What becomes of objects that are taken out of a canvas: their numbers, their owners, and deletion by a host
 // in the middle of an event.
 
-#include "canvas/CanvasTable.h"
+#include "canvas/exports/CanvasTable.h"
 #include "support/HostCanvas.h"
 #include "support/ProbeObject.h"
 
 #include <memory>
 #include <new>
 #include <random>
+
+using namespace vostel;
 
 namespace {
 

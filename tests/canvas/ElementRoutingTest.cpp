@@ -1,8 +1,10 @@
 // Who gets which event, and what becomes of objects: seen through objects that write down what they are told.
 
-#include "canvas/CanvasTable.h"
+#include "canvas/exports/CanvasTable.h"
 #include "support/HostCanvas.h"
 #include "support/ProbeObject.h"
+
+using namespace vostel;
 
 namespace {
 

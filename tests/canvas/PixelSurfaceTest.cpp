@@ -1,12 +1,14 @@
 #include "canvas/PixelSurface.h"
 
-#include "canvas/CanvasView.h"
+#include "canvas/view/CanvasView.h"
 #include "support/HostCanvas.h"
 
 #include <doctest/doctest.h>
 
 #include <climits>
 #include <random>
+
+using namespace vostel;
 
 namespace {
 
@@ -28,7 +30,7 @@ struct Placed {
     }
 
     // y counts from the top.
-    unsigned int At(int x, int y) const { return Surface.WordAt(x, Surface.Height - 1 - y); }
+    unsigned int At(int x, int y) const { return Surface.PixelAt(x, Surface.Height - 1 - y); }
 
     // Every pixel its own word: 0x00yyxx7F from the top left on.
     void Number()
@@ -581,10 +583,10 @@ TEST_CASE("a word is read by its memory row, and outside the surface it is 0")
 {
     Placed placed(3, 2, 10, 10);
     placed.Number();
-    CHECK(placed.Surface.WordAt(2, 0) == Placed::WordOf(2, 1));
-    CHECK(placed.Surface.WordAt(0, 1) == Placed::WordOf(0, 0));
+    CHECK(placed.Surface.PixelAt(2, 0) == Placed::WordOf(2, 1));
+    CHECK(placed.Surface.PixelAt(0, 1) == Placed::WordOf(0, 0));
     for (const CPoint out :
          {CPoint(-1, 0), CPoint(3, 0), CPoint(0, -1), CPoint(0, 2), CPoint(INT_MIN, INT_MAX)})
-        CHECK(placed.Surface.WordAt(out.x, out.y) == 0);
-    CHECK(PixelSurface().WordAt(0, 0) == 0);
+        CHECK(placed.Surface.PixelAt(out.x, out.y) == 0);
+    CHECK(PixelSurface().PixelAt(0, 0) == 0);
 }

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+using namespace vostel;
+
 namespace {
 
 using Bytes = std::vector<unsigned char>;
@@ -15,22 +17,22 @@ const std::size_t MaxLength = 140;    // past two of the widest vectors
 const std::size_t Margin = 8;         // guards on both sides of a target
 const unsigned    Seed = 20240611;
 
-struct NamedForm {
+struct NamedVariant {
     const char*          Name;
     const PlaneShuffles* Form;
 };
 
 // The forms that this processor runs.
-std::vector<NamedForm> Forms()
+std::vector<NamedVariant> Forms()
 {
-    std::vector<NamedForm> forms = {{"plain", &PlaneShufflesPlain}};
-    const CpuForm          before = ActiveCpuForm();
-    for (const CpuForm form : {CpuForm::Baseline, CpuForm::Avx2, CpuForm::Avx512}) {
+    std::vector<NamedVariant> forms = {{"plain", &PlaneShufflesPlain}};
+    const CpuVariant          before = ActiveCpuVariant();
+    for (const CpuVariant form : {CpuVariant::Baseline, CpuVariant::Avx2, CpuVariant::Avx512}) {
         const char* const names[] = {"plain", "baseline", "avx2", "avx512"};
-        if (ForceCpuForm(form) == form)
+        if (ForceCpuVariant(form) == form)
             forms.push_back({names[static_cast<int>(form)], &ActivePlaneShuffles()});
     }
-    ForceCpuForm(before);
+    ForceCpuVariant(before);
     return forms;
 }
 
@@ -71,7 +73,7 @@ template <class Look>
 void ForEachFormAndLength(Look look)
 {
     std::mt19937 random(Seed);
-    for (const NamedForm& named : Forms()) {
+    for (const NamedVariant& named : Forms()) {
         for (std::size_t length = 0; length <= MaxLength; ++length) {
             CAPTURE(Seed);
             CAPTURE(length);
@@ -103,10 +105,10 @@ void CheckSplit(Split split, std::size_t bytes, std::size_t length, std::mt19937
 
 TEST_CASE("the form in use follows a forced one")
 {
-    const CpuForm before = ActiveCpuForm();
-    ForceCpuForm(CpuForm::Plain);
+    const CpuVariant before = ActiveCpuVariant();
+    ForceCpuVariant(CpuVariant::Plain);
     CHECK(&ActivePlaneShuffles() == &PlaneShufflesPlain);
-    ForceCpuForm(before);
+    ForceCpuVariant(before);
 }
 
 TEST_CASE("every form splits triples of every length from 0 to 140 and writes nothing beside the planes")
@@ -175,7 +177,7 @@ TEST_CASE("every form gives the formula's gray for each of the 256 levels and lo
         levels[static_cast<std::size_t>(v)] = static_cast<unsigned char>(v);
         expected[static_cast<std::size_t>(v)] = GrayByFormula(v, v, v);
     }
-    for (const NamedForm& named : Forms()) {
+    for (const NamedVariant& named : Forms()) {
         CAPTURE(std::string(named.Name));
         Bytes gray(256);
         named.Form->LevelToGray(levels.data(), gray.data(), 256);
@@ -192,14 +194,14 @@ TEST_CASE("every form gives the formula's gray for each of the 2^24 colours")
     Bytes red(256), green(256), blue(256), expected(256), gray(256);
     for (int b = 0; b < 256; ++b)
         blue[static_cast<std::size_t>(b)] = static_cast<unsigned char>(b);
-    const std::vector<NamedForm> forms = Forms();
+    const std::vector<NamedVariant> forms = Forms();
     for (int r = 0; r < 256; ++r) {
         for (int g = 0; g < 256; ++g) {
             std::memset(red.data(), r, 256);
             std::memset(green.data(), g, 256);
             for (int b = 0; b < 256; ++b)
                 expected[static_cast<std::size_t>(b)] = GrayByFormula(r, g, b);
-            for (const NamedForm& named : forms) {
+            for (const NamedVariant& named : forms) {
                 named.Form->ColorToGray(red.data(), green.data(), blue.data(), gray.data(), 256);
                 if (gray != expected) {
                     CAPTURE(r);

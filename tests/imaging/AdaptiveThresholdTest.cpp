@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <doctest/doctest.h>
 
+using namespace vostel;
+
 namespace {
 
 BytePlane RandomBytes(int width, int height, std::mt19937& random, int spread = 256)
@@ -53,7 +55,7 @@ TEST_CASE("every form of the threshold equals the sums by hand on images and squ
         const int       size = static_cast<int>(random() % 24);
         const BytePlane image = RandomBytes(width, height, random, seed % 3 == 0 ? 4 : 256);
         const BytePlane expected = ThresholdByHand(image, size);
-        InEveryForm([&](const char* form) {
+        InEveryVariant([&](const char* form) {
             CHECK_MESSAGE(SamePlane(Thresholded(image, size), expected),
                           form << ", seed " << seed << ", " << width << "x" << height << ", size " << size);
         });
@@ -68,7 +70,7 @@ TEST_CASE("every form equals the sums by hand on wide images")
         const BytePlane image = RandomBytes(width, 20, random);
         for (const int size : {3, 9, 31}) {
             const BytePlane expected = ThresholdByHand(image, size);
-            InEveryForm([&](const char* form) {
+            InEveryVariant([&](const char* form) {
                 CHECK_MESSAGE(SamePlane(Thresholded(image, size), expected),
                               form << ", seed " << seed << ", width " << width << ", size " << size);
             });
@@ -112,8 +114,8 @@ TEST_CASE("whole numbers decide as the quotient in double does")
 
 TEST_CASE("both comparisons of every form are strict, for every length")
 {
-    InEveryForm([&](const char* form) {
-        const ThresholdForm& functions = ActiveThresholdForm();
+    InEveryVariant([&](const char* form) {
+        const ThresholdVariant& functions = ActiveThresholdVariant();
         for (int width = 1; width <= 150; ++width) {
             const std::size_t          length = static_cast<std::size_t>(width);
             const unsigned             seed = 8600 + static_cast<unsigned>(width);
@@ -190,7 +192,7 @@ TEST_CASE("squares at the limit of the narrow sums and beyond equal the sums by 
         const std::int64_t area = static_cast<std::int64_t>(2 * r + 1) * (2 * r + 1);
         BytePlane          copy = image;
         // Of 2r + 1 reflected rows of two, which each of the two is read how often.
-        InEveryForm([&](const char* form) {
+        InEveryVariant([&](const char* form) {
             const BytePlane result = Thresholded(image, size);
             bool            same = true;
             for (int y = 0; y < 2; ++y) {

@@ -15,6 +15,8 @@
 #include <cstdlib>
 #include <new>
 
+using namespace vostel;
+
 namespace {
 
 std::atomic<long> LiveBlocks{0};
@@ -278,7 +280,7 @@ TEST_CASE("this program's allocator fails when it is told to and counts what is 
 TEST_CASE("correlations that run out of memory pass the exception on and leave image and kernel")
 {
     const ThreeThreads threads;
-    InEveryForm([](const char* form) {
+    InEveryVariant([](const char* form) {
         CAPTURE(form);
         CheckPasses(FailEachOfPlanes([](Planes& p) { ConFltMC(&p.A, &p.B); }));
         CheckPasses(FailEachOfPlanes([](Planes& p) { gConv2(&p.A, &p.B); }));
@@ -302,7 +304,7 @@ TEST_CASE("scaling into a target that runs out of memory leaves the source and t
     const auto         same = [](const Planes& a, const Planes& b) {
         return SameContents(a.A, b.A) && a.B.Width == b.B.Width && a.B.Height == b.B.Height && a.B.Ptr1D;
     };
-    InEveryForm([&](const char* form) {
+    InEveryVariant([&](const char* form) {
         CAPTURE(form);
         for (const auto resize : {ResizeMC, ResizeSC}) {
             const Losses losses =
@@ -317,7 +319,7 @@ TEST_CASE("scaling into a target that runs out of memory leaves the source and t
 
 TEST_CASE("a threshold that runs out of memory leaves the image")
 {
-    InEveryForm([](const char* form) {
+    InEveryVariant([](const char* form) {
         CAPTURE(form);
         CheckPasses(FailEachOfPlanes([](Planes& p) { LAT_Constant(p.Bytes, 7); }));
     });
@@ -341,7 +343,7 @@ TEST_CASE("a stitch that runs out of memory leaves both images")
 
 TEST_CASE("a row filter that runs out of memory leaves every pixel")
 {
-    InEveryForm([](const char* form) {
+    InEveryVariant([](const char* form) {
         CAPTURE(form);
         CheckPasses(FailEachOfPlanes([](Planes& p) { ZEKFilter1DForRec(&p.A, 0.7f); }));
     });

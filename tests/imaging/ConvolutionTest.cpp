@@ -7,6 +7,8 @@
 #include <limits>
 #include <new>
 
+using namespace vostel;
+
 namespace {
 
 // One coordinate of the mirrored read, step by step.
@@ -77,7 +79,7 @@ TEST_CASE("every form of the correlation equals the sums by hand on images of an
         const FloatPlane image = hard ? HardPlane(width, height, seed) : RandomFloats(width, height, random);
         const FloatPlane kernel = AnyKernel(random);
         const FloatPlane expected = FilteredByHand(image, kernel);
-        InEveryForm([&](const char* form) {
+        InEveryVariant([&](const char* form) {
             CHECK_MESSAGE(SamePlane(Filtered(image, kernel), expected),
                           form << ", seed " << seed << ", " << width << "x" << height << " by "
                                << kernel.Width << "x" << kernel.Height);
@@ -94,7 +96,7 @@ TEST_CASE("every form equals the sums by hand on wide images, where blocks meet 
         for (const int side : {1, 3, 5, 7, 31, 33}) {
             const FloatPlane kernel = RandomKernel(side, std::min(side, 9), random);
             const FloatPlane expected = FilteredByHand(image, kernel);
-            InEveryForm([&](const char* form) {
+            InEveryVariant([&](const char* form) {
                 CHECK_MESSAGE(SamePlane(Filtered(image, kernel), expected),
                               form << ", seed " << seed << ", width " << width << ", kernel " << side);
             });
@@ -111,7 +113,7 @@ TEST_CASE("images larger than the caches, which are written past them, equal the
         FloatPlane image = Constant(width, 2049, 0.0f);
         for (int k = 0; k < width * 2049; ++k)
             image.Ptr1D[k] = static_cast<float>(random() % 10007) * 0.37f;
-        InEveryForm([&](const char* form) {
+        InEveryVariant([&](const char* form) {
             const FloatPlane result = Filtered(image, kernel);
             bool             same = true;
             // Columns and rows in steps that share no divisor with any block, and the last of each.
@@ -125,8 +127,8 @@ TEST_CASE("images larger than the caches, which are written past them, equal the
 
 TEST_CASE("no form writes outside the columns of its block")
 {
-    InEveryForm([&](const char* form) {
-        const CorrelationForm& functions = ActiveCorrelationForm();
+    InEveryVariant([&](const char* form) {
+        const CorrelationVariant& functions = ActiveCorrelationVariant();
         for (int columns = 1; columns <= 140; ++columns) {
             const int                      rows = functions.RowsAtOnce;
             const float                    taps[3] = {1.0f, 2.0f, 3.0f};
@@ -254,7 +256,7 @@ TEST_CASE("a kernel larger than the image folds its reads in every form")
             const FloatPlane image = RandomFloats(width, height, random);
             const FloatPlane kernel = RandomKernel(23, 17, random);
             const FloatPlane expected = FilteredByHand(image, kernel);
-            InEveryForm([&](const char* form) {
+            InEveryVariant([&](const char* form) {
                 CHECK_MESSAGE(SamePlane(Filtered(image, kernel), expected), form << ", seed " << seed);
                 CHECK_MESSAGE(SamePlane(Filtered(image, kernel, ConvFltVer0), expected),
                               form << ", seed " << seed);
@@ -373,7 +375,7 @@ TEST_CASE("infinite samples and not-a-numbers reach the pixels under their taps 
     image.Ptr2D[4][45] = std::numeric_limits<float>::quiet_NaN();
     image.Ptr2D[4][80] = std::numeric_limits<float>::infinity();
     const FloatPlane kernel = Constant(3, 3, 1.0f);
-    InEveryForm([&](const char* form) {
+    InEveryVariant([&](const char* form) {
         const FloatPlane result = Filtered(image, kernel);
         for (int y = 0; y < 9; ++y) {
             for (int x = 0; x < 90; ++x) {

@@ -1,9 +1,11 @@
-#include "imaging/FourierForms.h"
-#include "output/EveryForm.h"
+#include "imaging/FourierVariants.h"
+#include "support/EveryVariant.h"
 
 #include <VostelObj.h>
 
 #include <doctest/doctest.h>
+
+using namespace vostel;
 
 namespace {
 
@@ -72,7 +74,7 @@ bool Holds(const ZEKPP1DFFT& fft, const Signal& signal)
 
 TEST_CASE("every form gives the bits of one stage after the other, for every length to 32768")
 {
-    InEveryForm([](const char* form) {
+    InEveryVariant([](const char* form) {
         for (int n = 1; n <= 32768; n *= 2)
             for (const bool forward : {true, false}) {
                 const unsigned seed = 77u + static_cast<unsigned>(n);
@@ -95,7 +97,7 @@ TEST_CASE("lengths that outgrow the caches give the same bits too")
     for (const int n : {131072, 1048576}) {
         Signal       signal = RandomSignal(n, 78);
         const Signal expected = TransformedByHand(signal, false, true);
-        InEveryForm([&](const char* form) {
+        InEveryVariant([&](const char* form) {
             CAPTURE(form);
             CAPTURE(n);
             ZEKPP1DFFT fft;
@@ -109,7 +111,7 @@ TEST_CASE("lengths that outgrow the caches give the same bits too")
 
 TEST_CASE("every form spreads samples that are not finite, and signs of zero, as the arithmetic has it")
 {
-    InEveryForm([](const char* form) {
+    InEveryVariant([](const char* form) {
         for (const int n : {64, 256, 2048})
             for (const bool zeros : {true, false}) {
                 CAPTURE(form);
@@ -203,7 +205,7 @@ TEST_CASE("a run of length 1 has no stage and changes nothing")
 
 TEST_CASE("an odd number of stages trades the arrays, in every form")
 {
-    InEveryForm([](const char* form) {
+    InEveryVariant([](const char* form) {
         CAPTURE(form);
         for (const int n : {2, 128, 512, 2048, 256, 1024}) {
             ZEKPP1DFFT fft;
@@ -235,7 +237,7 @@ TEST_CASE("forward and inverse return the input")
 
 TEST_CASE("the unit impulse becomes ones, in every form")
 {
-    InEveryForm([](const char* form) {
+    InEveryVariant([](const char* form) {
         CAPTURE(form);
         for (const int n : {2, 64, 1024, 4096}) {
             ZEKPP1DFFT fft;

@@ -5,6 +5,8 @@
 #include <limits>
 #include <new>
 
+using namespace vostel;
+
 namespace {
 
 float DensityByHand(float x, float sigma)

@@ -7,6 +7,8 @@
 #include <limits>
 #include <new>
 
+using namespace vostel;
+
 namespace {
 
 // Answers for the host and counts what is shown.

@@ -3,6 +3,8 @@
 
 #include <doctest/doctest.h>
 
+using namespace vostel;
+
 namespace {
 
 FloatPlane ProductByHand(const FloatPlane& a, const FloatPlane& b)
@@ -31,7 +33,7 @@ TEST_CASE("every form of the matrix product equals the sums by hand for any size
         FloatPlane   a = seed % 6 == 0 ? HardPlane(terms, rows, seed) : RandomFloats(terms, rows, random);
         FloatPlane   b = RandomFloats(columns, terms, random);
         FloatPlane   expected = ProductByHand(a, b);
-        InEveryForm([&](const char* form) {
+        InEveryVariant([&](const char* form) {
             FloatPlane c;
             MatrixMul(a, b, c);
             CHECK_MESSAGE(SamePlane(c, expected),
@@ -42,11 +44,11 @@ TEST_CASE("every form of the matrix product equals the sums by hand for any size
 
 TEST_CASE("no form of the product writes outside its columns")
 {
-    InEveryForm([&](const char* form) {
+    InEveryVariant([&](const char* form) {
         for (int columns = 1; columns <= 80; ++columns) {
             const std::vector<float> a(10, 2.0f), b(static_cast<std::size_t>(2 * columns), 3.0f);
             GuardedRun<float>        c(static_cast<std::size_t>(5 * columns), 3, -1.0f);
-            ActiveMatrixForm()({a.data(), 2, b.data(), columns, c.Data(), columns, 5, columns});
+            ActiveMatrixVariant()({a.data(), 2, b.data(), columns, c.Data(), columns, 5, columns});
             CHECK_MESSAGE(c.GuardsStand(), form << ", " << columns << " columns");
             CHECK_MESSAGE(std::count(c.Data(), c.Data() + 5 * columns, 12.0f) == 5 * columns, form);
         }

@@ -2,7 +2,7 @@
 
 // Planes of random contents and their comparison.
 
-#include "output/EveryForm.h"
+#include "support/EveryVariant.h"
 
 #include <VostelObj.h>
 
@@ -10,6 +10,8 @@
 #include <initializer_list>
 #include <random>
 #include <vector>
+
+namespace vostel {
 
 using FloatPlane = ClassData2DIO<float>;
 using BytePlane = ClassData2DIO<unsigned char>;
@@ -63,4 +65,6 @@ inline bool SamePlane(const FloatPlane& a, const FloatPlane& b)
 {
     return a.Width == b.Width && a.Height == b.Height &&
            SameFloats(a.Ptr1D, b.Ptr1D, static_cast<std::size_t>(a.Width * a.Height));
+}
+
 }

@@ -6,6 +6,8 @@
 #include <limits>
 #include <new>
 
+using namespace vostel;
+
 namespace {
 
 FloatPlane ScaledByHand(const FloatPlane& source, int width, int height)
@@ -59,7 +61,7 @@ TEST_CASE("every form of the scaling equals the samples by hand for any pair of 
             seed % 5 == 0 ? HardPlane(width, height, seed) : RandomFloats(width, height, random);
         const int        newWidth = side(), newHeight = side();
         const FloatPlane expected = ScaledByHand(source, newWidth, newHeight);
-        InEveryForm([&](const char* form) {
+        InEveryVariant([&](const char* form) {
             CHECK_MESSAGE(SamePlane(Scaled(source, newWidth, newHeight), expected),
                           form << ", seed " << seed << ", " << width << "x" << height << " to " << newWidth
                                << "x" << newHeight);
@@ -75,7 +77,7 @@ TEST_CASE("every form equals the samples by hand on wide images at every spacing
     for (const int width : {7, 20, 33, 57, 100, 150, 199, 200, 201, 300, 399, 400, 401, 800, 1203}) {
         for (const int height : {3, 9, 20}) {
             const FloatPlane expected = ScaledByHand(source, width, height);
-            InEveryForm([&](const char* form) {
+            InEveryVariant([&](const char* form) {
                 CHECK_MESSAGE(SamePlane(Scaled(source, width, height), expected),
                               form << ", seed " << seed << ", to " << width << "x" << height);
             });
@@ -91,7 +93,7 @@ TEST_CASE("every form equals the samples by hand where all of them are met, what
             ++seed;
             const FloatPlane source = HardPlane(columns * step, 6 * step, seed);
             const FloatPlane expected = ScaledByHand(source, columns, 6);
-            InEveryForm([&](const char* form) {
+            InEveryVariant([&](const char* form) {
                 CHECK_MESSAGE(SamePlane(Scaled(source, columns, 6), expected),
                               form << ", seed " << seed << ", step " << step << ", " << columns
                                    << " columns");

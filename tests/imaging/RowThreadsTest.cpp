@@ -12,6 +12,8 @@
 #include <thread>
 #include <vector>
 
+using namespace vostel;
+
 TEST_CASE("runs are equal and the last one takes what the division leaves over")
 {
     for (int threads = 1; threads <= 9; ++threads) {

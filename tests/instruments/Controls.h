@@ -2,8 +2,10 @@
 
 // Colours of the on-canvas controls, as words 0x00RRGGBB, and a view to place them in.
 
-#include "canvas/CanvasView.h"
+#include "canvas/view/CanvasView.h"
 #include "support/HostCanvas.h"
+
+namespace vostel {
 
 constexpr unsigned int Face = 0xB4B4B4;          // 180
 constexpr unsigned int Edge = 0x969696;          // 150
@@ -16,4 +18,6 @@ inline CanvasView ViewOf(int width, int height)
     CanvasView view;
     view.SetClientRect(CRect(0, 0, width, height));
     return view;
+}
+
 }

@@ -4,6 +4,8 @@
 
 #include <climits>
 
+using namespace vostel;
+
 namespace {
 
 // The whole control as it looks at rest, but for the letters of its caption.

@@ -6,6 +6,8 @@
 #include <climits>
 #include <cmath>
 
+using namespace vostel;
+
 namespace {
 
 constexpr unsigned int Shift = OverlayScene::Shift;

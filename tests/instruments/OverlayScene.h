@@ -3,10 +3,12 @@
 // A canvas with objects, as inner tests look at it. An image of the size of the client area lies exactly on
 // it at scale 1, so that client and image px agree; zooms in steps of 1.2 are taken back at the end.
 
-#include "canvas/CanvasTable.h"
+#include "canvas/exports/CanvasTable.h"
 #include "support/HostCanvas.h"
 
 #include <functional>
+
+namespace vostel {
 
 class OverlayScene {
 public:
@@ -89,4 +91,6 @@ inline unsigned int GreenOf(unsigned int word)
 inline unsigned int BlueOf(unsigned int word)
 {
     return word & 0xFF;
+}
+
 }

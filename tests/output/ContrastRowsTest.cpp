@@ -1,12 +1,14 @@
 #include "output/ContrastRows.h"
 
-#include "output/ContrastRowsForms.h"
-#include "output/EveryForm.h"
+#include "output/ContrastRowsVariants.h"
+#include "support/EveryVariant.h"
 
 #include <algorithm>
 #include <climits>
 #include <doctest/doctest.h>
 #include <memory>
+
+using namespace vostel;
 
 namespace {
 
@@ -26,13 +28,13 @@ std::unique_ptr<ContrastTable> TableOf(const ZEKMAPIMA& map)
 }
 
 // Every entry of the table, through a row of a form.
-bool RowGivesEveryEntry(const ZEKMAPIMA& map, const ContrastTable& table, bool pastCaches)
+bool RowGivesEveryEntry(const ZEKMAPIMA& map, const ContrastTable& table, bool streaming)
 {
     static std::vector<float>    values(65536);
     static std::vector<unsigned> pixels(65536);
     for (int i = 0; i < 65536; ++i)
         values[static_cast<std::size_t>(i)] = static_cast<float>(i);
-    ActiveContrastRowsForms().Row(table, values.data(), pixels.data(), values.size(), pastCaches);
+    ActiveContrastRowsVariants().Row(table, values.data(), pixels.data(), values.size(), streaming);
     for (int i = 0; i < 65536; ++i)
         if (pixels[static_cast<std::size_t>(i)] != static_cast<unsigned>(map.UsMap->Ptr1D[i]) * 0x010101u)
             return false;
@@ -47,7 +49,7 @@ TEST_CASE("each of the 65536 entries is shown as the table says, for many ranges
 {
     const int      ends[] = {0, 1, 2, 254, 255, 256, 257, 6553, 32768, 56722, 58804, 58981, 65534, 65535};
     const unsigned seed = 26021;
-    InEveryForm([&](const char* form) {
+    InEveryVariant([&](const char* form) {
         ZEKMAPIMA map;
         for (int low : ends)
             for (int high : ends)
@@ -86,7 +88,7 @@ TEST_CASE("most ranges are drawn as a ramp, and those where no factor gives the 
 
 TEST_CASE("a table that is no ramp is drawn entry by entry")
 {
-    InEveryForm([](const char* form) {
+    InEveryVariant([](const char* form) {
         ZEKMAPIMA map;
         CHECK_MESSAGE(RowGivesEveryEntry(map, *TableOf(map), false), form);    // never built: all zero
         map.GetMapUs();    // limits 0 and 0: no ramp at all
@@ -110,7 +112,7 @@ TEST_CASE("of a table entry the low byte counts")
     map.UsMap->Ptr1D[5] = 0x1234;
     const float value = 5.5f;
     unsigned    pixel = kGuard;
-    InEveryForm([&](const char* form) {
+    InEveryVariant([&](const char* form) {
         ContrastShowAll(*TableOf(map), &value, 1, 1, &pixel, nullptr);
         CHECK_MESSAGE(pixel == 0x343434u, form);
     });
@@ -141,7 +143,7 @@ TEST_CASE("values are truncated towards zero, wrap in 16 bits and take entry 0 b
                                                    {std::numeric_limits<float>::quiet_NaN(), 9},
                                                    {std::numeric_limits<float>::infinity(), 9},
                                                    {-std::numeric_limits<float>::infinity(), 9}};
-    InEveryForm([&](const char* form) {
+    InEveryVariant([&](const char* form) {
         for (const auto& [value, gray] : expected) {
             const std::vector<float> row(20, value);
             std::vector<unsigned>    pixels(20, kGuard);
@@ -162,7 +164,7 @@ TEST_CASE("rows of lengths 0 to 140 at odd starts equal the table and touch noth
     const auto stepsTable = TableOf(steps);
     REQUIRE(rampTable->IsRamp);
     REQUIRE_FALSE(stepsTable->IsRamp);
-    InEveryForm([&](const char* form) {
+    InEveryVariant([&](const char* form) {
         for (std::size_t count = 0; count <= 140; ++count) {
             const std::size_t        start = count * 5 % 17;
             const std::vector<float> values = MixedFloats(count + start, seed + static_cast<unsigned>(count));
@@ -170,9 +172,9 @@ TEST_CASE("rows of lengths 0 to 140 at odd starts equal the table and touch noth
             for (const bool isRamp : {true, false}) {
                 const ZEKMAPIMA&     map = isRamp ? ramp : steps;
                 const ContrastTable& table = isRamp ? *rampTable : *stepsTable;
-                for (const bool pastCaches : {false, true}) {
+                for (const bool streaming : {false, true}) {
                     GuardedRun<unsigned> pixels(count, (start + 3) % 17, kGuard);
-                    ActiveContrastRowsForms().Row(table, raw, pixels.Data(), count, pastCaches);
+                    ActiveContrastRowsVariants().Row(table, raw, pixels.Data(), count, streaming);
                     bool same = true;
                     for (std::size_t x = 0; x < count; ++x)
                         same = same && pixels.Data()[x] == PlainWord(map, raw[x]);
@@ -194,7 +196,7 @@ TEST_CASE("only pixels with a label of at least 1 are redrawn")
     steps.SetRange(0, 56722);
     const auto rampTable = TableOf(ramp);
     const auto stepsTable = TableOf(steps);
-    InEveryForm([&](const char* form) {
+    InEveryVariant([&](const char* form) {
         for (std::size_t count = 0; count <= 70; ++count) {
             std::mt19937             random(seed + static_cast<unsigned>(count));
             const std::size_t        start = count * 3 % 17;
@@ -216,8 +218,8 @@ TEST_CASE("only pixels with a label of at least 1 are redrawn")
                     pixels.Data()[x] = 0xAB000000u + static_cast<unsigned>(x);
                     expected[x] = label[x] >= 1 ? PlainWord(isRamp ? ramp : steps, raw[x]) : pixels.Data()[x];
                 }
-                ActiveContrastRowsForms().RowLabelled(isRamp ? *rampTable : *stepsTable, raw, pixels.Data(),
-                                                      label.data(), count);
+                ActiveContrastRowsVariants().RowLabelled(isRamp ? *rampTable : *stepsTable, raw,
+                                                         pixels.Data(), label.data(), count);
                 CHECK_MESSAGE(std::equal(expected.begin(), expected.end(), pixels.Data()),
                               form << ", seed " << seed << ", length " << count << ", ramp " << isRamp);
                 CHECK_MESSAGE(pixels.GuardsStand(), form << ", length " << count);
@@ -231,7 +233,7 @@ TEST_CASE("data rows go to the surface bottom-up, for every small size, with and
     ZEKMAPIMA map;
     map.SetRange(300, 50000);
     const auto table = TableOf(map);
-    InEveryForm([&](const char* form) {
+    InEveryVariant([&](const char* form) {
         for (int height = 0; height <= 5; ++height) {
             for (int width : {0, 1, 2, 7, 15, 16, 17, 33, 64, 65, 1023, 1024, 1025, 2100}) {
                 const std::size_t     w = static_cast<std::size_t>(width);
@@ -275,7 +277,7 @@ TEST_CASE("remapping and showing at once equals the two steps, in place too")
     const RemapRule rules[] = {MakeRemapRule(-1000.0f, 66500.0f, 0.0f, 65535.0f),
                                MakeRemapRule(5.0f, 5.0f, 0.0f, 1.0f),
                                MakeRemapRule(60000.0f, 100.0f, 0.0f, 65535.0f)};
-    InEveryForm([&](const char* form) {
+    InEveryVariant([&](const char* form) {
         for (const RemapRule& rule : rules) {
             for (int height = 0; height <= 4; ++height) {
                 for (int width : {0, 1, 9, 16, 40, 1024, 1030, 2049}) {
@@ -327,9 +329,9 @@ TEST_CASE("a surface larger than the caches is drawn like a small one")
     const auto         table = TableOf(map);
     const RemapRule    rule = MakeRemapRule(-1000.0f, 66500.0f, 0.0f, 65535.0f);
     std::vector<float> expectedRaw(all);
-    ForceCpuForm(CpuForm::Plain);
+    ForceCpuVariant(CpuVariant::Plain);
     RemapFloats(rule, source.data(), expectedRaw.data(), all);
-    ForceCpuForm(BestCpuForm());
+    ForceCpuVariant(BestCpuVariant());
     GuardedRun<unsigned> pixels(all, 5, kGuard);
     GuardedRun<int>      label(all, 3, -7);
     GuardedRun<float>    raw(all, 7, 77.0f);
@@ -340,7 +342,7 @@ TEST_CASE("a surface larger than the caches is drawn like a small one")
                 wrong += pixels.Data()[y * 2061 + x] != PlainWord(map, data[(2048 - y) * 2061 + x]);
         return wrong;
     };
-    InEveryForm([&](const char* form) {
+    InEveryVariant([&](const char* form) {
         ContrastShowAll(*table, source.data(), width, height, pixels.Data(), label.Data());
         CHECK_MESSAGE(wrongPixels(source) == 0, form);
         CHECK_MESSAGE(std::count(label.Data(), label.Data() + all, 1) == static_cast<long>(all), form);

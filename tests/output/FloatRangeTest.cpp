@@ -1,9 +1,11 @@
 #include "output/FloatRange.h"
 
-#include "output/EveryForm.h"
-#include "output/FloatRangeForms.h"
+#include "output/FloatRangeVariants.h"
+#include "support/EveryVariant.h"
 
 #include <doctest/doctest.h>
+
+using namespace vostel;
 
 namespace {
 
@@ -91,7 +93,7 @@ TEST_CASE("not a number is passed over, infinities count")
 
 TEST_CASE("of equal zeros the first one's sign is reported, in every form")
 {
-    InEveryForm([](const char* form) {
+    InEveryVariant([](const char* form) {
         for (std::size_t negative = 0; negative < 300; negative += 7) {
             std::vector<float> values(300, 0.0f);
             values[negative] = -0.0f;
@@ -116,8 +118,8 @@ TEST_CASE(
     "smallest and largest equal the plain scan for lengths 0 to 140, odd starts, with and without a copy")
 {
     const unsigned seed = 26011;
-    InEveryForm([&](const char* form) {
-        const auto minMax = ActiveFloatRangeForms().MinMax;
+    InEveryVariant([&](const char* form) {
+        const auto minMax = ActiveFloatRangeVariants().MinMax;
         for (std::size_t count = 0; count <= 140; ++count) {
             const std::size_t        start = count % 19;
             const std::vector<float> values = MixedFloats(count + start, seed + static_cast<unsigned>(count));
@@ -153,7 +155,7 @@ TEST_CASE(
 
 TEST_CASE("the extreme of a long plane is found wherever it lies")
 {
-    InEveryForm([](const char* form) {
+    InEveryVariant([](const char* form) {
         std::vector<float> values(257, 5.0f);
         for (std::size_t i = 0; i < values.size(); ++i) {
             values[i] = -9.0f;
@@ -177,7 +179,7 @@ TEST_CASE("a plane larger than the caches is scanned, copied and remapped like a
     float                    hi;
     PlainMinMax(values.data(), count, lo, hi);
     const RemapRule rule = MakeRemapRule(0.0f, 65535.0f, 0.0f, 255.0f);
-    InEveryForm([&](const char* form) {
+    InEveryVariant([&](const char* form) {
         GuardedRun<float> copy(count, 3, 4.0f);
         float             foundLo;
         float             foundHi;
@@ -260,7 +262,7 @@ TEST_CASE("a target of another size stays untouched")
 
 TEST_CASE("not a number stays so through a remap, infinities are clamped")
 {
-    InEveryForm([](const char* form) {
+    InEveryVariant([](const char* form) {
         std::vector<float> values(40, kNan);
         values[3] = kInfinity;
         values[4] = -kInfinity;
@@ -283,8 +285,8 @@ TEST_CASE("the remap equals the formula for lengths 0 to 70, odd starts and hard
            {10.0f, -10.0f, -0.0f, -5.0f},    {-0.0f, 1e-40f, 0.0f, 1.0f},       {0.0f, kInfinity, 0.0f, 255.0f},
            {-kInfinity, 0.0f, 0.0f, 255.0f}, {kNan, 5.0f, 0.0f, 255.0f},        {0.0f, 5.0f, kNan, 255.0f},
            {-1e7f, 1e7f, 65535.0f, -0.0f},   {0.0f, 0.001f, 0.0f, 3e38f},       {-3e38f, 3e38f, -1.0f, 1.0f}};
-    InEveryForm([&](const char* form) {
-        const auto remap = ActiveFloatRangeForms().Remap;
+    InEveryVariant([&](const char* form) {
+        const auto remap = ActiveFloatRangeVariants().Remap;
         int        n = 0;
         for (const auto& range : ranges) {
             const RemapRule rule = MakeRemapRule(range[0], range[1], range[2], range[3]);

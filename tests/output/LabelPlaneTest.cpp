@@ -1,15 +1,17 @@
 #include "output/LabelPlane.h"
 
-#include "output/EveryForm.h"
+#include "support/EveryVariant.h"
 
 #include <algorithm>
 #include <climits>
 #include <doctest/doctest.h>
 #include <numeric>
 
+using namespace vostel;
+
 TEST_CASE("a filled plane holds the value everywhere and nowhere else")
 {
-    InEveryForm([](const char* form) {
+    InEveryVariant([](const char* form) {
         for (int width = 0; width <= 70; ++width) {
             for (int value : {0, 1, -1, INT_MIN}) {
                 const std::size_t all = static_cast<std::size_t>(width) * 3;
@@ -60,7 +62,7 @@ TEST_CASE("an empty or missing plane is left alone")
 TEST_CASE("a plane larger than the caches is filled like a small one")
 {
     const std::size_t all = std::size_t{2049} * 2061;
-    InEveryForm([&](const char* form) {
+    InEveryVariant([&](const char* form) {
         GuardedRun<int> plane(all, 5, 1234);
         FillLabelPlane(plane.Data(), 2049, 2061, 42);
         CHECK_MESSAGE(std::count(plane.Data(), plane.Data() + all, 42) == static_cast<long>(all), form);

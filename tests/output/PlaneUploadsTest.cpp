@@ -1,8 +1,10 @@
 #include "output/PlaneUploads.h"
 
-#include "output/EveryForm.h"
+#include "support/EveryVariant.h"
 
 #include <doctest/doctest.h>
+
+using namespace vostel;
 
 namespace {
 
@@ -73,7 +75,7 @@ TEST_CASE("planes that are missing or short read as zero")
 {
     const unsigned char plane[] = {9, 8, 7, 6};
     unsigned            pixels[4] = {};
-    InEveryForm([&](const char* form) {
+    InEveryVariant([&](const char* form) {
         UploadPlanesRow(nullptr, 0, nullptr, 4, plane, 4, pixels, 4);
         CHECK_MESSAGE(pixels[0] == 7, form);
         CHECK_MESSAGE(pixels[1] == 6, form);
@@ -89,7 +91,7 @@ TEST_CASE("a count below 1 uploads nothing")
 {
     const unsigned char bytes[4] = {1, 2, 3, 4};
     unsigned            pixel = kGuard;
-    InEveryForm([&](const char* form) {
+    InEveryVariant([&](const char* form) {
         for (int count : {0, -1, -4096}) {
             UploadGrayRow(bytes, &pixel, count);
             UploadTripleRow(bytes, &pixel, count);
@@ -103,12 +105,12 @@ TEST_CASE("a count below 1 uploads nothing")
 TEST_CASE("rows of lengths 0 to 140 at odd starts equal the formulas, read and touch nothing else")
 {
     const unsigned seed = 24001;
-    InEveryForm([&](const char* form) {
+    InEveryVariant([&](const char* form) {
         for (std::size_t count = 0; count <= 140; ++count) {
             const unsigned    mine = seed + static_cast<unsigned>(count);
             const int         columns = static_cast<int>(count);
             const std::size_t start = count * 5 % 17;
-            for (const bool pastCaches : {false, true}) {
+            for (const bool streaming : {false, true}) {
                 GuardedRun<unsigned> pixels(count, start, kGuard);
                 const auto           check = [&](const char* what, auto&& word) {
                     bool same = true;
@@ -119,17 +121,17 @@ TEST_CASE("rows of lengths 0 to 140 at odd starts equal the formulas, read and t
                     std::fill_n(pixels.Data(), count, kGuard);
                 };
                 const auto gray = RandomBytes(count, mine);
-                UploadGrayRow(gray.data(), pixels.Data(), columns, pastCaches);
+                UploadGrayRow(gray.data(), pixels.Data(), columns, streaming);
                 check("gray", [&](std::size_t x) { return At(gray, x) * 0x010101u; });
 
                 const auto triples = RandomBytes(3 * count, mine);
-                UploadTripleRow(triples.data(), pixels.Data(), columns, pastCaches);
+                UploadTripleRow(triples.data(), pixels.Data(), columns, streaming);
                 check("triples", [&](std::size_t x) {
                     return At(triples, 3 * x) | At(triples, 3 * x + 1) << 8 | At(triples, 3 * x + 2) << 16;
                 });
 
                 const auto quads = RandomBytes(4 * count, mine);
-                UploadQuadRow(quads.data(), pixels.Data(), columns, pastCaches);
+                UploadQuadRow(quads.data(), pixels.Data(), columns, streaming);
                 check("quads", [&](std::size_t x) {
                     return At(quads, 4 * x) | At(quads, 4 * x + 1) << 8 | At(quads, 4 * x + 2) << 16;
                 });
@@ -140,7 +142,7 @@ TEST_CASE("rows of lengths 0 to 140 at odd starts equal the formulas, read and t
                     const auto green = RandomBytes(count + more, mine + 2);
                     const auto blue = RandomBytes(count + more, mine + 3);
                     UploadPlanesRow(red.data(), red.size(), green.data(), green.size(), blue.data(),
-                                    blue.size(), pixels.Data(), columns, pastCaches);
+                                    blue.size(), pixels.Data(), columns, streaming);
                     check("planes", [&](std::size_t x) {
                         return At(red, x) << 16 | At(green, x + 1) << 8 | At(blue, x + 2);
                     });

@@ -11,6 +11,8 @@
 #include <utility>
 #include <vector>
 
+using namespace vostel;
+
 namespace {
 
 using Action = std::pair<std::string, std::function<void(OverlayCanvas&)>>;

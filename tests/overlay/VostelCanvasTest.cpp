@@ -5,6 +5,8 @@
 #include <limits>
 #include <memory>
 
+using namespace vostel;
+
 namespace {
 
 template <typename F>

@@ -2,6 +2,8 @@
 
 #include "support/OverlayCanvas.h"
 
+using namespace vostel;
+
 namespace {
 
 void DrawStroke(OverlayCanvas& host, CPoint from, CPoint to)

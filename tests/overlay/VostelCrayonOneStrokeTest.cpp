@@ -2,6 +2,8 @@
 
 #include "support/OverlayCanvas.h"
 
+using namespace vostel;
+
 namespace {
 
 // A closed stroke from 20,20 to 60,50, clockwise.

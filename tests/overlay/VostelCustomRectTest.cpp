@@ -3,6 +3,8 @@
 #include "support/OverlayCanvas.h"
 #include "support/RegionAnswer.h"
 
+using namespace vostel;
+
 namespace {
 
 VostelCustomRect& AddBox(OverlayCanvas& host, int left, int top, int right, int bottom)

@@ -4,6 +4,8 @@
 #include "overlay/VostelRect.h"
 #include "support/OverlayCanvas.h"
 
+using namespace vostel;
+
 namespace {
 
 const std::vector<CPoint> Square = {CPoint(20, 20), CPoint(60, 20), CPoint(60, 50), CPoint(20, 50)};

@@ -4,6 +4,8 @@
 
 #include <memory>
 
+using namespace vostel;
+
 namespace {
 
 VostelMovableRect& AddFrame(OverlayCanvas& host)

@@ -7,6 +7,8 @@
 #include <climits>
 #include <cstring>
 
+using namespace vostel;
+
 namespace {
 
 void GivePoints(VostelObj& object)
@@ -217,8 +219,8 @@ TEST_CASE("setters store their values, and those of descendants do nothing here"
     object.ReservedOp();
     CHECK(object.ReservedCheck());
     int owner = 0;
-    object.SetOwnerImage(reinterpret_cast<VostelImage*>(&owner));
-    CHECK(object.OwnerImage == reinterpret_cast<VostelImage*>(&owner));
+    object.SetOwnerImage(reinterpret_cast<ImageValues*>(&owner));
+    CHECK(object.OwnerImage == reinterpret_cast<ImageValues*>(&owner));
 }
 
 TEST_CASE("text operations of the base change no text and measure nothing")

@@ -2,6 +2,8 @@
 
 #include "support/OverlayCanvas.h"
 
+using namespace vostel;
+
 TEST_CASE("a polygon's outline closes from the last node to the first, red while selected and blue otherwise")
 {
     OverlayCanvas host;

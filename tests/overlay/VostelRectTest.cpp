@@ -2,6 +2,8 @@
 
 #include "support/OverlayCanvas.h"
 
+using namespace vostel;
+
 namespace {
 
 VostelRect& DrawRect(OverlayCanvas& host, CPoint from, CPoint to)

@@ -5,6 +5,8 @@
 
 #include <cstdlib>
 
+using namespace vostel;
+
 namespace {
 
 const std::vector<CPoint> Nodes = {CPoint(20, 20), CPoint(70, 18), CPoint(75, 60), CPoint(25, 62)};

@@ -7,6 +7,8 @@
 #include <cwchar>
 #include <memory>
 
+using namespace vostel;
+
 namespace {
 
 using File = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <memory>
 
+using namespace vostel;
+
 namespace {
 
 // Brings the platform's own services back.

@@ -16,7 +16,7 @@ foreach(program IN ITEMS VostelTests VostelInnerTests)
 endforeach()
 if(NOT WIN32)
     vostel_test(platform/PortableGdiTest)
-    vostel_inner_test(platform/StretchFormsTest)
+    vostel_inner_test(platform/StretchVariantsTest)
 endif()
 
 # Text, pictures, services and files.

@@ -107,7 +107,7 @@ public:
     }
 
     // y counts from the top.
-    unsigned int& WordAt(int x, int y) const
+    unsigned int& PixelAt(int x, int y) const
     {
         return Pixels[static_cast<std::size_t>(Height - 1 - y) * static_cast<std::size_t>(Width) +
                       static_cast<std::size_t>(x)];
@@ -198,7 +198,7 @@ public:
         return Window.Capture();
     }
     // 0x00RRGGBB of the last frame; y counts from the top.
-    unsigned int Pixel(int x, int y) const { return Window.WordAt(x, y) & 0xFFFFFF; }
+    unsigned int Pixel(int x, int y) const { return Window.PixelAt(x, y) & 0xFFFFFF; }
 
     // The canvas surface, top row first.
     Frame Surface() const

@@ -4,10 +4,12 @@
 // (x, y) lies at client point (x + 50, y + 40). Gestures go through the exports; the objects can be looked
 // at. Inner tests only.
 
-#include "canvas/CanvasTable.h"
+#include "canvas/exports/CanvasTable.h"
 #include "support/HostCanvas.h"
 
 #include <algorithm>
+
+namespace vostel {
 
 constexpr unsigned int DrawFlags = MK_LBUTTON | MK_SHIFT;
 
@@ -90,4 +92,6 @@ constexpr unsigned int BluePixel = 0x0000FF;
 inline bool IsAt(PointTemplateBase<double> p, double x, double y)
 {
     return p.x == x && p.y == y;
+}
+
 }

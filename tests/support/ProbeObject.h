@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+namespace vostel {
+
 class Probe : public VostelObj {
 public:
     static inline int Alive = 0;
@@ -78,3 +80,5 @@ private:
         }
     }
 };
+
+}

@@ -2,7 +2,7 @@
 
 // There is no desktop to ask on, so each question counts as cancelled until a host installs its own dialogs.
 
-namespace own {
+namespace vostel::own {
 
 bool AskLoadPara(tagZEKImaLoadPara&)
 {

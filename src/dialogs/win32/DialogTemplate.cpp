@@ -2,6 +2,8 @@
 
 #include <cstring>
 
+namespace vostel {
+
 namespace {
 // The system's own control classes have numbers instead of names.
 constexpr WORD kButton = 0x0080;
@@ -85,4 +87,6 @@ void DialogTemplate::Append(const void* bytes, std::size_t count)
 void DialogTemplate::AppendText(const wchar_t* text)
 {
     Append(text, (std::wcslen(text) + 1) * sizeof(wchar_t));
+}
+
 }

@@ -6,6 +6,8 @@
 
 #include <vector>
 
+namespace vostel {
+
 class DialogTemplate {
 public:
     DialogTemplate(const wchar_t* caption, short width);
@@ -30,3 +32,5 @@ private:
     void AppendText(const wchar_t* text);
     DLGTEMPLATE& Header() { return *reinterpret_cast<DLGTEMPLATE*>(Words.data()); }
 };
+
+}

@@ -2,7 +2,7 @@
 
 // Control numbers of the dialogs, for whoever drives them from outside.
 
-namespace field {
+namespace vostel::field {
 inline constexpr unsigned short Width = 101;
 inline constexpr unsigned short Height = 102;
 inline constexpr unsigned short DataType = 103;

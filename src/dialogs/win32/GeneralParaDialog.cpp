@@ -2,6 +2,8 @@
 
 #include "dialogs/win32/FieldIds.h"
 
+namespace vostel {
+
 namespace {
 
 // What the field asks for, for the sections that the canvases use; others stand for themselves.
@@ -31,4 +33,6 @@ bool GeneralParaDialog::Read()
 {
     Value = GetText(field::Value);
     return true;
+}
+
 }

@@ -4,6 +4,8 @@
 
 #include "dialogs/win32/ParameterDialog.h"
 
+namespace vostel {
+
 class GeneralParaDialog : public ParameterDialog {
 public:
     GeneralParaDialog(const std::wstring& section, const std::wstring& start);
@@ -14,3 +16,5 @@ protected:
     void Fill() override;
     bool Read() override;
 };
+
+}

@@ -3,6 +3,8 @@
 #include "dialogs/win32/FieldIds.h"
 #include "dialogs/win32/NumberText.h"
 
+namespace vostel {
+
 namespace {
 
 // Every number of the record with its key in the file.
@@ -77,4 +79,6 @@ bool LoadParaDialog::Read()
     read.MapToByte = GetCheck(field::MapToByte) ? 1 : 0;
     Para = read;
     return true;
+}
+
 }

@@ -6,6 +6,8 @@
 #include "dialogs/win32/ParameterFile.h"
 #include "vostel/Tessik.h"
 
+namespace vostel {
+
 class LoadParaDialog : public ParameterDialog {
 public:
     explicit LoadParaDialog(const tagZEKImaLoadPara& start);
@@ -19,3 +21,5 @@ protected:
     void Fill() override;
     bool Read() override;
 };
+
+}

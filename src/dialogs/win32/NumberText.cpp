@@ -3,6 +3,8 @@
 #include <charconv>
 #include <cmath>
 
+namespace vostel {
+
 namespace {
 
 template <class Number>
@@ -72,4 +74,6 @@ std::wstring NumberText(std::uint32_t number)
 std::wstring NumberText(float number)
 {
     return Format(number);
+}
+
 }

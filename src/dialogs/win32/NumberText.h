@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <string>
 
+namespace vostel {
+
 bool ParseNumber(const std::wstring& text, std::int32_t& number);
 bool ParseNumber(const std::wstring& text, std::uint32_t& number);
 bool ParseNumber(const std::wstring& text, float& number);    // finite numbers only
@@ -14,3 +16,5 @@ bool ParseNumber(const std::wstring& text, float& number);    // finite numbers 
 std::wstring NumberText(std::int32_t number);
 std::wstring NumberText(std::uint32_t number);
 std::wstring NumberText(float number);
+
+}

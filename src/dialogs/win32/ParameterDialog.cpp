@@ -2,6 +2,8 @@
 
 #include "dialogs/win32/NumberText.h"
 
+namespace vostel {
+
 namespace {
 // Dialog units.
 constexpr short kWidth = 190;
@@ -156,4 +158,6 @@ INT_PTR CALLBACK ParameterDialog::Procedure(HWND window, UINT message, WPARAM wP
         EndDialog(window, LOWORD(wParam));
     }
     return TRUE;
+}
+
 }

@@ -8,6 +8,8 @@
 #include <initializer_list>
 #include <string>
 
+namespace vostel {
+
 class ParameterDialog {
 public:
     explicit ParameterDialog(const wchar_t* caption);
@@ -48,3 +50,5 @@ private:
     void                    CentreOverOwner() const;
     static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 };
+
+}

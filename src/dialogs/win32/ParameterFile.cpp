@@ -4,6 +4,8 @@
 
 #include <vector>
 
+namespace vostel {
+
 namespace {
 
 std::wstring ApplicationDataFolder()
@@ -74,4 +76,6 @@ void ParameterFile::Write(const wchar_t* key, const std::wstring& text) const
     // Reading takes one pair of quotes off again; without it, blanks at the ends would be lost.
     const std::wstring quoted = L"\"" + text + L"\"";
     WritePrivateProfileStringW(Section.c_str(), key, quoted.c_str(), Path.c_str());
+}
+
 }

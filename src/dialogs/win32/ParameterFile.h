@@ -8,6 +8,8 @@
 
 #include <string>
 
+namespace vostel {
+
 class ParameterFile {
 public:
     ParameterFile(const CString& file, const CString& section);
@@ -19,3 +21,5 @@ private:
     std::wstring Path;
     std::wstring Section;
 };
+
+}

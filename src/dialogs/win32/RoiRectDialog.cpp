@@ -3,6 +3,8 @@
 #include "dialogs/win32/FieldIds.h"
 #include "dialogs/win32/NumberText.h"
 
+namespace vostel {
+
 namespace {
 
 // Every number of the record with its key in the file and its field.
@@ -57,4 +59,6 @@ bool RoiRectDialog::Read()
     if (parsed)
         Para = read;
     return parsed;
+}
+
 }

@@ -6,6 +6,8 @@
 #include "dialogs/win32/ParameterFile.h"
 #include "vostel/Tessik.h"
 
+namespace vostel {
+
 class RoiRectDialog : public ParameterDialog {
 public:
     explicit RoiRectDialog(const tagZEKImaROIRectPara& start);
@@ -19,3 +21,5 @@ protected:
     void Fill() override;
     bool Read() override;
 };
+
+}

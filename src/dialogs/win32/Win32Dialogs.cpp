@@ -6,7 +6,7 @@
 // Modal dialogs of the desktop. Each starts with the last confirmed answer: the file's, which other
 // processes see too, and where that cannot be read or written, this process's own.
 
-namespace own {
+namespace vostel::own {
 
 namespace {
 const wchar_t* const kOwnFile = L"Tessik.ini";

@@ -10,7 +10,7 @@
 #include <cstdlib>
 #include <cstring>
 
-namespace gdi {
+namespace vostel::gdi {
 namespace {
 
 constexpr std::size_t LineBytes = 64;

@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-namespace gdi {
+namespace vostel::gdi {
 
 // Zeroed memory for the bits of a bitmap, aligned to a cache line; null when there is none. Untouched pages
 // of large bitmaps cost nothing.

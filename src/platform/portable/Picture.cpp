@@ -2,7 +2,7 @@
 
 #include <new>
 
-namespace pictures {
+namespace vostel::pictures {
 
 Picture::~Picture()
 {

@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <cstring>
 
-namespace pictures {
+namespace vostel::pictures {
 namespace {
 
 constexpr std::uint32_t Plain = 0, RunLength8 = 1, RunLength4 = 2, BitFields = 3, AlphaBitFields = 6;

@@ -8,7 +8,7 @@
 #include <cstddef>
 #include <vector>
 
-namespace pictures {
+namespace vostel::pictures {
 
 using Bytes = std::vector<unsigned char>;
 

@@ -9,7 +9,7 @@
 #include <cstring>
 #include <memory>
 
-namespace pictures {
+namespace vostel::pictures {
 namespace {
 
 struct Source {

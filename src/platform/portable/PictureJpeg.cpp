@@ -10,7 +10,7 @@
 #include <csetjmp>
 #include <cstdlib>
 
-namespace pictures {
+namespace vostel::pictures {
 namespace {
 
 constexpr int Quality = 90;

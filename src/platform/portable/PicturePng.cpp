@@ -8,7 +8,7 @@
 #include <csetjmp>
 #include <cstring>
 
-namespace pictures {
+namespace vostel::pictures {
 namespace {
 
 struct Source {

@@ -10,7 +10,7 @@
 #include <cstring>
 #include <memory>
 
-namespace pictures {
+namespace vostel::pictures {
 namespace {
 
 // A file in memory behind the library's file calls.

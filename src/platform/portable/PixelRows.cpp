@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-namespace gdi {
+namespace vostel::gdi {
 
 void LoadWords(std::uint32_t* words, const PixelCopy& copy, int y, int x, int count)
 {

@@ -4,7 +4,7 @@
 
 #include "platform/portable/PortableContext.h"
 
-namespace gdi {
+namespace vostel::gdi {
 
 // What a copy is between, and the three colours that only 1-bit bitmaps ask for.
 struct PixelCopy {

@@ -8,7 +8,7 @@
 #include <memory>
 #include <new>
 
-using namespace gdi;
+using namespace vostel::gdi;
 
 namespace {
 

@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <cstring>
 
-namespace gdi {
+namespace vostel::gdi {
 namespace {
 
 // What the columns or rows of a copy come down to.
@@ -138,11 +138,11 @@ StretchAxis Axis(std::int64_t target, int targetExtent, std::int64_t source, int
 }
 }
 
-extern "C" {
+using namespace vostel::gdi;
 
 int SetStretchBltMode(HDC dc, int mode)
 {
-    gdi::Context* context = gdi::FindContext(dc);
+    Context* context = FindContext(dc);
     if (context == nullptr || mode < 1 || mode > HALFTONE)
         return 0;
     const int before = context->StretchMode;
@@ -159,24 +159,22 @@ BOOL BitBlt(HDC targetDc, int x, int y, int width, int height, HDC sourceDc, int
 BOOL StretchBlt(HDC targetDc, int x, int y, int width, int height, HDC sourceDc, int sourceX, int sourceY,
                 int sourceWidth, int sourceHeight, DWORD operation)
 {
-    const gdi::Context*  target = gdi::FindContext(targetDc);
-    const gdi::Context*  source = gdi::FindContext(sourceDc);
-    const gdi::PixelCopy copy = gdi::CopyBetween(target, source);
+    const Context*  target = FindContext(targetDc);
+    const Context*  source = FindContext(sourceDc);
+    const PixelCopy copy = CopyBetween(target, source);
     if (copy.Target == nullptr || copy.Source == nullptr || operation != SRCCOPY)
         return FALSE;
     if (width == 0 || height == 0 || sourceWidth == 0 || sourceHeight == 0)
         return TRUE;
-    const gdi::StretchAxis columns =
-        gdi::Axis(std::int64_t{x} + target->Origin.x, width, std::int64_t{sourceX} + source->Origin.x,
-                  sourceWidth, copy.Target->Width, copy.Source->Width);
-    const gdi::StretchAxis rows =
-        gdi::Axis(std::int64_t{y} + target->Origin.y, height, std::int64_t{sourceY} + source->Origin.y,
-                  sourceHeight, copy.Target->Height, copy.Source->Height);
+    const StretchAxis columns =
+        Axis(std::int64_t{x} + target->Origin.x, width, std::int64_t{sourceX} + source->Origin.x, sourceWidth,
+             copy.Target->Width, copy.Source->Width);
+    const StretchAxis rows =
+        Axis(std::int64_t{y} + target->Origin.y, height, std::int64_t{sourceY} + source->Origin.y,
+             sourceHeight, copy.Target->Height, copy.Source->Height);
     if (width == sourceWidth && height == sourceHeight)
-        gdi::CopyPixels(copy, columns, rows);
+        CopyPixels(copy, columns, rows);
     else
-        gdi::StretchPixels(copy, columns, rows, target->StretchMode);
+        StretchPixels(copy, columns, rows, target->StretchMode);
     return TRUE;
 }
-
-}    // extern "C"

@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-namespace gdi {
+namespace vostel::gdi {
 
 // A bitmap of 1 (the default bitmap of a context), 24 or 32 bits a pixel.
 struct Bitmap {

@@ -6,6 +6,8 @@
 #include <cwctype>
 #include <filesystem>
 
+namespace vostel {
+
 namespace {
 
 wchar_t Lower(wchar_t character)
@@ -122,4 +124,6 @@ bool CopyOneFile(const std::wstring& from, const std::wstring& to)
     std::error_code failure;
     return std::filesystem::copy_file(NativePath(from), NativePath(to),
                                       std::filesystem::copy_options::overwrite_existing, failure);
+}
+
 }

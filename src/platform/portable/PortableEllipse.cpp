@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace gdi {
+namespace vostel::gdi {
 namespace {
 
 // A walk along the outline is exact and takes as many steps as the outline has pixels. Ellipses beyond this

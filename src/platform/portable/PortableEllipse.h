@@ -6,7 +6,7 @@
 
 #include <vector>
 
-namespace gdi {
+namespace vostel::gdi {
 
 class EllipseRows {
 public:

@@ -9,6 +9,8 @@
 #include <cstdint>
 #include <cwchar>
 
+namespace vostel {
+
 bool PathExists(const char* path)
 {
     struct stat facts;
@@ -111,4 +113,6 @@ std::wstring WidenAnsi(const char* text)
 bool IsPathSeparator(wchar_t character)
 {
     return character == L'\\' || character == L'/';
+}
+
 }

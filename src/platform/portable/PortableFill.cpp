@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
-namespace gdi {
+namespace vostel::gdi {
 namespace {
 
 // Rows of the six hatches; bit 7 is the leftmost pixel.
@@ -144,7 +144,7 @@ void FillBox(const Bitmap& surface, const Paint& paint, std::int64_t left, std::
 
 }
 
-using namespace gdi;
+using namespace vostel::gdi;
 
 namespace {
 

@@ -4,7 +4,7 @@
 
 #include "platform/portable/PortableContext.h"
 
-namespace gdi {
+namespace vostel::gdi {
 
 // What a brush or a pen puts on a pixel. A pattern repeats every 8 pixels each way from the bitmap's top
 // left corner, whatever the viewport origin.

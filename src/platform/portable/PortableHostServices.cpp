@@ -6,6 +6,8 @@
 
 #include <cstdio>
 
+namespace vostel {
+
 namespace desktop {
 
 void ShowMessage(const CString& text)
@@ -34,6 +36,8 @@ void InvalidateWindow(HWND) {}
 POINT ScreenToWindow(HWND, POINT screen)
 {
     return screen;
+}
+
 }
 
 }

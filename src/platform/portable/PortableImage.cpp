@@ -8,6 +8,8 @@
 #include <new>
 #include <string>
 
+using namespace vostel;
+
 namespace {
 
 constexpr long long LargestFile = 1LL << 31;

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
-namespace gdi {
+namespace vostel::gdi {
 namespace {
 
 __extension__ typedef __int128 Wide;    // products of two 34-bit lengths
@@ -282,7 +282,7 @@ void DrawDashedRing(const Bitmap& surface, const Dashes& dashes, const std::vect
 
 }
 
-using namespace gdi;
+using namespace vostel::gdi;
 
 BOOL MoveToEx(HDC dc, int x, int y, POINT* before)
 {

@@ -4,7 +4,7 @@
 
 #include "platform/portable/PortableFill.h"
 
-namespace gdi {
+namespace vostel::gdi {
 
 // Device coordinates: sums of 32-bit ones.
 struct DevicePoint {

@@ -11,7 +11,7 @@
 #include <new>
 #include <utility>
 
-namespace gdi {
+namespace vostel::gdi {
 namespace {
 
 enum class Kind : unsigned { Free, Context, Bitmap, Pen, Brush, Font };
@@ -225,7 +225,7 @@ HBITMAP InsertBitmap(std::unique_ptr<Bitmap> bitmap)
 
 }
 
-using namespace gdi;
+using namespace vostel::gdi;
 
 HDC CreateCompatibleDC(HDC like)
 {

@@ -3,7 +3,7 @@
 #include "platform/portable/PixelRows.h"
 #include "platform/portable/PortableContext.h"
 
-using namespace gdi;
+using namespace vostel::gdi;
 
 namespace {
 

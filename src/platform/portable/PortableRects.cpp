@@ -1,7 +1,9 @@
 // Rectangles as plain numbers. Sums wrap, as the processor's do.
 
-#include "foundation/Truncate.h"
+#include "base/Truncate.h"
 #include "platform/portable/PortableContext.h"
+
+using namespace vostel;
 
 BOOL PtInRect(const RECT* rect, POINT point)
 {

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-using namespace gdi;
+using namespace vostel::gdi;
 
 namespace {
 

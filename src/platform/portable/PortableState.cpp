@@ -5,7 +5,7 @@
 
 #include <utility>
 
-using namespace gdi;
+using namespace vostel::gdi;
 
 int SetBkMode(HDC dc, int mode)
 {

@@ -14,7 +14,7 @@
 #include <cstdlib>
 #include <cstring>
 
-namespace gdi {
+namespace vostel::gdi {
 namespace {
 
 // Buffers that calls share; their size is bounded by the bitmaps of this thread.

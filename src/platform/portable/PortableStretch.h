@@ -6,7 +6,7 @@
 #include "platform/portable/PixelRows.h"
 #include "platform/portable/StretchAxis.h"
 
-namespace gdi {
+namespace vostel::gdi {
 
 // One pixel to one pixel; the bitmaps may be the same one and the areas may overlap.
 void CopyPixels(const PixelCopy& copy, const StretchAxis& columns, const StretchAxis& rows);

@@ -6,6 +6,8 @@
 #include <cstdio>
 #include <thread>
 
+namespace vostel {
+
 int ProcessorCount()
 {
     const unsigned count = std::thread::hardware_concurrency();
@@ -40,4 +42,6 @@ void PrintElapsedTime(double seconds)
 {
     std::printf("耗费时间为%2.9f\n", seconds);
     std::fflush(stdout);
+}
+
 }

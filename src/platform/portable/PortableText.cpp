@@ -13,7 +13,7 @@
 #include <string>
 #include <string_view>
 
-namespace gdi {
+namespace vostel::gdi {
 namespace {
 
 // Bitmap pixels; left and top count in. Sums of client coordinates and text widths may leave 32 bits.
@@ -272,19 +272,19 @@ bool TextOf(LPCWSTR text, int length, std::wstring_view& view)
 }
 }
 
-extern "C" {
+using namespace vostel::gdi;
 
 BOOL TextOutW(HDC dc, int x, int y, LPCWSTR text, int length)
 {
-    gdi::Context*     context = gdi::FindContext(dc);
+    Context*          context = FindContext(dc);
     std::wstring_view view;
     if (context == nullptr || context->SelectedFont == nullptr || context->Surface == nullptr ||
-        !gdi::TextOf(text, length, view))
+        !TextOf(text, length, view))
         return FALSE;
     try {
-        gdi::DrawLine(*context, {0, 0, context->Surface->Width, context->Surface->Height}, view,
-                      static_cast<long long>(x) + context->Origin.x,
-                      static_cast<long long>(y) + context->Origin.y, gdi::NoPrefix);
+        DrawLine(*context, {0, 0, context->Surface->Width, context->Surface->Height}, view,
+                 static_cast<long long>(x) + context->Origin.x, static_cast<long long>(y) + context->Origin.y,
+                 NoPrefix);
     } catch (const std::bad_alloc&) {
         return FALSE;
     }
@@ -293,16 +293,14 @@ BOOL TextOutW(HDC dc, int x, int y, LPCWSTR text, int length)
 
 int DrawTextW(HDC dc, LPCWSTR text, int length, RECT* rect, UINT format)
 {
-    gdi::Context*     context = gdi::FindContext(dc);
+    Context*          context = FindContext(dc);
     std::wstring_view view;
     if (context == nullptr || context->SelectedFont == nullptr || rect == nullptr ||
-        !gdi::TextOf(text, length, view))
+        !TextOf(text, length, view))
         return 0;
     try {
-        return gdi::DrawLines(*context, view, *rect, format);
+        return DrawLines(*context, view, *rect, format);
     } catch (const std::bad_alloc&) {
         return 0;
     }
 }
-
-}    // extern "C"

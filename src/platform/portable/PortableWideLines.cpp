@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace gdi {
+namespace vostel::gdi {
 namespace {
 
 __extension__ typedef __int128 Wide;    // products of two 34-bit lengths

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-namespace gdi {
+namespace vostel::gdi {
 namespace {
 
 using Wide = std::int64_t;

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace gdi {
+namespace vostel::gdi {
 
 // One axis of a StretchBlt in device pixels. Extents are not zero; the sign is the direction.
 struct StretchAxis {

@@ -1,10 +1,10 @@
 #include "platform/portable/StretchRows.h"
 
-#include "foundation/CpuForms.h"
+#include "base/CpuVariants.h"
 
 #include <cstring>
 
-namespace gdi {
+namespace vostel::gdi {
 namespace {
 
 void CopyPixels(std::uint32_t* target, const std::uint32_t* source, int count, const std::uint32_t*)
@@ -85,14 +85,14 @@ const StretchKernels& StretchKernelsPlain()
 const StretchKernels& ActiveStretchKernels()
 {
 #if defined(__x86_64__)
-    switch (ActiveCpuForm()) {
-    case CpuForm::Avx512:
+    switch (ActiveCpuVariant()) {
+    case CpuVariant::Avx512:
         return StretchKernelsAvx512();
-    case CpuForm::Avx2:
+    case CpuVariant::Avx2:
         return StretchKernelsAvx2();
-    case CpuForm::Baseline:
+    case CpuVariant::Baseline:
         return StretchKernelsSse2();
-    case CpuForm::Plain:
+    case CpuVariant::Plain:
         break;
     }
 #endif

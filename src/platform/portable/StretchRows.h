@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
-namespace gdi {
+namespace vostel::gdi {
 
 // BlendColumns reads the weights of eight pixels at a time: see its table layout.
 inline constexpr int StretchBlock = 8;

@@ -2,7 +2,7 @@
 
 #include <immintrin.h>
 
-namespace gdi {
+namespace vostel::gdi {
 namespace {
 
 void CopyPixels(std::uint32_t* target, const std::uint32_t* source, int count, const std::uint32_t* rowAhead)

@@ -1,6 +1,6 @@
 #include "platform/portable/TextRasteriser.h"
 
-#include "foundation/Truncate.h"
+#include "base/Truncate.h"
 
 #include <pango/pangocairo.h>
 
@@ -12,7 +12,7 @@
 #include <tuple>
 #include <unordered_map>
 
-namespace gdi {
+namespace vostel::gdi {
 namespace {
 
 constexpr int         DefaultHeight = 16;      // of CreateFontW's height 0: twelve points on a desktop

@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-namespace gdi {
+namespace vostel::gdi {
 
 struct TextMetrics {
     int Ascent = 0;         // pixels of the cell above the base line

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+namespace vostel {
+
 const wchar_t PathSeparator = L'\\';
 
 std::vector<DirectoryEntry> MatchingEntries(const std::wstring& pattern)
@@ -59,4 +61,6 @@ bool MakeFolder(const std::wstring& path)
 bool CopyOneFile(const std::wstring& from, const std::wstring& to)
 {
     return CopyFileW(from.c_str(), to.c_str(), FALSE) != 0;
+}
+
 }

@@ -8,6 +8,8 @@
 
 #include <cwchar>
 
+namespace vostel {
+
 namespace {
 
 std::string Narrow(UINT codePage, const wchar_t* text, int length)
@@ -78,4 +80,6 @@ std::wstring WidenAnsi(const char* text)
 bool IsPathSeparator(wchar_t character)
 {
     return character == L'\\';
+}
+
 }

@@ -10,6 +10,8 @@
 #include <cwchar>
 #include <string>
 
+namespace vostel {
+
 namespace desktop {
 namespace {
 
@@ -106,6 +108,8 @@ POINT ScreenToWindow(HWND window, POINT screen)
 {
     ScreenToClient(window, &screen);
     return screen;
+}
+
 }
 
 }

@@ -4,6 +4,8 @@
 
 #include <cstdio>
 
+namespace vostel {
+
 int ProcessorCount()
 {
     SYSTEM_INFO facts;
@@ -35,4 +37,6 @@ void PrintElapsedTime(double seconds)
     // The words in the GBK code page, which the consoles of the users read.
     std::printf("\xBA\xC4\xB7\xD1\xCA\xB1\xBC\xE4\xCE\xAA%2.9f\n", seconds);
     std::fflush(stdout);
+}
+
 }

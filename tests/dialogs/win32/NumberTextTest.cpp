@@ -2,6 +2,8 @@
 
 #include <doctest/doctest.h>
 
+using namespace vostel;
+
 TEST_CASE("a whole number parses with a sign and blanks around it, and nothing else")
 {
     std::int32_t number = 0;

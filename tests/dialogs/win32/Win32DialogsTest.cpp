@@ -10,6 +10,8 @@
 
 #include <doctest/doctest.h>
 
+using namespace vostel;
+
 namespace {
 
 // Sends the applications' data to a folder of the test's own, empty at the start.

@@ -1,0 +1,201 @@
+#include "canvas/VostelImage.h"
+
+#include "base/Truncate.h"
+#include "output/FloatRange.h"
+#include "platform/Files.h"
+#include "platform/HostServices.h"
+#include "vostel/BmpFiles.h"
+#include "vostel/PathStrings.h"
+#include "vostel/Tessik.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <memory>
+
+namespace vostel {
+
+namespace {
+
+enum RawElement : int { RawUShort = 0, RawFloat = 1, RawShort = 2, RawByte = 3 };
+
+bool IsRawElement(int dataType)
+{
+    return dataType >= RawUShort && dataType <= RawByte;
+}
+
+std::size_t BytesOf(int dataType)
+{
+    switch (dataType) {
+    case RawUShort:
+    case RawShort:
+        return 2;
+    case RawFloat:
+        return 4;
+    default:
+        return 1;
+    }
+}
+
+// What a file holds behind the bytes that are skipped; 0 if there is no such file.
+std::uint64_t DataBytes(const char* path, std::uint64_t skipped)
+{
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(OpenFile(path, "rb"), std::fclose);
+    const long long                                       length = file ? FileLength(file.get()) : 0;
+    return length > 0 && static_cast<std::uint64_t>(length) > skipped
+               ? static_cast<std::uint64_t>(length) - skipped
+               : 0;
+}
+
+// A short file leaves zeros behind what it holds, and so does a missing one. A size that the file does not
+// remotely fill is a slip of the keyboard: beyond this many pixels it is not worth gigabytes of zeros.
+constexpr std::uint64_t FreePixels = std::uint64_t(1) << 24;
+
+bool IsPlausible(const tagZEKImaLoadPara& layout, const char* path)
+{
+    if (layout.Width < 0 || layout.Height < 0)
+        return false;
+    const std::uint64_t pixels =
+        static_cast<std::uint64_t>(layout.Width) * static_cast<std::uint64_t>(layout.Height);
+    const std::uint64_t skipped = layout.DataType == RawByte ? 0 : layout.HeaderBytes;
+    // Rows without columns have no pixels, but each still has a place in a row table.
+    const std::uint64_t size = std::max(pixels, static_cast<std::uint64_t>(layout.Height));
+    return pixels <= INT32_MAX &&
+           (size <= FreePixels || size / 4 <= DataBytes(path, skipped) / BytesOf(layout.DataType));
+}
+
+template <typename T>
+void AllocateZeroed(ClassData2DIO<T>& plane, int width, int height)
+{
+    plane.Allocate(width, height);
+    std::fill_n(plane.Ptr1D, static_cast<std::size_t>(width) * static_cast<std::size_t>(height), T());
+}
+
+void ReadUShorts(ClassData2DIO<unsigned short>& plane, const char* path, std::uint32_t skipped)
+{
+    if (!PathExists(path)) {
+        ShowMessage(L"文件不存在");
+        return;
+    }
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(OpenFile(path, "rb"), std::fclose);
+    if (!file)
+        return;
+    const long half = static_cast<long>(skipped / 2);    // long may hold 31 bits only
+    if (std::fseek(file.get(), half, SEEK_SET) == 0 &&
+        std::fseek(file.get(), half + static_cast<long>(skipped % 2), SEEK_CUR) == 0) {
+        [[maybe_unused]] const std::size_t read = std::fread(
+            plane.Ptr1D, sizeof *plane.Ptr1D,
+            static_cast<std::size_t>(plane.Width) * static_cast<std::size_t>(plane.Height), file.get());
+    }
+}
+
+// The file's elements as floats; false for an element type that there is not.
+bool ReadRawPlane(ClassData2DIO<float>& plane, const tagZEKImaLoadPara& layout, const char* path)
+{
+    switch (layout.DataType) {
+    case RawUShort: {
+        ClassData2DIO<unsigned short> elements;
+        AllocateZeroed(elements, layout.Width, layout.Height);
+        ReadUShorts(elements, path, layout.HeaderBytes);
+        plane.ConvertFrom(elements, 0.0f);
+        return true;
+    }
+    case RawFloat:
+        AllocateZeroed(plane, layout.Width, layout.Height);
+        plane.ReadFile(path, layout.HeaderBytes);
+        return true;
+    case RawShort: {
+        ClassData2DIO<short> elements;
+        AllocateZeroed(elements, layout.Width, layout.Height);
+        elements.ReadFile(path, layout.HeaderBytes);
+        plane.ConvertFrom(elements, 0.0f);
+        return true;
+    }
+    case RawByte: {
+        ClassData2DIO<unsigned char> elements;
+        AllocateZeroed(elements, layout.Width, layout.Height);
+        elements.ReadFile(path);
+        plane.ConvertFrom(elements, 0.0f);
+        return true;
+    }
+    default:
+        return false;
+    }
+}
+
+void TruncateToBytes(const ClassData2DIO<float>& plane, ClassData2DIO<unsigned char>& bytes)
+{
+    bytes.Allocate(plane.Width, plane.Height);
+    const std::size_t count = static_cast<std::size_t>(plane.Width) * static_cast<std::size_t>(plane.Height);
+    for (std::size_t i = 0; i < count; ++i)
+        bytes.Ptr1D[i] = TruncToByte(plane.Ptr1D[i]);
+}
+
+}
+
+void VostelImage::ReadImageFile(CString& path, bool keepOriginal)
+{
+    // Before any dialog: a load that is cancelled has already cleared the objects.
+    DeleteAll();
+    CurrentFileType = FileTypeNone;
+    OSCString     strings;
+    const CString extension = strings.GetExt(path);
+    if (extension == L"raw" || extension == L"hraw" || extension == L"his" || extension == L"nul")
+        LoadRawImage(path, keepOriginal);
+    else
+        LoadCommonImage(path);
+}
+
+void VostelImage::LoadRawImage(CString path, bool keepOriginal)
+{
+    tagZEKImaLoadPara layout;
+    if (!gDlgGetImaLoadPara(layout))
+        return;
+    const std::unique_ptr<char, void (*)(char*)> name(gCStringToChar(&path), gDLLDelete);
+    if (!IsPlausible(layout, name.get())) {
+        // The reads tell of a missing file, and a refused size comes to none of them.
+        if (IsRawElement(layout.DataType) && !PathExists(name.get()))
+            ShowMessage(L"文件不存在");
+        RawOri.Release();
+        Raw.Release();
+        return;
+    }
+    CanvasWidth = layout.Width;
+    CanvasHeight = layout.Height;
+    ClassData2DIO<float> plane;
+    if (!ReadRawPlane(plane, layout, name.get()))
+        return;
+    if (layout.MapToByte == 0) {
+        ShowRaw(plane, keepOriginal, true);
+        return;
+    }
+    const float lowest = layout.OutLow < 0.0f ? 0.0f : layout.OutLow;
+    const float highest = layout.OutHigh < 255.0f ? layout.OutHigh : 255.0f;
+    RemapRange(plane, plane, layout.InLow, layout.InHigh, lowest, highest, layout.MapToByte);
+    ClassData2DIO<unsigned char> gray;
+    TruncateToBytes(plane, gray);
+    ShowGray(gray, true);
+}
+
+void VostelImage::LoadCommonImage(CString path)
+{
+    ATL::CImage picture;
+    if (picture.Load(path) < 0 || picture.IsNull())
+        return;
+    const int width = picture.GetWidth();
+    const int height = picture.GetHeight();
+    const int depth = picture.GetBPP();
+    // Modes of UploadRows. A palette picture's bytes count as gray as they stand.
+    const int mode = depth == 8 ? 0 : depth == 24 ? 1 : depth == 32 ? 2 : -1;
+
+    RawOri.Release();
+    Raw.Release();
+    PrepareImage(width, height, true, mode < 0);
+    CurrentFileType = mode < 0 ? FileTypeNone : FileTypeByte;
+    if (mode < 0)
+        return;
+    const std::unique_ptr<unsigned char*, void (*)(unsigned char**)> rows(Create2DList(&picture),
+                                                                          Release2DList);
+    CanvasSurface.UploadRows(rows.get(), width, height, mode);
+}
+
+}

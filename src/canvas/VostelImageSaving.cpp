@@ -1,0 +1,169 @@
+#include "canvas/VostelImage.h"
+
+#include "base/Truncate.h"
+#include "foundation/Planes.h"
+#include "platform/Files.h"
+#include "platform/HostServices.h"
+#include "vostel/Directories.h"
+#include "vostel/PathStrings.h"
+
+#include <cstdio>
+#include <memory>
+
+namespace vostel {
+
+namespace {
+
+// A zoomed image covers a display rectangle that no picture can hold.
+constexpr long long MostPixels = 1LL << 28;
+
+bool IsCancelled(const CString& name)
+{
+    return name == L"NULL";
+}
+
+// The box of a context as a picture file.
+bool SaveBox(HDC source, const CRect& box, const CString& name)
+{
+    const long long width = static_cast<long long>(box.right) - box.left;
+    const long long height = static_cast<long long>(box.bottom) - box.top;
+    ATL::CImage     picture;
+    if (width < 1 || height < 1 || width * height > MostPixels ||
+        !picture.Create(static_cast<int>(width), static_cast<int>(height), 32))
+        return false;
+    BitBlt(picture.GetDC(), 0, 0, static_cast<int>(width), static_cast<int>(height), source, box.left,
+           box.top, SRCCOPY);
+    picture.ReleaseDC();
+    return picture.Save(name) >= 0;
+}
+
+template <typename T>
+void SavePlane(const StructData2D<T>& plane, CString& name)
+{
+    const std::unique_ptr<char, void (*)(char*)>          narrow(gCStringToChar(&name), gDLLDelete);
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(OpenFile(narrow.get(), "wb"), std::fclose);
+    if (file && plane.Ptr1D)
+        std::fwrite(plane.Ptr1D, sizeof(T), CountOf(plane), file.get());
+}
+
+// A length measure as it stands on the picture of a part of the image.
+void BurnIn(HDC dc, VostelObj& measure, const CRect& box)
+{
+    const auto end = [&](std::size_t index) {
+        PointTemplateBase<double> at;
+        if (index < measure.ImagePoints.size())
+            at = measure.ImagePoints[index];
+        return CPoint(TruncToInt(at.x - box.left), TruncToInt(at.y - box.top));
+    };
+    const CPoint  first = end(0);
+    const CPoint  second = end(1);
+    const CString text = measure.GetResultText();
+    MoveToEx(dc, first.x, first.y, nullptr);
+    LineTo(dc, second.x, second.y);
+    TextOutW(dc, WrapAdd(second.x, 20), WrapSub(second.y, 20), text, text.GetLength());
+}
+
+}
+
+VostelObj* VostelImage::FirstSelectedRect()
+{
+    for (VostelObj* element : Elements) {
+        if (element->Selected && element->TypeCode == OverlayRect)
+            return element;
+    }
+    return nullptr;
+}
+
+void VostelImage::SaveClient()
+{
+    const CString name = OSDIR().GetBmpFile();
+    if (IsCancelled(name) || CurrentFileType == FileTypeNone)
+        return;
+    const VostelObj* const rect = FirstSelectedRect();
+    if (!SaveBox(ClientMemDC, rect ? rect->ClientBox : View.ClientRect, name))
+        ShowMessage(L"保存图像文件失败！");
+}
+
+void VostelImage::SaveImaWithOverlap()
+{
+    const CString name = OSDIR().GetBmpFile();
+    if (IsCancelled(name) || CurrentFileType == FileTypeNone)
+        return;
+    if (!SaveBox(ClientMemDC, View.DisplayRect, name))
+        ShowMessage(L"保存图像文件失败！");
+}
+
+void VostelImage::SaveNowShowIma()
+{
+    const CString name = OSDIR().GetBmpFile();
+    if (IsCancelled(name) || CurrentFileType == FileTypeNone)
+        return;
+    if (const VostelObj* const rect = FirstSelectedRect())
+        SavePart(rect->ImageBox, name);
+    else
+        CanvasSurface.SaveColorImage(name);
+}
+
+// The box counts its right and bottom edge in: one more each way than its own difference. Off the image the
+// picture is black.
+void VostelImage::SavePart(const CRect& box, const CString& name)
+{
+    const long long width = static_cast<long long>(box.right) - box.left + 1;
+    const long long height = static_cast<long long>(box.bottom) - box.top + 1;
+    ATL::CImage     picture;
+    if (width < 1 || height < 1 || width * height > MostPixels ||
+        !picture.Create(static_cast<int>(width), static_cast<int>(height), 24))
+        return;
+    for (int y = 0; y < height; ++y) {
+        unsigned char* const row = static_cast<unsigned char*>(picture.GetBits()) +
+                                   static_cast<std::ptrdiff_t>(y) * picture.GetPitch();
+        for (int x = 0; x < width; ++x) {
+            const unsigned int word = CanvasSurface.PixelAt(
+                WrapAdd(box.left, x), WrapSub(WrapSub(CanvasSurface.Height - 1, box.top), y));
+            row[3 * x] = static_cast<unsigned char>(word);
+            row[3 * x + 1] = static_cast<unsigned char>(word >> 8);
+            row[3 * x + 2] = static_cast<unsigned char>(word >> 16);
+        }
+    }
+    const HDC  dc = picture.GetDC();
+    const HPEN pen = CreatePen(PS_SOLID, 1, 255);
+    const HFONT font = CreateFontW(20, 0, 0, 0, FW_NORMAL, 0, 0, 0, GB2312_CHARSET, 8, 1, 0, 48, L"微软雅黑");
+    const HGDIOBJ penBefore = SelectObject(dc, pen);
+    const HGDIOBJ fontBefore = SelectObject(dc, font);
+    SetTextColor(dc, 255);
+    SetBkMode(dc, TRANSPARENT);
+    for (VostelObj* element : Elements) {
+        if (element->TypeCode == OverlayMeasureLine)
+            BurnIn(dc, *element, box);
+    }
+    SelectObject(dc, penBefore);
+    SelectObject(dc, fontBefore);
+    DeleteObject(pen);
+    DeleteObject(font);
+    picture.ReleaseDC();
+    picture.Save(name);
+}
+
+void VostelImage::Save8bit()
+{
+    CString name = OSDIR().GetBmpFile();
+    if (!IsCancelled(name) && CurrentFileType != FileTypeNone)
+        CanvasSurface.SaveGrayBmp(name);
+}
+
+void VostelImage::SaveRaw()
+{
+    CString name = OSDIR().GetRawFile();
+    if (!IsCancelled(name) && CurrentFileType != FileTypeNone)
+        SavePlane(Raw, name);
+}
+
+void VostelImage::SaveLabel()
+{
+    GenerateLabel(false);
+    CString name = OSDIR().GetRawFile();
+    if (!IsCancelled(name))
+        SavePlane(LabelIma, name);
+}
+
+}

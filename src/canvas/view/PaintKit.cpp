@@ -1,0 +1,226 @@
+#include "canvas/view/PaintKit.h"
+
+#include "platform/HostServices.h"
+
+namespace vostel {
+
+namespace {
+
+constexpr COLORREF DeskColour = 0x998877;
+constexpr COLORREF DeskLineColour = 0x808080;
+constexpr UINT     TextBoxFormat =
+    DT_CENTER | DT_VCENTER | DT_WORDBREAK | DT_SINGLELINE | DT_EXTERNALLEADING | DT_EDITCONTROL;
+static_assert(TextBoxFormat == 8757);
+
+// A pen that is selected for the length of a scope.
+class SelectedPen {
+public:
+    SelectedPen(HDC dc, int style, int width, COLORREF colour)
+        : Dc(dc), Made(CreatePen(style, width, colour)), Before(SelectObject(dc, Made))
+    {
+    }
+    ~SelectedPen()
+    {
+        SelectObject(Dc, Before);
+        DeleteObject(Made);
+    }
+    SelectedPen(const SelectedPen&) = delete;
+    SelectedPen& operator=(const SelectedPen&) = delete;
+
+private:
+    HDC     Dc;
+    HPEN    Made;
+    HGDIOBJ Before;
+};
+
+// The parts of r outside covered, as up to four bands.
+void ForEachUncovered(const CRect& r, const CRect& covered, auto&& fill)
+{
+    CRect hole(covered.left > r.left ? covered.left : r.left, covered.top > r.top ? covered.top : r.top,
+               covered.right < r.right ? covered.right : r.right,
+               covered.bottom < r.bottom ? covered.bottom : r.bottom);
+    if (hole.IsRectEmpty()) {
+        fill(r);
+        return;
+    }
+    fill(CRect(r.left, r.top, r.right, hole.top));
+    fill(CRect(r.left, hole.bottom, r.right, r.bottom));
+    fill(CRect(r.left, hole.top, hole.left, hole.bottom));
+    fill(CRect(hole.right, hole.top, r.right, hole.bottom));
+}
+
+}
+
+PaintKit::~PaintKit()
+{
+    SelectObject(Dc, GetStockObject(BLACK_PEN));
+    SelectObject(Dc, GetStockObject(WHITE_BRUSH));
+    SelectObject(Dc, GetStockObject(DEFAULT_GUI_FONT));
+    if (Pen)
+        DeleteObject(Pen);
+    if (Brush)
+        DeleteObject(Brush);
+    if (Font)
+        DeleteObject(Font);
+}
+
+void PaintKit::DrawLine(const CPoint& a, const CPoint& b, int, COLORREF colour, int penStyle)
+{
+    const SelectedPen pen(Dc, penStyle, 1, colour);
+    MoveToEx(Dc, a.x, a.y, nullptr);
+    LineTo(Dc, b.x, b.y);
+}
+
+void PaintKit::DrawTextBox(const CString& text, CRect& r)
+{
+    InflateRect(&r, 3, 3);
+    if (TextBoxBack)
+        FillSolid(r, 0xFFFFFF);
+    SetBkMode(Dc, TRANSPARENT);
+    CRect place = r;
+    DrawTextW(Dc, text, text.GetLength(), &place, TextBoxFormat);
+}
+
+void PaintKit::DrawLabel(const CString& text, int x, int y)
+{
+    SetBkMode(Dc, TRANSPARENT);
+    SetBkColor(Dc, 0xFFFFFF);
+    SetTextColor(Dc, 0xFF0000);
+    TextOutW(Dc, x, y, text, text.GetLength());
+}
+
+void PaintKit::SelectTextStyle(int height, int bkMode, COLORREF colour)
+{
+    SelectObject(Dc, GetStockObject(DEFAULT_GUI_FONT));
+    if (Font)
+        DeleteObject(Font);
+    Font = CreateFontW(height, 0, 0, 0, FW_NORMAL, 0, 0, 0, GB2312_CHARSET, 8, 1, 0, 48, L"微软雅黑");
+    SelectObject(Dc, Font);
+    ::SetTextColor(Dc, colour);
+    ::SetBkMode(Dc, bkMode);
+}
+
+void PaintKit::DrawEllipseOutline(const CRect& r, COLORREF colour)
+{
+    const SelectedPen pen(Dc, PS_SOLID, 1, colour);
+    SelectObject(Dc, GetStockObject(NULL_BRUSH));
+    Ellipse(Dc, r.left, r.top, r.right, r.bottom);
+    SelectObject(Dc, GetStockObject(WHITE_BRUSH));
+}
+
+void PaintKit::DrawRectOutline(const CRect& r, COLORREF colour)
+{
+    const SelectedPen pen(Dc, PS_SOLID, 1, colour);
+    SelectObject(Dc, GetStockObject(NULL_BRUSH));
+    Rectangle(Dc, r.left, r.top, r.right, r.bottom);
+    SelectObject(Dc, GetStockObject(WHITE_BRUSH));
+}
+
+void PaintKit::DrawCurve(StructData2D<unsigned short>& data, int x0, int y0)
+{
+    if (!data.Ptr1D || data.Width < 1 || data.Height < 1)
+        return;
+    SetViewportOrgEx(Dc, x0, y0, nullptr);
+    {
+        const SelectedPen     pen(Dc, PS_SOLID, 1, 255);
+        const unsigned short* row = data.Ptr1D;
+        MoveToEx(Dc, 0, -row[0], nullptr);
+        for (int i = 1; i < data.Width; ++i)
+            LineTo(Dc, i, -row[i]);
+    }
+    SetViewportOrgEx(Dc, 0, 0, nullptr);
+}
+
+void PaintKit::DrawHatchBackground(const CRect& r, const CRect& covered)
+{
+    // Opaque hatching lays ground and lines in one pass.
+    const HBRUSH   hatch = CreateHatchBrush(HS_DIAGCROSS, DeskLineColour);
+    const COLORREF groundBefore = SetBkColor(Dc, DeskColour);
+    ::SetBkMode(Dc, OPAQUE);
+    ForEachUncovered(r, covered, [&](const CRect& band) {
+        if (!band.IsRectEmpty())
+            FillRect(Dc, &band, hatch);
+    });
+    SetBkColor(Dc, groundBefore);
+    ::SetBkMode(Dc, TRANSPARENT);
+    DeleteObject(hatch);
+    {
+        const SelectedPen pen(Dc, PS_SOLID, 1, DeskLineColour);
+        SelectObject(Dc, GetStockObject(NULL_BRUSH));
+        Rectangle(Dc, r.left, r.top, r.right, r.bottom);
+    }
+    SelectObject(Dc, GetStockObject(BLACK_PEN));
+    SelectObject(Dc, GetStockObject(WHITE_BRUSH));
+    SelectObject(Dc, GetStockObject(DEFAULT_GUI_FONT));
+}
+
+void PaintKit::BindSurface(unsigned int* pixels)
+{
+    PixelPtr = pixels;
+    const HGDIOBJ bitmap = GetCurrentObject(Dc, OBJ_BITMAP);
+    if (!bitmap) {
+        ShowMessage(L"No bmp");
+        return;
+    }
+    BITMAP facts = {};
+    GetObjectW(bitmap, sizeof facts, &facts);
+    BmpWidth = facts.bmWidth;
+    BmpHeight = facts.bmHeight;
+}
+
+template <typename Point>
+void PaintKit::DrawClosedPolyline(const std::vector<Point>& points, COLORREF colour)
+{
+    if (points.size() < 2)
+        return;
+    const SelectedPen pen(Dc, PS_SOLID, 1, colour);
+    MoveToEx(Dc, points[0].x, points[0].y, nullptr);
+    for (std::size_t i = 1; i < points.size(); ++i)
+        LineTo(Dc, points[i].x, points[i].y);
+    LineTo(Dc, points[0].x, points[0].y);
+}
+
+template void PaintKit::DrawClosedPolyline(const std::vector<CPoint>&, COLORREF);
+template void PaintKit::DrawClosedPolyline(const std::vector<PointTemplateBase<int>>&, COLORREF);
+
+void PaintKit::DrawSegments(const std::vector<CPoint>& points, const std::vector<int>& starts, int penWidth,
+                            COLORREF colour)
+{
+    const SelectedPen pen(Dc, PS_SOLID, penWidth, colour);
+    if (points.size() < 2 || starts.empty())
+        return;
+    std::size_t next = 0;
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        if (static_cast<int>(i) == starts[next]) {
+            MoveToEx(Dc, points[i].x, points[i].y, nullptr);
+            if (next + 1 < starts.size())
+                ++next;
+        } else {
+            LineTo(Dc, points[i].x, points[i].y);
+        }
+    }
+}
+
+void PaintKit::DrawHandles(const std::vector<CRect>& rects, COLORREF colour, int shape)
+{
+    if (shape != 0 && shape != 1)
+        return;
+    const SelectedPen pen(Dc, PS_SOLID, 1, colour);
+    SelectObject(Dc, GetStockObject(NULL_BRUSH));
+    for (const CRect& r : rects) {
+        if (shape == 1)
+            Rectangle(Dc, r.left, r.top, r.right, r.bottom);
+        else
+            Ellipse(Dc, r.left, r.top, r.right, r.bottom);
+    }
+    SelectObject(Dc, GetStockObject(WHITE_BRUSH));
+}
+
+void PaintKit::FillSolid(const CRect& r, COLORREF colour)
+{
+    const HBRUSH brush = CreateSolidBrush(colour);
+    FillRect(Dc, &r, brush);
+    DeleteObject(brush);
+}
+
+}

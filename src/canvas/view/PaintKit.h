@@ -1,0 +1,65 @@
+#pragma once
+
+#include "vostel/Containers.h"
+#include "vostel/platform.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace vostel {
+
+// The drawing toolkit that every drawn thing carries. It keeps a target context by reference and draws the
+// few shapes of overlays. Each primitive makes its pen or brush, selects it, draws, restores and deletes,
+// so that no drawing leaves a foreign object selected.
+//
+// Colours are GDI values, 0x00BBGGRR; all coordinates are client px.
+class PaintKit {
+public:
+    int           BkMode = 0;    // background mode of text: 1 transparent, 2 opaque
+    COLORREF      TextColor = 0;
+    int           FontHeight = 0;        // px
+    bool          TextBoxBack = true;    // DrawTextBox fills its rectangle white first
+    int           DashPeriod = 14;       // period of DashPhase
+    unsigned int* PixelPtr = nullptr;    // borrowed; pixels of the bound surface
+    int           DashPhase = 0;         // stepped by timer ticks; no drawing reads it
+    std::int64_t  Spare[2] = {0, 0};
+    int           BmpWidth = 0;    // px; of the bitmap selected in Dc
+    int           BmpHeight = 0;
+    HDC           Dc = nullptr;       // borrowed; owners store it before each drawing
+    HPEN          Pen = nullptr;      // owned; nothing creates it
+    HFONT         Font = nullptr;     // owned; replaced by SelectTextStyle
+    HBRUSH        Brush = nullptr;    // owned; nothing creates it
+
+    PaintKit() = default;
+    ~PaintKit();
+    PaintKit(const PaintKit&) = delete;
+    PaintKit& operator=(const PaintKit&) = delete;
+
+    // A one-pixel line; penStyle is a CreatePen style.
+    void DrawLine(const CPoint& a, const CPoint& b, int unused, COLORREF colour, int penStyle);
+    // Text centred on one line of r, which is first inflated by 3, for the caller too.
+    void DrawTextBox(const CString& text, CRect& r);
+    void DrawLabel(const CString& text, int x, int y);    // blue on nothing
+    // Makes and selects the font of the given height in px, and sets text colour and background mode.
+    void SelectTextStyle(int height, int bkMode, COLORREF colour);
+    void DrawEllipseOutline(const CRect& r, COLORREF colour);
+    void DrawRectOutline(const CRect& r, COLORREF colour);
+    // The first row of data as a red curve growing upwards from x0, y0, a px a column.
+    void DrawCurve(StructData2D<unsigned short>& data, int x0, int y0);
+    // The desk on which the image lies. Nothing need be drawn inside covered: a copy follows that hides it.
+    void DrawHatchBackground(const CRect& r, const CRect& covered = CRect());
+    // Notes the surface that Dc draws on, and its size; shows "No bmp" if there is none.
+    void BindSurface(unsigned int* pixels);
+    // Of CPoint or PointTemplateBase<int>.
+    template <typename Point>
+    void DrawClosedPolyline(const std::vector<Point>& points, COLORREF colour);
+    // Several strokes in one point list; starts holds the ascending indices where a stroke begins.
+    void DrawSegments(const std::vector<CPoint>& points, const std::vector<int>& starts, int penWidth,
+                      COLORREF colour);
+    // Shape 1 draws squares, 0 ellipses, any other nothing.
+    void DrawHandles(const std::vector<CRect>& rects, COLORREF colour, int shape);
+    // Fills without an outline, right and bottom edge left out.
+    void FillSolid(const CRect& r, COLORREF colour);
+};
+
+}

@@ -1,0 +1,2 @@
+# Tests of base: the ground floor.
+vostel_inner_test(base/PixelFillTest)
