@@ -42,8 +42,9 @@ function(vostel_shared_library target)
         set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN")
         # Visibility does not hide what the standard library's templates leave behind.
         set(names ${PROJECT_SOURCE_DIR}/cmake/HiddenNames.map)
+        # A host may have C functions of the same names as the drawing calls; the library keeps to its own.
         target_link_options(${target} PRIVATE
-            "LINKER:--exclude-libs,ALL" "LINKER:--version-script=${names}")
+            "LINKER:--exclude-libs,ALL" "LINKER:--version-script=${names}" "LINKER:-Bsymbolic-functions")
         set_target_properties(${target} PROPERTIES LINK_DEPENDS ${names})
     endif()
 endfunction()
