@@ -1,6 +1,7 @@
 // The widget inside this program, on the toolkit's screen in memory.
 
 #include "FramePainter.h"
+#include "HostServices.h"
 #include "NameFilters.h"
 #include "dialogs/ParameterDialogs.h"
 
@@ -15,6 +16,25 @@
 #include <doctest/doctest.h>
 
 using namespace vostel::widget;
+
+namespace {
+
+// Counts the library's messages in the place of boxes that nobody would close.
+struct CountedMessages {
+    int Count = 0;
+
+    CountedMessages()
+    {
+        VostelHostServices services;
+        services.ShowMessage = [this](const CString&) { ++Count; };
+        gSetHostServices(services);
+    }
+    ~CountedMessages() { InstallHostServices(); }
+    CountedMessages(const CountedMessages&) = delete;
+    CountedMessages& operator=(const CountedMessages&) = delete;
+};
+
+}
 
 TEST_CASE("two half steps of the wheel zoom once, and a turn back starts anew")
 {
@@ -44,6 +64,65 @@ TEST_CASE("R deletes the selected object, Control and R do not reach the canvas"
     CHECK(shown.HasRegion());
     shown.Key(Qt::Key_R);
     CHECK_FALSE(shown.HasRegion());
+}
+
+TEST_CASE("after refresh a press that no move came before lands on a new object where it points")
+{
+    ShownCanvas           shown;
+    const CountedMessages messages;
+    gCVSAddPoly(0);
+    shown.Widget.refresh();
+    for (const QPointF corner : {QPointF(10, 20), QPointF(40, 20), QPointF(40, 60)}) {
+        CPoint at;
+        gCVSGetDisplayPt(0, corner.x(), corner.y(), at);
+        gCVSOnLButtonDown(0, MK_LBUTTON | MK_SHIFT, at);
+        gCVSOnLButtonUp(0, MK_SHIFT, at);
+    }
+    CHECK(messages.Count == 0);    // an object without a view says so
+    REQUIRE(gCVSGenerateLabel(0, false) == 1);
+    int** const labels = gCVSGetLabelImaPtr2D(0);
+    CHECK(labels[79 - 30][30] == 1);
+    CHECK(labels[79 - 30][9] == 0);
+    CHECK(labels[79 - 19][30] == 0);
+}
+
+TEST_CASE("after refresh a rectangle set by numbers is shown without a message")
+{
+    ShownCanvas           shown;
+    const CountedMessages messages;
+    TessikDialogs         own;
+    own.ImaROIRectPara = [](tagZEKImaROIRectPara& para) {
+        para = {10, 60, 20, 50};
+        return true;
+    };
+    gDlgSetDialogs(own);
+    gCVSAddCustomRectangle(0);
+    InstallParameterDialogs();
+    shown.Widget.refresh();
+    const QImage  frame = shown.Frame();
+    const QPointF corner = shown.Widget.widgetPosition({10.0, 20.0});
+    CHECK(messages.Count == 0);
+    CHECK(frame.pixelColor(corner.toPoint() + QPoint(5, 0)) == QColor(Qt::red));    // it is selected
+}
+
+TEST_CASE("a length drawn without a paint between looks like one that was painted at every step")
+{
+    const auto drawn = [](bool painted) {
+        ShownCanvas shown;
+        const auto  mouse = [&](QEvent::Type type, QPointF at) {
+            shown.Mouse(type, at, Qt::ShiftModifier);
+            if (painted)
+                QApplication::processEvents();
+        };
+        gCVSAddMeasureLine(0, 0.0);
+        mouse(QEvent::MouseButtonPress, {20, 120});
+        mouse(QEvent::MouseMove, {60, 120});
+        mouse(QEvent::MouseButtonRelease, {60, 120});
+        return shown.Frame();
+    };
+    const QImage atOnce = drawn(false);
+    CHECK(atOnce == drawn(true));
+    CHECK(atOnce.pixelColor(145, 20) == QColor(Qt::white));    // the caption's box, 100 px from the middle
 }
 
 TEST_CASE("the cursor signal carries image position and value, and stops outside the image")
