@@ -11,7 +11,9 @@
 #include <type_traits>
 #include <vector>
 
-using namespace vostel::hosts;
+namespace vostel::viewer {
+
+using namespace hosts;
 
 namespace {
 
@@ -312,4 +314,6 @@ const char* OpenFilter()
 {
     return "Pictures and raw data|*.png;*.bmp;*.jpg;*.jpeg;*.tif;*.tiff;*.gif;*.raw;*.hraw;*.his|"
            "All files|*.*||";
+}
+
 }

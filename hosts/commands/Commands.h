@@ -13,6 +13,8 @@
 #    define QT_TRANSLATE_NOOP(context, text) text
 #endif
 
+namespace vostel::viewer {
+
 enum class Menu : int { File, View, Draw, Process, Measure, Help };
 
 // Numbers are the viewers' own and fit a menu's: they may change between versions.
@@ -102,7 +104,7 @@ struct CommandEntry {
     const char* Hint;             // English, one sentence for the status bar
     const char* Shortcut = "";    // "Ctrl+Shift+S", "F5", "Del", "Esc"; "" for none. A viewer forwards no key
                                   // with Control to a canvas, which would take Ctrl+R for R.
-    const char* Icon = "";    // a name in lower case; "" for none
+    const char* Icon = "";        // a name in lower case; "" for none
     bool        SeparatorBefore = false;
     ChoiceGroup Group = ChoiceGroup::None;
     Needs       Need = Needs::Nothing;
@@ -146,3 +148,5 @@ const char* OpenFilter();
 
 // How the mouse and the keys work, as lines "gesture\tmeaning"; a line without tab is a heading.
 std::span<const char* const> GestureHelp();
+
+}

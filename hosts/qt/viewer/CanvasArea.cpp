@@ -2,6 +2,8 @@
 
 #include <QPainter>
 
+namespace vostel::viewer {
+
 CanvasArea::CanvasArea(QWidget* parent) : QWidget(parent)
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -74,4 +76,6 @@ void CanvasArea::Arrange()
 void CanvasArea::paintEvent(QPaintEvent*)
 {
     QPainter(this).fillRect(rect(), QColor(0x26, 0x29, 0x2e));
+}
+
 }

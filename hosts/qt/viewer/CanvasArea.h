@@ -6,6 +6,8 @@
 
 #include <array>
 
+namespace vostel::viewer {
+
 // The five canvases: the current one alone, or all side by side, on a dark desk.
 class CanvasArea : public QWidget {
     Q_OBJECT
@@ -42,3 +44,5 @@ private:
     int                            Number = 0;
     bool                           Tiled = false;
 };
+
+}

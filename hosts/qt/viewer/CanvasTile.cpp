@@ -7,6 +7,8 @@
 #include <QLabel>
 #include <QPainter>
 
+namespace vostel::viewer {
+
 namespace {
 
 constexpr int Frame = 2;    // px round a captioned canvas
@@ -104,4 +106,6 @@ void CanvasTile::paintEvent(QPaintEvent*)
 {
     if (Captioned)
         QPainter(this).fillRect(rect(), Current ? CurrentColour : OtherColour);
+}
+
 }

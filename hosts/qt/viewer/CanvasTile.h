@@ -7,6 +7,8 @@
 
 class QLabel;
 
+namespace vostel::viewer {
+
 // A canvas in the window: the widget, a caption with its number and file, and a hint while it is empty.
 class CanvasTile : public QWidget {
     Q_OBJECT
@@ -41,3 +43,5 @@ private:
     bool          Current = false;
     bool          Fits = false;
 };
+
+}

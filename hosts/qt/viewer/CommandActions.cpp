@@ -12,6 +12,8 @@
 
 #include <algorithm>
 
+namespace vostel::viewer {
+
 namespace {
 
 // Without the mark of the mnemonic, with the keys: what a tool button tells.
@@ -132,4 +134,6 @@ void CommandActions::Update(int canvas, Command arrangement, bool routineRuns)
             action->setChecked(IsOn(entry.Id, canvas));
         }
     }
+}
+
 }

@@ -11,6 +11,8 @@ class QMenu;
 class QMenuBar;
 class QToolBar;
 
+namespace vostel::viewer {
+
 // The table of commands as actions, menus and tool bars. Tells which command is wanted; the window carries it
 // out and then calls Update.
 class CommandActions : public QObject {
@@ -38,3 +40,5 @@ private:
     QHash<int, QMenu*>        Submenus;
     QHash<int, QActionGroup*> Groups;
 };
+
+}

@@ -14,6 +14,8 @@
 #include <cstring>
 #include <optional>
 
+using namespace vostel::viewer;
+
 namespace {
 
 // Help, version and a scripted session need no screen; anything else says so in a sentence instead of ending

@@ -29,7 +29,9 @@
 
 #include <new>
 
-using namespace vostel::widget;
+namespace vostel::viewer {
+
+using namespace widget;
 
 namespace {
 
@@ -395,4 +397,6 @@ void MainWindow::dropEvent(QDropEvent* event)
     // The program that the files come from waits for the end of the drop; a dialog would hold it up.
     QMetaObject::invokeMethod(
         this, [this, paths] { OpenFiles(paths); }, Qt::QueuedConnection);
+}
+
 }

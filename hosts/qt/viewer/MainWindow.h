@@ -7,6 +7,8 @@
 #include <QPointer>
 #include <QStringList>
 
+namespace vostel::viewer {
+
 class CanvasArea;
 class CommandActions;
 class GesturePage;
@@ -59,3 +61,5 @@ private:
     int                   RoutineCanvas = -1;    // where the routine under way began
     QString               RoutineTitle;
 };
+
+}

@@ -6,6 +6,8 @@
 #include <QMenu>
 #include <QSettings>
 
+namespace vostel::viewer {
+
 namespace {
 
 constexpr int Most = 9;    // one figure each
@@ -61,4 +63,6 @@ void RecentFiles::FillMenu()
         Files.clear();
         Keep();
     });
+}
+
 }

@@ -5,6 +5,8 @@
 
 class QMenu;
 
+namespace vostel::viewer {
+
 // The files that were open last, newest first, kept between runs and offered in a menu.
 class RecentFiles : public QObject {
     Q_OBJECT
@@ -26,3 +28,5 @@ private:
     QMenu*      List;
     QStringList Files;
 };
+
+}

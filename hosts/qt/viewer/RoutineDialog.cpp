@@ -14,6 +14,8 @@
 
 #include <cmath>
 
+namespace vostel::viewer {
+
 namespace {
 
 // Answers are kept by the names of the routine and the parameter, which outlive their numbers.
@@ -149,4 +151,6 @@ void RoutineDialog::Check()
     Verdict->setText(problem ? CommandText(problem) : QString());
     Verdict->setVisible(problem != nullptr);
     Run->setEnabled(!problem);
+}
+
 }

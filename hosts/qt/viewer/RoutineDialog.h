@@ -11,6 +11,8 @@ class QComboBox;
 class QLabel;
 class QPushButton;
 
+namespace vostel::viewer {
+
 // Asks for the parameters of a routine, and for the canvas of its second image where it takes two. It starts
 // with the last answer of the same routine.
 class RoutineDialog : public QDialog {
@@ -37,3 +39,5 @@ private:
     QLabel*               Verdict;
     QPushButton*          Run;
 };
+
+}

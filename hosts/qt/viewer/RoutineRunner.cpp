@@ -4,6 +4,8 @@
 
 #include <utility>
 
+namespace vostel::viewer {
+
 RoutineRunner::RoutineRunner(QObject* parent) : QObject(parent) {}
 
 RoutineRunner::~RoutineRunner()
@@ -35,4 +37,6 @@ void RoutineRunner::Finish(const RoutineResult& result)
 {
     Worker.join();    // it has nothing left to do
     Q_EMIT finished(result);
+}
+
 }

@@ -8,6 +8,8 @@
 #include <thread>
 #include <vector>
 
+namespace vostel::viewer {
+
 // Runs one routine at a time on a thread of its own. Its signals arrive on the thread of the runner.
 class RoutineRunner : public QObject {
     Q_OBJECT
@@ -32,3 +34,5 @@ private:
     std::thread       Worker;
     std::atomic<bool> Cancelled = false;
 };
+
+}

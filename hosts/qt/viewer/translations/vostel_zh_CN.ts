@@ -2,7 +2,7 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN">
 <context>
-    <name>CanvasTile</name>
+    <name>vostel::viewer::CanvasTile</name>
     <message>
         <source>result</source>
         <translation>结果</translation>
@@ -896,7 +896,7 @@
     </message>
 </context>
 <context>
-    <name>GesturePage</name>
+    <name>vostel::viewer::GesturePage</name>
     <message>
         <source>Gestures and keys</source>
         <translation>手势与按键</translation>
@@ -934,7 +934,7 @@
     </message>
 </context>
 <context>
-    <name>MainWindow</name>
+    <name>vostel::viewer::MainWindow</name>
     <message>
         <source>%1: step %2 of %3</source>
         <translation>%1：第 %2 步，共 %3 步</translation>
@@ -1096,7 +1096,7 @@
     </message>
 </context>
 <context>
-    <name>RecentFiles</name>
+    <name>vostel::viewer::RecentFiles</name>
     <message>
         <source>&amp;Clear the list</source>
         <translation>清空列表(&amp;C)</translation>
@@ -1138,7 +1138,7 @@
     </message>
 </context>
 <context>
-    <name>RoutineDialog</name>
+    <name>vostel::viewer::RoutineDialog</name>
     <message>
         <source>Second image:</source>
         <translation>第二幅图像：</translation>
@@ -1153,7 +1153,7 @@
     </message>
 </context>
 <context>
-    <name>StatusLine</name>
+    <name>vostel::viewer::StatusLine</name>
     <message>
         <source>value %1</source>
         <translation>值 %1</translation>
