@@ -1,14 +1,13 @@
 #include "commands/CanvasState.h"
 #include "commands/Commands.h"
+#include "commands/FilePaths.h"
 #include "common/CanvasFacts.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <filesystem>
 #include <limits>
-#include <memory>
 #include <string>
-#include <type_traits>
 #include <vector>
 
 namespace vostel::viewer {
@@ -141,16 +140,6 @@ void FitWholeImage(int canvas, double mostScale)
     gCVSSetCanvasMoveMode(canvas, mouse == Command::MouseFixed        ? DisplayFixed
                                   : mouse == Command::MouseZoomCentre ? DisplayZoomCentre
                                                                       : DisplayZoomCursor);
-}
-
-// Not through the locale of the program, which may know ASCII only and then refuses other names.
-std::filesystem::path PathOf(const CString& path)
-{
-    CString name(path);
-    if constexpr (std::is_same_v<std::filesystem::path::value_type, wchar_t>)
-        return name.GetString();
-    const std::unique_ptr<char, void (*)(char*)> narrow(gCStringToChar(&name), gDLLDelete);
-    return narrow.get();
 }
 
 }
