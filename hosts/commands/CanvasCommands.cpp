@@ -146,8 +146,8 @@ void FitWholeImage(int canvas, double mostScale)
 
 CanvasState* StateOf(int canvas)
 {
-    static CanvasState states[5];
-    return canvas >= 0 && canvas < 5 ? &states[canvas] : nullptr;
+    static CanvasState states[CanvasCount];
+    return canvas >= 0 && canvas < CanvasCount ? &states[canvas] : nullptr;
 }
 
 bool IsAvailable(Command id, int canvas)

@@ -15,6 +15,9 @@
 
 namespace vostel::viewer {
 
+inline constexpr int         CanvasCount = 5;
+inline constexpr const char* ViewerName = QT_TRANSLATE_NOOP("Commands", "Vostel Viewer");
+
 enum class Menu : int { File, View, Draw, Process, Measure, Help };
 
 // Numbers are the viewers' own and fit a menu's: they may change between versions.

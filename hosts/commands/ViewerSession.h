@@ -11,9 +11,6 @@
 
 namespace vostel::viewer {
 
-inline constexpr int         CanvasCount = 5;
-inline constexpr const char* ViewerName = QT_TRANSLATE_NOOP("Commands", "Vostel Viewer");
-
 // What a viewer does, whatever its toolkit: which canvas is current, what each shows, the commands, files,
 // recent files and routines. The toolkit lays out the window, forwards events and asks the questions.
 class ViewerSession {

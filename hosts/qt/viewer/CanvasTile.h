@@ -23,8 +23,8 @@ public:
     void ShowCaption(bool shown);
     void SetCurrent(bool current);
 
-    // Keeps the whole image in sight when the size changes, until the person zooms or moves.
-    void FitFromNowOn(bool fit) { Fits = fit; }
+Q_SIGNALS:
+    void areaChanged();    // the canvas has an image and another size
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -41,7 +41,6 @@ private:
     QString       FilePath;
     bool          Captioned = false;
     bool          Current = false;
-    bool          Fits = false;
 };
 
 }

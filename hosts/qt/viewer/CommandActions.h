@@ -13,6 +13,8 @@ class QToolBar;
 
 namespace vostel::viewer {
 
+class ViewerSession;
+
 // The table of commands as actions, menus and tool bars. Tells which command is wanted; the window carries it
 // out and then calls Update.
 class CommandActions : public QObject {
@@ -27,8 +29,7 @@ public:
 
     QAction* Find(Command id) const { return Actions.value(static_cast<int>(id)); }
 
-    // What can be chosen and what is on. arrangement: OneCanvas or TileCanvases.
-    void Update(int canvas, Command arrangement, bool routineRuns);
+    void Update(const ViewerSession& session);    // what can be chosen and what is on
 
 Q_SIGNALS:
     void wanted(Command id);

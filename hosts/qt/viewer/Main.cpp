@@ -68,7 +68,7 @@ int main(int argc, char** argv)
     QApplication::setApplicationName(QStringLiteral("vostel-viewer"));
     QApplication::setApplicationVersion(QStringLiteral(VOSTEL_VERSION));
     LoadTranslations(application, LanguageOf(argc, argv));    // before the help text is made
-    QApplication::setApplicationDisplayName(QApplication::translate("Main", "Vostel Viewer"));
+    QApplication::setApplicationDisplayName(CommandText(ViewerName));
 
     QCommandLineParser parser;
     parser.setApplicationDescription(

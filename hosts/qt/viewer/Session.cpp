@@ -165,7 +165,7 @@ void Session::WaitForRoutine()
     constexpr qint64 patience = 60000;    // ms
     QElapsedTimer    waited;
     waited.start();
-    while (Window.RoutineRuns() && waited.elapsed() < patience)
+    while (Window.State().RoutineRuns() && waited.elapsed() < patience)
         QApplication::processEvents(QEventLoop::AllEvents, 20);
 }
 

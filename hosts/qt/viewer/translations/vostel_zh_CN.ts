@@ -897,7 +897,7 @@
     </message>
     <message>
         <source>%1 ...</source>
-        <translation>%1 …</translation>
+        <translation>%1……</translation>
     </message>
     <message>
         <source>Canvas %1  %2</source>
@@ -922,10 +922,6 @@
 </context>
 <context>
     <name>Main</name>
-    <message>
-        <source>Vostel Viewer</source>
-        <translation>Vostel 图像查看器</translation>
-    </message>
     <message>
         <source>Shows pictures and raw data on up to five canvases.</source>
         <translation>在最多五个画布上显示图片和原始数据。</translation>
@@ -972,10 +968,6 @@
 <context>
     <name>vostel::viewer::MainWindow</name>
     <message>
-        <source>%1: step %2 of %3</source>
-        <translation>%1：第 %2 步，共 %3 步</translation>
-    </message>
-    <message>
         <source>File, view and process</source>
         <translation>文件、视图与处理</translation>
     </message>
@@ -984,24 +976,8 @@
         <translation>绘制与测量</translation>
     </message>
     <message>
-        <source>There is not enough memory for this.</source>
-        <translation>内存不足。</translation>
-    </message>
-    <message>
         <source>Open</source>
         <translation>打开</translation>
-    </message>
-    <message>
-        <source>A routine works on this canvas. Press Esc to stop it first.</source>
-        <translation>此画布上正在进行处理。请先按 Esc 停止。</translation>
-    </message>
-    <message>
-        <source>There are no more than five canvases.</source>
-        <translation>最多只有五个画布。</translation>
-    </message>
-    <message>
-        <source>There is not enough memory for this image.</source>
-        <translation>内存不足，无法容纳此图像。</translation>
     </message>
     <message>
         <source>Text lines</source>
@@ -1010,22 +986,6 @@
     <message>
         <source>Lines of the box:</source>
         <translation>文字框的内容：</translation>
-    </message>
-    <message>
-        <source>Canvas %1  %2</source>
-        <translation>画布 %1  %2</translation>
-    </message>
-    <message>
-        <source>%1 …</source>
-        <translation>%1……</translation>
-    </message>
-    <message>
-        <source>%1: cancelled</source>
-        <translation>%1：已取消</translation>
-    </message>
-    <message>
-        <source>%1: done</source>
-        <translation>%1：完成</translation>
     </message>
     <message>
         <source>About</source>
@@ -1037,7 +997,7 @@
     </message>
 </context>
 <context>
-    <name>vostel::viewer::RecentFiles</name>
+    <name>vostel::viewer::RecentFilesMenu</name>
     <message>
         <source>&amp;Clear the list</source>
         <translation>清空列表(&amp;C)</translation>
