@@ -29,4 +29,3 @@
 #include "vostel/export.h"
 #include "vostel/host.h"
 #include "vostel/platform.h"
-#include "vostel/version.h"

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <cmath>
 
-namespace vostel::viewer {
-
 namespace {
 
 enum class KernelKind : int { Box, Sharpen, SobelX, SobelY, Laplace };
@@ -198,6 +196,4 @@ RoutineResult RunResize(RoutineImages inputs, RoutineValues values, const Routin
         break;
     }
     return steps.Next() && steps.Next() ? RoutineResult{result} : Cancelled();
-}
-
 }

@@ -1,7 +1,5 @@
 #include "commands/Commands.h"
 
-namespace vostel::viewer {
-
 std::span<const char* const> GestureHelp()
 {
     static const char* const lines[] = {
@@ -24,6 +22,4 @@ std::span<const char* const> GestureHelp()
         QT_TRANSLATE_NOOP("Commands", "Esc\tstop a routine that is under way"),
     };
     return lines;
-}
-
 }

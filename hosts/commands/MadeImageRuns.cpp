@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <cmath>
 
-namespace vostel::viewer {
-
 namespace {
 
 constexpr double FullTurn = 6.283185307179586;
@@ -132,6 +130,4 @@ RoutineResult RunRampKernel(RoutineImages, RoutineValues values, const RoutinePr
     }
     RepeatFirstRow(*result);
     return steps.Next() ? RoutineResult{result} : Cancelled();
-}
-
 }

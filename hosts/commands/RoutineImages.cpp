@@ -4,8 +4,6 @@
 #include <algorithm>
 #include <cstddef>
 
-namespace vostel::viewer {
-
 namespace {
 
 std::size_t PixelCount(int width, int height)
@@ -156,6 +154,4 @@ void SetRoutineProgress(int canvas, int done, int total)
     const int range = std::max(total, 1);
     gCVSSetRange(canvas, 0, range);
     gCVSSetPos(canvas, std::clamp(done, 0, range));
-}
-
 }

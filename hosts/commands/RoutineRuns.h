@@ -4,8 +4,6 @@
 
 #include "commands/Routines.h"
 
-namespace vostel::viewer {
-
 using RoutineImages = std::span<const ImagePointer>;
 using RoutineValues = std::span<const double>;
 
@@ -65,5 +63,3 @@ inline ImagePointer NewImage(int width, int height)
 
 // The sentence when an image of that size is too large, else null.
 const char* TooLarge(int width, int height);
-
-}

@@ -7,8 +7,6 @@
 #include <iterator>
 #include <limits>
 
-namespace vostel::viewer {
-
 namespace {
 
 using enum ParameterKind;
@@ -213,6 +211,4 @@ RoutineResult RunRoutine(const Routine& routine, std::span<const ImagePointer> i
     } catch (const std::exception&) {    // the allocator's, also for sizes that it refuses
         return Problem(QT_TRANSLATE_NOOP("Commands", "There is not enough memory for this image."));
     }
-}
-
 }

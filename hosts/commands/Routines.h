@@ -14,8 +14,6 @@
 #include <span>
 #include <vector>
 
-namespace vostel::viewer {
-
 using Image = ClassData2DIO<float>;    // top row first
 using ImagePointer = std::shared_ptr<Image>;
 
@@ -86,5 +84,3 @@ void ShowResult(int canvas, const ImagePointer& image);
 // The canvas's own progress bar. The viewer repaints.
 void ShowRoutineProgress(int canvas, bool shown);
 void SetRoutineProgress(int canvas, int done, int total);
-
-}

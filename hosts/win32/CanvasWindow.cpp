@@ -6,8 +6,6 @@
 
 #include <algorithm>
 
-namespace vostel::viewer {
-
 namespace {
 
 const wchar_t* const ClassName = L"VostelCanvas";
@@ -158,6 +156,4 @@ void CanvasWindow::Respond(UINT message, WPARAM wParam, LPARAM lParam)
     event.wParam = wParam;
     event.lParam = lParam;
     gCVSRespondToMessage(&event, Number);
-}
-
 }

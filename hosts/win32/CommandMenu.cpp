@@ -3,8 +3,6 @@
 #include <cstdlib>
 #include <cstring>
 
-namespace vostel::viewer {
-
 namespace {
 
 // "Ctrl+Shift+S" and the like; false for a key that is not known.
@@ -144,6 +142,4 @@ void ShowRecentFiles(HMENU menuBar, const std::vector<std::wstring>& files)
     }
     if (files.empty())
         AppendMenuW(menu, MF_STRING | MF_GRAYED, 0, L"No file yet");
-}
-
 }

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-namespace vostel::viewer {
-
 namespace {
 
 constexpr COLORREF ProblemColour = RGB(176, 0, 0);
@@ -291,6 +289,4 @@ INT_PTR FormDialog::Handle(UINT message, WPARAM wParam, LPARAM lParam)
     default:
         return FALSE;
     }
-}
-
 }

@@ -4,8 +4,6 @@
 
 #include <cstdio>
 
-using namespace vostel::viewer;
-
 namespace {
 
 const wchar_t* const HelpText = L"vostel-viewer-win32 [--help] [--version] [FILE...]\n"

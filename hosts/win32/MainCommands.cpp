@@ -6,9 +6,7 @@
 #include "TextDialogs.h"
 #include "common/CanvasFacts.h"
 
-namespace vostel::viewer {
-
-using namespace hosts;
+using namespace vostel::hosts;
 
 namespace {
 
@@ -252,6 +250,4 @@ void MainWindow::AfterChange()
     CurrentCanvas().Repaint();
     Status.ShowCanvas(Current, Files[static_cast<std::size_t>(Current)]);
     ShowTitle();
-}
-
 }

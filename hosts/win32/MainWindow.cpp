@@ -7,8 +7,6 @@
 #include <commctrl.h>
 #include <shellapi.h>
 
-namespace vostel::viewer {
-
 namespace {
 
 const wchar_t* const ClassName = L"VostelViewer";
@@ -228,6 +226,4 @@ void MainWindow::OnMenuSelect(WPARAM wParam)
     const CommandEntry* const entry = FindCommand(static_cast<Command>(LOWORD(wParam)));
     const bool                isCommand = entry && !(HIWORD(wParam) & (MF_POPUP | MF_SEPARATOR));
     Status.ShowHint(isCommand ? Wide(entry->Hint) : L"");
-}
-
 }

@@ -13,8 +13,6 @@
 #include <string>
 #include <vector>
 
-namespace vostel::viewer {
-
 class MainWindow {
 public:
     static constexpr int CanvasCount = 5;
@@ -67,5 +65,3 @@ private:
     void ShowProblem(const std::wstring& sentence);
     void AfterChange();    // of what the current canvas shows
 };
-
-}

@@ -4,8 +4,6 @@
 
 #include <cwchar>
 
-namespace vostel::viewer {
-
 namespace {
 
 std::wstring TextOfNumber(double value)
@@ -81,6 +79,4 @@ bool RoutineDialog::Read()
     if (SecondRow >= 0)
         Second = Seconds[static_cast<std::size_t>(ChoiceOf(SecondRow))];
     return true;
-}
-
 }

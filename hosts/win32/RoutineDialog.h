@@ -5,8 +5,6 @@
 #include "FormDialog.h"
 #include "commands/Routines.h"
 
-namespace vostel::viewer {
-
 class RoutineDialog : public FormDialog {
 public:
     // Values: what the fields start with. Seconds: the canvases that may be the second.
@@ -23,5 +21,3 @@ private:
     std::vector<int> Seconds;
     int              SecondRow = -1;
 };
-
-}

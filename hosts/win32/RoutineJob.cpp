@@ -2,8 +2,6 @@
 
 #include <utility>
 
-namespace vostel::viewer {
-
 void RoutineJob::Start(HWND window, const Routine& routine, std::vector<ImagePointer> inputs,
                        std::vector<double> values, int canvas)
 {
@@ -31,6 +29,4 @@ void RoutineJob::Stop()
 {
     Cancel();
     Take();
-}
-
 }

@@ -8,8 +8,6 @@
 #include <atomic>
 #include <thread>
 
-namespace vostel::viewer {
-
 class RoutineJob {
 public:
     static constexpr UINT Progress = WM_APP + 1;    // wParam done, lParam total
@@ -38,5 +36,3 @@ private:
     const Routine*    Asked = nullptr;
     int               OnCanvas = -1;
 };
-
-}

@@ -9,9 +9,7 @@
 #include <cmath>
 #include <cwchar>
 
-namespace vostel::viewer {
-
-using namespace hosts;
+using namespace vostel::hosts;
 
 namespace {
 
@@ -99,6 +97,4 @@ void StatusBar::SetPart(Part part, const std::wstring& text)
         return;
     Shown[part] = text;
     SendMessageW(Window, SB_SETTEXTW, static_cast<WPARAM>(part), reinterpret_cast<LPARAM>(text.c_str()));
-}
-
 }

@@ -7,8 +7,6 @@
 
 #include <string>
 
-namespace vostel::viewer {
-
 class StatusBar {
 public:
     void Create(HWND owner);
@@ -28,5 +26,3 @@ private:
 
     void SetPart(Part part, const std::wstring& text);
 };
-
-}

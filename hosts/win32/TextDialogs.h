@@ -4,8 +4,6 @@
 
 #include "FormDialog.h"
 
-namespace vostel::viewer {
-
 class TextLinesDialog : public FormDialog {
 public:
     explicit TextLinesDialog(const std::wstring& start);
@@ -20,5 +18,3 @@ class GesturesDialog : public FormDialog {
 public:
     GesturesDialog();
 };
-
-}

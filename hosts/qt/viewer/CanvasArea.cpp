@@ -1,63 +1,66 @@
 #include "CanvasArea.h"
 
-#include "commands/ViewerSession.h"
-
 #include <QPainter>
 
-namespace vostel::viewer {
-
-CanvasArea::CanvasArea(const ViewerSession& session, QWidget* parent) : QWidget(parent), Session(session)
+CanvasArea::CanvasArea(QWidget* parent) : QWidget(parent)
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
-    int number = 0;
-    for (CanvasTile*& tile : Tiles)
-        tile = new CanvasTile(number++, this);
-    setFocusProxy(&Canvas());
-    PlaceTiles();
+    for (int number = 0; number < Count; ++number) {
+        auto* const tile = new CanvasTile(number, this);
+        Tiles[static_cast<std::size_t>(number)] = tile;
+        connect(tile->Canvas(), &VostelWidget::activated, this, [this, number] { SetCurrent(number); });
+    }
+    setFocusProxy(Tiles[0]->Canvas());
+    Arrange();
 }
 
-CanvasTile& CanvasArea::Current() const
+void CanvasArea::SetCurrent(int number)
 {
-    return Tile(Session.Current());
+    if (number < 0 || number >= Count || number == Number)
+        return;
+    Number = number;
+    Arrange();
+    setFocusProxy(Current().Canvas());
+    Current().Canvas()->setFocus();
+    Q_EMIT currentChanged(number);
 }
 
-void CanvasArea::Arrange()
+void CanvasArea::SetTiled(bool tiled)
 {
-    PlaceTiles();
-    setFocusProxy(&Canvas());
-    Canvas().setFocus();
+    Tiled = tiled;
+    Arrange();
+    Current().Canvas()->setFocus();
 }
 
 int CanvasArea::NumberAt(QPoint position) const
 {
-    for (int number = 0; number < CanvasCount; ++number)
+    for (int number = 0; number < Count; ++number)
         if (Tile(number).isVisible() && Tile(number).geometry().contains(position))
             return number;
-    return Session.Current();
+    return Number;
 }
 
 void CanvasArea::resizeEvent(QResizeEvent*)
 {
-    PlaceTiles();
+    Arrange();
 }
 
 // Three above two, each row as wide as the area.
-void CanvasArea::PlaceTiles()
+void CanvasArea::Arrange()
 {
     constexpr int gap = 4, above = 3;
-    for (int number = 0; number < CanvasCount; ++number) {
+    for (int number = 0; number < Count; ++number) {
         CanvasTile& tile = Tile(number);
-        const bool  isCurrent = number == Session.Current();
-        tile.SetCurrent(isCurrent);
-        tile.ShowCaption(Session.IsTiled());
-        if (!Session.IsTiled()) {
-            if (isCurrent)
+        tile.SetCurrent(number == Number);
+        tile.ShowCaption(Tiled);
+        if (!Tiled) {
+            if (number == Number)
                 tile.setGeometry(rect());
-            tile.setVisible(isCurrent);
+            tile.setVisible(number == Number);
             continue;
         }
         const bool upper = number < above;
-        const int  columns = upper ? above : CanvasCount - above;
+        const int  columns = upper ? above : Count - above;
         const int  column = upper ? number : number - above;
         const int  left = gap + (width() - gap) * column / columns;
         const int  right = gap + (width() - gap) * (column + 1) / columns;
@@ -71,6 +74,4 @@ void CanvasArea::PlaceTiles()
 void CanvasArea::paintEvent(QPaintEvent*)
 {
     QPainter(this).fillRect(rect(), QColor(0x26, 0x29, 0x2e));
-}
-
 }

@@ -7,8 +7,6 @@
 
 class QLabel;
 
-namespace vostel::viewer {
-
 // A canvas in the window: the widget, a caption with its number and file, and a hint while it is empty.
 class CanvasTile : public QWidget {
     Q_OBJECT
@@ -23,8 +21,8 @@ public:
     void ShowCaption(bool shown);
     void SetCurrent(bool current);
 
-Q_SIGNALS:
-    void areaChanged();    // the canvas has an image and another size
+    // Keeps the whole image in sight when the size changes, until the person zooms or moves.
+    void FitFromNowOn(bool fit) { Fits = fit; }
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -41,6 +39,5 @@ private:
     QString       FilePath;
     bool          Captioned = false;
     bool          Current = false;
+    bool          Fits = false;
 };
-
-}

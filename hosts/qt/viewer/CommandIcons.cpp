@@ -8,8 +8,6 @@
 #include <QPalette>
 #include <QPixmap>
 
-namespace vostel::viewer {
-
 namespace {
 
 class DrawnIcon : public QIconEngine {
@@ -55,6 +53,4 @@ QIcon CommandIcon(QLatin1String name)
 {
     const IconDrawing drawing = FindIconDrawing(name);
     return drawing ? QIcon(new DrawnIcon(drawing)) : QIcon();
-}
-
 }

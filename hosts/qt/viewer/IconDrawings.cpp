@@ -7,8 +7,6 @@
 #include <cmath>
 #include <iterator>
 
-namespace vostel::viewer {
-
 namespace {
 
 void UseFill(QPainter& p, const QColor& colour)
@@ -509,6 +507,4 @@ IconDrawing FindIconDrawing(QLatin1String name)
         if (name == QLatin1String(drawing.Name))
             return drawing.Drawing;
     return nullptr;
-}
-
 }

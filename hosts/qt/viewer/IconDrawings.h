@@ -5,8 +5,6 @@
 
 class QPainter;
 
-namespace vostel::viewer {
-
 inline constexpr double IconSide = 24.0;    // units of the drawings
 
 struct IconInks {
@@ -19,5 +17,3 @@ using IconDrawing = void (*)(QPainter& painter, const IconInks& inks);
 
 // Null for a name without a drawing.
 IconDrawing FindIconDrawing(QLatin1String name);
-
-}

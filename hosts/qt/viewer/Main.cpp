@@ -14,8 +14,6 @@
 #include <cstring>
 #include <optional>
 
-using namespace vostel::viewer;
-
 namespace {
 
 // Help, version and a scripted session need no screen; anything else says so in a sentence instead of ending
@@ -68,7 +66,7 @@ int main(int argc, char** argv)
     QApplication::setApplicationName(QStringLiteral("vostel-viewer"));
     QApplication::setApplicationVersion(QStringLiteral(VOSTEL_VERSION));
     LoadTranslations(application, LanguageOf(argc, argv));    // before the help text is made
-    QApplication::setApplicationDisplayName(CommandText(ViewerName));
+    QApplication::setApplicationDisplayName(QApplication::translate("Main", "Vostel Viewer"));
 
     QCommandLineParser parser;
     parser.setApplicationDescription(

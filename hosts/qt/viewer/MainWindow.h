@@ -1,20 +1,20 @@
 #pragma once
 
-#include "commands/ViewerSession.h"
+#include "commands/Commands.h"
+#include "commands/Routines.h"
 
 #include <QMainWindow>
 #include <QPointer>
 #include <QStringList>
 
-namespace vostel::viewer {
-
 class CanvasArea;
 class CommandActions;
 class GesturePage;
-class RecentFilesMenu;
+class RecentFiles;
+class RoutineRunner;
 class StatusLine;
 
-// The viewer's window: canvases, menus, tool bars, status bar and dialogs around a session.
+// The viewer's window: canvases, menus, tool bars and status bar, and what the command table leaves to it.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 
@@ -22,11 +22,13 @@ public:
     MainWindow();
     ~MainWindow() override;
 
+    // The first goes to the current canvas, each further one to the next. Files that cannot be opened are
+    // told of in one message.
     void OpenFiles(const QStringList& paths);
-    void Carry(Command id);    // as its menu entry does
 
-    const ViewerSession& State() const { return Session; }
-    CanvasArea&          Area() const { return *Canvases; }
+    void        Carry(Command id);    // as its menu entry does
+    CanvasArea& Area() const { return *Canvases; }
+    bool        RoutineRuns() const;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -34,28 +36,26 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
-    ViewerWindow   Services();
-    ViewerSettings Kept();
+    void    BuildBars();
+    void    ConnectCanvas(int number);
+    void    RestoreWindow();
+    void    CarryHere(Command id);
+    void    AskForFiles();
+    QString OpenOn(int number, const QString& path);    // what is wrong with it, or nothing
+    void    AskForTextLines();
+    void    StartRoutine(const Routine& routine);
+    void    FinishRoutine(const RoutineResult& result);
+    void    ShowHelp();
+    void    ShowAbout();
+    void    ShowState();    // of the current canvas, everywhere in the window
+    void    Report(const QString& text);
 
-    void BuildBars();
-    void ConnectCanvas(int number);
-    void RestoreWindow();
-    void ShowState();    // of the current canvas, everywhere in the window
-    void Report(const QString& text);
-    void ShowHelp();
-    void ShowAbout();
-
-    std::vector<std::wstring> AskFiles();
-    bool                      AskTextLines(std::wstring& lines);
-    bool                      AskRoutine(RoutineQuestion& question);
-    bool ReadFile(int canvas, const std::wstring& path, const std::function<void()>& read);
-
-    ViewerSession         Session;
     CanvasArea*           Canvases;
     CommandActions*       Commands;
-    RecentFilesMenu*      Recent = nullptr;
+    RecentFiles*          Recent = nullptr;
     StatusLine*           Status;
+    RoutineRunner*        Runner;
     QPointer<GesturePage> Help;
+    int                   RoutineCanvas = -1;    // where the routine under way began
+    QString               RoutineTitle;
 };
-
-}

@@ -15,8 +15,6 @@
 #include <cmath>
 #include <cstdlib>
 
-namespace vostel::viewer {
-
 namespace {
 
 QList<QPointF> Ring(QPointF centre, double radius, int count)
@@ -165,7 +163,7 @@ void Session::WaitForRoutine()
     constexpr qint64 patience = 60000;    // ms
     QElapsedTimer    waited;
     waited.start();
-    while (Window.State().RoutineRuns() && waited.elapsed() < patience)
+    while (Window.RoutineRuns() && waited.elapsed() < patience)
         QApplication::processEvents(QEventLoop::AllEvents, 20);
 }
 
@@ -201,8 +199,6 @@ void Session::ShowPages()
     Window.Carry(Command::HelpGestures);
     QApplication::processEvents();
     for (QWidget* const widget : QApplication::topLevelWidgets())
-        if (widget->isVisible() && widget->inherits("vostel::viewer::GesturePage"))
+        if (widget->isVisible() && widget->inherits("GesturePage"))
             Write("gestures", *widget);
-}
-
 }

@@ -5,8 +5,6 @@
 #include <QLocale>
 #include <QTranslator>
 
-namespace vostel::viewer {
-
 void LoadTranslations(QApplication& application, const QString& language)
 {
     const QLocale locale = language.isEmpty() ? QLocale::system() : QLocale(language);
@@ -27,6 +25,4 @@ void LoadTranslations(QApplication& application, const QString& language)
 QString CommandText(const char* english)
 {
     return QCoreApplication::translate("Commands", english);
-}
-
 }

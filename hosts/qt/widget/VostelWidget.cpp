@@ -51,29 +51,6 @@ unsigned int MouseFlags(Qt::KeyboardModifiers modifiers, Qt::MouseButtons button
     return flags;
 }
 
-VostelWidget::KeyGroup GroupOf(int virtualKey)
-{
-    switch (virtualKey) {
-    case 'R':
-        return VostelWidget::DeleteKey;
-    case 'C':
-        return VostelWidget::DeleteAllKey;
-    case 'A':
-    case 'D':
-        return VostelWidget::PenKeys;
-    case 'E':
-        return VostelWidget::EllipseKey;
-    case VK_TAB:
-    case 'X':
-        return VostelWidget::SliderKeys;
-    case 'I':
-    case 'T':
-        return VostelWidget::OverwriteKeys;
-    default:
-        return VostelWidget::NoKeys;
-    }
-}
-
 }
 
 VostelWidget::VostelWidget(int canvas, QWidget* parent)
@@ -123,16 +100,9 @@ bool VostelWidget::open(const QString& path)
 
 void VostelWidget::refresh()
 {
-    // A wheel step without Control moves nothing and hands the view to every object.
-    gCVSOnMouseWheel(Number, 0, 0, CPoint(0, 0));
-    ShowChanges();
-}
-
-void VostelWidget::ShowChanges()
-{
     FrameIsOld = true;
     update();
-    ReportChanges();
+    TellChanges();
 }
 
 void VostelWidget::setTickInterval(int milliseconds)
@@ -182,7 +152,7 @@ bool VostelWidget::event(QEvent* event)
     switch (event->type()) {
     case QEvent::KeyPress:
         // Tab means something to a canvas; Shift and Tab leave it.
-        if (Keys.testFlag(SliderKeys) && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Tab) {
+        if (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Tab) {
             keyPressEvent(static_cast<QKeyEvent*>(event));
             return event->isAccepted();
         }
@@ -207,7 +177,7 @@ void VostelWidget::GiveArea()
     Area = area;
     CRect client(0, 0, area.width(), area.height());
     gCVSSetClient(Number, client, Screen);
-    ShowChanges();
+    refresh();
 }
 
 void VostelWidget::resizeEvent(QResizeEvent*)
@@ -218,25 +188,22 @@ void VostelWidget::resizeEvent(QResizeEvent*)
 void VostelWidget::paintEvent(QPaintEvent*)
 {
     GiveArea();    // a window that moved to another screen
-    ComposeFrame();
+    {
+        const PaintScope painting;
+        gCVSOnDraw(Number, Screen);
+    }
+    FrameIsOld = false;
     QPainter painter(this);
     PaintFrame(painter, Number, devicePixelRatioF());
     painter.end();
     Q_EMIT painted();
 }
 
-void VostelWidget::ComposeFrame()
+// Objects take their boxes, and the limit of the zoom what it counts, from the last paint.
+void VostelWidget::PaintBeforeInput()
 {
-    const PaintScope painting;
-    gCVSOnDraw(Number, Screen);
-    FrameIsOld = false;
-}
-
-// Objects take their boxes, a length where its caption goes, and the zoom what limits it from the last frame.
-void VostelWidget::ComposeBeforeInput()
-{
-    if (FrameIsOld)
-        ComposeFrame();
+    if (FrameIsOld && isVisible())
+        repaint();
 }
 
 CPoint VostelWidget::CanvasPoint(QPointF position) const
@@ -251,12 +218,12 @@ void VostelWidget::mousePressEvent(QMouseEvent* event)
         event->ignore();
         return;
     }
-    ComposeBeforeInput();
+    PaintBeforeInput();
     // New objects learn of the view by a move, which a touch screen or a program may leave out.
     const CPoint point = CanvasPoint(event->position());
     gCVSOnMouseMove(Number, MouseFlags(event->modifiers(), Qt::NoButton), point);
     gCVSOnLButtonDown(Number, MouseFlags(event->modifiers(), event->buttons()), point);
-    ShowChanges();
+    refresh();
 }
 
 void VostelWidget::mouseMoveEvent(QMouseEvent* event)
@@ -264,8 +231,8 @@ void VostelWidget::mouseMoveEvent(QMouseEvent* event)
     const unsigned int flags = MouseFlags(event->modifiers(), event->buttons());
     gCVSOnMouseMove(Number, flags, CanvasPoint(event->position()));
     ShowCursorFor(event->modifiers());
-    ReportCursor(event->position());
-    ShowChanges();
+    TellCursor(event->position());
+    refresh();
     if ((flags & MK_LBUTTON) && (flags & MK_CONTROL))
         Q_EMIT viewDragged();
 }
@@ -276,9 +243,8 @@ void VostelWidget::mouseReleaseEvent(QMouseEvent* event)
         event->ignore();
         return;
     }
-    ComposeBeforeInput();
     gCVSOnLButtonUp(Number, MouseFlags(event->modifiers(), event->buttons()), CanvasPoint(event->position()));
-    ShowChanges();
+    refresh();
 }
 
 void VostelWidget::leaveEvent(QEvent*)
@@ -297,14 +263,14 @@ void VostelWidget::wheelEvent(QWheelEvent* event)
     WheelRest += turned;
     const unsigned int flags = MouseFlags(event->modifiers(), event->buttons());
     for (; std::abs(WheelRest) >= step; WheelRest -= WheelRest > 0 ? step : -step) {
-        ComposeBeforeInput();
+        PaintBeforeInput();
         gCVSOnMouseWheel(Number, flags, static_cast<short>(WheelRest > 0 ? step : -step),
                          CanvasPoint(event->position()));
-        ShowChanges();
+        refresh();
         if (flags & MK_CONTROL)
             Q_EMIT viewDragged();
     }
-    ReportCursor(event->position());
+    TellCursor(event->position());
     event->accept();
 }
 
@@ -314,13 +280,12 @@ void VostelWidget::keyPressEvent(QKeyEvent* event)
     const int key = VirtualKey(event->key());
     NoteKey(key, true);
     // With Control a letter is a menu's shortcut, and the canvas would take R and C for deletions.
-    const bool shortcut = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
-    if (shortcut || !(Keys & GroupOf(key))) {
+    if (key == 0 || (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))) {
         QWidget::keyPressEvent(event);
         return;
     }
     gCVSOnKeyDown(Number, static_cast<unsigned int>(key), static_cast<unsigned int>(event->count()), 0);
-    ShowChanges();
+    refresh();
 }
 
 void VostelWidget::keyReleaseEvent(QKeyEvent* event)
@@ -363,7 +328,7 @@ void VostelWidget::ShowCursorFor(Qt::KeyboardModifiers modifiers)
         setCursor(shape);
 }
 
-void VostelWidget::ReportCursor(QPointF position)
+void VostelWidget::TellCursor(QPointF position)
 {
     const QPointF image = imagePosition(position);
     const bool    inside = rect().contains(position.toPoint()) && hasImage() && image.x() >= 0.0 &&
@@ -376,7 +341,7 @@ void VostelWidget::ReportCursor(QPointF position)
     CursorInside = inside;
 }
 
-void VostelWidget::ReportChanges()
+void VostelWidget::TellChanges()
 {
     const QSize image = imageSize();
     if (image != KnownImage) {

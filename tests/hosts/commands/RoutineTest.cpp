@@ -10,8 +10,6 @@
 #include <string>
 #include <utility>
 
-using namespace vostel::viewer;
-
 namespace {
 
 constexpr unsigned Seed = 20260514;
