@@ -1,22 +1,42 @@
-# Install tree: headers, both libraries, a CMake package and a pkg-config file.
+# Install tree. Programs that were built with the library run on the component VostelObj_Runtime; building them
+# also takes VostelObj_Development: headers, a CMake package, a pkg-config file and documents.
+include(CMakePackageConfigHelpers)
 
-install(TARGETS VostelObj Tessik EXPORT VostelObjTargets
-    RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
-    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
-    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
-install(EXPORT VostelObjTargets NAMESPACE VostelObj::
-    DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/VostelObj)
+set(packages ${CMAKE_INSTALL_LIBDIR}/cmake/VostelObj)
+set(documents ${CMAKE_INSTALL_DATAROOTDIR}/doc/VostelObj)
+set(development COMPONENT VostelObj_Development)
+
+# A set of exported targets for each component of find_package; headers go to a folder below the include folder.
+function(vostel_install target header_folder)
+    set(folder ${CMAKE_INSTALL_INCLUDEDIR}/${header_folder})
+    install(TARGETS ${target} EXPORT ${target}Targets
+        RUNTIME COMPONENT VostelObj_Runtime
+        LIBRARY COMPONENT VostelObj_Runtime NAMELINK_COMPONENT VostelObj_Development
+        ARCHIVE ${development}
+        FILE_SET HEADERS DESTINATION ${folder} ${development}
+        INCLUDES DESTINATION ${folder})    # CMake before 3.23 reads no file sets
+    install(EXPORT ${target}Targets NAMESPACE VostelObj:: DESTINATION ${packages} ${development})
+endfunction()
+
+vostel_install(Tessik "")
+vostel_install(VostelObj "")
+if(TARGET VostelWidget)
+    vostel_install(VostelWidget VostelWidget)
+endif()
 
 configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/VostelObjConfig.cmake.in
-    ${PROJECT_BINARY_DIR}/VostelObjConfig.cmake
-    INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/VostelObj)
+    ${PROJECT_BINARY_DIR}/VostelObjConfig.cmake INSTALL_DESTINATION ${packages})
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/VostelObjConfigVersion.cmake
     COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/VostelObjConfig.cmake ${PROJECT_BINARY_DIR}/VostelObjConfigVersion.cmake
-    DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/VostelObj)
+    DESTINATION ${packages} ${development})
 
 # Relative, so that the install tree can be moved.
 file(RELATIVE_PATH VOSTEL_PREFIX_FROM_PKGCONFIG /prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig /prefix)
 configure_file(${CMAKE_CURRENT_LIST_DIR}/vostelobj.pc.in ${PROJECT_BINARY_DIR}/vostelobj.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/vostelobj.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+install(FILES ${PROJECT_BINARY_DIR}/vostelobj.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig ${development})
+
+install(FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION ${documents} COMPONENT VostelObj_Runtime)
+install(FILES ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/CHANGELOG.md ${PROJECT_SOURCE_DIR}/SECURITY.md
+    DESTINATION ${documents} ${development})
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs DESTINATION ${documents} ${development})

@@ -40,11 +40,14 @@ function(vostel_shared_library target)
     elseif(NOT APPLE)
         # The two libraries are installed side by side and find each other wherever that is.
         set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN")
-        # Visibility does not hide what the standard library's templates leave behind.
-        set(names ${PROJECT_SOURCE_DIR}/cmake/HiddenNames.map)
-        target_link_options(${target} PRIVATE
-            "LINKER:--exclude-libs,ALL" "LINKER:--version-script=${names}")
+        # Exports get a version node, and weak copies of standard library templates stay inside.
+        string(TOUPPER ${target}_${PROJECT_VERSION_MAJOR}.0 node)
+        set(names ${CMAKE_CURRENT_BINARY_DIR}/${target}.map)
+        configure_file(${PROJECT_SOURCE_DIR}/cmake/LibraryNames.map.in ${names} @ONLY)
         set_target_properties(${target} PROPERTIES LINK_DEPENDS ${names})
+        # A host may have C functions of the same names as the drawing calls; the library keeps to its own.
+        target_link_options(${target} PRIVATE
+            "LINKER:--exclude-libs,ALL" "LINKER:--version-script=${names}" "LINKER:-Bsymbolic-functions")
     endif()
 endfunction()
 

@@ -29,3 +29,4 @@
 #include "vostel/export.h"
 #include "vostel/host.h"
 #include "vostel/platform.h"
+#include "vostel/version.h"

@@ -1,17 +1,18 @@
 #include "commands/CanvasState.h"
 #include "commands/Commands.h"
+#include "commands/FilePaths.h"
 #include "common/CanvasFacts.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <filesystem>
 #include <limits>
-#include <memory>
 #include <string>
-#include <type_traits>
 #include <vector>
 
-using namespace vostel::hosts;
+namespace vostel::viewer {
+
+using namespace hosts;
 
 namespace {
 
@@ -141,22 +142,12 @@ void FitWholeImage(int canvas, double mostScale)
                                                                       : DisplayZoomCursor);
 }
 
-// Not through the locale of the program, which may know ASCII only and then refuses other names.
-std::filesystem::path PathOf(const CString& path)
-{
-    CString name(path);
-    if constexpr (std::is_same_v<std::filesystem::path::value_type, wchar_t>)
-        return name.GetString();
-    const std::unique_ptr<char, void (*)(char*)> narrow(gCStringToChar(&name), gDLLDelete);
-    return narrow.get();
-}
-
 }
 
 CanvasState* StateOf(int canvas)
 {
-    static CanvasState states[5];
-    return canvas >= 0 && canvas < 5 ? &states[canvas] : nullptr;
+    static CanvasState states[CanvasCount];
+    return canvas >= 0 && canvas < CanvasCount ? &states[canvas] : nullptr;
 }
 
 bool IsAvailable(Command id, int canvas)
@@ -312,4 +303,6 @@ const char* OpenFilter()
 {
     return "Pictures and raw data|*.png;*.bmp;*.jpg;*.jpeg;*.tif;*.tiff;*.gif;*.raw;*.hraw;*.his|"
            "All files|*.*||";
+}
+
 }

@@ -7,6 +7,8 @@
 #include <memory>
 #include <vector>
 
+namespace vostel::viewer {
+
 // An image as a canvas showed it.
 struct ImageBefore {
     FileType                  Type = FileTypeNone;
@@ -27,3 +29,5 @@ CanvasState* StateOf(int canvas);    // null outside 0..4
 
 // Brings the image of Undo back and forgets it; nothing happens without one.
 void ShowImageBefore(int canvas);
+
+}

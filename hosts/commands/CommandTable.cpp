@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
+namespace vostel::viewer {
+
 namespace {
 
 using enum Command;
@@ -484,4 +486,6 @@ const CommandEntry* FindCommand(Command id)
     const auto found = std::find_if(std::begin(Commands), std::end(Commands),
                                     [id](const CommandEntry& entry) { return entry.Id == id; });
     return found == std::end(Commands) ? nullptr : found;
+}
+
 }

@@ -13,6 +13,11 @@
 #    define QT_TRANSLATE_NOOP(context, text) text
 #endif
 
+namespace vostel::viewer {
+
+inline constexpr int         CanvasCount = 5;
+inline constexpr const char* ViewerName = QT_TRANSLATE_NOOP("Commands", "Vostel Viewer");
+
 enum class Menu : int { File, View, Draw, Process, Measure, Help };
 
 // Numbers are the viewers' own and fit a menu's: they may change between versions.
@@ -102,7 +107,7 @@ struct CommandEntry {
     const char* Hint;             // English, one sentence for the status bar
     const char* Shortcut = "";    // "Ctrl+Shift+S", "F5", "Del", "Esc"; "" for none. A viewer forwards no key
                                   // with Control to a canvas, which would take Ctrl+R for R.
-    const char* Icon = "";    // a name in lower case; "" for none
+    const char* Icon = "";        // a name in lower case; "" for none
     bool        SeparatorBefore = false;
     ChoiceGroup Group = ChoiceGroup::None;
     Needs       Need = Needs::Nothing;
@@ -146,3 +151,5 @@ const char* OpenFilter();
 
 // How the mouse and the keys work, as lines "gesture\tmeaning"; a line without tab is a heading.
 std::span<const char* const> GestureHelp();
+
+}

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace vostel::viewer {
+
 namespace {
 
 enum class KernelKind : int { Box, Sharpen, SobelX, SobelY, Laplace };
@@ -196,4 +198,6 @@ RoutineResult RunResize(RoutineImages inputs, RoutineValues values, const Routin
         break;
     }
     return steps.Next() && steps.Next() ? RoutineResult{result} : Cancelled();
+}
+
 }

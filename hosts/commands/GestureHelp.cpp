@@ -1,5 +1,7 @@
 #include "commands/Commands.h"
 
+namespace vostel::viewer {
+
 std::span<const char* const> GestureHelp()
 {
     static const char* const lines[] = {
@@ -22,4 +24,6 @@ std::span<const char* const> GestureHelp()
         QT_TRANSLATE_NOOP("Commands", "Esc\tstop a routine that is under way"),
     };
     return lines;
+}
+
 }

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace vostel::viewer {
+
 namespace {
 
 constexpr double FullTurn = 6.283185307179586;
@@ -130,4 +132,6 @@ RoutineResult RunRampKernel(RoutineImages, RoutineValues values, const RoutinePr
     }
     RepeatFirstRow(*result);
     return steps.Next() ? RoutineResult{result} : Cancelled();
+}
+
 }

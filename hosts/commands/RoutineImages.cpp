@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cstddef>
 
+namespace vostel::viewer {
+
 namespace {
 
 std::size_t PixelCount(int width, int height)
@@ -154,4 +156,6 @@ void SetRoutineProgress(int canvas, int done, int total)
     const int range = std::max(total, 1);
     gCVSSetRange(canvas, 0, range);
     gCVSSetPos(canvas, std::clamp(done, 0, range));
+}
+
 }

@@ -4,6 +4,8 @@
 
 #include "commands/Routines.h"
 
+namespace vostel::viewer {
+
 using RoutineImages = std::span<const ImagePointer>;
 using RoutineValues = std::span<const double>;
 
@@ -63,3 +65,5 @@ inline ImagePointer NewImage(int width, int height)
 
 // The sentence when an image of that size is too large, else null.
 const char* TooLarge(int width, int height);
+
+}

@@ -7,6 +7,8 @@
 #include <iterator>
 #include <limits>
 
+namespace vostel::viewer {
+
 namespace {
 
 using enum ParameterKind;
@@ -211,4 +213,6 @@ RoutineResult RunRoutine(const Routine& routine, std::span<const ImagePointer> i
     } catch (const std::exception&) {    // the allocator's, also for sizes that it refuses
         return Problem(QT_TRANSLATE_NOOP("Commands", "There is not enough memory for this image."));
     }
+}
+
 }

@@ -14,6 +14,8 @@
 #include <span>
 #include <vector>
 
+namespace vostel::viewer {
+
 using Image = ClassData2DIO<float>;    // top row first
 using ImagePointer = std::shared_ptr<Image>;
 
@@ -84,3 +86,5 @@ void ShowResult(int canvas, const ImagePointer& image);
 // The canvas's own progress bar. The viewer repaints.
 void ShowRoutineProgress(int canvas, bool shown);
 void SetRoutineProgress(int canvas, int done, int total);
+
+}

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace vostel::viewer {
+
 namespace {
 
 constexpr int RowsAStep = 64;
@@ -178,4 +180,6 @@ RoutineResult RunConcatenate(RoutineImages inputs, RoutineValues values, const R
         return Cancelled();
     gImaConcate(result.get(), inputs[1].get(), overlap, trim, values[2] != 0.0);
     return steps.Next() ? RoutineResult{result} : Cancelled();
+}
+
 }

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+namespace vostel::viewer {
+
 namespace {
 
 const wchar_t* const ClassName = L"VostelCanvas";
@@ -156,4 +158,6 @@ void CanvasWindow::Respond(UINT message, WPARAM wParam, LPARAM lParam)
     event.wParam = wParam;
     event.lParam = lParam;
     gCVSRespondToMessage(&event, Number);
+}
+
 }

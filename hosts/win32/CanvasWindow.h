@@ -6,6 +6,8 @@
 
 #include <functional>
 
+namespace vostel::viewer {
+
 class CanvasWindow {
 public:
     std::function<void(CanvasWindow&)>         OnActivate;    // pressed: it becomes the current one
@@ -37,3 +39,5 @@ private:
     LRESULT OnWheel(WPARAM wParam, LPARAM lParam);
     void    Respond(UINT message, WPARAM wParam, LPARAM lParam);
 };
+
+}

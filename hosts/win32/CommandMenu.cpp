@@ -3,6 +3,8 @@
 #include <cstdlib>
 #include <cstring>
 
+namespace vostel::viewer {
+
 namespace {
 
 // "Ctrl+Shift+S" and the like; false for a key that is not known.
@@ -142,4 +144,6 @@ void ShowRecentFiles(HMENU menuBar, const std::vector<std::wstring>& files)
     }
     if (files.empty())
         AppendMenuW(menu, MF_STRING | MF_GRAYED, 0, L"No file yet");
+}
+
 }

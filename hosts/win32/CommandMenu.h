@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+namespace vostel::viewer {
+
 constexpr UINT FirstRecentFile = 1000;
 
 std::wstring Wide(const char* text);    // the table's texts are plain ASCII
@@ -22,3 +24,5 @@ void RefreshMenu(HMENU menu, const std::function<bool(Command)>& isEnabled,
 
 // Replaces the entries of the submenu of recent files.
 void ShowRecentFiles(HMENU menuBar, const std::vector<std::wstring>& files);
+
+}

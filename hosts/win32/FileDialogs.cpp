@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <string>
 
+namespace vostel::viewer {
+
 namespace {
 
 constexpr std::size_t Room = 32768;    // characters for all chosen names
@@ -52,4 +54,6 @@ bool AskForFileNames(HWND owner, const VostelFileRequest& request, std::vector<C
         return false;
     paths = PathsIn(chosen);
     return !paths.empty();
+}
+
 }

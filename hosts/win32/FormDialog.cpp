@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace vostel::viewer {
+
 namespace {
 
 constexpr COLORREF ProblemColour = RGB(176, 0, 0);
@@ -289,4 +291,6 @@ INT_PTR FormDialog::Handle(UINT message, WPARAM wParam, LPARAM lParam)
     default:
         return FALSE;
     }
+}
+
 }

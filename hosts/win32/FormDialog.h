@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+namespace vostel::viewer {
+
 class FormDialog {
 public:
     explicit FormDialog(const std::wstring& title) : Title(title) {}
@@ -69,3 +71,5 @@ private:
     static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     INT_PTR                 Handle(UINT message, WPARAM wParam, LPARAM lParam);
 };
+
+}

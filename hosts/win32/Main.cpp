@@ -4,6 +4,8 @@
 
 #include <cstdio>
 
+using namespace vostel::viewer;
+
 namespace {
 
 const wchar_t* const HelpText = L"vostel-viewer-win32 [--help] [--version] [FILE...]\n"

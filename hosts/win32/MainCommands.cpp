@@ -6,7 +6,9 @@
 #include "TextDialogs.h"
 #include "common/CanvasFacts.h"
 
-using namespace vostel::hosts;
+namespace vostel::viewer {
+
+using namespace hosts;
 
 namespace {
 
@@ -250,4 +252,6 @@ void MainWindow::AfterChange()
     CurrentCanvas().Repaint();
     Status.ShowCanvas(Current, Files[static_cast<std::size_t>(Current)]);
     ShowTitle();
+}
+
 }

@@ -7,6 +7,8 @@
 #include <commctrl.h>
 #include <shellapi.h>
 
+namespace vostel::viewer {
+
 namespace {
 
 const wchar_t* const ClassName = L"VostelViewer";
@@ -226,4 +228,6 @@ void MainWindow::OnMenuSelect(WPARAM wParam)
     const CommandEntry* const entry = FindCommand(static_cast<Command>(LOWORD(wParam)));
     const bool                isCommand = entry && !(HIWORD(wParam) & (MF_POPUP | MF_SEPARATOR));
     Status.ShowHint(isCommand ? Wide(entry->Hint) : L"");
+}
+
 }

@@ -13,6 +13,8 @@
 #include <string>
 #include <vector>
 
+namespace vostel::viewer {
+
 class MainWindow {
 public:
     static constexpr int CanvasCount = 5;
@@ -65,3 +67,5 @@ private:
     void ShowProblem(const std::wstring& sentence);
     void AfterChange();    // of what the current canvas shows
 };
+
+}

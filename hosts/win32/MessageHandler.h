@@ -2,6 +2,8 @@
 
 #include <VostelObj.h>
 
+namespace vostel::viewer {
+
 // The procedure of a window class whose windows are objects: their last creation argument is the object. It
 // takes the handle by Attach and all messages by Handle.
 template <class Object>
@@ -15,4 +17,6 @@ LRESULT CALLBACK MessageHandler(HWND window, UINT message, WPARAM wParam, LPARAM
     }
     auto* const object = reinterpret_cast<Object*>(GetWindowLongPtrW(window, GWLP_USERDATA));
     return object ? object->Handle(message, wParam, lParam) : DefWindowProcW(window, message, wParam, lParam);
+}
+
 }

@@ -4,6 +4,8 @@
 
 #include <cwchar>
 
+namespace vostel::viewer {
+
 namespace {
 
 std::wstring TextOfNumber(double value)
@@ -79,4 +81,6 @@ bool RoutineDialog::Read()
     if (SecondRow >= 0)
         Second = Seconds[static_cast<std::size_t>(ChoiceOf(SecondRow))];
     return true;
+}
+
 }

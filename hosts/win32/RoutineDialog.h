@@ -5,6 +5,8 @@
 #include "FormDialog.h"
 #include "commands/Routines.h"
 
+namespace vostel::viewer {
+
 class RoutineDialog : public FormDialog {
 public:
     // Values: what the fields start with. Seconds: the canvases that may be the second.
@@ -21,3 +23,5 @@ private:
     std::vector<int> Seconds;
     int              SecondRow = -1;
 };
+
+}

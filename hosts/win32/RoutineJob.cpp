@@ -2,6 +2,8 @@
 
 #include <utility>
 
+namespace vostel::viewer {
+
 void RoutineJob::Start(HWND window, const Routine& routine, std::vector<ImagePointer> inputs,
                        std::vector<double> values, int canvas)
 {
@@ -29,4 +31,6 @@ void RoutineJob::Stop()
 {
     Cancel();
     Take();
+}
+
 }

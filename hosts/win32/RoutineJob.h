@@ -8,6 +8,8 @@
 #include <atomic>
 #include <thread>
 
+namespace vostel::viewer {
+
 class RoutineJob {
 public:
     static constexpr UINT Progress = WM_APP + 1;    // wParam done, lParam total
@@ -36,3 +38,5 @@ private:
     const Routine*    Asked = nullptr;
     int               OnCanvas = -1;
 };
+
+}

@@ -9,7 +9,9 @@
 #include <cmath>
 #include <cwchar>
 
-using namespace vostel::hosts;
+namespace vostel::viewer {
+
+using namespace hosts;
 
 namespace {
 
@@ -97,4 +99,6 @@ void StatusBar::SetPart(Part part, const std::wstring& text)
         return;
     Shown[part] = text;
     SendMessageW(Window, SB_SETTEXTW, static_cast<WPARAM>(part), reinterpret_cast<LPARAM>(text.c_str()));
+}
+
 }

@@ -7,6 +7,8 @@
 
 #include <string>
 
+namespace vostel::viewer {
+
 class StatusBar {
 public:
     void Create(HWND owner);
@@ -26,3 +28,5 @@ private:
 
     void SetPart(Part part, const std::wstring& text);
 };
+
+}

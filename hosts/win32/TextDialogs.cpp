@@ -2,6 +2,8 @@
 
 #include "CommandMenu.h"
 
+namespace vostel::viewer {
+
 TextLinesDialog::TextLinesDialog(const std::wstring& start) : FormDialog(L"Text lines"), Text(start)
 {
     AddLines(L"Lines", start);
@@ -27,4 +29,6 @@ GesturesDialog::GesturesDialog() : FormDialog(L"Gestures and keys")
         else
             AddPair(text.substr(0, tab), text.substr(tab + 1));
     }
+}
+
 }

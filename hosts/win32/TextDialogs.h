@@ -4,6 +4,8 @@
 
 #include "FormDialog.h"
 
+namespace vostel::viewer {
+
 class TextLinesDialog : public FormDialog {
 public:
     explicit TextLinesDialog(const std::wstring& start);
@@ -18,3 +20,5 @@ class GesturesDialog : public FormDialog {
 public:
     GesturesDialog();
 };
+
+}

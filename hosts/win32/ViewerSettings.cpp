@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cwchar>
 
+namespace vostel::viewer {
+
 namespace {
 
 // Files and folders have one name in either case here.
@@ -95,4 +97,6 @@ void ViewerSettings::SaveRecentFiles() const
     for (std::size_t i = 0; i < MostRecentFiles; ++i)
         WritePrivateProfileStringW(L"RecentFiles", std::to_wstring(i + 1).c_str(),
                                    i < Recent.size() ? Recent[i].c_str() : nullptr, Path.c_str());
+}
+
 }

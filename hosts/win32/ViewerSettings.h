@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+namespace vostel::viewer {
+
 class ViewerSettings {
 public:
     static constexpr std::size_t MostRecentFiles = 9;
@@ -28,3 +30,5 @@ private:
     std::wstring Read(const wchar_t* section, const wchar_t* key) const;
     void         SaveRecentFiles() const;
 };
+
+}

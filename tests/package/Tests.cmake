@@ -35,8 +35,13 @@ endif()
 # The lists are those of GNU tools: other compilers decorate names in their own way.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND VOSTEL_X86_64)
     foreach(library IN ITEMS VostelObj Tessik)
-        vostel_package_test(ExportedNames-${library} ${package}/exports/check
-            $<TARGET_FILE:${library}>
-            ${package}/exports/$<IF:$<PLATFORM_ID:Windows>,${library}.dll,lib${library}.so>.txt)
+        if(WIN32)
+            set(expected ${package}/exports/${library}.dll.txt)
+        else()
+            string(TOUPPER ${library}_1.0 node)
+            set(expected ${package}/exports/lib${library}.so.txt ${node})
+        endif()
+        vostel_package_test(ExportedNames-${library}
+            ${package}/exports/check $<TARGET_FILE:${library}> ${expected})
     endforeach()
 endif()

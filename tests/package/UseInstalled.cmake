@@ -1,14 +1,38 @@
 # Installs a build, moves the tree, and uses it from there: with find_package, without a build type as
 # strangers do, and with pkg-config.
-# cmake -D BUILD=... -D WORK=... -D SOURCE=... [-D TOOLCHAIN=...] [-D RUNNER=...] [-D WIDGET=ON] -D COMPILER=... -P UseInstalled.cmake
+# cmake -D BUILD=... -D WORK=... -D SOURCE=... -D COMPILER=... [-D TOOLCHAIN=...] [-D RUNNER=...] [-D WIDGET=ON] -P UseInstalled.cmake
 include(${CMAKE_CURRENT_LIST_DIR}/Run.cmake)
 
 file(REMOVE_RECURSE ${WORK})
 file(MAKE_DIRECTORY ${WORK})
-run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${WORK}/first)
-file(RENAME ${WORK}/first ${WORK}/prefix)    # an install tree may be moved, so no path in it is absolute
 
-set(settings -D CMAKE_PREFIX_PATH=${WORK}/prefix -D EXPECT_WIDGET=${WIDGET})
+# Both components together are all that is installed; the first is what a program needs to run.
+set(first ${WORK}/first)
+run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${first} --component VostelObj_Runtime)
+file(GLOB_RECURSE runtime RELATIVE ${first} ${first}/*)
+if(runtime MATCHES "[.](h|cmake|pc|a);|[.]so;" OR NOT runtime MATCHES "VostelObj[.]" OR NOT runtime MATCHES "LICENSE")
+    message(FATAL_ERROR "to run programs, this is installed: ${runtime}")
+endif()
+run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${first} --component VostelObj_Development)
+run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${WORK}/whole)
+file(GLOB_RECURSE parts RELATIVE ${first} ${first}/*)
+file(GLOB_RECURSE whole RELATIVE ${WORK}/whole ${WORK}/whole/*)
+if(NOT parts STREQUAL whole)
+    message(FATAL_ERROR "installed by components: ${parts}\nas a whole: ${whole}")
+endif()
+
+set(prefix ${WORK}/prefix)
+file(RENAME ${first} ${prefix})    # an install tree may be moved, so no path in it is absolute
+file(REMOVE_RECURSE ${WORK}/whole)
+set(headers ${SOURCE}/../../include)
+file(GLOB_RECURSE expected RELATIVE ${headers} ${headers}/*.h)
+file(GLOB_RECURSE installed RELATIVE ${prefix}/include ${prefix}/include/*.h)
+list(REMOVE_ITEM installed VostelWidget/VostelWidget.h)
+if(NOT installed STREQUAL expected)
+    message(FATAL_ERROR "installed headers: ${installed}\nexpected: ${expected}")
+endif()
+
+set(settings -D CMAKE_PREFIX_PATH=${prefix} -D EXPECT_WIDGET=${WIDGET})
 set(suffix "")
 if(TOOLCHAIN)
     list(APPEND settings -D CMAKE_TOOLCHAIN_FILE=${TOOLCHAIN} -D CMAKE_FIND_ROOT_PATH_MODE_PACKAGE=BOTH)
@@ -17,18 +41,23 @@ endif()
 run(${CMAKE_COMMAND} -G Ninja -S ${SOURCE}/installed -B ${WORK}/build ${settings})
 run(${CMAKE_COMMAND} --build ${WORK}/build)
 foreach(program IN ITEMS host dialogs)
-    run(${RUNNER} ${WORK}/build/${program}${suffix})
+    run(${RUNNER} ${WORK}/build/bin/${program}${suffix})
 endforeach()
+# A host's own functions do not take the place of the library's drawing.
+foreach(program IN ITEMS drawing drawing-beside-names)
+    run(${RUNNER} ${WORK}/build/bin/${program}${suffix} ${WORK}/${program}.frame)
+endforeach()
+run(${CMAKE_COMMAND} -E compare_files ${WORK}/drawing.frame ${WORK}/drawing-beside-names.frame)
 if(WIDGET)
     set(ENV{QT_QPA_PLATFORM} offscreen)
-    run(${WORK}/build/widget)
+    run(${WORK}/build/bin/widget)
 endif()
 
 find_program(PKG_CONFIG NAMES pkgconf pkg-config)
 if(TOOLCHAIN OR NOT PKG_CONFIG)
     return()
 endif()
-file(GLOB_RECURSE package ${WORK}/prefix/*/vostelobj.pc)
+file(GLOB_RECURSE package ${prefix}/*/vostelobj.pc)
 cmake_path(GET package PARENT_PATH packages)
 set(ENV{PKG_CONFIG_PATH} ${packages})
 run(${PKG_CONFIG} --cflags --libs vostelobj)

@@ -129,8 +129,8 @@ def problems(root):
 
 
 def main():
-    default = pathlib.Path(__file__).resolve().parents[2]
-    found = problems(pathlib.Path(sys.argv[1]) if len(sys.argv) > 1 else default)
+    here = pathlib.Path(__file__).resolve()
+    found = problems(pathlib.Path(sys.argv[1]) if len(sys.argv) > 1 else here.parents[2])
     print("\n".join(found) if found else "all links, paths and names exist")
     return 1 if found else 0
 

@@ -35,8 +35,8 @@ RegionDialog::RegionDialog(QSize image, QWidget* parent) : QDialog(parent)
         connect(box, &QSpinBox::valueChanged, this, &RegionDialog::Check);
         return box;
     };
-    const int right = image.isEmpty() ? anywhere : image.width();
-    const int bottom = image.isEmpty() ? anywhere : image.height();
+    const int right = image.isEmpty() ? anywhere : image.width() - 1;
+    const int bottom = image.isEmpty() ? anywhere : image.height() - 1;
     Left = add(tr("&Left:"), 0, 0, right);
     Right = add(tr("&Right:"), 0, 2, right);
     Top = add(tr("&Top:"), 1, 0, bottom);
@@ -66,7 +66,7 @@ void RegionDialog::Recall(QSize image)
     const auto      value = [&](const char* name) { return last.value(QLatin1String(name), -1).toInt(); };
     const int  left = value("Left"), right = value("Right"), top = value("Top"), bottom = value("Bottom");
     const bool fits = left >= 0 && top >= 0 && right > left && bottom > top &&
-                      (image.isEmpty() || (right <= image.width() && bottom <= image.height()));
+                      (image.isEmpty() || (right < image.width() && bottom < image.height()));
     Left->setValue(fits ? left : image.width() / 4);
     Right->setValue(fits ? right : image.width() * 3 / 4);
     Top->setValue(fits ? top : image.height() / 4);
@@ -84,8 +84,8 @@ void RegionDialog::Remember() const
 
 void RegionDialog::Check()
 {
-    const int  width = Right->value() - Left->value(), height = Bottom->value() - Top->value();
-    const bool whole = width > 0 && height > 0;
+    const int  width = Right->value() - Left->value() + 1, height = Bottom->value() - Top->value() + 1;
+    const bool whole = width > 1 && height > 1;
     Size->setText(whole ? tr("%1 × %2 pixels").arg(width).arg(height)
                         : tr("Right must be beyond left, and bottom below top."));
     Buttons->button(QDialogButtonBox::Ok)->setEnabled(whole);

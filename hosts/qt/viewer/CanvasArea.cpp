@@ -1,66 +1,63 @@
 #include "CanvasArea.h"
 
+#include "commands/ViewerSession.h"
+
 #include <QPainter>
 
-CanvasArea::CanvasArea(QWidget* parent) : QWidget(parent)
+namespace vostel::viewer {
+
+CanvasArea::CanvasArea(const ViewerSession& session, QWidget* parent) : QWidget(parent), Session(session)
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
-    for (int number = 0; number < Count; ++number) {
-        auto* const tile = new CanvasTile(number, this);
-        Tiles[static_cast<std::size_t>(number)] = tile;
-        connect(tile->Canvas(), &VostelWidget::activated, this, [this, number] { SetCurrent(number); });
-    }
-    setFocusProxy(Tiles[0]->Canvas());
-    Arrange();
+    int number = 0;
+    for (CanvasTile*& tile : Tiles)
+        tile = new CanvasTile(number++, this);
+    setFocusProxy(&Canvas());
+    PlaceTiles();
 }
 
-void CanvasArea::SetCurrent(int number)
+CanvasTile& CanvasArea::Current() const
 {
-    if (number < 0 || number >= Count || number == Number)
-        return;
-    Number = number;
-    Arrange();
-    setFocusProxy(Current().Canvas());
-    Current().Canvas()->setFocus();
-    Q_EMIT currentChanged(number);
+    return Tile(Session.Current());
 }
 
-void CanvasArea::SetTiled(bool tiled)
+void CanvasArea::Arrange()
 {
-    Tiled = tiled;
-    Arrange();
-    Current().Canvas()->setFocus();
+    PlaceTiles();
+    setFocusProxy(&Canvas());
+    Canvas().setFocus();
 }
 
 int CanvasArea::NumberAt(QPoint position) const
 {
-    for (int number = 0; number < Count; ++number)
+    for (int number = 0; number < CanvasCount; ++number)
         if (Tile(number).isVisible() && Tile(number).geometry().contains(position))
             return number;
-    return Number;
+    return Session.Current();
 }
 
 void CanvasArea::resizeEvent(QResizeEvent*)
 {
-    Arrange();
+    PlaceTiles();
 }
 
 // Three above two, each row as wide as the area.
-void CanvasArea::Arrange()
+void CanvasArea::PlaceTiles()
 {
     constexpr int gap = 4, above = 3;
-    for (int number = 0; number < Count; ++number) {
+    for (int number = 0; number < CanvasCount; ++number) {
         CanvasTile& tile = Tile(number);
-        tile.SetCurrent(number == Number);
-        tile.ShowCaption(Tiled);
-        if (!Tiled) {
-            if (number == Number)
+        const bool  isCurrent = number == Session.Current();
+        tile.SetCurrent(isCurrent);
+        tile.ShowCaption(Session.IsTiled());
+        if (!Session.IsTiled()) {
+            if (isCurrent)
                 tile.setGeometry(rect());
-            tile.setVisible(number == Number);
+            tile.setVisible(isCurrent);
             continue;
         }
         const bool upper = number < above;
-        const int  columns = upper ? above : Count - above;
+        const int  columns = upper ? above : CanvasCount - above;
         const int  column = upper ? number : number - above;
         const int  left = gap + (width() - gap) * column / columns;
         const int  right = gap + (width() - gap) * (column + 1) / columns;
@@ -74,4 +71,6 @@ void CanvasArea::Arrange()
 void CanvasArea::paintEvent(QPaintEvent*)
 {
     QPainter(this).fillRect(rect(), QColor(0x26, 0x29, 0x2e));
+}
+
 }

@@ -1,11 +1,11 @@
 #include "CanvasTile.h"
 
-#include "commands/Commands.h"
-
 #include <QEvent>
 #include <QFileInfo>
 #include <QLabel>
 #include <QPainter>
+
+namespace vostel::viewer {
 
 namespace {
 
@@ -27,7 +27,6 @@ CanvasTile::CanvasTile(int canvas, QWidget* parent)
     Hint->setStyleSheet(
         QStringLiteral("color: #e4e6ea; background: rgba(38, 41, 46, 215); border-radius: 8px;"
                        "padding: 12px"));
-    connect(Widget, &VostelWidget::viewDragged, this, [this] { Fits = false; });
     connect(Widget, &VostelWidget::imageChanged, this, [this] {
         ShowTexts();
         PlaceParts();
@@ -94,14 +93,14 @@ void CanvasTile::PlaceParts()
         Hint->setGeometry((room.width() - hintWidth) / 2, (room.height() - hintHeight) / 2, hintWidth,
                           hintHeight);
     }
-    if (Fits && isVisible() && room.size() != before && Widget->hasImage()) {
-        RunCommand(Command::FitImage, Widget->canvas());
-        Widget->refresh();
-    }
+    if (isVisible() && room.size() != before && Widget->hasImage())
+        Q_EMIT areaChanged();
 }
 
 void CanvasTile::paintEvent(QPaintEvent*)
 {
     if (Captioned)
         QPainter(this).fillRect(rect(), Current ? CurrentColour : OtherColour);
+}
+
 }

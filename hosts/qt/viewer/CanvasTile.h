@@ -7,6 +7,8 @@
 
 class QLabel;
 
+namespace vostel::viewer {
+
 // A canvas in the window: the widget, a caption with its number and file, and a hint while it is empty.
 class CanvasTile : public QWidget {
     Q_OBJECT
@@ -21,8 +23,8 @@ public:
     void ShowCaption(bool shown);
     void SetCurrent(bool current);
 
-    // Keeps the whole image in sight when the size changes, until the person zooms or moves.
-    void FitFromNowOn(bool fit) { Fits = fit; }
+Q_SIGNALS:
+    void areaChanged();    // the canvas has an image and another size
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -39,5 +41,6 @@ private:
     QString       FilePath;
     bool          Captioned = false;
     bool          Current = false;
-    bool          Fits = false;
 };
+
+}

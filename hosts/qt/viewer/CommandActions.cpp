@@ -2,6 +2,7 @@
 
 #include "CommandIcons.h"
 #include "Translations.h"
+#include "commands/ViewerSession.h"
 
 #include <QAction>
 #include <QActionGroup>
@@ -11,6 +12,8 @@
 #include <QToolBar>
 
 #include <algorithm>
+
+namespace vostel::viewer {
 
 namespace {
 
@@ -109,27 +112,14 @@ void CommandActions::FillToolBar(QToolBar* bar, std::initializer_list<Menu> menu
     }
 }
 
-void CommandActions::Update(int canvas, Command arrangement, bool routineRuns)
+void CommandActions::Update(const ViewerSession& session)
 {
     for (const CommandEntry& entry : AllCommands()) {
         QAction* const action = Find(entry.Id);
-        bool           available = IsAvailable(entry.Id, canvas);
-        if (entry.Id == Command::CancelRoutine)
-            available = routineRuns;
-        else if (entry.Kind == CommandKind::Routine || entry.Id == Command::UndoRoutine)
-            available = available && !routineRuns;
-        action->setEnabled(available);
-        if (!action->isCheckable())
-            continue;
-        switch (entry.Group) {
-        case ChoiceGroup::Arrangement:
-            action->setChecked(entry.Id == arrangement);
-            break;
-        case ChoiceGroup::Canvas:
-            action->setChecked(static_cast<int>(entry.Id) - static_cast<int>(Command::Canvas1) == canvas);
-            break;
-        default:
-            action->setChecked(IsOn(entry.Id, canvas));
-        }
+        action->setEnabled(session.IsEnabled(entry.Id));
+        if (action->isCheckable())
+            action->setChecked(session.IsChecked(entry.Id));
     }
+}
+
 }

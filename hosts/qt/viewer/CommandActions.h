@@ -11,6 +11,10 @@ class QMenu;
 class QMenuBar;
 class QToolBar;
 
+namespace vostel::viewer {
+
+class ViewerSession;
+
 // The table of commands as actions, menus and tool bars. Tells which command is wanted; the window carries it
 // out and then calls Update.
 class CommandActions : public QObject {
@@ -25,8 +29,7 @@ public:
 
     QAction* Find(Command id) const { return Actions.value(static_cast<int>(id)); }
 
-    // What can be chosen and what is on. arrangement: OneCanvas or TileCanvases.
-    void Update(int canvas, Command arrangement, bool routineRuns);
+    void Update(const ViewerSession& session);    // what can be chosen and what is on
 
 Q_SIGNALS:
     void wanted(Command id);
@@ -38,3 +41,5 @@ private:
     QHash<int, QMenu*>        Submenus;
     QHash<int, QActionGroup*> Groups;
 };
+
+}

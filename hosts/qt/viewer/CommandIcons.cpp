@@ -8,6 +8,8 @@
 #include <QPalette>
 #include <QPixmap>
 
+namespace vostel::viewer {
+
 namespace {
 
 class DrawnIcon : public QIconEngine {
@@ -53,4 +55,6 @@ QIcon CommandIcon(QLatin1String name)
 {
     const IconDrawing drawing = FindIconDrawing(name);
     return drawing ? QIcon(new DrawnIcon(drawing)) : QIcon();
+}
+
 }

@@ -8,6 +8,8 @@
 #include <QScrollArea>
 #include <QVBoxLayout>
 
+namespace vostel::viewer {
+
 namespace {
 
 QString Page()
@@ -51,4 +53,6 @@ GesturePage::GesturePage(QWidget* parent) : QDialog(parent)
     // All of it without scrolling where the screen has the room.
     const QSize wanted = text->sizeHint() + QSize(60, 80);
     resize(wanted.boundedTo(QSize(1000, 760)));
+}
+
 }

@@ -2,6 +2,8 @@
 
 #include <QDialog>
 
+namespace vostel::viewer {
+
 // How the mouse and the keys work, as a page that may stay open beside the work.
 class GesturePage : public QDialog {
     Q_OBJECT
@@ -9,3 +11,5 @@ class GesturePage : public QDialog {
 public:
     explicit GesturePage(QWidget* parent);
 };
+
+}

@@ -7,6 +7,8 @@
 #include <cmath>
 #include <iterator>
 
+namespace vostel::viewer {
+
 namespace {
 
 void UseFill(QPainter& p, const QColor& colour)
@@ -507,4 +509,6 @@ IconDrawing FindIconDrawing(QLatin1String name)
         if (name == QLatin1String(drawing.Name))
             return drawing.Drawing;
     return nullptr;
+}
+
 }

@@ -5,6 +5,8 @@
 
 class QPainter;
 
+namespace vostel::viewer {
+
 inline constexpr double IconSide = 24.0;    // units of the drawings
 
 struct IconInks {
@@ -17,3 +19,5 @@ using IconDrawing = void (*)(QPainter& painter, const IconInks& inks);
 
 // Null for a name without a drawing.
 IconDrawing FindIconDrawing(QLatin1String name);
+
+}

@@ -14,6 +14,8 @@
 #include <cstring>
 #include <optional>
 
+using namespace vostel::viewer;
+
 namespace {
 
 // Help, version and a scripted session need no screen; anything else says so in a sentence instead of ending
@@ -66,7 +68,7 @@ int main(int argc, char** argv)
     QApplication::setApplicationName(QStringLiteral("vostel-viewer"));
     QApplication::setApplicationVersion(QStringLiteral(VOSTEL_VERSION));
     LoadTranslations(application, LanguageOf(argc, argv));    // before the help text is made
-    QApplication::setApplicationDisplayName(QApplication::translate("Main", "Vostel Viewer"));
+    QApplication::setApplicationDisplayName(CommandText(ViewerName));
 
     QCommandLineParser parser;
     parser.setApplicationDescription(

@@ -5,9 +5,8 @@
 #include "GesturePage.h"
 #include "NameFilters.h"
 #include "QtText.h"
-#include "RecentFiles.h"
+#include "RecentFilesMenu.h"
 #include "RoutineDialog.h"
-#include "RoutineRunner.h"
 #include "StatusLine.h"
 #include "Translations.h"
 #include "dialogs/DialogScope.h"
@@ -27,16 +26,25 @@
 #include <QToolBar>
 #include <QUrl>
 
-#include <new>
+#include <utility>
 
-using namespace vostel::widget;
+namespace vostel::viewer {
+
+using namespace widget;
 
 namespace {
 
 const QString WindowKey = QStringLiteral("Window/Geometry");
 const QString BarsKey = QStringLiteral("Window/Bars");
 const QString TiledKey = QStringLiteral("Window/Tiled");
+const QString RecentKey = QStringLiteral("RecentFiles");
 const QString FolderKey = QStringLiteral("OpenFolder");
+
+// The names of the routine and the parameter outlive their numbers.
+QString ValueKey(const Routine& routine, const RoutineParameter& parameter)
+{
+    return QStringLiteral("Routines/%1/%2").arg(QLatin1String(routine.Title), QLatin1String(parameter.Name));
+}
 
 constexpr int BarsVersion = 1;    // another arrangement of the bars gets another number
 
@@ -52,34 +60,86 @@ QString OpenFilters()
 }
 
 MainWindow::MainWindow()
-    : Canvases(new CanvasArea(this)), Commands(new CommandActions(this)), Status(new StatusLine(statusBar())),
-      Runner(new RoutineRunner(this))
+    : Session(Services(), Kept()), Canvases(new CanvasArea(Session, this)),
+      Commands(new CommandActions(this)), Status(new StatusLine(statusBar()))
 {
     setCentralWidget(Canvases);
     setAcceptDrops(true);
     BuildBars();
-    for (int number = 0; number < CanvasArea::Count; ++number)
+    for (int number = 0; number < CanvasCount; ++number)
         ConnectCanvas(number);
-    connect(Canvases, &CanvasArea::currentChanged, this, &MainWindow::ShowState);
     connect(Commands, &CommandActions::wanted, this, &MainWindow::Carry);
-    connect(Runner, &RoutineRunner::progressed, this, [this](int done, int total) {
-        SetRoutineProgress(RoutineCanvas, done, total);
-        Canvases->Tile(RoutineCanvas).Canvas()->refresh();
-        statusBar()->showMessage(tr("%1: step %2 of %3").arg(RoutineTitle).arg(done).arg(total));
-    });
-    connect(Runner, &RoutineRunner::finished, this, &MainWindow::FinishRoutine);
     RestoreWindow();
     ShowState();
     Canvases->Canvas().setFocus();
 }
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow()
+{
+    // The session ends before the canvases, whose last events must not reach it.
+    for (int number = 0; number < CanvasCount; ++number) {
+        Canvases->Tile(number).disconnect(this);
+        Canvases->Tile(number).Canvas()->disconnect(this);
+    }
+}
+
+ViewerWindow MainWindow::Services()
+{
+    ViewerWindow window;
+    window.Post = [this](std::function<void()> call) {
+        QMetaObject::invokeMethod(this, std::move(call), Qt::QueuedConnection);
+    };
+    window.Translate = [](const char* english) { return CommandText(english).toStdWString(); };
+    window.Arrange = [this] { Canvases->Arrange(); };
+    window.Repaint = [this](int canvas) { Canvases->Tile(canvas).Canvas()->refresh(); };
+    window.ShowState = [this] { ShowState(); };
+    window.ShowStatus = [this](const std::wstring& text) {
+        statusBar()->showMessage(QString::fromStdWString(text));
+    };
+    window.Report = [this](const std::wstring& text) { Report(QString::fromStdWString(text)); };
+    window.ShowHelp = [this] { ShowHelp(); };
+    window.ShowAbout = [this] { ShowAbout(); };
+    window.Close = [this] { close(); };
+    window.AskFiles = [this] { return AskFiles(); };
+    window.AskTextLines = [this](std::wstring& lines) { return AskTextLines(lines); };
+    window.AskRoutine = [this](RoutineQuestion& question) { return AskRoutine(question); };
+    window.ReadFile = [this](int canvas, const std::wstring& path, const std::function<void()>& read) {
+        return ReadFile(canvas, path, read);
+    };
+    return window;
+}
+
+ViewerSettings MainWindow::Kept()
+{
+    ViewerSettings settings;
+    settings.LoadRecentFiles = [] {
+        std::vector<std::wstring> paths;
+        for (const QString& path : QSettings().value(RecentKey).toStringList())
+            paths.push_back(path.toStdWString());
+        return paths;
+    };
+    settings.SaveRecentFiles = [this](const std::vector<std::wstring>& newest) {
+        QStringList paths;
+        for (const std::wstring& path : newest)
+            paths << QString::fromStdWString(path);
+        QSettings().setValue(RecentKey, paths);
+        Recent->Update();
+    };
+    settings.LoadValue = [](const Routine& routine, const RoutineParameter& parameter) {
+        bool         known = false;
+        const double value = QSettings().value(ValueKey(routine, parameter)).toDouble(&known);
+        return known ? std::optional(value) : std::nullopt;
+    };
+    settings.SaveValue = [](const Routine& routine, const RoutineParameter& parameter, double value) {
+        QSettings().setValue(ValueKey(routine, parameter), value);
+    };
+    return settings;
+}
 
 void MainWindow::BuildBars()
 {
     Commands->FillMenuBar(menuBar());
-    Recent = new RecentFiles(Commands->SubmenuOf(Command::RecentFiles), this);
-    connect(Recent, &RecentFiles::chosen, this, [this](const QString& path) { OpenFiles({path}); });
+    Recent = new RecentFilesMenu(Commands->SubmenuOf(Command::RecentFiles), Session, this);
 
     const auto add = [this](const QString& title, const char* name, Qt::ToolBarArea area) {
         auto* const bar = new QToolBar(title, this);
@@ -96,8 +156,12 @@ void MainWindow::BuildBars()
 
 void MainWindow::ConnectCanvas(int number)
 {
-    VostelWidget* const canvas = Canvases->Tile(number).Canvas();
-    const auto          isCurrent = [this, number] { return Canvases->CurrentNumber() == number; };
+    const CanvasTile&   tile = Canvases->Tile(number);
+    VostelWidget* const canvas = tile.Canvas();
+    const auto          isCurrent = [this, number] { return Session.Current() == number; };
+    connect(&tile, &CanvasTile::areaChanged, this, [this, number] { Session.OnAreaChanged(number); });
+    connect(canvas, &VostelWidget::activated, this, [this, number] { Session.SelectCanvas(number); });
+    connect(canvas, &VostelWidget::viewDragged, this, [this, number] { Session.OnViewDragged(number); });
     connect(canvas, &VostelWidget::cursorMoved, Status, [this, number](QPointF image, float value) {
         Status->ShowCursor(image, GrayOr(value, number, image.x(), image.y()));
     });
@@ -115,7 +179,7 @@ void MainWindow::ConnectCanvas(int number)
 void MainWindow::RestoreWindow()
 {
     const QSettings settings;
-    Canvases->SetTiled(settings.value(TiledKey, false).toBool());
+    Session.SetTiled(settings.value(TiledKey, false).toBool());
     if (!restoreGeometry(settings.value(WindowKey).toByteArray()))
         resize(1240, 820);
     restoreState(settings.value(BarsKey).toByteArray(), BarsVersion);
@@ -126,209 +190,67 @@ void MainWindow::closeEvent(QCloseEvent* event)
     QSettings settings;
     settings.setValue(WindowKey, saveGeometry());
     settings.setValue(BarsKey, saveState(BarsVersion));
-    settings.setValue(TiledKey, Canvases->IsTiled());
-    Runner->Cancel();    // its end is waited for when the window is gone from the screen
+    settings.setValue(TiledKey, Session.IsTiled());
+    Session.CancelRoutine();    // its end is waited for when the window is gone from the screen
     if (Help)
         Help->close();
     event->accept();
 }
 
-bool MainWindow::RoutineRuns() const
+void MainWindow::OpenFiles(const QStringList& paths)
 {
-    return Runner->IsRunning();
+    std::vector<std::wstring> names;
+    for (const QString& path : paths)
+        names.push_back(QDir::toNativeSeparators(path).toStdWString());
+    Session.OpenFiles(names);
 }
 
 void MainWindow::Carry(Command id)
 {
-    statusBar()->clearMessage();    // what was said of the command before
-    try {
-        CarryHere(id);
-    } catch (const std::bad_alloc&) {
-        Report(tr("There is not enough memory for this."));
-    }
-    Canvases->Canvas().refresh();
-    ShowState();
-}
-
-void MainWindow::CarryHere(Command id)
-{
-    const int canvas = Canvases->CurrentNumber();
-    switch (id) {
-    case Command::Open:
-        AskForFiles();
-        return;
-    case Command::Quit:
-        close();
-        return;
-    case Command::OneCanvas:
-    case Command::TileCanvases:
-        Canvases->SetTiled(id == Command::TileCanvases);
-        return;
-    case Command::Canvas1:
-    case Command::Canvas2:
-    case Command::Canvas3:
-    case Command::Canvas4:
-    case Command::Canvas5:
-        Canvases->SetCurrent(static_cast<int>(id) - static_cast<int>(Command::Canvas1));
-        return;
-    case Command::DrawTextLines:
-        AskForTextLines();
-        return;
-    case Command::CancelRoutine:
-        Runner->Cancel();
-        return;
-    case Command::HelpGestures:
-        ShowHelp();
-        return;
-    case Command::About:
-        ShowAbout();
-        return;
-    case Command::FitImage:
-        Canvases->Current().FitFromNowOn(true);
-        break;
-    default:
-        break;
-    }
-    if (const Routine* const routine = FindRoutine(id)) {
-        StartRoutine(*routine);
-        return;
-    }
     const DialogScope scope(this, Canvases->Canvas().imageSize(), Canvases->Current().File());
-    RunCommand(id, canvas);
+    Session.Carry(id);
     Canvases->Canvas().setFocus();
-    // How the new object is drawn stays to be read while it is.
-    const CommandEntry* const entry = FindCommand(id);
-    if (entry && (entry->In == Menu::Draw || entry->In == Menu::Measure))
-        statusBar()->showMessage(CommandText(entry->Hint));
 }
 
-void MainWindow::AskForFiles()
+std::vector<std::wstring> MainWindow::AskFiles()
 {
     QSettings         settings;
-    const QStringList paths = QFileDialog::getOpenFileNames(
+    const QStringList chosen = QFileDialog::getOpenFileNames(
         this, tr("Open"), settings.value(FolderKey, QDir::homePath()).toString(), OpenFilters());
-    if (paths.isEmpty())
-        return;
-    settings.setValue(FolderKey, QFileInfo(paths.front()).absolutePath());
-    OpenFiles(paths);
+    std::vector<std::wstring> paths;
+    for (const QString& path : chosen)
+        paths.push_back(QDir::toNativeSeparators(path).toStdWString());
+    if (!chosen.isEmpty())
+        settings.setValue(FolderKey, QFileInfo(chosen.front()).absolutePath());
+    return paths;
 }
 
-void MainWindow::OpenFiles(const QStringList& paths)
-{
-    const int   first = Canvases->CurrentNumber();
-    QStringList problems;
-    if (paths.size() > 1)
-        Canvases->SetTiled(true);    // before, so that each canvas has its size when its image comes
-    for (qsizetype i = 0; i < paths.size(); ++i) {
-        const qsizetype number = first + i;
-        QString         problem;
-        if (number < CanvasArea::Count)
-            problem = OpenOn(static_cast<int>(number), QFileInfo(paths[i]).absoluteFilePath());
-        else
-            problem = tr("There are no more than five canvases.");
-        if (!problem.isEmpty())
-            problems << QStringLiteral("%1\n%2").arg(QDir::toNativeSeparators(paths[i]), problem);
-    }
-    ShowState();
-    if (!problems.isEmpty())
-        Report(problems.join(QStringLiteral("\n\n")));
-}
-
-QString MainWindow::OpenOn(int number, const QString& path)
-{
-    CanvasTile&   tile = Canvases->Tile(number);
-    VostelWidget& canvas = *tile.Canvas();
-    const char*   problem = nullptr;
-    if (Runner->IsRunning() && number == RoutineCanvas)
-        return tr("A routine works on this canvas. Press Esc to stop it first.");
-    try {
-        DialogScope scope(this, canvas.imageSize(), path);
-        if (!AskRawLayoutBefore(scope))
-            return QString();
-        problem = OpenFile(number, FromQt(path));
-    } catch (const std::bad_alloc&) {
-        problem = QT_TR_NOOP("There is not enough memory for this image.");
-    }
-    const bool shown = !problem && canvas.hasImage();
-    if (shown)
-        tile.FitFromNowOn(canvas.zoom() < 0.99);    // it was zoomed out to fit
-    if (shown || !canvas.hasImage())
-        tile.SetFile(shown ? path : QString());
-    canvas.refresh();
-    if (shown)
-        Recent->Add(path);
-    else if (problem)
-        Recent->Remove(path);
-    if (!problem)
-        return QString();
-    const QString text = CommandText(problem);
-    return text == QLatin1String(problem) ? tr(problem) : text;
-}
-
-void MainWindow::AskForTextLines()
+bool MainWindow::AskTextLines(std::wstring& lines)
 {
     bool          accepted = false;
     const QString text =
         QInputDialog::getMultiLineText(this, tr("Text lines"), tr("Lines of the box:"), QString(), &accepted);
-    if (accepted)
-        AddTextLines(Canvases->CurrentNumber(), FromQt(text));
-    Canvases->Canvas().setFocus();
+    lines = text.toStdWString();
+    return accepted;
 }
 
-void MainWindow::StartRoutine(const Routine& routine)
+bool MainWindow::AskRoutine(RoutineQuestion& question)
 {
-    if (Runner->IsRunning())
-        return;
-    const int           canvas = Canvases->CurrentNumber();
-    std::vector<double> values;
-    int                 second = -1;
-    if (RoutineDialog::Asks(routine)) {
-        QStringList names;
-        for (int number = 0; number < CanvasArea::Count; ++number) {
-            const CanvasTile& tile = Canvases->Tile(number);
-            names << (tile.Canvas()->hasImage()
-                          ? tr("Canvas %1  %2").arg(number + 1).arg(QFileInfo(tile.File()).fileName())
-                          : QString());
-        }
-        RoutineDialog dialog(routine, Canvases->Canvas().imageSize(), names, canvas, this);
-        if (dialog.exec() != QDialog::Accepted)
-            return;
-        dialog.Remember();
-        values = dialog.Values();
-        second = dialog.SecondCanvas();
-    }
-    RoutineCanvas = canvas;
-    RoutineTitle = CommandText(routine.Title);
-    ShowRoutineProgress(canvas, true);
-    statusBar()->showMessage(tr("%1 …").arg(RoutineTitle));
-    Runner->Start(routine, TakeInputs(routine, canvas, second), std::move(values));
+    RoutineDialog dialog(question, this);
+    if (dialog.exec() != QDialog::Accepted)
+        return false;
+    question.Values = dialog.Values();
+    question.Second = dialog.SecondCanvas();
+    return true;
 }
 
-void MainWindow::FinishRoutine(const RoutineResult& result)
+bool MainWindow::ReadFile(int canvas, const std::wstring& path, const std::function<void()>& read)
 {
-    CanvasTile& tile = Canvases->Tile(RoutineCanvas);
-    ShowRoutineProgress(RoutineCanvas, false);
-    QString problem = result.Problem ? CommandText(result.Problem) : QString();
-    if (result.Result) {
-        try {
-            const bool  before = tile.Canvas()->hasImage();
-            const QSize size = tile.Canvas()->imageSize();
-            ShowResult(RoutineCanvas, result.Result);
-            if (!before || size != tile.Canvas()->imageSize()) {
-                RunCommand(Command::FitImage, RoutineCanvas);
-                tile.FitFromNowOn(true);
-            }
-        } catch (const std::bad_alloc&) {
-            problem = tr("There is not enough memory for this image.");
-        }
-    }
-    tile.Canvas()->refresh();
-    statusBar()->showMessage(result.Cancelled ? tr("%1: cancelled").arg(RoutineTitle)
-                             : result.Result  ? tr("%1: done").arg(RoutineTitle)
-                                              : QString());
-    ShowState();
-    if (!problem.isEmpty())
-        Report(problem);
+    DialogScope scope(this, Canvases->Tile(canvas).Canvas()->imageSize(), QString::fromStdWString(path));
+    if (!AskRawLayoutBefore(scope))
+        return false;
+    read();
+    return true;
 }
 
 void MainWindow::ShowHelp()
@@ -352,10 +274,11 @@ void MainWindow::ShowAbout()
 
 void MainWindow::ShowState()
 {
+    for (int number = 0; number < CanvasCount; ++number)
+        Canvases->Tile(number).SetFile(QString::fromStdWString(Session.FileOf(number)));
     const CanvasTile&   tile = Canvases->Current();
     const VostelWidget& canvas = *tile.Canvas();
-    Commands->Update(canvas.canvas(), Canvases->IsTiled() ? Command::TileCanvases : Command::OneCanvas,
-                     Runner->IsRunning());
+    Commands->Update(Session);
     Status->ShowZoom(canvas.zoom());
     Status->ShowSize(canvas.imageSize());
     Status->ShowFile(tile.File(), canvas.canvas());
@@ -391,8 +314,10 @@ void MainWindow::dropEvent(QDropEvent* event)
     if (paths.isEmpty())
         return;
     event->acceptProposedAction();
-    Canvases->SetCurrent(Canvases->NumberAt(Canvases->mapFrom(this, event->position().toPoint())));
+    Session.SelectCanvas(Canvases->NumberAt(Canvases->mapFrom(this, event->position().toPoint())));
     // The program that the files come from waits for the end of the drop; a dialog would hold it up.
     QMetaObject::invokeMethod(
         this, [this, paths] { OpenFiles(paths); }, Qt::QueuedConnection);
+}
+
 }

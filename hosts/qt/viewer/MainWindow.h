@@ -1,20 +1,20 @@
 #pragma once
 
-#include "commands/Commands.h"
-#include "commands/Routines.h"
+#include "commands/ViewerSession.h"
 
 #include <QMainWindow>
 #include <QPointer>
 #include <QStringList>
 
+namespace vostel::viewer {
+
 class CanvasArea;
 class CommandActions;
 class GesturePage;
-class RecentFiles;
-class RoutineRunner;
+class RecentFilesMenu;
 class StatusLine;
 
-// The viewer's window: canvases, menus, tool bars and status bar, and what the command table leaves to it.
+// The viewer's window: canvases, menus, tool bars, status bar and dialogs around a session.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 
@@ -22,13 +22,11 @@ public:
     MainWindow();
     ~MainWindow() override;
 
-    // The first goes to the current canvas, each further one to the next. Files that cannot be opened are
-    // told of in one message.
     void OpenFiles(const QStringList& paths);
+    void Carry(Command id);    // as its menu entry does
 
-    void        Carry(Command id);    // as its menu entry does
-    CanvasArea& Area() const { return *Canvases; }
-    bool        RoutineRuns() const;
+    const ViewerSession& State() const { return Session; }
+    CanvasArea&          Area() const { return *Canvases; }
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -36,26 +34,28 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
-    void    BuildBars();
-    void    ConnectCanvas(int number);
-    void    RestoreWindow();
-    void    CarryHere(Command id);
-    void    AskForFiles();
-    QString OpenOn(int number, const QString& path);    // what is wrong with it, or nothing
-    void    AskForTextLines();
-    void    StartRoutine(const Routine& routine);
-    void    FinishRoutine(const RoutineResult& result);
-    void    ShowHelp();
-    void    ShowAbout();
-    void    ShowState();    // of the current canvas, everywhere in the window
-    void    Report(const QString& text);
+    ViewerWindow   Services();
+    ViewerSettings Kept();
 
+    void BuildBars();
+    void ConnectCanvas(int number);
+    void RestoreWindow();
+    void ShowState();    // of the current canvas, everywhere in the window
+    void Report(const QString& text);
+    void ShowHelp();
+    void ShowAbout();
+
+    std::vector<std::wstring> AskFiles();
+    bool                      AskTextLines(std::wstring& lines);
+    bool                      AskRoutine(RoutineQuestion& question);
+    bool ReadFile(int canvas, const std::wstring& path, const std::function<void()>& read);
+
+    ViewerSession         Session;
     CanvasArea*           Canvases;
     CommandActions*       Commands;
-    RecentFiles*          Recent = nullptr;
+    RecentFilesMenu*      Recent = nullptr;
     StatusLine*           Status;
-    RoutineRunner*        Runner;
     QPointer<GesturePage> Help;
-    int                   RoutineCanvas = -1;    // where the routine under way began
-    QString               RoutineTitle;
 };
+
+}

@@ -8,56 +8,27 @@
 #include <QFormLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QSettings>
 #include <QSpinBox>
 #include <QVBoxLayout>
 
-#include <cmath>
+namespace vostel::viewer {
 
-namespace {
-
-// Answers are kept by the names of the routine and the parameter, which outlive their numbers.
-QString AnswerKey(const Routine& routine, const RoutineParameter& parameter)
+RoutineDialog::RoutineDialog(const RoutineQuestion& question, QWidget* parent)
+    : QDialog(parent), Asked(*question.Asked)
 {
-    QString key =
-        QStringLiteral("Routines/%1/%2").arg(QLatin1String(routine.Title), QLatin1String(parameter.Name));
-    return key;
-}
-
-bool IsOfImage(const RoutineParameter& parameter)
-{
-    return parameter.From != StartFrom::Number;    // another image, another start
-}
-
-}
-
-RoutineDialog::RoutineDialog(const Routine& routine, QSize image, const QStringList& names, int canvas,
-                             QWidget* parent)
-    : QDialog(parent), Asked(routine)
-{
-    setWindowTitle(CommandText(routine.Title));
+    setWindowTitle(CommandText(Asked.Title));
     auto* const form = new QFormLayout;
     form->setHorizontalSpacing(16);
-    if (routine.Input == RoutineInput::Two) {
+    if (!question.Sources.empty()) {
         Second = new QComboBox(this);
-        for (int number = 0; number < names.size(); ++number)
-            if (!names[number].isEmpty())
-                Second->addItem(names[number], number);
-        // The likeliest second image is another one.
-        for (int entry = Second->count() - 1; entry >= 0; --entry)
-            if (Second->itemData(entry).toInt() != canvas)
-                Second->setCurrentIndex(entry);
+        for (const RoutineQuestion::Source& source : question.Sources)
+            Second->addItem(QString::fromStdWString(source.Name), source.Canvas);
+        Second->setCurrentIndex(Second->findData(question.Second));
         form->addRow(tr("Second image:"), Second);
     }
-    const std::vector<double> defaults = DefaultValues(routine, image.width(), image.height());
-    const QSettings           settings;
-    for (std::size_t i = 0; i < routine.Parameters.size(); ++i) {
-        const RoutineParameter& parameter = routine.Parameters[i];
-        double                  value = defaults[i];
-        if (!IsOfImage(parameter))
-            value = settings.value(AnswerKey(routine, parameter), value).toDouble();
-        Fields.push_back(MakeField(parameter, value));
-        form->addRow(tr("%1:").arg(CommandText(parameter.Name)), Fields.back());
+    for (std::size_t i = 0; i < Asked.Parameters.size(); ++i) {
+        Fields.push_back(MakeField(Asked.Parameters[i], question.Values[i]));
+        form->addRow(tr("%1:").arg(CommandText(Asked.Parameters[i].Name)), Fields.back());
     }
     Verdict = new QLabel(this);
     Verdict->setStyleSheet(QStringLiteral("color: #b00020"));
@@ -74,11 +45,6 @@ RoutineDialog::RoutineDialog(const Routine& routine, QSize image, const QStringL
     column->addWidget(buttons);
     column->setSizeConstraint(QLayout::SetFixedSize);
     Check();
-}
-
-bool RoutineDialog::Asks(const Routine& routine)
-{
-    return routine.Input == RoutineInput::Two || !routine.Parameters.empty();
 }
 
 QWidget* RoutineDialog::MakeField(const RoutineParameter& parameter, double value)
@@ -134,19 +100,12 @@ int RoutineDialog::SecondCanvas() const
     return Second ? Second->currentData().toInt() : -1;
 }
 
-void RoutineDialog::Remember() const
-{
-    QSettings                 settings;
-    const std::vector<double> values = Values();
-    for (std::size_t i = 0; i < values.size(); ++i)
-        if (!IsOfImage(Asked.Parameters[i]))
-            settings.setValue(AnswerKey(Asked, Asked.Parameters[i]), values[i]);
-}
-
 void RoutineDialog::Check()
 {
     const char* const problem = CheckValues(Asked, Values());
     Verdict->setText(problem ? CommandText(problem) : QString());
     Verdict->setVisible(problem != nullptr);
     Run->setEnabled(!problem);
+}
+
 }

@@ -15,6 +15,8 @@
 #include <cmath>
 #include <cstdlib>
 
+namespace vostel::viewer {
+
 namespace {
 
 QList<QPointF> Ring(QPointF centre, double radius, int count)
@@ -163,7 +165,7 @@ void Session::WaitForRoutine()
     constexpr qint64 patience = 60000;    // ms
     QElapsedTimer    waited;
     waited.start();
-    while (Window.RoutineRuns() && waited.elapsed() < patience)
+    while (Window.State().RoutineRuns() && waited.elapsed() < patience)
         QApplication::processEvents(QEventLoop::AllEvents, 20);
 }
 
@@ -199,6 +201,8 @@ void Session::ShowPages()
     Window.Carry(Command::HelpGestures);
     QApplication::processEvents();
     for (QWidget* const widget : QApplication::topLevelWidgets())
-        if (widget->isVisible() && widget->inherits("GesturePage"))
+        if (widget->isVisible() && widget->inherits("vostel::viewer::GesturePage"))
             Write("gestures", *widget);
+}
+
 }

@@ -7,6 +7,8 @@
 #include <QString>
 #include <QTimer>
 
+namespace vostel::viewer {
+
 class MainWindow;
 
 // Works in the window as a person would, by events of the mouse and the keys, and leaves pictures of it in a
@@ -42,3 +44,5 @@ private:
     int         Pictures = 0;
     bool        Failed = false;
 };
+
+}

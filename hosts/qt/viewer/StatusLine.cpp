@@ -6,6 +6,8 @@
 
 #include <cmath>
 
+namespace vostel::viewer {
+
 namespace {
 
 QLabel* AddLabel(QStatusBar* bar, const QString& widest)
@@ -58,4 +60,6 @@ void StatusLine::ShowFile(const QString& path, int canvas)
     const QString name = QStringLiteral("%1  %2").arg(canvas + 1).arg(QFileInfo(path).fileName());
     File->setText(File->fontMetrics().elidedText(name, Qt::ElideMiddle, widest));
     File->setToolTip(path);
+}
+
 }

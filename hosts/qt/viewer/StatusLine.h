@@ -7,6 +7,8 @@
 class QLabel;
 class QStatusBar;
 
+namespace vostel::viewer {
+
 // The permanent part of the status bar: position and value under the cursor, zoom, image size and file.
 class StatusLine : public QObject {
     Q_OBJECT
@@ -23,3 +25,5 @@ public:
 private:
     QLabel *Position, *Value, *Zoom, *Size, *File;
 };
+
+}

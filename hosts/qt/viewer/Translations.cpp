@@ -5,6 +5,8 @@
 #include <QLocale>
 #include <QTranslator>
 
+namespace vostel::viewer {
+
 void LoadTranslations(QApplication& application, const QString& language)
 {
     const QLocale locale = language.isEmpty() ? QLocale::system() : QLocale(language);
@@ -25,4 +27,6 @@ void LoadTranslations(QApplication& application, const QString& language)
 QString CommandText(const char* english)
 {
     return QCoreApplication::translate("Commands", english);
+}
+
 }

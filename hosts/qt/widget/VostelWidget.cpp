@@ -51,6 +51,29 @@ unsigned int MouseFlags(Qt::KeyboardModifiers modifiers, Qt::MouseButtons button
     return flags;
 }
 
+VostelWidget::KeyGroup GroupOf(int virtualKey)
+{
+    switch (virtualKey) {
+    case 'R':
+        return VostelWidget::DeleteKey;
+    case 'C':
+        return VostelWidget::DeleteAllKey;
+    case 'A':
+    case 'D':
+        return VostelWidget::PenKeys;
+    case 'E':
+        return VostelWidget::EllipseKey;
+    case VK_TAB:
+    case 'X':
+        return VostelWidget::SliderKeys;
+    case 'I':
+    case 'T':
+        return VostelWidget::OverwriteKeys;
+    default:
+        return VostelWidget::NoKeys;
+    }
+}
+
 }
 
 VostelWidget::VostelWidget(int canvas, QWidget* parent)
@@ -100,9 +123,16 @@ bool VostelWidget::open(const QString& path)
 
 void VostelWidget::refresh()
 {
+    // A wheel step without Control moves nothing and hands the view to every object.
+    gCVSOnMouseWheel(Number, 0, 0, CPoint(0, 0));
+    ShowChanges();
+}
+
+void VostelWidget::ShowChanges()
+{
     FrameIsOld = true;
     update();
-    TellChanges();
+    ReportChanges();
 }
 
 void VostelWidget::setTickInterval(int milliseconds)
@@ -152,7 +182,7 @@ bool VostelWidget::event(QEvent* event)
     switch (event->type()) {
     case QEvent::KeyPress:
         // Tab means something to a canvas; Shift and Tab leave it.
-        if (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Tab) {
+        if (Keys.testFlag(SliderKeys) && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Tab) {
             keyPressEvent(static_cast<QKeyEvent*>(event));
             return event->isAccepted();
         }
@@ -177,7 +207,7 @@ void VostelWidget::GiveArea()
     Area = area;
     CRect client(0, 0, area.width(), area.height());
     gCVSSetClient(Number, client, Screen);
-    refresh();
+    ShowChanges();
 }
 
 void VostelWidget::resizeEvent(QResizeEvent*)
@@ -188,22 +218,25 @@ void VostelWidget::resizeEvent(QResizeEvent*)
 void VostelWidget::paintEvent(QPaintEvent*)
 {
     GiveArea();    // a window that moved to another screen
-    {
-        const PaintScope painting;
-        gCVSOnDraw(Number, Screen);
-    }
-    FrameIsOld = false;
+    ComposeFrame();
     QPainter painter(this);
     PaintFrame(painter, Number, devicePixelRatioF());
     painter.end();
     Q_EMIT painted();
 }
 
-// Objects take their boxes, and the limit of the zoom what it counts, from the last paint.
-void VostelWidget::PaintBeforeInput()
+void VostelWidget::ComposeFrame()
 {
-    if (FrameIsOld && isVisible())
-        repaint();
+    const PaintScope painting;
+    gCVSOnDraw(Number, Screen);
+    FrameIsOld = false;
+}
+
+// Objects take their boxes, a length where its caption goes, and the zoom what limits it from the last frame.
+void VostelWidget::ComposeBeforeInput()
+{
+    if (FrameIsOld)
+        ComposeFrame();
 }
 
 CPoint VostelWidget::CanvasPoint(QPointF position) const
@@ -218,12 +251,12 @@ void VostelWidget::mousePressEvent(QMouseEvent* event)
         event->ignore();
         return;
     }
-    PaintBeforeInput();
+    ComposeBeforeInput();
     // New objects learn of the view by a move, which a touch screen or a program may leave out.
     const CPoint point = CanvasPoint(event->position());
     gCVSOnMouseMove(Number, MouseFlags(event->modifiers(), Qt::NoButton), point);
     gCVSOnLButtonDown(Number, MouseFlags(event->modifiers(), event->buttons()), point);
-    refresh();
+    ShowChanges();
 }
 
 void VostelWidget::mouseMoveEvent(QMouseEvent* event)
@@ -231,8 +264,8 @@ void VostelWidget::mouseMoveEvent(QMouseEvent* event)
     const unsigned int flags = MouseFlags(event->modifiers(), event->buttons());
     gCVSOnMouseMove(Number, flags, CanvasPoint(event->position()));
     ShowCursorFor(event->modifiers());
-    TellCursor(event->position());
-    refresh();
+    ReportCursor(event->position());
+    ShowChanges();
     if ((flags & MK_LBUTTON) && (flags & MK_CONTROL))
         Q_EMIT viewDragged();
 }
@@ -243,8 +276,9 @@ void VostelWidget::mouseReleaseEvent(QMouseEvent* event)
         event->ignore();
         return;
     }
+    ComposeBeforeInput();
     gCVSOnLButtonUp(Number, MouseFlags(event->modifiers(), event->buttons()), CanvasPoint(event->position()));
-    refresh();
+    ShowChanges();
 }
 
 void VostelWidget::leaveEvent(QEvent*)
@@ -263,14 +297,14 @@ void VostelWidget::wheelEvent(QWheelEvent* event)
     WheelRest += turned;
     const unsigned int flags = MouseFlags(event->modifiers(), event->buttons());
     for (; std::abs(WheelRest) >= step; WheelRest -= WheelRest > 0 ? step : -step) {
-        PaintBeforeInput();
+        ComposeBeforeInput();
         gCVSOnMouseWheel(Number, flags, static_cast<short>(WheelRest > 0 ? step : -step),
                          CanvasPoint(event->position()));
-        refresh();
+        ShowChanges();
         if (flags & MK_CONTROL)
             Q_EMIT viewDragged();
     }
-    TellCursor(event->position());
+    ReportCursor(event->position());
     event->accept();
 }
 
@@ -280,12 +314,13 @@ void VostelWidget::keyPressEvent(QKeyEvent* event)
     const int key = VirtualKey(event->key());
     NoteKey(key, true);
     // With Control a letter is a menu's shortcut, and the canvas would take R and C for deletions.
-    if (key == 0 || (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))) {
+    const bool shortcut = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    if (shortcut || !(Keys & GroupOf(key))) {
         QWidget::keyPressEvent(event);
         return;
     }
     gCVSOnKeyDown(Number, static_cast<unsigned int>(key), static_cast<unsigned int>(event->count()), 0);
-    refresh();
+    ShowChanges();
 }
 
 void VostelWidget::keyReleaseEvent(QKeyEvent* event)
@@ -328,7 +363,7 @@ void VostelWidget::ShowCursorFor(Qt::KeyboardModifiers modifiers)
         setCursor(shape);
 }
 
-void VostelWidget::TellCursor(QPointF position)
+void VostelWidget::ReportCursor(QPointF position)
 {
     const QPointF image = imagePosition(position);
     const bool    inside = rect().contains(position.toPoint()) && hasImage() && image.x() >= 0.0 &&
@@ -341,7 +376,7 @@ void VostelWidget::TellCursor(QPointF position)
     CursorInside = inside;
 }
 
-void VostelWidget::TellChanges()
+void VostelWidget::ReportChanges()
 {
     const QSize image = imageSize();
     if (image != KnownImage) {

@@ -33,6 +33,20 @@ class VostelWidget : public QWidget {
     Q_OBJECT
 
 public:
+    // The keys that a canvas acts on. All others go to the parent widget.
+    enum KeyGroup : unsigned int {
+        NoKeys = 0,
+        DeleteKey = 1 << 0,        // R: the selected object
+        DeleteAllKey = 1 << 1,     // C
+        PenKeys = 1 << 2,          // A, D: a wider, a narrower pen for the selected free stroke
+        EllipseKey = 1 << 3,       // E: all boxes of the canvas as ellipses, and back
+        SliderKeys = 1 << 4,       // Tab switches the contrast slider off and on, X brings it back into sight
+        OverwriteKeys = 1 << 5,    // I, T: all text boxes, plots and boxes set by numbers go to one place; T
+                                   // also replaces all texts by one
+        UsualKeys = DeleteKey | DeleteAllKey | PenKeys | EllipseKey | SliderKeys
+    };
+    Q_DECLARE_FLAGS(KeyGroups, KeyGroup)
+
     explicit VostelWidget(int canvas, QWidget* parent = nullptr);
     ~VostelWidget() override;
 
@@ -43,8 +57,13 @@ public:
     // person cancelled, and what was shown stays.
     bool open(const QString& path);
 
-    // After calls that change what the canvas shows: paints, and tells of a new image or zoom.
+    // After calls that change what the canvas shows: gives new objects their view, paints, and reports a new
+    // image or zoom. Without it a new object knows no coordinates until the mouse moves.
     void refresh();
+
+    // Which keys the canvas gets. At first UsualKeys: what OverwriteKeys replace is lost.
+    void      setKeys(KeyGroups keys) { Keys = keys; }
+    KeyGroups keys() const { return Keys; }
 
     // Timer events for the canvas; 0 ms stops them.
     void setTickInterval(int milliseconds);
@@ -89,18 +108,23 @@ protected:
 private:
     CPoint CanvasPoint(QPointF position) const;
     void   GiveArea();
-    void   PaintBeforeInput();
-    void   TellCursor(QPointF position);
-    void   TellChanges();
+    void   ComposeFrame();
+    void   ComposeBeforeInput();
+    void   ShowChanges();
+    void   ReportCursor(QPointF position);
+    void   ReportChanges();
     void   ShowCursorFor(Qt::KeyboardModifiers modifiers);
 
     int         Number;
     HDC         Screen = nullptr;    // of the smallest size: the frame is taken from the canvas itself
     QSize       Area;                // device px, as the canvas knows it
+    KeyGroups   Keys = UsualKeys;
     QBasicTimer Tick;
     int         WheelRest = 0;        // eighths of a degree that make no full step yet
-    bool        FrameIsOld = true;    // something changed since the last paint
+    bool        FrameIsOld = true;    // something changed since the last frame
     bool        CursorInside = false;
     double      KnownZoom = 0.0;
     QSize       KnownImage;
 };
+
+Q_DECLARE_OPERATORS_FOR_FLAGS(VostelWidget::KeyGroups)

@@ -8,6 +8,8 @@
 #include <fstream>
 #include <string>
 
+using namespace vostel::viewer;
+
 namespace {
 
 // Selected by the last add, so that deleting it tells whether an object came.

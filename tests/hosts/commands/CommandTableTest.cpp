@@ -8,6 +8,8 @@
 #include <set>
 #include <string>
 
+using namespace vostel::viewer;
+
 namespace {
 
 // The letter after the only single &, in lower case; 0 without one.

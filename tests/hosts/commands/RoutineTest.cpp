@@ -10,6 +10,8 @@
 #include <string>
 #include <utility>
 
+using namespace vostel::viewer;
+
 namespace {
 
 constexpr unsigned Seed = 20260514;

@@ -26,7 +26,7 @@ if(TARGET vostel-viewer)
     target_include_directories(QtWidgetTests PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}
         ${PROJECT_SOURCE_DIR}/hosts/qt)
     target_compile_definitions(QtWidgetTests PRIVATE DOCTEST_CONFIG_SUPER_FAST_ASSERTS)
-    foreach(name IN ITEMS RawSizeGuessTest WidgetTest)
+    foreach(name IN ITEMS DialogTest RawSizeGuessTest WidgetKeysTest WidgetTest)
         vostel_test_source(QtWidgetTests hosts/qt/${name})
         set_tests_properties(${VOSTEL_TEST_PREFIX}hosts/qt/${name} PROPERTIES
             ENVIRONMENT "${VOSTEL_TEST_ENVIRONMENT};LSAN_OPTIONS=suppressions=${qtTests}/leaks-of-others.txt:print_suppressions=0;TMPDIR=${CMAKE_CURRENT_BINARY_DIR}/work/hosts/qt/${name}")

@@ -1,93 +1,38 @@
-// The widget and the dialogs inside this program, on the toolkit's screen in memory.
+// The widget inside this program, on the toolkit's screen in memory.
 
 #include "FramePainter.h"
+#include "HostServices.h"
 #include "NameFilters.h"
-#include "VostelWidget.h"
 #include "dialogs/ParameterDialogs.h"
-#include "dialogs/RawLayoutDialog.h"
-#include "dialogs/RegionDialog.h"
 
+#include "hosts/qt/ShownCanvas.h"
 #include "support/TempFolder.h"
 
-#include <QApplication>
-#include <QDialogButtonBox>
+#include <QDialog>
 #include <QFile>
-#include <QImage>
-#include <QKeyEvent>
-#include <QLabel>
-#include <QMouseEvent>
 #include <QPainter>
-#include <QPushButton>
-#include <QSpinBox>
 #include <QTimer>
-#include <QWheelEvent>
 
 #include <doctest/doctest.h>
-
-#include <vector>
 
 using namespace vostel::widget;
 
 namespace {
 
-// A widget of 200 x 150 that shows an image of 100 x 80.
-struct ShownCanvas {
-    VostelWidget Widget{0};
+// Counts the library's messages in the place of boxes that nobody would close.
+struct CountedMessages {
+    int Count = 0;
 
-    ShownCanvas()
+    CountedMessages()
     {
-        Widget.resize(200, 150);
-        Widget.show();
-        QApplication::processEvents();
-        std::vector<float> ramp(100 * 80);
-        for (std::size_t i = 0; i < ramp.size(); ++i)
-            ramp[i] = static_cast<float>(i);
-        gCVSShowRawFloat(0, ramp.data(), 100, 80, true, true);
-        Widget.refresh();
-        QApplication::processEvents();
+        VostelHostServices services;
+        services.ShowMessage = [this](const CString&) { ++Count; };
+        gSetHostServices(services);
     }
-    ~ShownCanvas() { gCVSDelAllElement(0); }
-
-    void Wheel(int delta, Qt::KeyboardModifiers modifiers)
-    {
-        const QPointF at(100, 75);
-        QWheelEvent   event(at, Widget.mapToGlobal(at), QPoint(), QPoint(0, delta), Qt::NoButton, modifiers,
-                            Qt::NoScrollPhase, false);
-        QApplication::sendEvent(&Widget, &event);
-    }
-    void Mouse(QEvent::Type type, QPointF at, Qt::KeyboardModifiers modifiers)
-    {
-        QMouseEvent event(type, at, Widget.mapToGlobal(at),
-                          type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
-                          type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, modifiers);
-        QApplication::sendEvent(&Widget, &event);
-    }
-    void DrawRectangle()
-    {
-        gCVSAddMRectangle(0);
-        Mouse(QEvent::MouseButtonPress, {60, 50}, Qt::ShiftModifier);
-        Mouse(QEvent::MouseMove, {90, 80}, Qt::ShiftModifier);
-        Mouse(QEvent::MouseButtonRelease, {90, 80}, Qt::ShiftModifier);
-    }
-    void Key(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-    {
-        QKeyEvent event(QEvent::KeyPress, key, modifiers);
-        QApplication::sendEvent(&Widget, &event);
-    }
-    bool HasRegion()
-    {
-        gCVSGenerateLabel(0, false);
-        return gCVSGetLabelImaPtr2D(0)[0][0] == 0;    // without a region every pixel is 1
-    }
+    ~CountedMessages() { InstallHostServices(); }
+    CountedMessages(const CountedMessages&) = delete;
+    CountedMessages& operator=(const CountedMessages&) = delete;
 };
-
-QString VerdictOf(const QDialog& dialog)
-{
-    for (const QLabel* const label : dialog.findChildren<QLabel*>())
-        if (!label->styleSheet().isEmpty())
-            return label->text();
-    return {};
-}
 
 }
 
@@ -119,6 +64,65 @@ TEST_CASE("R deletes the selected object, Control and R do not reach the canvas"
     CHECK(shown.HasRegion());
     shown.Key(Qt::Key_R);
     CHECK_FALSE(shown.HasRegion());
+}
+
+TEST_CASE("after refresh a press that no move came before lands on a new object where it points")
+{
+    ShownCanvas           shown;
+    const CountedMessages messages;
+    gCVSAddPoly(0);
+    shown.Widget.refresh();
+    for (const QPointF corner : {QPointF(10, 20), QPointF(40, 20), QPointF(40, 60)}) {
+        CPoint at;
+        gCVSGetDisplayPt(0, corner.x(), corner.y(), at);
+        gCVSOnLButtonDown(0, MK_LBUTTON | MK_SHIFT, at);
+        gCVSOnLButtonUp(0, MK_SHIFT, at);
+    }
+    CHECK(messages.Count == 0);    // an object without a view says so
+    REQUIRE(gCVSGenerateLabel(0, false) == 1);
+    int** const labels = gCVSGetLabelImaPtr2D(0);
+    CHECK(labels[79 - 30][30] == 1);
+    CHECK(labels[79 - 30][9] == 0);
+    CHECK(labels[79 - 19][30] == 0);
+}
+
+TEST_CASE("after refresh a rectangle set by numbers is shown without a message")
+{
+    ShownCanvas           shown;
+    const CountedMessages messages;
+    TessikDialogs         own;
+    own.ImaROIRectPara = [](tagZEKImaROIRectPara& para) {
+        para = {10, 60, 20, 50};
+        return true;
+    };
+    gDlgSetDialogs(own);
+    gCVSAddCustomRectangle(0);
+    InstallParameterDialogs();
+    shown.Widget.refresh();
+    const QImage  frame = shown.Frame();
+    const QPointF corner = shown.Widget.widgetPosition({10.0, 20.0});
+    CHECK(messages.Count == 0);
+    CHECK(frame.pixelColor(corner.toPoint() + QPoint(5, 0)) == QColor(Qt::red));    // it is selected
+}
+
+TEST_CASE("a length drawn without a paint between looks like one that was painted at every step")
+{
+    const auto drawn = [](bool painted) {
+        ShownCanvas shown;
+        const auto  mouse = [&](QEvent::Type type, QPointF at) {
+            shown.Mouse(type, at, Qt::ShiftModifier);
+            if (painted)
+                QApplication::processEvents();
+        };
+        gCVSAddMeasureLine(0, 0.0);
+        mouse(QEvent::MouseButtonPress, {20, 120});
+        mouse(QEvent::MouseMove, {60, 120});
+        mouse(QEvent::MouseButtonRelease, {60, 120});
+        return shown.Frame();
+    };
+    const QImage atOnce = drawn(false);
+    CHECK(atOnce == drawn(true));
+    CHECK(atOnce.pixelColor(145, 20) == QColor(Qt::white));    // the caption's box, 100 px from the middle
 }
 
 TEST_CASE("the cursor signal carries image position and value, and stops outside the image")
@@ -237,41 +241,4 @@ TEST_CASE("a filter becomes one entry a kind, named by its text or by its last e
         NameFilters(QStringLiteral("text (*.x)|*.x;*.y|(*.z)|*.z|all|*.*||")) ==
         QStringList{QStringLiteral("text (*.x *.y)"), QStringLiteral("Z (*.z)"), QStringLiteral("all (*)")});
     CHECK(NameFilters(QString()).isEmpty());
-}
-
-TEST_CASE("the raw dialog tells at once whether the layout fits the file")
-{
-    const TempFolder folder;
-    const QString    path = QString::fromStdString(folder.Path("data.raw"));
-    QFile            file(path);
-    REQUIRE(file.open(QIODevice::WriteOnly));
-    file.write(QByteArray(640 * 480 * 2, '\0'));
-    file.close();
-    RawLayoutDialog dialog(path);
-    CHECK(dialog.Layout().Width == 640);
-    CHECK(dialog.Layout().Height == 480);
-    CHECK(VerdictOf(dialog).contains(QStringLiteral("exactly")));
-    QSpinBox* const width = dialog.findChildren<QSpinBox*>().front();
-    width->setValue(641);
-    CHECK(VerdictOf(dialog).contains(QStringLiteral("960 bytes short")));
-    width->setValue(639);
-    CHECK(VerdictOf(dialog).contains(QStringLiteral("960 bytes more")));
-    auto* const ok = dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
-    CHECK(ok->isEnabled());
-    width->setValue(100000);
-    dialog.findChildren<QSpinBox*>()[1]->setValue(100000);
-    CHECK_FALSE(ok->isEnabled());    // 10^10 pixels
-}
-
-TEST_CASE("the region dialog stays inside the image and wants right beyond left")
-{
-    RegionDialog               dialog(QSize(50, 40));
-    const tagZEKImaROIRectPara region = dialog.Region();
-    CHECK(region.RoiRight <= 50);
-    CHECK(region.RoiBottom <= 40);
-    CHECK(region.RoiLeft < region.RoiRight);
-    auto* const ok = dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
-    CHECK(ok->isEnabled());
-    dialog.findChildren<QSpinBox*>()[1]->setValue(0);    // right
-    CHECK_FALSE(ok->isEnabled());
 }

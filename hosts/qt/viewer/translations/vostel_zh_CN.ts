@@ -2,17 +2,6 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN">
 <context>
-    <name>CanvasTile</name>
-    <message>
-        <source>result</source>
-        <translation>结果</translation>
-    </message>
-    <message>
-        <source>Drop a picture or a raw file here, or choose File, Open.</source>
-        <translation>将图片或原始数据文件拖到此处，或选择“文件”&gt;“打开”。</translation>
-    </message>
-</context>
-<context>
     <name>Commands</name>
     <message>
         <source>Pictures and raw data</source>
@@ -894,20 +883,45 @@
         <source>The second image is lower than the first.</source>
         <translation>第二幅图像的高度小于第一幅。</translation>
     </message>
-</context>
-<context>
-    <name>GesturePage</name>
     <message>
-        <source>Gestures and keys</source>
-        <translation>手势与按键</translation>
+        <source>There is not enough memory for this.</source>
+        <translation>内存不足。</translation>
     </message>
-</context>
-<context>
-    <name>Main</name>
+    <message>
+        <source>There are no more than five canvases.</source>
+        <translation>最多只有五个画布。</translation>
+    </message>
+    <message>
+        <source>A routine works on this canvas. Press Esc to stop it first.</source>
+        <translation>此画布上正在进行处理。请先按 Esc 停止。</translation>
+    </message>
+    <message>
+        <source>%1 ...</source>
+        <translation>%1……</translation>
+    </message>
+    <message>
+        <source>Canvas %1  %2</source>
+        <translation>画布 %1  %2</translation>
+    </message>
+    <message>
+        <source>%1: step %2 of %3</source>
+        <translation>%1：第 %2 步，共 %3 步</translation>
+    </message>
+    <message>
+        <source>%1: cancelled</source>
+        <translation>%1：已取消</translation>
+    </message>
+    <message>
+        <source>%1: done</source>
+        <translation>%1：完成</translation>
+    </message>
     <message>
         <source>Vostel Viewer</source>
         <translation>Vostel 图像查看器</translation>
     </message>
+</context>
+<context>
+    <name>Main</name>
     <message>
         <source>Shows pictures and raw data on up to five canvases.</source>
         <translation>在最多五个画布上显示图片和原始数据。</translation>
@@ -934,11 +948,25 @@
     </message>
 </context>
 <context>
-    <name>MainWindow</name>
+    <name>vostel::viewer::CanvasTile</name>
     <message>
-        <source>%1: step %2 of %3</source>
-        <translation>%1：第 %2 步，共 %3 步</translation>
+        <source>result</source>
+        <translation>结果</translation>
     </message>
+    <message>
+        <source>Drop a picture or a raw file here, or choose File, Open.</source>
+        <translation>将图片或原始数据文件拖到此处，或选择“文件”&gt;“打开”。</translation>
+    </message>
+</context>
+<context>
+    <name>vostel::viewer::GesturePage</name>
+    <message>
+        <source>Gestures and keys</source>
+        <translation>手势与按键</translation>
+    </message>
+</context>
+<context>
+    <name>vostel::viewer::MainWindow</name>
     <message>
         <source>File, view and process</source>
         <translation>文件、视图与处理</translation>
@@ -948,24 +976,8 @@
         <translation>绘制与测量</translation>
     </message>
     <message>
-        <source>There is not enough memory for this.</source>
-        <translation>内存不足。</translation>
-    </message>
-    <message>
         <source>Open</source>
         <translation>打开</translation>
-    </message>
-    <message>
-        <source>A routine works on this canvas. Press Esc to stop it first.</source>
-        <translation>此画布上正在进行处理。请先按 Esc 停止。</translation>
-    </message>
-    <message>
-        <source>There are no more than five canvases.</source>
-        <translation>最多只有五个画布。</translation>
-    </message>
-    <message>
-        <source>There is not enough memory for this image.</source>
-        <translation>内存不足，无法容纳此图像。</translation>
     </message>
     <message>
         <source>Text lines</source>
@@ -976,28 +988,45 @@
         <translation>文字框的内容：</translation>
     </message>
     <message>
-        <source>Canvas %1  %2</source>
-        <translation>画布 %1  %2</translation>
-    </message>
-    <message>
-        <source>%1 …</source>
-        <translation>%1……</translation>
-    </message>
-    <message>
-        <source>%1: cancelled</source>
-        <translation>%1：已取消</translation>
-    </message>
-    <message>
-        <source>%1: done</source>
-        <translation>%1：完成</translation>
-    </message>
-    <message>
         <source>About</source>
         <translation>关于</translation>
     </message>
     <message>
         <source>&lt;h3&gt;Vostel Viewer %1&lt;/h3&gt;&lt;p&gt;Shows pictures and raw data on five canvases, with regions, measures and image routines.&lt;/p&gt;&lt;p&gt;Qt %2&lt;/p&gt;</source>
         <translation>&lt;h3&gt;Vostel 图像查看器 %1&lt;/h3&gt;&lt;p&gt;在五个画布上显示图片和原始数据，支持区域、测量和图像处理。&lt;/p&gt;&lt;p&gt;Qt %2&lt;/p&gt;</translation>
+    </message>
+</context>
+<context>
+    <name>vostel::viewer::RecentFilesMenu</name>
+    <message>
+        <source>&amp;Clear the list</source>
+        <translation>清空列表(&amp;C)</translation>
+    </message>
+</context>
+<context>
+    <name>vostel::viewer::RoutineDialog</name>
+    <message>
+        <source>Second image:</source>
+        <translation>第二幅图像：</translation>
+    </message>
+    <message>
+        <source>&amp;Run</source>
+        <translation>运行(&amp;R)</translation>
+    </message>
+    <message>
+        <source>%1:</source>
+        <translation>%1：</translation>
+    </message>
+</context>
+<context>
+    <name>vostel::viewer::StatusLine</name>
+    <message>
+        <source>value %1</source>
+        <translation>值 %1</translation>
+    </message>
+    <message>
+        <source>no image</source>
+        <translation>无图像</translation>
     </message>
 </context>
 <context>
@@ -1096,13 +1125,6 @@
     </message>
 </context>
 <context>
-    <name>RecentFiles</name>
-    <message>
-        <source>&amp;Clear the list</source>
-        <translation>清空列表(&amp;C)</translation>
-    </message>
-</context>
-<context>
     <name>vostel::widget::RegionDialog</name>
     <message>
         <source>Rectangle in image pixels</source>
@@ -1135,32 +1157,6 @@
     <message>
         <source>Right must be beyond left, and bottom below top.</source>
         <translation>右须大于左，下须大于上。</translation>
-    </message>
-</context>
-<context>
-    <name>RoutineDialog</name>
-    <message>
-        <source>Second image:</source>
-        <translation>第二幅图像：</translation>
-    </message>
-    <message>
-        <source>&amp;Run</source>
-        <translation>运行(&amp;R)</translation>
-    </message>
-    <message>
-        <source>%1:</source>
-        <translation>%1：</translation>
-    </message>
-</context>
-<context>
-    <name>StatusLine</name>
-    <message>
-        <source>value %1</source>
-        <translation>值 %1</translation>
-    </message>
-    <message>
-        <source>no image</source>
-        <translation>无图像</translation>
     </message>
 </context>
 <context>

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "commands/Commands.h"
+#include "commands/RecentFileList.h"
+#include "commands/RoutineRunner.h"
+#include "commands/ViewerWindow.h"
+
+#include <array>
+#include <string>
+#include <vector>
+
+namespace vostel::viewer {
+
+// What a viewer does, whatever its toolkit: which canvas is current, what each shows, the commands, files,
+// recent files and routines. The toolkit lays out the window, forwards events and asks the questions.
+class ViewerSession {
+public:
+    ViewerSession(ViewerWindow window, ViewerSettings settings);
+
+    int  Current() const { return CurrentCanvas; }
+    bool IsTiled() const { return Tiled; }    // all canvases side by side, else the current one alone
+    bool RoutineRuns() const { return Runner.IsRunning(); }
+
+    // The full path; empty when the image is not from a file.
+    const std::wstring&              FileOf(int canvas) const { return At(canvas).Path; }
+    std::wstring                     FileNameOf(int canvas) const;
+    const std::vector<std::wstring>& RecentFiles() const { return Recent.Paths(); }
+    void                             ClearRecentFiles() { Recent.Clear(); }
+
+    bool IsEnabled(Command id) const;
+    bool IsChecked(Command id) const;
+
+    void Carry(Command id);    // as its menu entry does
+    void SelectCanvas(int canvas);
+    void SetTiled(bool tiled);
+
+    // The first goes to the current canvas, each further one to the next. What cannot be opened is reported
+    // in one message.
+    void OpenFiles(const std::vector<std::wstring>& paths);
+
+    // The whole image stays in sight when the area of its canvas changes, until the person zooms or moves.
+    void OnAreaChanged(int canvas);
+    void OnViewDragged(int canvas);
+
+    void CancelRoutine() { Runner.Cancel(); }
+
+private:
+    struct CanvasFile {
+        std::wstring Path;
+        bool         Fits = false;    // whole image in sight from now on
+    };
+
+    CanvasFile&       At(int canvas) { return Canvases[static_cast<std::size_t>(canvas)]; }
+    const CanvasFile& At(int canvas) const { return Canvases[static_cast<std::size_t>(canvas)]; }
+    std::wstring      Text(const char* english) const;
+
+    void         CarryOut(const CommandEntry& entry);
+    void         AskForTextLines();
+    std::wstring OpenOn(int canvas, const std::wstring& path);    // what is wrong with it, or nothing
+    void         StartRoutine(const Routine& routine);
+    bool         AskForRoutine(RoutineQuestion& question);
+    void         OfferSources(RoutineQuestion& question) const;
+    void         ShowRoutineStep(int done, int total);
+    void         FinishRoutine(const RoutineResult& result);
+    void         ShowFitting(int canvas, const ImagePointer& image);
+
+    ViewerWindow                        Window;
+    ViewerSettings                      Settings;
+    std::array<CanvasFile, CanvasCount> Canvases;
+    int                                 CurrentCanvas = 0;
+    bool                                Tiled = false;
+    RecentFileList                      Recent;
+    RoutineRunner                       Runner;
+    int                                 RoutineCanvas = -1;    // where the routine under way began
+    std::wstring                        RoutineTitle;
+};
+
+}

@@ -1,0 +1,64 @@
+#pragma once
+
+// What a toolkit brings to a viewer: its window and a place for settings.
+
+#include "commands/Routines.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace vostel::viewer {
+
+// What a dialog asks before a routine runs.
+struct RoutineQuestion {
+    struct Source {
+        int          Canvas;
+        std::wstring Name;    // what the person knows the canvas by
+    };
+
+    const Routine*      Asked = nullptr;
+    std::vector<double> Values;         // in: what the fields start with; out: the answer
+    std::vector<Source> Sources;        // of the second image; empty for routines of fewer images
+    int                 Second = -1;    // in: the likeliest canvas of the second image; out: the answer
+};
+
+// All are called on the thread of the window. An empty member does nothing; but Post must be there.
+struct ViewerWindow {
+    // Makes a call later on the thread of the window. The one member that is called on other threads.
+    std::function<void(std::function<void()> call)> Post;
+
+    std::function<std::wstring(const char* english)> Translate;    // empty: texts stay English
+
+    // The window.
+    std::function<void()>           Arrange;      // another canvas is current, or the tiling changed
+    std::function<void(int canvas)> Repaint;      // the canvas shows something else
+    std::function<void()>           ShowState;    // files, what is enabled and what is checked
+    std::function<void(const std::wstring& text)>      ShowStatus;    // in the status bar; empty clears it
+    std::function<void(const std::wstring& sentences)> Report;        // problems, in a message
+    std::function<void()>                              ShowHelp;
+    std::function<void()>                              ShowAbout;
+    std::function<void()>                              Close;
+
+    // Questions; false or nothing when the person cancels.
+    std::function<std::vector<std::wstring>()>     AskFiles;
+    std::function<bool(std::wstring& lines)>       AskTextLines;
+    std::function<bool(RoutineQuestion& question)> AskRoutine;
+    // Calls read, and sees to it that the library's question for the layout of a raw file is answered then.
+    // It asks before: the library deletes the objects of a canvas before it asks. False, without a call, when
+    // the person cancels. Empty: the library asks.
+    std::function<bool(int canvas, const std::wstring& path, const std::function<void()>& read)> ReadFile;
+};
+
+// What is kept between runs; an empty member keeps nothing.
+struct ViewerSettings {
+    std::function<std::vector<std::wstring>()>                   LoadRecentFiles;
+    std::function<void(const std::vector<std::wstring>& newest)> SaveRecentFiles;
+    // Values of the routines' dialogs, by the names of the routine and the parameter, which outlive their
+    // numbers.
+    std::function<std::optional<double>(const Routine&, const RoutineParameter&)> LoadValue;
+    std::function<void(const Routine&, const RoutineParameter&, double value)>    SaveValue;
+};
+
+}
