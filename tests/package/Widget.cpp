@@ -14,7 +14,9 @@ int main(int argc, char** argv)
     canvas.show();
     std::vector<unsigned char> gray(32 * 20, 100);
     gCVSShowUCGray(canvas.canvas(), gray.data(), 32, 20, true);
+    canvas.setKeys(VostelWidget::DeleteKey | VostelWidget::PenKeys);
     canvas.refresh();
     application.processEvents();
-    return canvas.hasImage() && canvas.imageSize() == QSize(32, 20) ? 0 : 1;
+    return canvas.imageSize() == QSize(32, 20) && !canvas.keys().testFlag(VostelWidget::OverwriteKeys) ? 0
+                                                                                                       : 1;
 }

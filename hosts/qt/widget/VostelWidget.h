@@ -33,13 +33,13 @@ class VostelWidget : public QWidget {
     Q_OBJECT
 
 public:
-    // The keys that a canvas acts on. All others go to the parent widget.
+    // The keys that a canvas acts on; docs/keys.md has each. All others go to the parent widget.
     enum KeyGroup : unsigned int {
         NoKeys = 0,
         DeleteKey = 1 << 0,        // R: the selected object
         DeleteAllKey = 1 << 1,     // C
         PenKeys = 1 << 2,          // A, D: a wider, a narrower pen for the selected free stroke
-        EllipseKey = 1 << 3,       // E: all boxes of the canvas as ellipses, and back
+        EllipseKey = 1 << 3,       // E: all rectangles of the canvas as ellipses, and back
         SliderKeys = 1 << 4,       // Tab switches the contrast slider off and on, X brings it back into sight
         OverwriteKeys = 1 << 5,    // I, T: all text boxes, plots and boxes set by numbers go to one place; T
                                    // also replaces all texts by one
@@ -53,7 +53,7 @@ public:
     int  canvas() const { return Number; }
     HWND handle() const;    // what MSG records and window services know this widget by
 
-    // Shows a picture or, after asking for its layout, a raw file. False when the file cannot be read or the
+    // Shows a picture or, after asking for its layout, a raw file. False if the file cannot be read or the
     // person cancelled, and what was shown stays.
     bool open(const QString& path);
 
@@ -61,7 +61,7 @@ public:
     // image or zoom. Without it a new object knows no coordinates until the mouse moves.
     void refresh();
 
-    // Which keys the canvas gets. At first UsualKeys: what OverwriteKeys replace is lost.
+    // Which keys the canvas gets. At first UsualKeys: what OverwriteKeys replace cannot be brought back.
     void      setKeys(KeyGroups keys) { Keys = keys; }
     KeyGroups keys() const { return Keys; }
 
@@ -73,7 +73,7 @@ public:
     QSize   imageSize() const;                        // image px
     QPointF imagePosition(QPointF position) const;    // widget position to image px
     QPointF widgetPosition(QPointF image) const;      // image px to widget position
-    float   valueAt(QPointF position) const;          // as gCVSGetImaPixelValue tells
+    float   valueAt(QPointF position) const;          // as gCVSGetImaPixelValue returns it
 
     // The widget whose canvas has the focus or had it last; null when there is none.
     static VostelWidget* current();
