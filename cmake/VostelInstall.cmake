@@ -24,6 +24,28 @@ if(TARGET VostelWidget)
     vostel_install(VostelWidget VostelWidget)
 endif()
 
+# A static library leaves it to hosts to link what src/platform is built with.
+set(VOSTEL_NEEDS_PACKAGES FALSE)
+set(VOSTEL_NEEDED_MODULES "")
+set(VOSTEL_NEEDED_LIBRARIES "")
+set(VOSTEL_DEFINITIONS "")
+if(NOT BUILD_SHARED_LIBS)
+    set(VOSTEL_DEFINITIONS -DVOSTEL_STATIC)
+    if(WIN32)
+        set(needs gdi32 gdiplus comdlg32 ole32 shell32 shlwapi user32)
+        list(JOIN needs " -l" VOSTEL_NEEDED_LIBRARIES)
+        string(PREPEND VOSTEL_NEEDED_LIBRARIES -l)
+    else()
+        set(needs PkgConfig::PANGOCAIRO PNG::PNG JPEG::JPEG TIFF::TIFF GIF::GIF)
+        set(VOSTEL_NEEDS_PACKAGES TRUE)
+        set(VOSTEL_NEEDED_MODULES "pangocairo libpng libjpeg libtiff-4")
+        set(VOSTEL_NEEDED_LIBRARIES -lgif)    # has no module
+    endif()
+    foreach(need IN LISTS needs)
+        target_link_libraries(VostelObj INTERFACE $<INSTALL_INTERFACE:$<LINK_ONLY:${need}>>)
+    endforeach()
+endif()
+
 configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/VostelObjConfig.cmake.in
     ${PROJECT_BINARY_DIR}/VostelObjConfig.cmake INSTALL_DESTINATION ${packages})
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/VostelObjConfigVersion.cmake

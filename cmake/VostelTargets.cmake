@@ -30,11 +30,15 @@ function(vostel_hide_names target)
     endif()
 endfunction()
 
-# A library for hosts.
-function(vostel_shared_library target)
+# A library for hosts, shared or static as BUILD_SHARED_LIBS says.
+function(vostel_library target)
     vostel_hide_names(${target})
-    set_target_properties(${target} PROPERTIES
-        LINKER_LANGUAGE CXX VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+    set_target_properties(${target} PROPERTIES LINKER_LANGUAGE CXX POSITION_INDEPENDENT_CODE ON DEFINE_SYMBOL "")
+    if(NOT BUILD_SHARED_LIBS)
+        target_compile_definitions(${target} INTERFACE VOSTEL_STATIC)
+        return()
+    endif()
+    set_target_properties(${target} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
     if(WIN32)
         set_target_properties(${target} PROPERTIES PREFIX "")
     elseif(NOT APPLE)
@@ -49,6 +53,14 @@ function(vostel_shared_library target)
         target_link_options(${target} PRIVATE
             "LINKER:--exclude-libs,ALL" "LINKER:--version-script=${names}" "LINKER:-Bsymbolic-functions")
     endif()
+endfunction()
+
+# Builds for export; off Windows the objects of static and shared libraries are the same.
+function(vostel_building target definition)
+    if(WIN32 AND NOT BUILD_SHARED_LIBS)
+        set(definition VOSTEL_STATIC)
+    endif()
+    target_compile_definitions(${target} PRIVATE ${definition})
 endfunction()
 
 set(VOSTEL_X86_64 FALSE)

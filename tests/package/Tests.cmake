@@ -22,18 +22,33 @@ function(vostel_package_test name)
     set_tests_properties(${VOSTEL_TEST_PREFIX}package/${name} PROPERTIES TIMEOUT 900 PROCESSORS 2 COST 1000)
 endfunction()
 
-vostel_package_test(Installed ${CMAKE_COMMAND} -D BUILD=${PROJECT_BINARY_DIR} -D SOURCE=${package}
-    -D WORK=${CMAKE_CURRENT_BINARY_DIR}/installed -D COMPILER=${CMAKE_CXX_COMPILER}
-    "-DTOOLCHAIN=${CMAKE_TOOLCHAIN_FILE}" "-DRUNNER=${CMAKE_CROSSCOMPILING_EMULATOR}"
-    -D WIDGET=$<TARGET_EXISTS:VostelWidget>
-    -P ${package}/UseInstalled.cmake)
+function(vostel_installed_test name build)
+    vostel_package_test(${name} ${CMAKE_COMMAND} -D BUILD=${build} -D SOURCE=${package}
+        -D WORK=${CMAKE_CURRENT_BINARY_DIR}/${name} -D COMPILER=${CMAKE_CXX_COMPILER} ${ARGN}
+        -P ${package}/UseInstalled.cmake)
+endfunction()
+function(vostel_subdirectory_test name)
+    vostel_package_test(${name} ${CMAKE_COMMAND} -D SOURCE=${package} -D LIBRARY=${PROJECT_SOURCE_DIR}
+        -D WORK=${CMAKE_CURRENT_BINARY_DIR}/Subdirectory "-DSETTINGS=${ARGN}" -P ${package}/UseSubdirectory.cmake)
+endfunction()
+
+vostel_installed_test(Installed ${PROJECT_BINARY_DIR} "-DTOOLCHAIN=${CMAKE_TOOLCHAIN_FILE}"
+    "-DRUNNER=${CMAKE_CROSSCOMPILING_EMULATOR}" -D WIDGET=$<TARGET_EXISTS:VostelWidget>)
 if(NOT CMAKE_CROSSCOMPILING)
-    vostel_package_test(Subdirectory ${CMAKE_COMMAND} -D SOURCE=${package} -D LIBRARY=${PROJECT_SOURCE_DIR}
-        -D WORK=${CMAKE_CURRENT_BINARY_DIR}/subdirectory -P ${package}/UseSubdirectory.cmake)
+    # One build folder, first for shared and then for static libraries, which take the same objects.
+    vostel_subdirectory_test(Subdirectory -UBUILD_SHARED_LIBS -DVOSTEL_INSTALL=OFF)
+    vostel_subdirectory_test(StaticSubdirectory -DBUILD_SHARED_LIBS=OFF -DVOSTEL_INSTALL=ON)
+    vostel_installed_test(StaticInstalled ${CMAKE_CURRENT_BINARY_DIR}/Subdirectory -D STATIC=ON)
+    set_tests_properties(${VOSTEL_TEST_PREFIX}package/Subdirectory PROPERTIES
+        FIXTURES_SETUP ${VOSTEL_TEST_PREFIX}shared)
+    set_tests_properties(${VOSTEL_TEST_PREFIX}package/StaticSubdirectory PROPERTIES
+        FIXTURES_REQUIRED ${VOSTEL_TEST_PREFIX}shared FIXTURES_SETUP ${VOSTEL_TEST_PREFIX}static)
+    set_tests_properties(${VOSTEL_TEST_PREFIX}package/StaticInstalled PROPERTIES
+        FIXTURES_REQUIRED ${VOSTEL_TEST_PREFIX}static)
 endif()
 
 # The lists are those of GNU tools: other compilers decorate names in their own way.
-if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND VOSTEL_X86_64)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND VOSTEL_X86_64 AND BUILD_SHARED_LIBS)
     foreach(library IN ITEMS VostelObj Tessik)
         if(WIN32)
             set(expected ${package}/exports/${library}.dll.txt)

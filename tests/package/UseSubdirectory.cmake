@@ -1,8 +1,8 @@
 # Builds a project that takes the library in by add_subdirectory, without a build type as strangers do.
-# cmake -D WORK=... -D SOURCE=... -D LIBRARY=... -P UseSubdirectory.cmake
+# cmake -D WORK=... -D SOURCE=... -D LIBRARY=... -D "SETTINGS=..." -P UseSubdirectory.cmake
 include(${CMAKE_CURRENT_LIST_DIR}/Run.cmake)
 
-run(${CMAKE_COMMAND} -G Ninja -S ${SOURCE}/subdirectory -B ${WORK} -D VOSTEL_SOURCE=${LIBRARY})
+run(${CMAKE_COMMAND} -G Ninja -S ${SOURCE}/subdirectory -B ${WORK} -D VOSTEL_SOURCE=${LIBRARY} ${SETTINGS})
 run(${CMAKE_COMMAND} --build ${WORK})
 foreach(program IN ITEMS host dialogs)
     run(${WORK}/${program})
