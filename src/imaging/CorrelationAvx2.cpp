@@ -1,5 +1,7 @@
 #include "imaging/CorrelationBlocks.h"
 
+#include "base/Compiler.h"
+
 #include <immintrin.h>
 
 namespace vostel {
@@ -10,26 +12,19 @@ struct Simd8 {
     using V = __m256;
     static constexpr int Lanes = 8;
 
-    [[gnu::always_inline]] static inline V    Load(const float* from) { return _mm256_loadu_ps(from); }
-    [[gnu::always_inline]] static inline void Store(float* to, V v) { _mm256_storeu_ps(to, v); }
-    [[gnu::always_inline]] static inline void Stream(float* to, V v) { _mm256_stream_ps(to, v); }
-    [[gnu::always_inline]] static inline V    Set(float v) { return _mm256_set1_ps(v); }
-    [[gnu::always_inline]] static inline V    Add(V a, V b) { return _mm256_add_ps(a, b); }
-    [[gnu::always_inline]] static inline V    Mul(V a, V b) { return _mm256_mul_ps(a, b); }
+    VOSTEL_INLINE static V    Load(const float* from) { return _mm256_loadu_ps(from); }
+    VOSTEL_INLINE static void Store(float* to, V v) { _mm256_storeu_ps(to, v); }
+    VOSTEL_INLINE static void Stream(float* to, V v) { _mm256_stream_ps(to, v); }
+    VOSTEL_INLINE static V    Set(float v) { return _mm256_set1_ps(v); }
+    VOSTEL_INLINE static V    Add(V a, V b) { return _mm256_add_ps(a, b); }
+    VOSTEL_INLINE static V    Mul(V a, V b) { return _mm256_mul_ps(a, b); }
 
-    [[gnu::always_inline]] static inline void Prefetch(const float* from)
+    VOSTEL_INLINE static void Prefetch(const float* from)
     {
         _mm_prefetch(reinterpret_cast<const char*>(from), _MM_HINT_T0);
     }
 
-    // The value is in a register here, says an instruction that is none. Otherwise compilers read a sample
-    // from memory again for each row that uses it, mostly across two lines.
-    [[gnu::always_inline]] static inline void Settle([[maybe_unused]] V& value)
-    {
-#if defined(__GNUC__)
-        __asm__ volatile("" : "+x"(value) : : "memory");
-#endif
-    }
+    VOSTEL_INLINE static void Settle(V& value) { VOSTEL_KEEP_IN_REGISTER(value); }
 };
 
 void Fence()

@@ -3,6 +3,7 @@
 // The blocks of a correlation in registers, for files that name a processor feature. Simd brings the vector
 // type and its operations; everything here is a template on it, so that each file has a copy of its own.
 
+#include "base/Compiler.h"
 #include "imaging/Correlation.h"
 
 #include <cstddef>
@@ -20,21 +21,21 @@ constexpr int FloatsAhead = 256;    // the best of 128, 256, 512 and 1024
 // where the kernel row of output row 0 starts or would start. Every sum takes its taps one by one, multiplied
 // and then added. Unrolling over the taps as well was slower.
 template <class Simd, int Rows, int Vectors, int Low, int High>
-[[gnu::always_inline]] inline void AddTaps(typename Simd::V (&sums)[Rows][Vectors], const float* source,
-                                           const float* kernel, std::ptrdiff_t tapRow, std::ptrdiff_t width)
+VOSTEL_INLINE void AddTaps(typename Simd::V (&sums)[Rows][Vectors], const float* source, const float* kernel,
+                           std::ptrdiff_t tapRow, std::ptrdiff_t width)
 {
     using V = typename Simd::V;
     for (std::ptrdiff_t i = 0; i < width; ++i) {
         V samples[Vectors];
-#pragma GCC unroll 8
+        VOSTEL_UNROLL
         for (int v = 0; v < Vectors; ++v) {
             samples[v] = Simd::Load(source + i + v * Simd::Lanes);
             Simd::Settle(samples[v]);
         }
-#pragma GCC unroll 8
+        VOSTEL_UNROLL
         for (int r = Low; r <= High; ++r) {
             const V tap = Simd::Set(kernel[tapRow - r * width + i]);
-#pragma GCC unroll 8
+            VOSTEL_UNROLL
             for (int v = 0; v < Vectors; ++v)
                 sums[r][v] = Simd::Add(sums[r][v], Simd::Mul(tap, samples[v]));
         }
@@ -43,7 +44,7 @@ template <class Simd, int Rows, int Vectors, int Low, int High>
 
 // Past the caches only whole lines go: what a vector shares with a line goes through them.
 template <class Simd>
-[[gnu::always_inline]] inline void Store(float* target, typename Simd::V value, bool streaming)
+VOSTEL_INLINE void Store(float* target, typename Simd::V value, bool streaming)
 {
     if (streaming && reinterpret_cast<std::uintptr_t>(target) % (Simd::Lanes * sizeof(float)) == 0)
         Simd::Stream(target, value);
@@ -52,7 +53,7 @@ template <class Simd>
 }
 
 template <class Simd, int Rows, int Vectors>
-[[gnu::always_inline]] inline void SumBlock(const CorrelationBlock& block, std::ptrdiff_t column)
+VOSTEL_INLINE void SumBlock(const CorrelationBlock& block, std::ptrdiff_t column)
 {
     const std::ptrdiff_t width = block.KernelWidth;
     const float* const*  sources = block.Sources;
@@ -60,18 +61,20 @@ template <class Simd, int Rows, int Vectors>
     const int            height = block.KernelHeight;
     const float* const   kernel = block.Kernel;
     typename Simd::V     sums[Rows][Vectors];
-#pragma GCC unroll 8
-    for (int r = 0; r < Rows; ++r)
-#pragma GCC unroll 8
+    VOSTEL_UNROLL
+    for (int r = 0; r < Rows; ++r) {
+        VOSTEL_UNROLL
         for (int v = 0; v < Vectors; ++v)
             sums[r][v] = Simd::Set(0.0f);
+    }
     if (block.PastCaches) {
         // Of the rows that no block above has read.
-#pragma GCC unroll 8
-        for (int r = 0; r < Rows; ++r)
-#pragma GCC unroll 8
+        VOSTEL_UNROLL
+        for (int r = 0; r < Rows; ++r) {
+            VOSTEL_UNROLL
             for (int line = 0; line < Vectors * Simd::Lanes; line += FloatsOfLine)
                 Simd::Prefetch(sources[height - 1 + r] + at + FloatsAhead + line);
+        }
     }
     if constexpr (Rows == 1) {
         for (std::ptrdiff_t q = 0; q < height; ++q)
@@ -92,12 +95,13 @@ template <class Simd, int Rows, int Vectors>
         AddTaps<Simd, Rows, Vectors, 2, 3>(sums, sources[q + 1] + at, kernel, (q + 1) * width, width);
         AddTaps<Simd, Rows, Vectors, 3, 3>(sums, sources[q + 2] + at, kernel, (q + 2) * width, width);
     }
-#pragma GCC unroll 8
-    for (int r = 0; r < Rows; ++r)
-#pragma GCC unroll 8
+    VOSTEL_UNROLL
+    for (int r = 0; r < Rows; ++r) {
+        VOSTEL_UNROLL
         for (int v = 0; v < Vectors; ++v)
             Store<Simd>(block.Targets[r] + block.First + column + v * Simd::Lanes, sums[r][v],
                         block.PastCaches);
+    }
 }
 
 // What does not fill a block is done by one that reaches back over columns already done: the same sums again.

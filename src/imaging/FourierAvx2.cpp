@@ -1,5 +1,7 @@
 #include "imaging/FourierPasses.h"
 
+#include "base/Compiler.h"
+
 #include <immintrin.h>
 
 namespace vostel {
@@ -11,18 +13,18 @@ struct Simd8 {
     static constexpr int Lanes = 8;
     static constexpr int PassStages = 2;    // as many as the registers hold the values of
 
-    [[gnu::always_inline]] static inline V    Load(const float* from) { return _mm256_loadu_ps(from); }
-    [[gnu::always_inline]] static inline void Store(float* to, V v) { _mm256_storeu_ps(to, v); }
-    [[gnu::always_inline]] static inline V    Set(float v) { return _mm256_set1_ps(v); }
-    [[gnu::always_inline]] static inline V    Add(V a, V b) { return _mm256_add_ps(a, b); }
-    [[gnu::always_inline]] static inline V    Sub(V a, V b) { return _mm256_sub_ps(a, b); }
-    [[gnu::always_inline]] static inline V    Mul(V a, V b) { return _mm256_mul_ps(a, b); }
+    VOSTEL_INLINE static V    Load(const float* from) { return _mm256_loadu_ps(from); }
+    VOSTEL_INLINE static void Store(float* to, V v) { _mm256_storeu_ps(to, v); }
+    VOSTEL_INLINE static V    Set(float v) { return _mm256_set1_ps(v); }
+    VOSTEL_INLINE static V    Add(V a, V b) { return _mm256_add_ps(a, b); }
+    VOSTEL_INLINE static V    Sub(V a, V b) { return _mm256_sub_ps(a, b); }
+    VOSTEL_INLINE static V    Mul(V a, V b) { return _mm256_mul_ps(a, b); }
 
     // Column i of the eight vectors goes to to + i * step.
-    [[gnu::always_inline]] static inline void StoreTransposed(float* to, std::ptrdiff_t step, const V* v)
+    VOSTEL_INLINE static void StoreTransposed(float* to, std::ptrdiff_t step, const V* v)
     {
         V low[4], high[4];
-#pragma GCC unroll 4
+        VOSTEL_UNROLL
         for (int i = 0; i < 4; ++i) {
             low[i] = _mm256_permute2f128_ps(v[i], v[i + 4], 0x20);
             high[i] = _mm256_permute2f128_ps(v[i], v[i + 4], 0x31);
@@ -31,7 +33,7 @@ struct Simd8 {
         StoreHalfTransposed(to + 4 * step, step, high);
     }
 
-    [[gnu::always_inline]] static inline void StoreHalfTransposed(float* to, std::ptrdiff_t step, const V* v)
+    VOSTEL_INLINE static void StoreHalfTransposed(float* to, std::ptrdiff_t step, const V* v)
     {
         const V a = _mm256_unpacklo_ps(v[0], v[1]);
         const V b = _mm256_unpackhi_ps(v[0], v[1]);

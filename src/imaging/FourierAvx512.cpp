@@ -1,5 +1,7 @@
 #include "imaging/FourierPasses.h"
 
+#include "base/Compiler.h"
+
 #include <immintrin.h>
 
 namespace vostel {
@@ -11,37 +13,37 @@ struct Simd16 {
     static constexpr int Lanes = 16;
     static constexpr int PassStages = 3;    // as many as the registers hold the values of
 
-    [[gnu::always_inline]] static inline V    Load(const float* from) { return _mm512_loadu_ps(from); }
-    [[gnu::always_inline]] static inline void Store(float* to, V v) { _mm512_storeu_ps(to, v); }
-    [[gnu::always_inline]] static inline V    Set(float v) { return _mm512_set1_ps(v); }
-    [[gnu::always_inline]] static inline V    Add(V a, V b) { return _mm512_add_ps(a, b); }
-    [[gnu::always_inline]] static inline V    Sub(V a, V b) { return _mm512_sub_ps(a, b); }
-    [[gnu::always_inline]] static inline V    Mul(V a, V b) { return _mm512_mul_ps(a, b); }
+    VOSTEL_INLINE static V    Load(const float* from) { return _mm512_loadu_ps(from); }
+    VOSTEL_INLINE static void Store(float* to, V v) { _mm512_storeu_ps(to, v); }
+    VOSTEL_INLINE static V    Set(float v) { return _mm512_set1_ps(v); }
+    VOSTEL_INLINE static V    Add(V a, V b) { return _mm512_add_ps(a, b); }
+    VOSTEL_INLINE static V    Sub(V a, V b) { return _mm512_sub_ps(a, b); }
+    VOSTEL_INLINE static V    Mul(V a, V b) { return _mm512_mul_ps(a, b); }
 
     // Column i of the sixteen vectors goes to to + i * step.
-    [[gnu::always_inline]] static inline void StoreTransposed(float* to, std::ptrdiff_t step, const V* v)
+    VOSTEL_INLINE static void StoreTransposed(float* to, std::ptrdiff_t step, const V* v)
     {
         V a[16], b[16];
-#pragma GCC unroll 8
+        VOSTEL_UNROLL
         for (int i = 0; i < 16; i += 2) {
             a[i] = _mm512_unpacklo_ps(v[i], v[i + 1]);
             a[i + 1] = _mm512_unpackhi_ps(v[i], v[i + 1]);
         }
-#pragma GCC unroll 4
+        VOSTEL_UNROLL
         for (int i = 0; i < 16; i += 4) {
             b[i] = _mm512_shuffle_ps(a[i], a[i + 2], 0x44);
             b[i + 1] = _mm512_shuffle_ps(a[i], a[i + 2], 0xEE);
             b[i + 2] = _mm512_shuffle_ps(a[i + 1], a[i + 3], 0x44);
             b[i + 3] = _mm512_shuffle_ps(a[i + 1], a[i + 3], 0xEE);
         }
-#pragma GCC unroll 4
+        VOSTEL_UNROLL
         for (int i = 0; i < 4; ++i) {
             a[i] = _mm512_shuffle_f32x4(b[i], b[i + 4], 0x88);
             a[i + 4] = _mm512_shuffle_f32x4(b[i], b[i + 4], 0xDD);
             a[i + 8] = _mm512_shuffle_f32x4(b[i + 8], b[i + 12], 0x88);
             a[i + 12] = _mm512_shuffle_f32x4(b[i + 8], b[i + 12], 0xDD);
         }
-#pragma GCC unroll 4
+        VOSTEL_UNROLL
         for (int i = 0; i < 4; ++i) {
             Store(to + i * step, _mm512_shuffle_f32x4(a[i], a[i + 8], 0x88));
             Store(to + (i + 4) * step, _mm512_shuffle_f32x4(a[i + 4], a[i + 12], 0x88));

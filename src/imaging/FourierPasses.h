@@ -9,6 +9,7 @@
 // takes table entry 2^t * (low * N / R + s * p), low being the bits of j below the one in use. Each value
 // sees the same operations in the same order as one stage at a time.
 
+#include "base/Compiler.h"
 #include "imaging/FourierVariants.h"
 
 #include <cstddef>
@@ -18,7 +19,7 @@ namespace vostel {
 namespace {
 
 template <int K>
-[[gnu::always_inline]] inline constexpr int Reversed(int j)
+VOSTEL_INLINE constexpr int Reversed(int j)
 {
     int r = 0;
     for (int bit = 0; bit < K; ++bit)
@@ -27,9 +28,8 @@ template <int K>
 }
 
 template <class Simd>
-[[gnu::always_inline]] inline void Butterfly(typename Simd::V& aRe, typename Simd::V& aIm,
-                                             typename Simd::V& bRe, typename Simd::V& bIm, typename Simd::V c,
-                                             typename Simd::V n)
+VOSTEL_INLINE void Butterfly(typename Simd::V& aRe, typename Simd::V& aIm, typename Simd::V& bRe,
+                             typename Simd::V& bIm, typename Simd::V c, typename Simd::V n)
 {
     const typename Simd::V dr = Simd::Sub(aRe, bRe);
     const typename Simd::V di = Simd::Sub(aIm, bIm);
@@ -43,18 +43,18 @@ template <class Simd>
 // time are what the registers hold, the others wait in memory. Every value has been fetched from the source
 // before the first goes to the sink. entry(stage, low, cos, sin) answers the factors of a pair.
 template <class Simd, int K, int T, int High, class Source, class Entry, class Sink>
-[[gnu::always_inline]] inline void Stages(typename Simd::V (&re)[1 << K], typename Simd::V (&im)[1 << K],
-                                          Source source, Entry entry, Sink sink)
+VOSTEL_INLINE void Stages(typename Simd::V (&re)[1 << K], typename Simd::V (&im)[1 << K], Source source,
+                          Entry entry, Sink sink)
 {
     using V = typename Simd::V;
     constexpr int  Joined = (K - T) % 2 == 0 ? 2 : 1;
     constexpr int  Apart = 1 << (K - T - Joined);
     constexpr bool Last = T + Joined == K;
-#pragma GCC unroll 8
+    VOSTEL_UNROLL
     for (int low = 0; low < Apart; ++low) {
         const int a = High + low;
         if constexpr (T == 0) {
-#pragma GCC unroll 4
+            VOSTEL_UNROLL
             for (int i = 0; i < 1 << Joined; ++i)
                 source(a + i * Apart, re[a + i * Apart], im[a + i * Apart]);
         }
@@ -73,7 +73,7 @@ template <class Simd, int K, int T, int High, class Source, class Entry, class S
             Butterfly<Simd>(re[a], im[a], re[a + Apart], im[a + Apart], c, n);
         }
         if constexpr (Last) {
-#pragma GCC unroll 4
+            VOSTEL_UNROLL
             for (int i = 0; i < 1 << Joined; ++i)
                 sink(a + i, re[a + i], im[a + i]);
         }
@@ -89,7 +89,7 @@ template <class Simd, int K, int T, int High, class Source, class Entry, class S
 }
 
 template <class Simd>
-[[gnu::always_inline]] inline typename Simd::V LoadRow(const FourierRun& run, std::ptrdiff_t at)
+VOSTEL_INLINE typename Simd::V LoadRow(const FourierRun& run, std::ptrdiff_t at)
 {
     if (at + Simd::Lanes <= run.RowLength)
         return Simd::Load(run.Row + at);
@@ -104,8 +104,8 @@ template <class Simd>
 enum class Input { Plain, Row, Product };
 
 template <class Simd>
-[[gnu::always_inline]] inline void Multiply(typename Simd::V& re, typename Simd::V& im, typename Simd::V c,
-                                            typename Simd::V d)
+VOSTEL_INLINE void Multiply(typename Simd::V& re, typename Simd::V& im, typename Simd::V c,
+                            typename Simd::V d)
 {
     const typename Simd::V a = re;
     re = Simd::Sub(Simd::Mul(a, c), Simd::Mul(im, d));
@@ -115,8 +115,8 @@ template <class Simd>
 // The first K stages, s being 1, for the lanes from p on. The R results of one p are neighbours, so squares
 // are transposed on their way out.
 template <class Simd, int K, class Source>
-[[gnu::always_inline]] inline void StagesToSquares(const FourierRun& run, std::ptrdiff_t p, Source source,
-                                                   float* outRe, float* outIm)
+VOSTEL_INLINE void StagesToSquares(const FourierRun& run, std::ptrdiff_t p, Source source, float* outRe,
+                                   float* outIm)
 {
     using V = typename Simd::V;
     constexpr int R = 1 << K;
@@ -125,16 +125,16 @@ template <class Simd, int K, class Source>
     V                    re[R], im[R], toRe[R], toIm[R];
     Stages<Simd, K, 0, 0>(
         re, im, source,
-        [&](int t, int low, V& c, V& n) __attribute__((always_inline)) {
+        [&](int t, int low, V& c, V& n) VOSTEL_INLINE_LAMBDA {
             const std::ptrdiff_t at = FourierTableStage(run.Length, t) + low * step + p;
             c = Simd::Load(run.Cos + at);
             n = Simd::Load(run.Sin + at);
         },
-        [&](int j, const V& a, const V& b) __attribute__((always_inline)) {
+        [&](int j, const V& a, const V& b) VOSTEL_INLINE_LAMBDA {
             toRe[Reversed<K>(j)] = a;
             toIm[Reversed<K>(j)] = b;
         });
-#pragma GCC unroll 2
+    VOSTEL_UNROLL
     for (int part = 0; part < R; part += Simd::Lanes) {
         Simd::StoreTransposed(outRe + p * R + part, R, toRe + part);
         Simd::StoreTransposed(outIm + p * R + part, R, toIm + part);
@@ -142,7 +142,7 @@ template <class Simd, int K, class Source>
 }
 
 template <class Simd, int K, Input From>
-[[gnu::noinline]] void FirstPass(const FourierRun& run, float* outRe, float* outIm)
+VOSTEL_NOINLINE void FirstPass(const FourierRun& run, float* outRe, float* outIm)
 {
     using V = typename Simd::V;
     constexpr int        R = 1 << K;
@@ -150,7 +150,7 @@ template <class Simd, int K, Input From>
     for (std::ptrdiff_t p = 0; p < step; p += Simd::Lanes)
         StagesToSquares<Simd, K>(
             run, p,
-            [&](int j, V& a, V& b) __attribute__((always_inline)) {
+            [&](int j, V& a, V& b) VOSTEL_INLINE_LAMBDA {
                 const std::ptrdiff_t at = j * step + p;
                 if constexpr (From == Input::Row) {
                     // No row reaches further. What is known to be zero is not loaded, but counted in: it
@@ -178,9 +178,9 @@ struct Factors {
     // Those of stage T and the ones after it. The last stages of a transform begin at entry 0, whose cosine
     // is 1, by which nothing need be multiplied; the zero of its sine counts.
     template <int T = 0>
-    [[gnu::always_inline]] inline void Fetch(const FourierRun& run, std::ptrdiff_t sp, bool last)
+    VOSTEL_INLINE void Fetch(const FourierRun& run, std::ptrdiff_t sp, bool last)
     {
-#pragma GCC unroll 8
+        VOSTEL_UNROLL
         for (int low = 0; low < 1 << (K - 1 - T); ++low) {
             const std::ptrdiff_t at = (low * (run.Length >> K) + sp) << T;
             Cos[T][low] = last && low == 0 ? Simd::Set(1.0f) : Simd::Set(run.Cos[at]);
@@ -193,8 +193,8 @@ struct Factors {
 
 // K further stages from s on: lanes along q.
 template <class Simd, int K, Output To>
-[[gnu::noinline]] void Pass(const FourierRun& run, std::ptrdiff_t s, const float* inRe, const float* inIm,
-                            float* outRe, float* outIm)
+VOSTEL_NOINLINE void Pass(const FourierRun& run, std::ptrdiff_t s, const float* inRe, const float* inIm,
+                          float* outRe, float* outIm)
 {
     using V = typename Simd::V;
     constexpr int        R = 1 << K;
@@ -207,15 +207,15 @@ template <class Simd, int K, Output To>
             V re[R], im[R];
             Stages<Simd, K, 0, 0>(
                 re, im,
-                [&](int j, V& a, V& b) __attribute__((always_inline)) {
+                [&](int j, V& a, V& b) VOSTEL_INLINE_LAMBDA {
                     a = Simd::Load(inRe + j * step + sp + q);
                     b = Simd::Load(inIm + j * step + sp + q);
                 },
-                [&](int t, int low, V& c, V& n) __attribute__((always_inline)) {
+                [&](int t, int low, V& c, V& n) VOSTEL_INLINE_LAMBDA {
                     c = factors.Cos[t][low];
                     n = factors.Sin[t][low];
                 },
-                [&](int j, const V& a, const V& b) __attribute__((always_inline)) {
+                [&](int j, const V& a, const V& b) VOSTEL_INLINE_LAMBDA {
                     const std::ptrdiff_t to = R * sp + Reversed<K>(j) * s + q;
                     if constexpr (To == Output::RealHalf) {
                         // What leads to no output is not computed.
@@ -294,8 +294,8 @@ void Transform(const FourierRun& run)
 // The last K stages of a transform, the product and the first K stages of the way back: all take the same
 // rows, a step apart.
 template <class Simd, int K>
-[[gnu::noinline]] void MiddlePass(const FourierRun& forward, const FourierRun& inverse, const float* inRe,
-                                  const float* inIm, float* outRe, float* outIm)
+VOSTEL_NOINLINE void MiddlePass(const FourierRun& forward, const FourierRun& inverse, const float* inRe,
+                                const float* inIm, float* outRe, float* outIm)
 {
     using V = typename Simd::V;
     constexpr int        R = 1 << K;
@@ -306,21 +306,21 @@ template <class Simd, int K>
         V re[R], im[R], toRe[R], toIm[R];
         Stages<Simd, K, 0, 0>(
             re, im,
-            [&](int j, V& a, V& b) __attribute__((always_inline)) {
+            [&](int j, V& a, V& b) VOSTEL_INLINE_LAMBDA {
                 a = Simd::Load(inRe + j * step + p);
                 b = Simd::Load(inIm + j * step + p);
             },
-            [&](int t, int low, V& c, V& n) __attribute__((always_inline)) {
+            [&](int t, int low, V& c, V& n) VOSTEL_INLINE_LAMBDA {
                 c = factors.Cos[t][low];
                 n = factors.Sin[t][low];
             },
-            [&](int j, const V& a, const V& b) __attribute__((always_inline)) {
+            [&](int j, const V& a, const V& b) VOSTEL_INLINE_LAMBDA {
                 toRe[Reversed<K>(j)] = a;
                 toIm[Reversed<K>(j)] = b;
             });
         StagesToSquares<Simd, K>(
             inverse, p,
-            [&](int j, V& a, V& b) __attribute__((always_inline)) {
+            [&](int j, V& a, V& b) VOSTEL_INLINE_LAMBDA {
                 const std::ptrdiff_t at = j * step + p;
                 a = toRe[j];
                 b = toIm[j];

@@ -3,6 +3,7 @@
 // A matrix product in register tiles, for files that name a processor feature. Simd brings the vector type
 // and its operations; everything here is a template on it, so that each file has a copy of its own.
 
+#include "base/Compiler.h"
 #include "imaging/MatrixRows.h"
 
 #include <cstddef>
@@ -12,35 +13,36 @@ namespace vostel {
 namespace {
 
 template <class Simd, int Rows, int Vectors>
-[[gnu::always_inline]] inline void MultiplyTile(const MatrixBlock& block, std::ptrdiff_t row,
-                                                std::ptrdiff_t column)
+VOSTEL_INLINE void MultiplyTile(const MatrixBlock& block, std::ptrdiff_t row, std::ptrdiff_t column)
 {
     const float* const a = block.A + row * block.WidthA;
     const float*       b = block.B + column;
     typename Simd::V   sums[Rows][Vectors];
-#pragma GCC unroll 8
-    for (int r = 0; r < Rows; ++r)
-#pragma GCC unroll 8
+    VOSTEL_UNROLL
+    for (int r = 0; r < Rows; ++r) {
+        VOSTEL_UNROLL
         for (int v = 0; v < Vectors; ++v)
             sums[r][v] = Simd::Set(0.0f);
+    }
     for (std::ptrdiff_t k = 0; k < block.WidthA; ++k, b += block.WidthB) {
         typename Simd::V terms[Vectors];
-#pragma GCC unroll 8
+        VOSTEL_UNROLL
         for (int v = 0; v < Vectors; ++v)
             terms[v] = Simd::Load(b + v * Simd::Lanes);
-#pragma GCC unroll 8
+        VOSTEL_UNROLL
         for (int r = 0; r < Rows; ++r) {
             const typename Simd::V factor = Simd::Set(a[r * block.WidthA + k]);
-#pragma GCC unroll 8
+            VOSTEL_UNROLL
             for (int v = 0; v < Vectors; ++v)
                 sums[r][v] = Simd::Add(sums[r][v], Simd::Mul(factor, terms[v]));
         }
     }
-#pragma GCC unroll 8
-    for (int r = 0; r < Rows; ++r)
-#pragma GCC unroll 8
+    VOSTEL_UNROLL
+    for (int r = 0; r < Rows; ++r) {
+        VOSTEL_UNROLL
         for (int v = 0; v < Vectors; ++v)
             Simd::Store(block.C + (row + r) * block.WidthC + column + v * Simd::Lanes, sums[r][v]);
+    }
 }
 
 template <class Simd, int Vectors>

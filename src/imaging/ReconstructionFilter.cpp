@@ -1,5 +1,6 @@
 #include "vostel/ReconstructionFilter.h"
 
+#include "base/Compiler.h"
 #include "foundation/ArrayLength.h"
 #include "imaging/FourierArrays.h"
 #include "imaging/FourierVariants.h"
@@ -14,13 +15,11 @@ namespace {
 const double TwoPiSquared = 19.73920812874952;    // 2 * 3.1415926^2
 
 // A row is read in several places at a time, too short a while for the processor to see it coming.
-void FetchAhead([[maybe_unused]] const float* row, [[maybe_unused]] int width)
+void FetchAhead(const float* row, int width)
 {
-#if defined(__GNUC__)
     const int line = 64 / sizeof(float);
     for (int x = 0; x < width; x += line)
-        __builtin_prefetch(row + x, 1);
-#endif
+        VOSTEL_PREFETCH_FOR_WRITE(row + x);
 }
 
 }

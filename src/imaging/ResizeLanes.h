@@ -4,6 +4,7 @@
 // feature. Simd brings the vector types V (floats), D (half as many doubles) and I (indices) and their
 // operations; everything here is a template on it, so that each file has a copy of its own.
 
+#include "base/Compiler.h"
 #include "imaging/ResizeRows.h"
 
 namespace vostel {
@@ -19,7 +20,7 @@ struct Fetch {
 };
 
 template <class Simd>
-[[gnu::always_inline]] inline Fetch<Simd> FetchOf(const ResizeColumns& columns, int x)
+VOSTEL_INLINE Fetch<Simd> FetchOf(const ResizeColumns& columns, int x)
 {
     constexpr int Lanes = Simd::Lanes;
     const int     first = columns.Index[x];
@@ -36,8 +37,8 @@ template <class Simd>
 }
 
 template <class Simd>
-[[gnu::always_inline]] inline void FetchSamples(const float* source, const Fetch<Simd>& fetch,
-                                                typename Simd::V& left, typename Simd::V& right)
+VOSTEL_INLINE void FetchSamples(const float* source, const Fetch<Simd>& fetch, typename Simd::V& left,
+                                typename Simd::V& right)
 {
     const typename Simd::I next = Simd::Shift(fetch.Index, 1);
     if (fetch.Loads == 1) {
@@ -57,9 +58,8 @@ template <class Simd>
 
 // The samples between left and right, as doubles: the lower half of the lanes and the upper one.
 template <class Simd>
-[[gnu::always_inline]] inline void Between(const float* source, const Fetch<Simd>& fetch,
-                                           typename Simd::V fraction, typename Simd::D& low,
-                                           typename Simd::D& high)
+VOSTEL_INLINE void Between(const float* source, const Fetch<Simd>& fetch, typename Simd::V fraction,
+                           typename Simd::D& low, typename Simd::D& high)
 {
     const typename Simd::D one = Simd::Set(1.0);
     typename Simd::V       left, right;
@@ -69,7 +69,7 @@ template <class Simd>
     high = Simd::Add(Simd::Mul(Simd::High(left), Simd::Sub(one, Simd::High(fraction))), Simd::High(right));
 }
 
-[[gnu::always_inline]] inline ResizeColumns From(const ResizeColumns& columns, int x)
+VOSTEL_INLINE ResizeColumns From(const ResizeColumns& columns, int x)
 {
     return {columns.Index + x, columns.Fraction + x, columns.Count - x, columns.SourceWidth, 0};
 }
@@ -88,8 +88,8 @@ void Spread(const float* source, const ResizeColumns& columns, double* spread)
 }
 
 template <class Simd>
-[[gnu::always_inline]] inline void StoreBlend(float* target, typename Simd::D top, typename Simd::D bottom,
-                                              typename Simd::D upper, typename Simd::D lower)
+VOSTEL_INLINE void StoreBlend(float* target, typename Simd::D top, typename Simd::D bottom,
+                              typename Simd::D upper, typename Simd::D lower)
 {
     Simd::StoreNarrow(target, Simd::Add(Simd::Mul(top, upper), Simd::Mul(bottom, lower)));
 }

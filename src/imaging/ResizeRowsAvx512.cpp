@@ -1,5 +1,7 @@
 #include "imaging/ResizeLanes.h"
 
+#include "base/Compiler.h"
+
 #include <immintrin.h>
 
 namespace vostel {
@@ -12,44 +14,32 @@ struct Simd16 {
     using I = __m512i;
     static constexpr int Lanes = 16;
 
-    [[gnu::always_inline]] static inline V    Load(const float* from) { return _mm512_loadu_ps(from); }
-    [[gnu::always_inline]] static inline D    Load(const double* from) { return _mm512_loadu_pd(from); }
-    [[gnu::always_inline]] static inline I    LoadIndex(const int* from) { return _mm512_loadu_si512(from); }
-    [[gnu::always_inline]] static inline void Store(double* to, D v) { _mm512_storeu_pd(to, v); }
-    [[gnu::always_inline]] static inline void StoreNarrow(float* to, D v)
-    {
-        _mm256_storeu_ps(to, _mm512_cvtpd_ps(v));
-    }
-    [[gnu::always_inline]] static inline V Set(float v) { return _mm512_set1_ps(v); }
-    [[gnu::always_inline]] static inline D Set(double v) { return _mm512_set1_pd(v); }
-    [[gnu::always_inline]] static inline V Add(V a, V b) { return _mm512_add_ps(a, b); }
-    [[gnu::always_inline]] static inline D Add(D a, D b) { return _mm512_add_pd(a, b); }
-    [[gnu::always_inline]] static inline D Sub(D a, D b) { return _mm512_sub_pd(a, b); }
-    [[gnu::always_inline]] static inline V Mul(V a, V b) { return _mm512_mul_ps(a, b); }
-    [[gnu::always_inline]] static inline D Mul(D a, D b) { return _mm512_mul_pd(a, b); }
-    [[gnu::always_inline]] static inline I Shift(I index, int by)
-    {
-        return _mm512_add_epi32(index, _mm512_set1_epi32(by));
-    }
-    [[gnu::always_inline]] static inline D Low(V v) { return _mm512_cvtps_pd(_mm512_castps512_ps256(v)); }
-    [[gnu::always_inline]] static inline D High(V v) { return _mm512_cvtps_pd(_mm512_extractf32x8_ps(v, 1)); }
-    [[gnu::always_inline]] static inline V Gather(const float* from, I index)
-    {
-        return _mm512_i32gather_ps(index, from, 4);
-    }
+    VOSTEL_INLINE static V    Load(const float* from) { return _mm512_loadu_ps(from); }
+    VOSTEL_INLINE static D    Load(const double* from) { return _mm512_loadu_pd(from); }
+    VOSTEL_INLINE static I    LoadIndex(const int* from) { return _mm512_loadu_si512(from); }
+    VOSTEL_INLINE static void Store(double* to, D v) { _mm512_storeu_pd(to, v); }
+    VOSTEL_INLINE static void StoreNarrow(float* to, D v) { _mm256_storeu_ps(to, _mm512_cvtpd_ps(v)); }
+    VOSTEL_INLINE static V    Set(float v) { return _mm512_set1_ps(v); }
+    VOSTEL_INLINE static D    Set(double v) { return _mm512_set1_pd(v); }
+    VOSTEL_INLINE static V    Add(V a, V b) { return _mm512_add_ps(a, b); }
+    VOSTEL_INLINE static D    Add(D a, D b) { return _mm512_add_pd(a, b); }
+    VOSTEL_INLINE static D    Sub(D a, D b) { return _mm512_sub_pd(a, b); }
+    VOSTEL_INLINE static V    Mul(V a, V b) { return _mm512_mul_ps(a, b); }
+    VOSTEL_INLINE static D    Mul(D a, D b) { return _mm512_mul_pd(a, b); }
+    VOSTEL_INLINE static I Shift(I index, int by) { return _mm512_add_epi32(index, _mm512_set1_epi32(by)); }
+    VOSTEL_INLINE static D Low(V v) { return _mm512_cvtps_pd(_mm512_castps512_ps256(v)); }
+    VOSTEL_INLINE static D High(V v) { return _mm512_cvtps_pd(_mm512_extractf32x8_ps(v, 1)); }
+    VOSTEL_INLINE static V Gather(const float* from, I index) { return _mm512_i32gather_ps(index, from, 4); }
 
     // The samples at the indices, out of sixteen or thirty-two.
-    [[gnu::always_inline]] static inline V Pick(V samples, I index)
-    {
-        return _mm512_permutexvar_ps(index, samples);
-    }
-    [[gnu::always_inline]] static inline V Pick(V samples, V more, I index)
+    VOSTEL_INLINE static V Pick(V samples, I index) { return _mm512_permutexvar_ps(index, samples); }
+    VOSTEL_INLINE static V Pick(V samples, V more, I index)
     {
         return _mm512_permutex2var_ps(samples, index, more);
     }
 
     // Thirty-two neighbouring samples, even and odd places.
-    [[gnu::always_inline]] static inline void Part(const float* from, V& even, V& odd)
+    VOSTEL_INLINE static void Part(const float* from, V& even, V& odd)
     {
         const I evens = _mm512_setr_epi32(0, 2, 4, 6, 8, 10, 12, 14, 16, 18, 20, 22, 24, 26, 28, 30);
         const V low = Load(from);
@@ -57,7 +47,7 @@ struct Simd16 {
         even = Pick(low, high, evens);
         odd = Pick(low, high, Shift(evens, 1));
     }
-    [[gnu::always_inline]] static inline void StoreParted(float* to, V v) { _mm512_storeu_ps(to, v); }
+    VOSTEL_INLINE static void StoreParted(float* to, V v) { _mm512_storeu_ps(to, v); }
 };
 
 }

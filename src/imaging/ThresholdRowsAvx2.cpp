@@ -1,5 +1,7 @@
 #include "imaging/ThresholdRows.h"
 
+#include "base/Compiler.h"
+
 #include <immintrin.h>
 
 namespace vostel {
@@ -67,7 +69,7 @@ int DecideBlocks(const int* columns, int side, int& before, int scale, const uns
     int           x = 0;
     for (; x + 32 <= width; x += 32) {
         __m256i above[4];
-#pragma GCC unroll 4
+        VOSTEL_UNROLL
         for (int part = 0; part < 4; ++part) {
             const int     at = x + 8 * part;
             const __m256i scanned = Scan(_mm256_sub_epi32(Load(columns + at + side), Load(columns + at)));

@@ -1,5 +1,7 @@
 #include "imaging/ThresholdRows.h"
 
+#include "base/Compiler.h"
+
 #include <immintrin.h>
 
 namespace vostel {
@@ -60,7 +62,7 @@ int DecideBlocks(const int* columns, int side, int& before, int scale, const uns
     int           x = 0;
     for (; x + 64 <= width; x += 64) {
         __mmask64 above = 0;
-#pragma GCC unroll 4
+        VOSTEL_UNROLL
         for (int part = 0; part < 4; ++part) {
             const int     at = x + 16 * part;
             const __m512i scanned = Scan(
