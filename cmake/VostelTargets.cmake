@@ -64,7 +64,7 @@ function(vostel_building target definition)
 endfunction()
 
 set(VOSTEL_X86_64 FALSE)
-if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64|amd64")
+if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64|amd64" AND CMAKE_SIZEOF_VOID_P EQUAL 8)
     set(VOSTEL_X86_64 TRUE)
 endif()
 
@@ -74,6 +74,7 @@ function(vostel_variants target stem)
     if(NOT VOSTEL_X86_64)
         return()
     endif()
+    target_compile_definitions(${target} PRIVATE VOSTEL_X86_64)    # for those that choose among the variants
     foreach(feature IN LISTS ARGN)
         if(feature STREQUAL "SSE2")
             set(file ${stem}Sse2.cpp)

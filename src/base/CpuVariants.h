@@ -1,10 +1,12 @@
-
-
-namespace vostel {
-
 #pragma once
 
-// Which of several forms of a hot routine runs. All forms of one routine give the same bits.
+// Which of several variants of a hot routine runs. All variants of one routine give the same bits.
+//
+// A family of such routines is a record of function pointers, one constant record per variant. Family.h
+// declares the record and Family.cpp defines the plain one and chooses among them; FamilyAvx2.cpp and its
+// like are compiled for the feature in their name and define the others.
+
+namespace vostel {
 
 enum class CpuVariant {
     Plain = 0,       // portable C++, the reference
@@ -13,13 +15,43 @@ enum class CpuVariant {
     Avx512 = 3    // F, BW, VL and DQ
 };
 
-// The best form that the processor and the operating system run.
+// The best variant that the processor and the operating system run.
 CpuVariant BestCpuVariant();
 
-// The form in use: the best one, unless another has been forced.
+// The variant in use: the best one, unless another has been forced.
 CpuVariant ActiveCpuVariant();
 
-// Makes routines use a form, at most the best one; answers the form now in use. For tests and benches.
-CpuVariant ForceCpuVariant(CpuVariant form);
+// Makes routines use a variant, at most the best one; returns the variant now in use. For tests and benches.
+CpuVariant ForceCpuVariant(CpuVariant variant);
+
+// The records of a family; null where there is none.
+template <class Record>
+struct VariantsOf {
+    const Record* Plain;
+    const Record* Baseline = nullptr;
+    const Record* Avx2 = nullptr;
+    const Record* Avx512 = nullptr;
+};
+
+// The record of the variant that is in use at the time of the call, or the next lower one that there is.
+template <class Record>
+const Record& Choose(const VariantsOf<Record>& variants)
+{
+    const CpuVariant active = ActiveCpuVariant();
+    if (active >= CpuVariant::Avx512 && variants.Avx512 != nullptr)
+        return *variants.Avx512;
+    if (active >= CpuVariant::Avx2 && variants.Avx2 != nullptr)
+        return *variants.Avx2;
+    if (active >= CpuVariant::Baseline && variants.Baseline != nullptr)
+        return *variants.Baseline;
+    return *variants.Plain;
+}
 
 }
+
+// A record that only x86-64 has, null elsewhere. The build sets VOSTEL_X86_64 where it compiles those files.
+#if defined(VOSTEL_X86_64)
+#    define VOSTEL_X86(record) record
+#else
+#    define VOSTEL_X86(record) nullptr
+#endif

@@ -1,7 +1,7 @@
 #pragma once
 
-// Runs of 32-bit words that go to memory. A plane larger than the caches is written past them: storing
-// through the caches would first read every line that is about to be overwritten.
+// Runs of 32-bit pixels. Where a plane is larger than the caches they are stored with non-temporal
+// (streaming) stores: others would first read every cache line that is about to be overwritten.
 
 #include <cstddef>
 #include <cstdint>
@@ -15,5 +15,15 @@ bool UsesStreamingStores(std::size_t bytes);
 void FillPixels(std::uint32_t* target, std::size_t count, std::uint32_t value, bool streaming);
 void CopyPixels(const std::uint32_t* source, std::uint32_t* target, std::size_t count, bool streaming);
 void FenceStreamingStores();
+
+struct PixelFillVariant {
+    void (*Fill)(std::uint32_t* target, std::size_t count, std::uint32_t value, bool streaming);
+    void (*Copy)(const std::uint32_t* source, std::uint32_t* target, std::size_t count, bool streaming);
+    void (*Fence)();
+};
+const PixelFillVariant& ActivePixelFillVariant();
+
+extern const PixelFillVariant PixelFillPlain;
+extern const PixelFillVariant PixelFillAvx2;
 
 }

@@ -1,10 +1,9 @@
 #include "output/ContrastRows.h"
 
+#include "base/CacheLimits.h"
 #include "base/CpuVariants.h"
 #include "base/PixelFill.h"
 #include "base/Truncate.h"
-#include "output/ContrastRowsVariants.h"
-#include "output/FloatRangeVariants.h"
 
 #include <algorithm>
 #include <cmath>
@@ -18,10 +17,10 @@ namespace {
 // in the first-level cache.
 constexpr std::size_t kBlock = 1024;
 
-// Elements of a cache line; all planes here have four bytes an element.
-constexpr std::size_t kLine = 64 / sizeof(std::uint32_t);
+// Elements of a cache line; all planes here have four bytes per element.
+constexpr std::size_t kLine = CacheLineBytes / sizeof(std::uint32_t);
 
-// The arithmetic of the fast forms, for every entry; a table of another shape than a ramp fails.
+// The arithmetic of the fast variants, for every entry; a table of another shape than a ramp fails.
 bool RampGivesTable(const ContrastTable& table)
 {
     int differences = 0;
@@ -62,13 +61,35 @@ struct LineRun {
 
 LineRun WholeLines(const void* plane, std::size_t begin, std::size_t end, std::size_t all)
 {
-    const std::size_t skew = reinterpret_cast<std::uintptr_t>(plane) % 64 / sizeof(std::uint32_t);
+    const std::size_t skew = reinterpret_cast<std::uintptr_t>(plane) % CacheLineBytes / sizeof(std::uint32_t);
     const auto        up = [&](std::size_t i) {
         return i == 0 || i == all ? i : std::min(all, (i + skew + kLine - 1) / kLine * kLine - skew);
     };
     return {up(begin), up(end) - up(begin)};
 }
 
+void GrayRow(const ContrastTable& table, const float* raw, unsigned* pixels, std::size_t count, bool)
+{
+    for (std::size_t x = 0; x < count; ++x)
+        pixels[x] = table.Gray[TruncToUShort(raw[x])] * 0x010101u;
+}
+
+void GrayRowLabelled(const ContrastTable& table, const float* raw, unsigned* pixels, const int* label,
+                     std::size_t count)
+{
+    for (std::size_t x = 0; x < count; ++x)
+        if (label[x] >= 1)
+            pixels[x] = table.Gray[TruncToUShort(raw[x])] * 0x010101u;
+}
+
+}
+
+const ContrastVariant ContrastPlain = {.Row = GrayRow, .RowLabelled = GrayRowLabelled};
+
+// Registers wider than AVX2's do not pay: memory is the limit.
+const ContrastVariant& ActiveContrastVariant()
+{
+    return Choose<ContrastVariant>({.Plain = &ContrastPlain, .Avx2 = VOSTEL_X86(&ContrastAvx2)});
 }
 
 void ContrastTable::Build(const ZEKMAPIMA& map)
@@ -100,31 +121,6 @@ void ContrastTable::Build(const ZEKMAPIMA& map)
     }
 }
 
-void ContrastRowPlain(const ContrastTable& table, const float* raw, unsigned* pixels, std::size_t count, bool)
-{
-    for (std::size_t x = 0; x < count; ++x)
-        pixels[x] = table.Gray[TruncToUShort(raw[x])] * 0x010101u;
-}
-
-void ContrastRowLabelledPlain(const ContrastTable& table, const float* raw, unsigned* pixels,
-                              const int* label, std::size_t count)
-{
-    for (std::size_t x = 0; x < count; ++x)
-        if (label[x] >= 1)
-            pixels[x] = table.Gray[TruncToUShort(raw[x])] * 0x010101u;
-}
-
-const ContrastRowsVariants& ActiveContrastRowsVariants()
-{
-    static const ContrastRowsVariants plain = {ContrastRowPlain, ContrastRowLabelledPlain};
-#if defined(__x86_64__) || defined(_M_X64)
-    static const ContrastRowsVariants avx2 = {ContrastRowAvx2, ContrastRowLabelledAvx2};
-    if (ActiveCpuVariant() >= CpuVariant::Avx2)    // wider registers do not pay: memory is the limit
-        return avx2;
-#endif
-    return plain;
-}
-
 namespace {
 
 // What a redraw of every pixel reads and writes.
@@ -132,9 +128,9 @@ struct Redraw {
     const ContrastTable& Table;
     const RemapRule*     Rule;    // null: the values are shown as they are
     const float*         Source;
-    float*               Raw;    // takes the remapped values; null: nobody wants them
+    float*               Raw;    // takes the remapped values; null if not needed
     unsigned*            Pixels;
-    int*                 Label;    // takes ones; null: nobody wants them
+    int*                 Label;    // takes ones; null if not needed
     std::size_t          Row;      // pixels
     std::size_t          All;      // pixels
 
@@ -152,10 +148,10 @@ void Redraw::ShowRun(const float* values, std::size_t pixel, std::size_t count, 
     if (Rule != nullptr) {
         // Remapped here and again for Raw: cheaper than a copy, the source is at hand in the first-level
         // cache.
-        ActiveFloatRangeVariants().Remap(*Rule, values, remapped, count, false);
+        ActiveFloatRangeVariant().Remap(*Rule, values, remapped, count, false);
         values = remapped;
     }
-    ActiveContrastRowsVariants().Row(Table, values, Pixels + pixel, count, streaming);
+    ActiveContrastVariant().Row(Table, values, Pixels + pixel, count, streaming);
 }
 
 // Raw and Label for a run of data positions.
@@ -165,8 +161,8 @@ void Redraw::KeepRun(std::size_t begin, std::size_t end, bool streaming) const
     if (Raw != nullptr && !(inPlace && Rule == nullptr)) {
         const LineRun run = inPlace ? LineRun{begin, end - begin} : WholeLines(Raw, begin, end, All);
         if (Rule != nullptr)
-            ActiveFloatRangeVariants().Remap(*Rule, Source + run.Begin, Raw + run.Begin, run.Count,
-                                             streaming && !inPlace);
+            ActiveFloatRangeVariant().Remap(*Rule, Source + run.Begin, Raw + run.Begin, run.Count,
+                                            streaming && !inPlace);
         else
             CopyPixels(reinterpret_cast<const std::uint32_t*>(Source + run.Begin),
                        reinterpret_cast<std::uint32_t*>(Raw + run.Begin), run.Count, streaming);
@@ -239,11 +235,11 @@ void ContrastShowLabelled(const ContrastTable& table, const float* raw, int widt
 {
     if (IsEmpty(width, height))
         return;
-    const ContrastRowsVariants& forms = ActiveContrastRowsVariants();
-    const std::size_t           row = static_cast<std::size_t>(width);
-    const std::size_t           all = row * static_cast<std::size_t>(height);
+    const ContrastVariant& variant = ActiveContrastVariant();
+    const std::size_t      row = static_cast<std::size_t>(width);
+    const std::size_t      all = row * static_cast<std::size_t>(height);
     for (std::size_t at = 0; at < all; at += row)
-        forms.RowLabelled(table, raw + (all - row - at), pixels + at, label + at, row);
+        variant.RowLabelled(table, raw + (all - row - at), pixels + at, label + at, row);
 }
 
 }

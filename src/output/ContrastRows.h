@@ -3,6 +3,8 @@
 #include "output/FloatRange.h"
 #include "vostel/DisplayMapping.h"
 
+#include <cstddef>
+
 namespace vostel {
 
 // Float planes onto a canvas surface through the contrast window. The planes of data lie top row first, the
@@ -39,5 +41,18 @@ void ContrastShowLabelled(const ContrastTable& table, const float* raw, int widt
 // same plane, or disjoint.
 void ContrastShowRemapped(const ContrastTable& table, const RemapRule& rule, const float* source, float* raw,
                           int width, int height, unsigned* pixels, int* label);
+
+// The same on rows, without the order of rows; with streaming, FenceStreamingStores (see PixelFill.h) has to
+// follow.
+struct ContrastVariant {
+    void (*Row)(const ContrastTable& table, const float* raw, unsigned* pixels, std::size_t count,
+                bool streaming);
+    void (*RowLabelled)(const ContrastTable& table, const float* raw, unsigned* pixels, const int* label,
+                        std::size_t count);
+};
+const ContrastVariant& ActiveContrastVariant();
+
+extern const ContrastVariant ContrastPlain;
+extern const ContrastVariant ContrastAvx2;
 
 }

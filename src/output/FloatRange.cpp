@@ -2,7 +2,6 @@
 
 #include "base/CpuVariants.h"
 #include "base/PixelFill.h"
-#include "output/FloatRangeVariants.h"
 
 #include <cmath>
 #include <cstdint>
@@ -22,6 +21,35 @@ std::size_t ElementCount(const StructData2D<float>& data)
     return static_cast<std::size_t>(data.Width) * static_cast<std::size_t>(data.Height);
 }
 
+void MinMax(const float* source, float* copy, std::size_t count, bool, float& lo, float& hi,
+            bool& negativeZero)
+{
+    for (std::size_t i = 0; i < count; ++i) {
+        const float v = source[i];
+        if (v < lo)
+            lo = v;
+        if (v > hi)
+            hi = v;
+        if (v == 0.0f && std::signbit(v))
+            negativeZero = true;
+    }
+    if (copy != nullptr && count > 0)
+        std::memcpy(copy, source, count * sizeof(float));
+}
+
+void Remap(const RemapRule& rule, const float* source, float* target, std::size_t count, bool)
+{
+    for (std::size_t i = 0; i < count; ++i) {
+        const float v = source[i];
+        if (v <= rule.LowLimit)
+            target[i] = rule.OutLow;
+        else if (v >= rule.HighLimit)
+            target[i] = rule.OutHigh;
+        else
+            target[i] = (v - rule.Base) * rule.Slope + rule.OutLow;
+    }
+}
+
 // A running minimum or maximum keeps the first of equal elements, and 0.0 equals -0.0.
 float FirstZero(const float* data, std::size_t count)
 {
@@ -37,7 +65,7 @@ void ScanFloats(const float* source, float* copy, std::size_t count, float& lo, 
     bool       negativeZero = false;
     lo = kMinimumStart;
     hi = kMaximumStart;
-    ActiveFloatRangeVariants().MinMax(source, copy, count, streaming, lo, hi, negativeZero);
+    ActiveFloatRangeVariant().MinMax(source, copy, count, streaming, lo, hi, negativeZero);
     if (streaming)
         FenceStreamingStores();
     if (negativeZero && lo == 0.0f)
@@ -48,44 +76,12 @@ void ScanFloats(const float* source, float* copy, std::size_t count, float& lo, 
 
 }
 
-void MinMaxPlain(const float* source, float* copy, std::size_t count, bool, float& lo, float& hi,
-                 bool& negativeZero)
-{
-    for (std::size_t i = 0; i < count; ++i) {
-        const float v = source[i];
-        if (v < lo)
-            lo = v;
-        if (v > hi)
-            hi = v;
-        if (v == 0.0f && std::signbit(v))
-            negativeZero = true;
-    }
-    if (copy != nullptr && count > 0)
-        std::memcpy(copy, source, count * sizeof(float));
-}
+const FloatRangeVariant FloatRangePlain = {.MinMax = MinMax, .Remap = Remap};
 
-void RemapPlain(const RemapRule& rule, const float* source, float* target, std::size_t count, bool)
+// Registers wider than AVX2's do not pay: memory is the limit.
+const FloatRangeVariant& ActiveFloatRangeVariant()
 {
-    for (std::size_t i = 0; i < count; ++i) {
-        const float v = source[i];
-        if (v <= rule.LowLimit)
-            target[i] = rule.OutLow;
-        else if (v >= rule.HighLimit)
-            target[i] = rule.OutHigh;
-        else
-            target[i] = (v - rule.Base) * rule.Slope + rule.OutLow;
-    }
-}
-
-const FloatRangeVariants& ActiveFloatRangeVariants()
-{
-    static const FloatRangeVariants plain = {MinMaxPlain, RemapPlain};
-#if defined(__x86_64__) || defined(_M_X64)
-    static const FloatRangeVariants avx2 = {MinMaxAvx2, RemapAvx2};
-    if (ActiveCpuVariant() >= CpuVariant::Avx2)    // wider registers do not pay: memory is the limit
-        return avx2;
-#endif
-    return plain;
+    return Choose<FloatRangeVariant>({.Plain = &FloatRangePlain, .Avx2 = VOSTEL_X86(&FloatRangeAvx2)});
 }
 
 void FloatMinMax(const float* data, std::size_t count, float& lo, float& hi)
@@ -134,7 +130,7 @@ void RemapFloats(const RemapRule& rule, const float* source, float* target, std:
     // In place the caches hold the line already.
     const bool streaming = source != target && UsesStreamingStores(count * sizeof(float));
     if (rule.Active)
-        ActiveFloatRangeVariants().Remap(rule, source, target, count, streaming);
+        ActiveFloatRangeVariant().Remap(rule, source, target, count, streaming);
     else if (source != target)
         CopyPixels(reinterpret_cast<const std::uint32_t*>(source), reinterpret_cast<std::uint32_t*>(target),
                    count, streaming);

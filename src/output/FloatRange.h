@@ -42,4 +42,17 @@ void RemapFloats(const RemapRule& rule, const float* source, float* target, std:
 void RemapRange(StructData2D<float>& src, StructData2D<float>& dst, float a, float b, float outLow,
                 float outHigh, int useRange);
 
+struct FloatRangeVariant {
+    // Folds count elements into lo and hi and, unless copy is null, writes them to copy. Reports a -0.0 among
+    // them: of zeros, the plain variant keeps the first, the others any.
+    void (*MinMax)(const float* source, float* copy, std::size_t count, bool streaming, float& lo, float& hi,
+                   bool& negativeZero);
+    void (*Remap)(const RemapRule& rule, const float* source, float* target, std::size_t count,
+                  bool streaming);
+};
+const FloatRangeVariant& ActiveFloatRangeVariant();
+
+extern const FloatRangeVariant FloatRangePlain;
+extern const FloatRangeVariant FloatRangeAvx2;
+
 }

@@ -1,32 +1,18 @@
-#include "output/FloatRangeVariants.h"
+#include "output/FloatRange.h"
 
-#include <cstdint>
-#include <immintrin.h>
+#include "base/CacheLimits.h"
+#include "base/simd/SimdAvx2.h"
 
 namespace vostel {
 
 namespace {
 
-// Floats in front of the next cache line, at most count.
-std::size_t FloatsToLine(const void* target, std::size_t count)
-{
-    const std::size_t floats = (0 - reinterpret_cast<std::uintptr_t>(target)) % 64 / 4;
-    return floats < count ? floats : count;
-}
-
-// The cache lines that are due two pages on: the processor's own guesses end with each page. What lies there
-// need not be readable.
-void Prefetch(const float* source, int lines)
-{
-    const std::uintptr_t ahead = reinterpret_cast<std::uintptr_t>(source) + 8192;
-    for (int i = 0; i < lines; ++i)
-        _mm_prefetch(reinterpret_cast<const char*>(ahead + 64 * static_cast<unsigned>(i)), _MM_HINT_NTA);
-}
+using Simd = SimdAvx2;
 
 enum class Copy { None, Store, Stream };
 
-// Minps and maxps answer their second operand unless the comparison holds: a not-a-number element leaves the
-// running value, as the plain comparison does. Whole runs of 32; answers how many elements were folded.
+// Minps and maxps return their second operand unless the comparison holds: a not-a-number element leaves the
+// running value, as the plain comparison does. Whole runs of 32; returns how many elements were folded.
 template <Copy copying>
 std::size_t Fold(const float* source, float* copy, std::size_t count, float& lo, float& hi,
                  bool& negativeZero)
@@ -34,29 +20,28 @@ std::size_t Fold(const float* source, float* copy, std::size_t count, float& lo,
     __m256 low[4];
     __m256 high[4];
     for (int i = 0; i < 4; ++i) {
-        low[i] = _mm256_set1_ps(lo);
-        high[i] = _mm256_set1_ps(hi);
+        low[i] = Simd::Set(lo);
+        high[i] = Simd::Set(hi);
     }
     const __m256i minusZero = _mm256_set1_epi32(INT32_MIN);
     __m256i       seen = _mm256_setzero_si256();
     std::size_t   x = 0;
     for (; x + 32 <= count; x += 32) {
-        Prefetch(source + x, 2);
+        Simd::PrefetchTwoPagesOn(source + x, 2);
         for (int i = 0; i < 4; ++i) {
-            const __m256 v = _mm256_loadu_ps(source + x + 8 * i);
+            const __m256 v = Simd::Load(source + x + 8 * i);
             if constexpr (copying == Copy::Stream)
-                _mm256_stream_ps(copy + x + 8 * i, v);
+                Simd::Stream(copy + x + 8 * i, v);
             else if constexpr (copying == Copy::Store)
-                _mm256_storeu_ps(copy + x + 8 * i, v);
+                Simd::Store(copy + x + 8 * i, v);
             low[i] = _mm256_min_ps(v, low[i]);
             high[i] = _mm256_max_ps(v, high[i]);
             seen = _mm256_or_si256(seen, _mm256_cmpeq_epi32(_mm256_castps_si256(v), minusZero));
         }
     }
     float lanes[16];
-    _mm256_storeu_ps(lanes, _mm256_min_ps(_mm256_min_ps(low[0], low[1]), _mm256_min_ps(low[2], low[3])));
-    _mm256_storeu_ps(lanes + 8,
-                     _mm256_max_ps(_mm256_max_ps(high[0], high[1]), _mm256_max_ps(high[2], high[3])));
+    Simd::Store(lanes, _mm256_min_ps(_mm256_min_ps(low[0], low[1]), _mm256_min_ps(low[2], low[3])));
+    Simd::Store(lanes + 8, _mm256_max_ps(_mm256_max_ps(high[0], high[1]), _mm256_max_ps(high[2], high[3])));
     for (int i = 0; i < 8; ++i) {
         lo = lanes[i] < lo ? lanes[i] : lo;
         hi = lanes[8 + i] > hi ? lanes[8 + i] : hi;
@@ -72,10 +57,8 @@ __m256 Remapped(__m256 v, const __m256* limits)
     return _mm256_blendv_ps(high, limits[4], _mm256_cmp_ps(v, limits[0], _CMP_LE_OQ));
 }
 
-}
-
-void MinMaxAvx2(const float* source, float* copy, std::size_t count, bool streaming, float& lo, float& hi,
-                bool& negativeZero)
+void MinMax(const float* source, float* copy, std::size_t count, bool streaming, float& lo, float& hi,
+            bool& negativeZero)
 {
     std::size_t x = 0;
     if (copy == nullptr) {
@@ -83,33 +66,37 @@ void MinMaxAvx2(const float* source, float* copy, std::size_t count, bool stream
     } else if (!streaming) {
         x = Fold<Copy::Store>(source, copy, count, lo, hi, negativeZero);
     } else {
-        const std::size_t head = FloatsToLine(copy, count);
-        MinMaxPlain(source, copy, head, false, lo, hi, negativeZero);
+        const std::size_t head = ElementsToCacheLine(copy, count);
+        FloatRangePlain.MinMax(source, copy, head, false, lo, hi, negativeZero);
         x = head + Fold<Copy::Stream>(source + head, copy + head, count - head, lo, hi, negativeZero);
     }
-    MinMaxPlain(source + x, copy == nullptr ? nullptr : copy + x, count - x, false, lo, hi, negativeZero);
+    FloatRangePlain.MinMax(source + x, copy == nullptr ? nullptr : copy + x, count - x, false, lo, hi,
+                           negativeZero);
 }
 
-void RemapAvx2(const RemapRule& rule, const float* source, float* target, std::size_t count, bool streaming)
+void Remap(const RemapRule& rule, const float* source, float* target, std::size_t count, bool streaming)
 {
-    const __m256 limits[6] = {_mm256_set1_ps(rule.LowLimit), _mm256_set1_ps(rule.HighLimit),
-                              _mm256_set1_ps(rule.Base),     _mm256_set1_ps(rule.Slope),
-                              _mm256_set1_ps(rule.OutLow),   _mm256_set1_ps(rule.OutHigh)};
+    const __m256 limits[6] = {Simd::Set(rule.LowLimit), Simd::Set(rule.HighLimit), Simd::Set(rule.Base),
+                              Simd::Set(rule.Slope),    Simd::Set(rule.OutLow),    Simd::Set(rule.OutHigh)};
     std::size_t  x = 0;
     if (streaming) {
-        x = FloatsToLine(target, count);
-        RemapPlain(rule, source, target, x, false);
+        x = ElementsToCacheLine(target, count);
+        FloatRangePlain.Remap(rule, source, target, x, false);
         for (; x + 16 <= count; x += 16) {
-            const __m256 first = Remapped(_mm256_loadu_ps(source + x), limits);
-            const __m256 second = Remapped(_mm256_loadu_ps(source + x + 8), limits);
-            _mm256_stream_ps(target + x, first);
-            _mm256_stream_ps(target + x + 8, second);
+            const __m256 first = Remapped(Simd::Load(source + x), limits);
+            const __m256 second = Remapped(Simd::Load(source + x + 8), limits);
+            Simd::Stream(target + x, first);
+            Simd::Stream(target + x + 8, second);
         }
     } else {
         for (; x + 8 <= count; x += 8)
-            _mm256_storeu_ps(target + x, Remapped(_mm256_loadu_ps(source + x), limits));
+            Simd::Store(target + x, Remapped(Simd::Load(source + x), limits));
     }
-    RemapPlain(rule, source + x, target + x, count - x, false);
+    FloatRangePlain.Remap(rule, source + x, target + x, count - x, false);
 }
+
+}
+
+const FloatRangeVariant FloatRangeAvx2 = {.MinMax = MinMax, .Remap = Remap};
 
 }

@@ -1,7 +1,6 @@
 #include "output/PlaneUploads.h"
 
 #include "base/CpuVariants.h"
-#include "output/PlaneUploadsVariants.h"
 
 #include <algorithm>
 
@@ -20,60 +19,63 @@ unsigned ByteOrZero(const unsigned char* plane, std::size_t bytes, std::size_t p
     return Behind(plane, bytes, position) > 0 ? plane[position] : 0u;
 }
 
+unsigned Pixel(unsigned low, unsigned middle, unsigned high)
+{
+    return low | middle << 8 | high << 16;
 }
 
-void GrayRowPlain(const unsigned char* source, unsigned* pixels, std::size_t count, bool)
+void GrayRow(const unsigned char* source, unsigned* pixels, std::size_t count, bool)
 {
     for (std::size_t x = 0; x < count; ++x)
         pixels[x] = source[x] * 0x010101u;
 }
 
-void TripleRowPlain(const unsigned char* source, unsigned* pixels, std::size_t count, bool)
+void TripleRow(const unsigned char* source, unsigned* pixels, std::size_t count, bool)
 {
     for (std::size_t x = 0; x < count; ++x)
-        pixels[x] = source[3 * x] | source[3 * x + 1] << 8 | source[3 * x + 2] << 16;
+        pixels[x] = Pixel(source[3 * x], source[3 * x + 1], source[3 * x + 2]);
 }
 
-void QuadRowPlain(const unsigned char* source, unsigned* pixels, std::size_t count, bool)
+void QuadRow(const unsigned char* source, unsigned* pixels, std::size_t count, bool)
 {
     for (std::size_t x = 0; x < count; ++x)
-        pixels[x] = source[4 * x] | source[4 * x + 1] << 8 | source[4 * x + 2] << 16;
+        pixels[x] = Pixel(source[4 * x], source[4 * x + 1], source[4 * x + 2]);
 }
 
-void PlanesRowPlain(const unsigned char* high, const unsigned char* middle, const unsigned char* low,
-                    unsigned* pixels, std::size_t count, bool)
+void PlanesRow(const unsigned char* high, const unsigned char* middle, const unsigned char* low,
+               unsigned* pixels, std::size_t count, bool)
 {
     for (std::size_t x = 0; x < count; ++x)
-        pixels[x] = high[x] << 16 | middle[x] << 8 | low[x];
+        pixels[x] = Pixel(low[x], middle[x], high[x]);
 }
 
-const PlaneUploadsVariants& ActivePlaneUploadsVariants()
+}
+
+const PlaneUploadVariant PlaneUploadPlain = {
+    .Gray = GrayRow, .Triple = TripleRow, .Quad = QuadRow, .Planes = PlanesRow};
+
+// Registers wider than AVX2's do not pay: memory is the limit.
+const PlaneUploadVariant& ActivePlaneUploadVariant()
 {
-    static const PlaneUploadsVariants plain = {GrayRowPlain, TripleRowPlain, QuadRowPlain, PlanesRowPlain};
-#if defined(__x86_64__) || defined(_M_X64)
-    static const PlaneUploadsVariants avx2 = {GrayRowAvx2, TripleRowAvx2, QuadRowAvx2, PlanesRowAvx2};
-    if (ActiveCpuVariant() >= CpuVariant::Avx2)    // wider registers do not pay: memory is the limit
-        return avx2;
-#endif
-    return plain;
+    return Choose<PlaneUploadVariant>({.Plain = &PlaneUploadPlain, .Avx2 = VOSTEL_X86(&PlaneUploadAvx2)});
 }
 
 void UploadGrayRow(const unsigned char* source, unsigned* pixels, int count, bool streaming)
 {
     if (count > 0)
-        ActivePlaneUploadsVariants().Gray(source, pixels, static_cast<std::size_t>(count), streaming);
+        ActivePlaneUploadVariant().Gray(source, pixels, static_cast<std::size_t>(count), streaming);
 }
 
 void UploadTripleRow(const unsigned char* source, unsigned* pixels, int count, bool streaming)
 {
     if (count > 0)
-        ActivePlaneUploadsVariants().Triple(source, pixels, static_cast<std::size_t>(count), streaming);
+        ActivePlaneUploadVariant().Triple(source, pixels, static_cast<std::size_t>(count), streaming);
 }
 
 void UploadQuadRow(const unsigned char* source, unsigned* pixels, int count, bool streaming)
 {
     if (count > 0)
-        ActivePlaneUploadsVariants().Quad(source, pixels, static_cast<std::size_t>(count), streaming);
+        ActivePlaneUploadVariant().Quad(source, pixels, static_cast<std::size_t>(count), streaming);
 }
 
 void UploadPlanesRow(const unsigned char* red, std::size_t redBytes, const unsigned char* green,
@@ -86,10 +88,10 @@ void UploadPlanesRow(const unsigned char* red, std::size_t redBytes, const unsig
     const std::size_t whole =
         std::min({all, Behind(red, redBytes, 0), Behind(green, greenBytes, 1), Behind(blue, blueBytes, 2)});
     if (whole > 0)
-        ActivePlaneUploadsVariants().Planes(red, green + 1, blue + 2, pixels, whole, streaming);
+        ActivePlaneUploadVariant().Planes(red, green + 1, blue + 2, pixels, whole, streaming);
     for (std::size_t x = whole; x < all; ++x)
-        pixels[x] = ByteOrZero(red, redBytes, x) << 16 | ByteOrZero(green, greenBytes, x + 1) << 8 |
-                    ByteOrZero(blue, blueBytes, x + 2);
+        pixels[x] = Pixel(ByteOrZero(blue, blueBytes, x + 2), ByteOrZero(green, greenBytes, x + 1),
+                          ByteOrZero(red, redBytes, x));
 }
 
 }

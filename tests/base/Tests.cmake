@@ -1,2 +1,3 @@
 # Tests of base: the ground floor.
+vostel_inner_test(base/CpuVariantsTest)
 vostel_inner_test(base/PixelFillTest)

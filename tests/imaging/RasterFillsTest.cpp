@@ -409,7 +409,7 @@ TEST_CASE(
     }
 }
 
-TEST_CASE("a large fill, which is written past the caches, is the same as a small one")
+TEST_CASE("a large fill, which takes streaming stores, is the same as a small one")
 {
     constexpr int Size = 2200;
     Plane         plane;

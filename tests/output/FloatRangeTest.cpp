@@ -1,6 +1,5 @@
 #include "output/FloatRange.h"
 
-#include "output/FloatRangeVariants.h"
 #include "support/EveryVariant.h"
 
 #include <doctest/doctest.h>
@@ -24,7 +23,7 @@ void PlainMinMax(const float* data, std::size_t count, float& lo, float& hi)
     }
 }
 
-// The steps as told, on one element; the rule's own arithmetic is not used.
+// The documented steps, on one element; the rule's own arithmetic is not used.
 float PlainRemap(float v, float a, float b, float outLow, float outHigh)
 {
     const float k = (outHigh - outLow) / (b - a);
@@ -91,25 +90,25 @@ TEST_CASE("not a number is passed over, infinities count")
     CHECK(FloatMax(infinite) == kInfinity);
 }
 
-TEST_CASE("of equal zeros the first one's sign is reported, in every form")
+TEST_CASE("of equal zeros the first one's sign is reported, in every variant")
 {
-    InEveryVariant([](const char* form) {
+    InEveryVariant([](const char* variant) {
         for (std::size_t negative = 0; negative < 300; negative += 7) {
             std::vector<float> values(300, 0.0f);
             values[negative] = -0.0f;
             float lo;
             float hi;
             FloatMinMax(values.data(), values.size(), lo, hi);
-            CHECK_MESSAGE(std::signbit(lo) == (negative == 0), form << ", " << negative);
-            CHECK_MESSAGE(std::signbit(hi) == (negative == 0), form << ", " << negative);
+            CHECK_MESSAGE(std::signbit(lo) == (negative == 0), variant << ", " << negative);
+            CHECK_MESSAGE(std::signbit(hi) == (negative == 0), variant << ", " << negative);
 
             // The first zero lies anywhere, and others of either sign follow.
             std::fill_n(values.begin(), negative, 1.0f);
             FloatMinMax(values.data(), values.size(), lo, hi);
-            CHECK_MESSAGE(SameBits(lo, -0.0f), form << ", " << negative);
+            CHECK_MESSAGE(SameBits(lo, -0.0f), variant << ", " << negative);
             std::fill_n(values.begin(), negative, -1.0f);
             FloatMinMax(values.data(), values.size(), lo, hi);
-            CHECK_MESSAGE(SameBits(hi, -0.0f), form << ", " << negative);
+            CHECK_MESSAGE(SameBits(hi, -0.0f), variant << ", " << negative);
         }
     });
 }
@@ -118,8 +117,8 @@ TEST_CASE(
     "smallest and largest equal the plain scan for lengths 0 to 140, odd starts, with and without a copy")
 {
     const unsigned seed = 26011;
-    InEveryVariant([&](const char* form) {
-        const auto minMax = ActiveFloatRangeVariants().MinMax;
+    InEveryVariant([&](const char* variant) {
+        const auto minMax = ActiveFloatRangeVariant().MinMax;
         for (std::size_t count = 0; count <= 140; ++count) {
             const std::size_t        start = count % 19;
             const std::vector<float> values = MixedFloats(count + start, seed + static_cast<unsigned>(count));
@@ -130,42 +129,42 @@ TEST_CASE(
             float foundLo;
             float foundHi;
             FloatMinMax(source, count, foundLo, foundHi);
-            CHECK_MESSAGE(SameBits(lo, foundLo), form << ", seed " << seed << ", length " << count);
-            CHECK_MESSAGE(SameBits(hi, foundHi), form << ", seed " << seed << ", length " << count);
+            CHECK_MESSAGE(SameBits(lo, foundLo), variant << ", seed " << seed << ", length " << count);
+            CHECK_MESSAGE(SameBits(hi, foundHi), variant << ", seed " << seed << ", length " << count);
 
             GuardedRun<float> copy(count, start, 123.0f);
             FloatCopyMinMax(source, copy.Data(), count, foundLo, foundHi);
-            CHECK_MESSAGE(SameBits(lo, foundLo), form << ", seed " << seed << ", length " << count);
-            CHECK_MESSAGE(SameBits(hi, foundHi), form << ", seed " << seed << ", length " << count);
-            CHECK_MESSAGE(SameFloats(source, copy.Data(), count), form << ", length " << count);
-            CHECK_MESSAGE(copy.GuardsStand(), form << ", length " << count);
+            CHECK_MESSAGE(SameBits(lo, foundLo), variant << ", seed " << seed << ", length " << count);
+            CHECK_MESSAGE(SameBits(hi, foundHi), variant << ", seed " << seed << ", length " << count);
+            CHECK_MESSAGE(SameFloats(source, copy.Data(), count), variant << ", length " << count);
+            CHECK_MESSAGE(copy.GuardsStand(), variant << ", length " << count);
 
             GuardedRun<float> streamed(count, 18 - start, 123.0f);
             bool              negativeZero = false;
             foundLo = 10000000.0f;
             foundHi = -10000000.0f;
             minMax(source, streamed.Data(), count, true, foundLo, foundHi, negativeZero);
-            CHECK_MESSAGE(lo == foundLo, form << ", seed " << seed << ", length " << count);
-            CHECK_MESSAGE(hi == foundHi, form << ", seed " << seed << ", length " << count);
-            CHECK_MESSAGE(SameFloats(source, streamed.Data(), count), form << ", length " << count);
-            CHECK_MESSAGE(streamed.GuardsStand(), form << ", length " << count);
+            CHECK_MESSAGE(lo == foundLo, variant << ", seed " << seed << ", length " << count);
+            CHECK_MESSAGE(hi == foundHi, variant << ", seed " << seed << ", length " << count);
+            CHECK_MESSAGE(SameFloats(source, streamed.Data(), count), variant << ", length " << count);
+            CHECK_MESSAGE(streamed.GuardsStand(), variant << ", length " << count);
         }
     });
 }
 
 TEST_CASE("the extreme of a long plane is found wherever it lies")
 {
-    InEveryVariant([](const char* form) {
+    InEveryVariant([](const char* variant) {
         std::vector<float> values(257, 5.0f);
         for (std::size_t i = 0; i < values.size(); ++i) {
             values[i] = -9.0f;
             float lo;
             float hi;
             FloatMinMax(values.data(), values.size(), lo, hi);
-            CHECK_MESSAGE(lo == -9.0f, form << ", at " << i);
+            CHECK_MESSAGE(lo == -9.0f, variant << ", at " << i);
             values[i] = 9.0f;
             FloatMinMax(values.data(), values.size(), lo, hi);
-            CHECK_MESSAGE(hi == 9.0f, form << ", at " << i);
+            CHECK_MESSAGE(hi == 9.0f, variant << ", at " << i);
             values[i] = 5.0f;
         }
     });
@@ -179,22 +178,22 @@ TEST_CASE("a plane larger than the caches is scanned, copied and remapped like a
     float                    hi;
     PlainMinMax(values.data(), count, lo, hi);
     const RemapRule rule = MakeRemapRule(0.0f, 65535.0f, 0.0f, 255.0f);
-    InEveryVariant([&](const char* form) {
+    InEveryVariant([&](const char* variant) {
         GuardedRun<float> copy(count, 3, 4.0f);
         float             foundLo;
         float             foundHi;
         FloatCopyMinMax(values.data(), copy.Data(), count, foundLo, foundHi);
-        CHECK_MESSAGE(foundLo == lo, form);
-        CHECK_MESSAGE(foundHi == hi, form);
-        CHECK_MESSAGE(SameFloats(values.data(), copy.Data(), count), form);
+        CHECK_MESSAGE(foundLo == lo, variant);
+        CHECK_MESSAGE(foundHi == hi, variant);
+        CHECK_MESSAGE(SameFloats(values.data(), copy.Data(), count), variant);
         RemapFloats(rule, values.data(), copy.Data(), count);
         std::size_t wrong = 0;
         for (std::size_t i = 0; i < count; ++i) {
             const float expected = PlainRemap(values[i], 0.0f, 65535.0f, 0.0f, 255.0f);
             wrong += !SameFloats(&expected, copy.Data() + i, 1);
         }
-        CHECK_MESSAGE(wrong == 0, form);
-        CHECK_MESSAGE(copy.GuardsStand(), form);
+        CHECK_MESSAGE(wrong == 0, variant);
+        CHECK_MESSAGE(copy.GuardsStand(), variant);
     });
 }
 
@@ -262,18 +261,18 @@ TEST_CASE("a target of another size stays untouched")
 
 TEST_CASE("not a number stays so through a remap, infinities are clamped")
 {
-    InEveryVariant([](const char* form) {
+    InEveryVariant([](const char* variant) {
         std::vector<float> values(40, kNan);
         values[3] = kInfinity;
         values[4] = -kInfinity;
         ClassData2DIO<float> plane = PlaneOf(values, 40);
         RemapRange(plane, plane, 0.0f, 10.0f, -1.0f, 1.0f, 1);
-        CHECK_MESSAGE(plane.Ptr1D[3] == 1.0f, form);
-        CHECK_MESSAGE(plane.Ptr1D[4] == -1.0f, form);
+        CHECK_MESSAGE(plane.Ptr1D[3] == 1.0f, variant);
+        CHECK_MESSAGE(plane.Ptr1D[4] == -1.0f, variant);
         int nans = 0;
         for (int i = 0; i < 40; ++i)
             nans += std::isnan(plane.Ptr1D[i]);
-        CHECK_MESSAGE(nans == 38, form);
+        CHECK_MESSAGE(nans == 38, variant);
     });
 }
 
@@ -285,8 +284,8 @@ TEST_CASE("the remap equals the formula for lengths 0 to 70, odd starts and hard
            {10.0f, -10.0f, -0.0f, -5.0f},    {-0.0f, 1e-40f, 0.0f, 1.0f},       {0.0f, kInfinity, 0.0f, 255.0f},
            {-kInfinity, 0.0f, 0.0f, 255.0f}, {kNan, 5.0f, 0.0f, 255.0f},        {0.0f, 5.0f, kNan, 255.0f},
            {-1e7f, 1e7f, 65535.0f, -0.0f},   {0.0f, 0.001f, 0.0f, 3e38f},       {-3e38f, 3e38f, -1.0f, 1.0f}};
-    InEveryVariant([&](const char* form) {
-        const auto remap = ActiveFloatRangeVariants().Remap;
+    InEveryVariant([&](const char* variant) {
+        const auto remap = ActiveFloatRangeVariant().Remap;
         int        n = 0;
         for (const auto& range : ranges) {
             const RemapRule rule = MakeRemapRule(range[0], range[1], range[2], range[3]);
@@ -303,19 +302,19 @@ TEST_CASE("the remap equals the formula for lengths 0 to 70, odd starts and hard
                 GuardedRun<float> target(count, start, 55.0f);
                 RemapFloats(rule, source, target.Data(), count);
                 CHECK_MESSAGE(SameFloats(expected.data(), target.Data(), count),
-                              form << ", seed " << seed << ", range " << n << ", length " << count);
-                CHECK_MESSAGE(target.GuardsStand(), form << ", range " << n << ", length " << count);
+                              variant << ", seed " << seed << ", range " << n << ", length " << count);
+                CHECK_MESSAGE(target.GuardsStand(), variant << ", range " << n << ", length " << count);
                 std::copy(source, source + count, target.Data());
                 RemapFloats(rule, target.Data(), target.Data(), count);
                 CHECK_MESSAGE(SameFloats(expected.data(), target.Data(), count),
-                              form << ", seed " << seed << ", range " << n << ", length " << count
-                                   << ", in place");
+                              variant << ", seed " << seed << ", range " << n << ", length " << count
+                                      << ", in place");
                 if (rule.Active) {
                     GuardedRun<float> streamed(count, 16 - start, 55.0f);
                     remap(rule, source, streamed.Data(), count, true);
                     CHECK_MESSAGE(SameFloats(expected.data(), streamed.Data(), count),
-                                  form << ", seed " << seed << ", range " << n << ", length " << count);
-                    CHECK_MESSAGE(streamed.GuardsStand(), form << ", range " << n << ", length " << count);
+                                  variant << ", seed " << seed << ", range " << n << ", length " << count);
+                    CHECK_MESSAGE(streamed.GuardsStand(), variant << ", range " << n << ", length " << count);
                 }
             }
         }

@@ -11,15 +11,15 @@ using namespace vostel;
 
 TEST_CASE("a filled plane holds the value everywhere and nowhere else")
 {
-    InEveryVariant([](const char* form) {
+    InEveryVariant([](const char* variant) {
         for (int width = 0; width <= 70; ++width) {
             for (int value : {0, 1, -1, INT_MIN}) {
                 const std::size_t all = static_cast<std::size_t>(width) * 3;
                 GuardedRun<int>   plane(all, all % 17, 1234);
                 FillLabelPlane(plane.Data(), width, 3, value);
                 CHECK_MESSAGE(std::count(plane.Data(), plane.Data() + all, value) == static_cast<long>(all),
-                              form << ", width " << width);
-                CHECK_MESSAGE(plane.GuardsStand(), form << ", width " << width);
+                              variant << ", width " << width);
+                CHECK_MESSAGE(plane.GuardsStand(), variant << ", width " << width);
             }
         }
     });
@@ -62,10 +62,10 @@ TEST_CASE("an empty or missing plane is left alone")
 TEST_CASE("a plane larger than the caches is filled like a small one")
 {
     const std::size_t all = std::size_t{2049} * 2061;
-    InEveryVariant([&](const char* form) {
+    InEveryVariant([&](const char* variant) {
         GuardedRun<int> plane(all, 5, 1234);
         FillLabelPlane(plane.Data(), 2049, 2061, 42);
-        CHECK_MESSAGE(std::count(plane.Data(), plane.Data() + all, 42) == static_cast<long>(all), form);
-        CHECK_MESSAGE(plane.GuardsStand(), form);
+        CHECK_MESSAGE(std::count(plane.Data(), plane.Data() + all, 42) == static_cast<long>(all), variant);
+        CHECK_MESSAGE(plane.GuardsStand(), variant);
     });
 }

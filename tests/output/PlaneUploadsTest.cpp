@@ -75,15 +75,15 @@ TEST_CASE("planes that are missing or short read as zero")
 {
     const unsigned char plane[] = {9, 8, 7, 6};
     unsigned            pixels[4] = {};
-    InEveryVariant([&](const char* form) {
+    InEveryVariant([&](const char* variant) {
         UploadPlanesRow(nullptr, 0, nullptr, 4, plane, 4, pixels, 4);
-        CHECK_MESSAGE(pixels[0] == 7, form);
-        CHECK_MESSAGE(pixels[1] == 6, form);
-        CHECK_MESSAGE(pixels[2] == 0, form);
+        CHECK_MESSAGE(pixels[0] == 7, variant);
+        CHECK_MESSAGE(pixels[1] == 6, variant);
+        CHECK_MESSAGE(pixels[2] == 0, variant);
         UploadPlanesRow(plane, 1, plane, 2, plane, 0, pixels, 4);
-        CHECK_MESSAGE(pixels[0] == (9u << 16 | 8u << 8), form);
-        CHECK_MESSAGE(pixels[1] == 0, form);
-        CHECK_MESSAGE(pixels[3] == 0, form);
+        CHECK_MESSAGE(pixels[0] == (9u << 16 | 8u << 8), variant);
+        CHECK_MESSAGE(pixels[1] == 0, variant);
+        CHECK_MESSAGE(pixels[3] == 0, variant);
     });
 }
 
@@ -91,33 +91,33 @@ TEST_CASE("a count below 1 uploads nothing")
 {
     const unsigned char bytes[4] = {1, 2, 3, 4};
     unsigned            pixel = kGuard;
-    InEveryVariant([&](const char* form) {
+    InEveryVariant([&](const char* variant) {
         for (int count : {0, -1, -4096}) {
             UploadGrayRow(bytes, &pixel, count);
             UploadTripleRow(bytes, &pixel, count);
             UploadQuadRow(bytes, &pixel, count);
             UploadPlanesRow(bytes, 4, bytes, 4, bytes, 4, &pixel, count);
         }
-        CHECK_MESSAGE(pixel == kGuard, form);
+        CHECK_MESSAGE(pixel == kGuard, variant);
     });
 }
 
 TEST_CASE("rows of lengths 0 to 140 at odd starts equal the formulas, read and touch nothing else")
 {
     const unsigned seed = 24001;
-    InEveryVariant([&](const char* form) {
+    InEveryVariant([&](const char* variant) {
         for (std::size_t count = 0; count <= 140; ++count) {
             const unsigned    mine = seed + static_cast<unsigned>(count);
             const int         columns = static_cast<int>(count);
             const std::size_t start = count * 5 % 17;
             for (const bool streaming : {false, true}) {
                 GuardedRun<unsigned> pixels(count, start, kGuard);
-                const auto           check = [&](const char* what, auto&& word) {
+                const auto           check = [&](const char* what, auto&& expected) {
                     bool same = true;
                     for (std::size_t x = 0; x < count; ++x)
-                        same = same && pixels.Data()[x] == word(x);
-                    CHECK_MESSAGE(same, what << ", " << form << ", seed " << seed << ", length " << count);
-                    CHECK_MESSAGE(pixels.GuardsStand(), what << ", " << form << ", length " << count);
+                        same = same && pixels.Data()[x] == expected(x);
+                    CHECK_MESSAGE(same, what << ", " << variant << ", seed " << seed << ", length " << count);
+                    CHECK_MESSAGE(pixels.GuardsStand(), what << ", " << variant << ", length " << count);
                     std::fill_n(pixels.Data(), count, kGuard);
                 };
                 const auto gray = RandomBytes(count, mine);

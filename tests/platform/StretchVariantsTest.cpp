@@ -554,15 +554,3 @@ TEST_CASE("any raster operation but the copy fails and changes nothing")
     DeleteDC(from);
     DeleteDC(dc);
 }
-
-TEST_CASE("forcing a form takes the best one at most and the plain one at least")
-{
-    FormGuard guard;
-    CHECK(ForceCpuVariant(static_cast<CpuVariant>(99)) == BestCpuVariant());
-    CHECK(ActiveCpuVariant() == BestCpuVariant());
-    CHECK(ForceCpuVariant(static_cast<CpuVariant>(-1)) == CpuVariant::Plain);
-    CHECK(ActiveCpuVariant() == CpuVariant::Plain);
-    CHECK(&gdi::ActiveStretchKernels() == &gdi::StretchKernelsPlain());
-    ForceCpuVariant(BestCpuVariant());
-    CHECK(ActiveCpuVariant() == BestCpuVariant());
-}

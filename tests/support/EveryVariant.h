@@ -1,6 +1,6 @@
 #pragma once
 
-// What the tests of fast forms share: every processor form in turn, planes between guards, hard values.
+// What the tests of fast variants share: every processor variant in turn, planes between guards, hard values.
 
 #include "base/CpuVariants.h"
 
@@ -14,15 +14,15 @@
 
 namespace vostel {
 
-// Runs body(name of the form) once per form that this processor has, and restores the form in use.
+// Runs body(name of the variant) once per variant that this processor has, and restores the variant in use.
 template <typename Body>
 void InEveryVariant(Body body)
 {
     const CpuVariant  before = ActiveCpuVariant();
     const char* const names[] = {"plain", "baseline", "AVX2", "AVX-512"};
-    for (int form = 0; form <= static_cast<int>(BestCpuVariant()); ++form) {
-        ForceCpuVariant(static_cast<CpuVariant>(form));
-        body(names[form]);
+    for (int variant = 0; variant <= static_cast<int>(BestCpuVariant()); ++variant) {
+        ForceCpuVariant(static_cast<CpuVariant>(variant));
+        body(names[variant]);
     }
     ForceCpuVariant(before);
 }
