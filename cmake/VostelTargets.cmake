@@ -1,4 +1,4 @@
-# What every target of this project is compiled with.
+# What every target of this project is compiled with. A folder may take warnings back by VOSTEL_FEWER_WARNINGS.
 
 function(vostel_compile_rules target)
     target_compile_features(${target} PUBLIC cxx_std_20)
@@ -6,6 +6,11 @@ function(vostel_compile_rules target)
         "$<IF:$<CXX_COMPILER_ID:MSVC>,/utf-8;/fp:precise,-ffp-contract=off>")
     if(NOT MSVC)
         target_compile_options(${target} PRIVATE -Wall -Wextra)
+    endif()
+    if(CMAKE_CXX_COMPILER_ID MATCHES "Clang" AND NOT MSVC)
+        target_compile_options(${target} PRIVATE -Wpedantic -Wconversion -Wshadow -Wold-style-cast -Wcast-qual
+            -Wdeprecated -Wextra-semi -Wformat=2 -Wimplicit-fallthrough -Wnon-virtual-dtor
+            -Woverloaded-virtual -Wunused-template -Wzero-as-null-pointer-constant ${VOSTEL_FEWER_WARNINGS})
     endif()
     if(VOSTEL_WARNINGS_AS_ERRORS)
         target_compile_options(${target} PRIVATE "$<IF:$<CXX_COMPILER_ID:MSVC>,/WX,-Werror>")

@@ -95,8 +95,9 @@ bool Host::WriteFrame(const std::string& path)
         return false;
     for (int y = 0; y < Client.Height(); ++y) {
         // The frame's rows run bottom-up, four bytes a pixel.
-        const unsigned char* source = static_cast<const unsigned char*>(Bits) +
-                                      static_cast<std::size_t>(Client.Height() - 1 - y) * Client.Width() * 4;
+        const unsigned char* source =
+            static_cast<const unsigned char*>(Bits) +
+            static_cast<std::ptrdiff_t>(Client.Height() - 1 - y) * Client.Width() * 4;
         unsigned char* target = static_cast<unsigned char*>(picture.GetBits()) +
                                 static_cast<std::ptrdiff_t>(y) * picture.GetPitch();
         for (int x = 0; x < Client.Width(); ++x)

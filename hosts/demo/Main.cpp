@@ -55,7 +55,8 @@ ClassData2DIO<float> BrightnessOf(int canvas)
     brightness.Allocate(width, height);
     const unsigned int* pixels = gCVSGetCanvasPixelPtr(canvas);
     for (int y = 0; y < height; ++y) {
-        const unsigned int* row = pixels + static_cast<std::size_t>(height - 1 - y) * width;    // bottom-up
+        const unsigned int* row =
+            pixels + static_cast<std::ptrdiff_t>(height - 1 - y) * width;    // bottom-up
         for (int x = 0; x < width; ++x) {
             int gray = 0;
             ColorToGrayPixel(row[x] >> 16 & 0xFF, row[x] >> 8 & 0xFF, row[x] & 0xFF, gray);

@@ -52,7 +52,7 @@ void BackProject(const ClassData2DIO<float>& sinogram, const DetectorLayout& det
                  ClassData2DIO<float>& image)
 {
     image.Allocate(size, size);
-    std::vector<double> sums(static_cast<std::size_t>(size) * size, 0.0);
+    std::vector<double> sums(static_cast<std::size_t>(size) * static_cast<std::size_t>(size), 0.0);
     const double        middle = 0.5 * (detector.Cells - 1);
     for (int row = 0; row < sinogram.Height; ++row) {
         const double angle = HalfTurn * row / sinogram.Height;
@@ -67,7 +67,8 @@ void BackProject(const ClassData2DIO<float>& sinogram, const DetectorLayout& det
                     continue;
                 const int    cell = static_cast<int>(left);
                 const double fraction = place - left;
-                sums[static_cast<std::size_t>(y) * size + x] +=
+                sums[static_cast<std::size_t>(y) * static_cast<std::size_t>(size) +
+                     static_cast<std::size_t>(x)] +=
                     (1.0 - fraction) * values[cell] + fraction * values[cell + 1];
             }
         }

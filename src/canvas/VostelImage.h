@@ -15,7 +15,7 @@ namespace vostel {
 // Byte images exist only as pixels of the surface. Float data is kept, stretched to 0..65535 (Raw) and on
 // request as it came (RawOri). Hosts hold references to the containers and may change them, so their sizes
 // are looked at before each use.
-class VostelImage : public VostelDC, public ImageValues {
+class VostelImage final : public VostelDC, public ImageValues {
 public:
     ZEKMAPIMA            Map;                   // from stretched values to gray
     double               MeasureScale = 1.0;    // length units per image px, for new measures

@@ -193,7 +193,7 @@ void StructVector2f::RotateDeg(float angle, StructVector2f pivot)
 float StructVector2f::GetAngle() const
 {
     const float half = std::bit_cast<float>(0x40490FDAu);    // 3.1415925
-    if (std::fabs(x) < 0.001)
+    if (static_cast<double>(std::fabs(x)) < 0.001)
         return y > 0.0f ? half : 0.0f;
     const float t = y / x;
     if (x > 0.0f)

@@ -113,7 +113,8 @@ float FloatMax(StructData2D<float>& data)
 RemapRule MakeRemapRule(float a, float b, float outLow, float outHigh)
 {
     RemapRule rule;
-    if (std::fabs(b - a) < 1e-10 || std::fabs(outHigh - outLow) < 1e-10)
+    if (static_cast<double>(std::fabs(b - a)) < 1e-10 ||
+        static_cast<double>(std::fabs(outHigh - outLow)) < 1e-10)
         return rule;
     rule.Active = true;
     rule.LowLimit = b > a ? a : b;

@@ -89,7 +89,9 @@ private:
         return Random() % 4 == 0 ? CPoint(Number(), Number())
                                  : CPoint(static_cast<int>(Random() % 70), static_cast<int>(Random() % 50));
     }
-    bool Coin() { return Random() % 2 == 0; }
+    // The engine returns 32 bits in a wider type.
+    unsigned int Bits() { return static_cast<unsigned int>(Random()); }
+    bool         Coin() { return Random() % 2 == 0; }
 
     TessikDialogs Answers()
     {
@@ -161,7 +163,7 @@ private:
             break;
         case 13: {
             static const unsigned int keys[] = {'C', 'R', 'X', 9, 'S', 0, 27, 0xFFFFFFFF};
-            gCVSOnKeyDown(n, Of(keys), Random(), Random());
+            gCVSOnKeyDown(n, Of(keys), Bits(), Bits());
             break;
         }
         case 14:
@@ -205,7 +207,7 @@ private:
             gCVSPrepareCanvas(n, Size(), Size());
             break;
         case 22:
-            gCVSSetCanvasColor(n, Random());
+            gCVSSetCanvasColor(n, Bits());
             break;
         case 23:
             gCVSGetCanvasHDC(n);
@@ -215,13 +217,13 @@ private:
             // The rows that a table has may be written.
             unsigned int** rows = gCVSCreateCanvasPixelPtr2D(n);
             if (rows && gCVSGetCanvasPixelPtr(n))
-                rows[gCVSGetCanvasHeight(n) - 1][gCVSGetCanvasWidth(n) - 1] = Random();
+                rows[gCVSGetCanvasHeight(n) - 1][gCVSGetCanvasWidth(n) - 1] = Bits();
             break;
         }
         case 25: {
             unsigned int** rows = gCVSCreateClientPixelPtr2D(n);
             if (rows && gCVSGetClientPixelPtr(n))
-                rows[gCVSGetClientHeight(n) - 1][gCVSGetClientWidth(n) - 1] = Random();
+                rows[gCVSGetClientHeight(n) - 1][gCVSGetClientWidth(n) - 1] = Bits();
             break;
         }
         case 26:

@@ -301,7 +301,8 @@ TEST_CASE("plane vectors add, subtract and multiply element by element")
     v *= v;
     CHECK(v.x == 144.0f);
     CHECK(v.y == 64.0f);
-    v -= v;
+    StructVector2f& itself = v;
+    v -= itself;
     CHECK(v.x == 0.0f);
 }
 

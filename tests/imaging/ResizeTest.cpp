@@ -159,7 +159,8 @@ TEST_CASE("a constant image stays constant up to the zero margin")
     const FloatPlane result = Scaled(Constant(20, 20, 64.0f), 45, 31);
     for (int y = 0; y < 31; ++y)
         for (int x = 0; x < 45; ++x) {
-            const bool inside = x * (20.0f / 45.0f) < 19.0f && y * (20.0f / 31.0f) < 19.0f;
+            const bool inside = static_cast<float>(x) * (20.0f / 45.0f) < 19.0f &&
+                                static_cast<float>(y) * (20.0f / 31.0f) < 19.0f;
             CHECK(std::fabs(result.Ptr2D[y][x] - (inside ? 64.0f : 0.0f)) < 1e-4f);
         }
 }

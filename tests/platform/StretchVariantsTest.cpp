@@ -156,7 +156,7 @@ TEST_CASE("row copies of every form equal the reference for all lengths from 0 t
     std::mt19937  random(11);
     std::uint32_t source[80], ahead[80];
     for (int i = 0; i < 80; ++i)
-        source[i] = ahead[i] = random();
+        source[i] = ahead[i] = static_cast<std::uint32_t>(random());
     for (CpuVariant form : FastForms()) {
         ForceCpuVariant(form);
         const std::string name = NameOf(form);
@@ -194,7 +194,7 @@ TEST_CASE("picked and repeated pixels of every form equal the reference for all 
                 // Exactly as long as the row: reads behind it are found by the sanitiser.
                 std::vector<std::uint32_t> source(static_cast<std::size_t>(width));
                 for (std::uint32_t& word : source)
-                    word = random();
+                    word = static_cast<std::uint32_t>(random());
                 std::vector<int> anywhere, steps, back;
                 int              column = Between(random, 0, width / 2);
                 for (int i = 0; i < count; ++i) {

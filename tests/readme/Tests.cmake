@@ -16,6 +16,8 @@ function(vostel_page_code page begin file)
 endfunction()
 
 function(vostel_page_host name page begin)
+    # The pages read better without casts from int to float.
+    list(APPEND VOSTEL_FEWER_WARNINGS -Wno-implicit-int-float-conversion)
     vostel_page_code(${page} "${begin}" ${name}.cpp)
     add_executable(${name} ${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp)
     target_link_libraries(${name} PRIVATE VostelObj::VostelObj)

@@ -153,7 +153,7 @@ void Tile(QPainter& p, const IconInks& inks)
 void RectangleShape(QPainter& p, const IconInks& inks)
 {
     p.drawRect(QRectF(4.5, 6.5, 15, 11));
-    Handles(p, inks, QPolygonF({{4.5, 6.5}, {19.5, 17.5}}));
+    Handles(p, inks, QPolygonF(QList<QPointF>{{4.5, 6.5}, {19.5, 17.5}}));
 }
 
 void RectangleNumbers(QPainter& p, const IconInks& inks)

@@ -28,7 +28,8 @@ void RefreshAnchor(double& anchor, int centre, LONG low, LONG high)
     const long long extent = Extent(low, high);
     if (extent == 0)
         return;
-    anchor = static_cast<float>(Extent(Middle(low, high), centre)) / static_cast<float>(extent);
+    const float fraction = static_cast<float>(Extent(Middle(low, high), centre)) / static_cast<float>(extent);
+    anchor = static_cast<double>(fraction);
 }
 
 }

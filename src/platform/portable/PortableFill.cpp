@@ -52,7 +52,8 @@ void FillSolid(const Bitmap& surface, std::uint32_t pixel, const Box& box)
 {
     int            bytesPerPixel = surface.BitsPerPixel / 8;
     std::ptrdiff_t start = static_cast<std::ptrdiff_t>(box.Left) * bytesPerPixel;
-    std::size_t    bytes = static_cast<std::size_t>(box.Right - box.Left) * bytesPerPixel;
+    std::size_t    bytes =
+        static_cast<std::size_t>(box.Right - box.Left) * static_cast<std::size_t>(bytesPerPixel);
     unsigned char* first = surface.Row(box.Top) + start;
     PutPixel(first, bytesPerPixel, pixel);
     Repeat(first, static_cast<std::size_t>(bytesPerPixel), bytes);
@@ -64,7 +65,8 @@ void FillSolid(const Bitmap& surface, std::uint32_t pixel, const Box& box)
 void FillOpaqueHatch(const Bitmap& surface, const Paint& paint, const Box& box)
 {
     int         bytesPerPixel = surface.BitsPerPixel / 8;
-    std::size_t bytes = static_cast<std::size_t>(box.Right - box.Left) * bytesPerPixel;
+    std::size_t bytes =
+        static_cast<std::size_t>(box.Right - box.Left) * static_cast<std::size_t>(bytesPerPixel);
     for (int y = box.Top; y < box.Bottom; ++y) {
         std::ptrdiff_t start = static_cast<std::ptrdiff_t>(box.Left) * bytesPerPixel;
         unsigned char* row = surface.Row(y) + start;
@@ -76,7 +78,7 @@ void FillOpaqueHatch(const Bitmap& surface, const Paint& paint, const Box& box)
         for (int i = 0; i < period; ++i)
             PutPixel(row + i * bytesPerPixel, bytesPerPixel,
                      HatchDraws(paint.Hatch, box.Left + i, y) ? paint.Pixel : paint.GapPixel);
-        Repeat(row, static_cast<std::size_t>(period) * bytesPerPixel, bytes);
+        Repeat(row, static_cast<std::size_t>(period * bytesPerPixel), bytes);
     }
 }
 

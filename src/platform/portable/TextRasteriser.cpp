@@ -214,7 +214,7 @@ Face& TextRasteriser::State::FaceOf(const Font& font)
     const double em = height > 0 ? height / cellPerEm : -height;
     face.Metrics.Height = height > 0 ? height : std::max(1, TruncToInt(em * cellPerEm + 0.5));
     face.Metrics.Ascent = TruncToInt(face.Metrics.Height * (ascent / (ascent + descent)) + 0.5);
-    face.Metrics.PieceLength = std::clamp(4096 / face.Metrics.Height, 1, 128);
+    face.Metrics.PieceLength = static_cast<std::size_t>(std::clamp(4096 / face.Metrics.Height, 1, 128));
     pango_font_description_set_absolute_size(description, em * PANGO_SCALE);
     return Faces.emplace(std::move(key), std::move(face)).first->second;
 }
@@ -291,7 +291,8 @@ std::shared_ptr<const TextImage> TextRasteriser::State::Draw()
         return image;
     image->Coverage.resize(static_cast<std::size_t>(ink.width) * static_cast<std::size_t>(ink.height));
     for (int y = 0; y < ink.height; ++y, row += stride)
-        std::copy(row, row + ink.width, image->Coverage.data() + static_cast<std::size_t>(y) * ink.width);
+        std::copy(row, row + ink.width,
+                  image->Coverage.data() + static_cast<std::size_t>(y) * static_cast<std::size_t>(ink.width));
     image->Left = ink.x;
     image->Top = ink.y;
     image->Width = ink.width;

@@ -12,9 +12,9 @@
 namespace vostel::gdi {
 
 struct TextMetrics {
-    int Ascent = 0;         // pixels of the cell above the base line
-    int Height = 0;         // pixels of the whole cell
-    int PieceLength = 1;    // characters that a run is cut into: shaped, kept and drawn as one
+    int         Ascent = 0;         // pixels of the cell above the base line
+    int         Height = 0;         // pixels of the whole cell
+    std::size_t PieceLength = 1;    // characters that a run is cut into: shaped, kept and drawn as one
 };
 
 // A drawn run. Coverage counts from 0, untouched, to 255.
