@@ -111,6 +111,8 @@ void CanvasWindow::OnSize(int width, int height)
     CRect client(0, 0, width, height);
     gCVSSetClient(Number, client, Context);
     Repaint();
+    if (OnArea)
+        OnArea(*this);
 }
 
 void CanvasWindow::OnPaint()
@@ -129,6 +131,8 @@ void CanvasWindow::OnMouse(UINT message, WPARAM wParam, LPARAM lParam)
     const int x = std::clamp(GET_X_LPARAM(lParam), 0, std::max(static_cast<int>(client.right) - 1, 0));
     const int y = std::clamp(GET_Y_LPARAM(lParam), 0, std::max(static_cast<int>(client.bottom) - 1, 0));
     Respond(message, wParam, MAKELPARAM(x, y));
+    if (message == WM_MOUSEMOVE && (wParam & MK_CONTROL) && (wParam & MK_LBUTTON) && OnDragged)
+        OnDragged(*this);
     if (OnCursor)
         OnCursor(*this, CPoint(x, y));
 }
@@ -143,6 +147,8 @@ LRESULT CanvasWindow::OnWheel(WPARAM wParam, LPARAM lParam)
         GetParent(under) == GetParent(Window))
         return SendMessageW(under, WM_MOUSEWHEEL, wParam, lParam);
     Respond(WM_MOUSEWHEEL, wParam, lParam);
+    if ((wParam & MK_CONTROL) && OnDragged)
+        OnDragged(*this);
     POINT client = screen;
     ScreenToClient(Window, &client);
     if (OnCursor)

@@ -11,6 +11,8 @@ namespace vostel::viewer {
 class CanvasWindow {
 public:
     std::function<void(CanvasWindow&)>         OnActivate;    // pressed: it becomes the current one
+    std::function<void(CanvasWindow&)>         OnArea;        // it has another size
+    std::function<void(CanvasWindow&)>         OnDragged;     // the person zoomed or moved the view
     std::function<void(CanvasWindow&, CPoint)> OnCursor;      // client px, after the canvas took the event
 
     static bool RegisterWindowClass();

@@ -1,3 +1,4 @@
+#include "CommandMenu.h"
 #include "MainWindow.h"
 
 #include <shellapi.h>
@@ -24,7 +25,7 @@ void Tell(const std::wstring& text)
     DWORD             written = 0;
     if (!output || output == INVALID_HANDLE_VALUE ||
         !WriteFile(output, narrow.data(), static_cast<DWORD>(narrow.size()), &written, nullptr))
-        MessageBoxW(nullptr, text.c_str(), L"Vostel viewer", MB_OK);
+        MessageBoxW(nullptr, text.c_str(), Wide(ViewerName).c_str(), MB_OK);
 }
 
 }
@@ -47,6 +48,6 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, wchar_t*, int show)
     MainWindow window;
     if (!window.Create(show == SW_SHOWNORMAL ? SW_SHOWDEFAULT : show))
         return 1;
-    window.OpenFiles(files, 0);
+    window.OpenFiles(files);
     return window.Run();
 }

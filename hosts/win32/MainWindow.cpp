@@ -12,7 +12,6 @@ namespace vostel::viewer {
 namespace {
 
 const wchar_t* const ClassName = L"VostelViewer";
-const wchar_t* const ProgramName = L"Vostel viewer";
 
 constexpr int FrameWidth = 3;    // px round a canvas when several show
 
@@ -39,9 +38,9 @@ bool MainWindow::Create(int show)
         return false;
     Bar = MakeMenuBar();
     Accelerators = MakeAccelerators();
-    if (!CreateWindowExW(WS_EX_ACCEPTFILES, ClassName, ProgramName, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
-                         CW_USEDEFAULT, CW_USEDEFAULT, 1100, 800, nullptr, Bar, GetModuleHandleW(nullptr),
-                         this))
+    if (!CreateWindowExW(WS_EX_ACCEPTFILES, ClassName, Wide(ViewerName).c_str(),
+                         WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT, 1100, 800,
+                         nullptr, Bar, GetModuleHandleW(nullptr), this))
         return false;
     WINDOWPLACEMENT placement = {};
     if (show == SW_SHOWDEFAULT && Settings.LoadPlacement(placement))
@@ -81,8 +80,8 @@ LRESULT MainWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam)
         return 0;
     case WM_INITMENUPOPUP:
         RefreshMenu(
-            reinterpret_cast<HMENU>(wParam), [this](Command id) { return IsEnabled(id); },
-            [this](Command id) { return IsChecked(id); });
+            reinterpret_cast<HMENU>(wParam), [this](Command id) { return Session.IsEnabled(id); },
+            [this](Command id) { return Session.IsChecked(id); });
         return 0;
     case WM_MENUSELECT:
         OnMenuSelect(wParam);
@@ -93,14 +92,11 @@ LRESULT MainWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_DROPFILES:
         OnDropFiles(reinterpret_cast<HDROP>(wParam));
         return 0;
-    case RoutineJob::Progress:
-        OnRoutineProgress(static_cast<int>(wParam), static_cast<int>(lParam));
-        return 0;
-    case RoutineJob::Finished:
-        OnRoutineFinished();
+    case CallQueue::Message:
+        Posted.Run();
         return 0;
     case WM_CLOSE:
-        Job.Stop();
+        Session.CancelRoutine();    // its end is waited for when the window is gone from the screen
         Settings.SavePlacement(Window);
         DestroyWindow(Window);
         return 0;
@@ -123,16 +119,22 @@ void MainWindow::CreateParts()
 
     Status.Create(Window);
     for (int canvas = 0; canvas < CanvasCount; ++canvas) {
-        CanvasWindow& window = Canvases[static_cast<std::size_t>(canvas)];
-        window.OnActivate = [this](CanvasWindow& pressed) { SelectCanvas(pressed.Canvas()); };
-        window.OnCursor = [this](CanvasWindow& under, CPoint client) {
-            Status.ShowCursor(under.Canvas(), client);
-        };
-        window.Create(Window, canvas);
+        ConnectCanvas(CanvasAt(canvas));
+        CanvasAt(canvas).Create(Window, canvas);
     }
-    ShowRecentFiles(Bar, Settings.RecentFiles());
+    ShowRecentFiles(Bar, Session.RecentFiles());
     Status.ShowHint(L"Open a picture with Ctrl+O, or drop one here. F1 tells how the mouse works.");
-    ShowTitle();
+    ShowState();
+}
+
+void MainWindow::ConnectCanvas(CanvasWindow& window)
+{
+    window.OnActivate = [this](CanvasWindow& pressed) { Session.SelectCanvas(pressed.Canvas()); };
+    window.OnCursor = [this](CanvasWindow& under, CPoint client) {
+        Status.ShowCursor(under.Canvas(), client);
+    };
+    window.OnArea = [this](CanvasWindow& sized) { Session.OnAreaChanged(sized.Canvas()); };
+    window.OnDragged = [this](CanvasWindow& dragged) { Session.OnViewDragged(dragged.Canvas()); };
 }
 
 RECT MainWindow::CellOf(int canvas) const
@@ -141,7 +143,7 @@ RECT MainWindow::CellOf(int canvas) const
     GetClientRect(Window, &client);
     const int width = static_cast<int>(client.right),
               height = static_cast<int>(client.bottom) - Status.Height();
-    if (!Tiled)
+    if (!Session.IsTiled())
         return {0, 0, width, height};
     // Two above, three below.
     const int columns = canvas < 2 ? 2 : 3, column = canvas < 2 ? canvas : canvas - 2;
@@ -154,9 +156,9 @@ void MainWindow::Layout()
     Status.Layout();
     for (int canvas = 0; canvas < CanvasCount; ++canvas) {
         RECT cell = CellOf(canvas);
-        if (Tiled)
+        if (Session.IsTiled())
             InflateRect(&cell, -FrameWidth, -FrameWidth);
-        Canvases[static_cast<std::size_t>(canvas)].Place(cell, Tiled || canvas == Current);
+        CanvasAt(canvas).Place(cell, Session.IsTiled() || canvas == Session.Current());
     }
     InvalidateRect(Window, nullptr, TRUE);
 }
@@ -165,40 +167,25 @@ void MainWindow::PaintFrames()
 {
     PAINTSTRUCT paint = {};
     const HDC   dc = BeginPaint(Window, &paint);
-    if (Tiled) {
-        const RECT cell = CellOf(Current);
+    if (Session.IsTiled()) {
+        const RECT cell = CellOf(Session.Current());
         FillRect(dc, &cell, GetSysColorBrush(COLOR_HIGHLIGHT));    // the canvas window covers its middle
     }
     EndPaint(Window, &paint);
 }
 
-void MainWindow::SelectCanvas(int canvas)
+void MainWindow::OnCommand(UINT number)
 {
-    const bool changed = canvas != Current;
-    Current = canvas;
-    if (changed)
-        Layout();
-    SetFocus(CurrentCanvas().Handle());
-    AfterChange();
-}
-
-void MainWindow::ShowTiled(bool tiled)
-{
-    if (Tiled == tiled)
+    if (number >= FirstRecentFile) {
+        const std::vector<std::wstring> files = Session.RecentFiles();
+        if (number - FirstRecentFile < files.size())
+            Session.OpenFiles({files[number - FirstRecentFile]});
         return;
-    Tiled = tiled;
-    Layout();
-    for (int canvas = 0; canvas < CanvasCount; ++canvas)    // the cells have another size now
-        RunCommand(Command::FitImage, canvas);
-}
-
-void MainWindow::ShowTitle()
-{
-    const std::wstring& file = Files[static_cast<std::size_t>(Current)];
-    std::wstring        title = L"Canvas " + std::to_wstring(Current + 1) + L" - " + ProgramName;
-    if (!file.empty())
-        title = file.substr(file.find_last_of(L"\\/") + 1) + L" - " + title;
-    SetWindowTextW(Window, title.c_str());
+    }
+    const Command id = static_cast<Command>(number);
+    Session.Carry(id);
+    if (id == Command::ContrastSlider)
+        CurrentCanvas().RunTimer(Session.IsChecked(id));
 }
 
 void MainWindow::OnDropFiles(HDROP drop)
@@ -213,14 +200,15 @@ void MainWindow::OnDropFiles(HDROP drop)
     POINT point = {};
     DragQueryPoint(drop, &point);
     DragFinish(drop);
-    int target = Current;
-    for (int canvas = 0; Tiled && canvas < CanvasCount; ++canvas) {
+    int target = Session.Current();
+    for (int canvas = 0; Session.IsTiled() && canvas < CanvasCount; ++canvas) {
         const RECT cell = CellOf(canvas);
         if (PtInRect(&cell, point))
             target = canvas;
     }
     SetForegroundWindow(Window);
-    OpenFiles(paths, target);
+    Session.SelectCanvas(target);
+    Session.OpenFiles(paths);
 }
 
 void MainWindow::OnMenuSelect(WPARAM wParam)

@@ -1,15 +1,14 @@
 #pragma once
 
-// The main window: menu bar, five canvases of which one is the current, and the status bar.
+// The main window around a session: menu bar, five canvases, status bar and dialogs.
 
+#include "CallQueue.h"
 #include "CanvasWindow.h"
-#include "RoutineJob.h"
+#include "SettingsFile.h"
 #include "StatusBar.h"
-#include "ViewerSettings.h"
-#include "commands/Commands.h"
+#include "commands/ViewerSession.h"
 
 #include <array>
-#include <map>
 #include <string>
 #include <vector>
 
@@ -17,55 +16,47 @@ namespace vostel::viewer {
 
 class MainWindow {
 public:
-    static constexpr int CanvasCount = 5;
-
     bool Create(int show);
-    // The first file goes to the given canvas, the others to the ones after it; several are shown tiled.
-    void OpenFiles(const std::vector<std::wstring>& paths, int canvas);
-    int  Run();    // the message loop; what the program answers
+    void OpenFiles(const std::vector<std::wstring>& paths) { Session.OpenFiles(paths); }
+    int  Run();    // the message loop; returns the exit code
 
     void    Attach(HWND window) { Window = window; }    // for the class's procedure, as is the next
     LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
 
 private:
-    HWND                                   Window = nullptr;
-    HMENU                                  Bar = nullptr;
-    HACCEL                                 Accelerators = nullptr;
-    StatusBar                              Status;
-    std::array<CanvasWindow, CanvasCount>  Canvases;
-    std::array<std::wstring, CanvasCount>  Files;    // what each canvas shows; empty: nothing
-    int                                    Current = 0;
-    bool                                   Tiled = false;
-    ViewerSettings                         Settings;
-    RoutineJob                             Job;
-    std::map<Command, std::vector<double>> LastValues;    // of the routines' dialogs
-    std::wstring                           LastLines;     // of the text dialog
+    HWND                                  Window = nullptr;
+    HMENU                                 Bar = nullptr;
+    HACCEL                                Accelerators = nullptr;
+    StatusBar                             Status;
+    std::array<CanvasWindow, CanvasCount> Canvases;
+    SettingsFile                          Settings;
+    CallQueue                             Posted;
+    ViewerSession                         Session{Services(), Kept()};
+    std::wstring                          LastLines;    // of the text dialog
 
     // The window.
     void          CreateParts();
+    void          ConnectCanvas(CanvasWindow& window);
     void          Layout();
     RECT          CellOf(int canvas) const;    // of the client area, with the frame
     void          PaintFrames();
-    void          SelectCanvas(int canvas);
-    void          ShowTiled(bool tiled);
-    void          ShowTitle();
+    void          OnCommand(UINT number);
     void          OnDropFiles(HDROP drop);
     void          OnMenuSelect(WPARAM wParam);
-    CanvasWindow& CurrentCanvas() { return Canvases[static_cast<std::size_t>(Current)]; }
+    CanvasWindow& CanvasAt(int canvas) { return Canvases[static_cast<std::size_t>(canvas)]; }
+    CanvasWindow& CurrentCanvas() { return CanvasAt(Session.Current()); }
 
-    // The commands.
-    bool IsEnabled(Command id) const;
-    bool IsChecked(Command id) const;
-    void OnCommand(UINT number);
-    void RunByViewer(Command id);
-    void AskForFiles();
-    void OpenOne(const std::wstring& path, int canvas);
-    void AskForTextLines();
-    void AskForRoutine(const Routine& routine);
-    void OnRoutineProgress(int done, int total);
-    void OnRoutineFinished();
-    void ShowProblem(const std::wstring& sentence);
-    void AfterChange();    // of what the current canvas shows
+    // What the session asks of it.
+    ViewerWindow   Services();
+    ViewerSettings Kept();
+
+    void                      Repaint(int canvas);
+    void                      ShowState();
+    void                      Report(const std::wstring& sentences);
+    void                      ShowAbout();
+    std::vector<std::wstring> AskFiles();
+    bool                      AskTextLines(std::wstring& lines);
+    bool                      AskRoutine(RoutineQuestion& question);
 };
 
 }

@@ -35,15 +35,20 @@ std::wstring LimitsOf(const RoutineParameter& parameter)
 
 }
 
-RoutineDialog::RoutineDialog(const Routine& routine, const std::vector<double>& values,
-                             const std::vector<int>& seconds)
-    : FormDialog(Wide(routine.Title)), Values(values), Asked(routine), Seconds(seconds)
+RoutineDialog::RoutineDialog(const RoutineQuestion& question)
+    : FormDialog(Wide(question.Asked->Title)), Values(question.Values), Second(question.Second),
+      Question(question)
 {
-    if (routine.Input == RoutineInput::Two) {
+    const Routine& routine = *question.Asked;
+    if (!question.Sources.empty()) {
         std::vector<std::wstring> names;
-        for (int canvas : Seconds)
-            names.push_back(L"Canvas " + std::to_wstring(canvas + 1));
-        SecondRow = AddChoice(L"Second image", names, 0);
+        int                       chosen = 0;
+        for (const RoutineQuestion::Source& source : question.Sources) {
+            if (source.Canvas == question.Second)
+                chosen = static_cast<int>(names.size());
+            names.push_back(source.Name);
+        }
+        SecondRow = AddChoice(L"Second image", names, chosen);
     }
     for (std::size_t i = 0; i < Values.size(); ++i) {
         const RoutineParameter& parameter = routine.Parameters[i];
@@ -60,26 +65,27 @@ RoutineDialog::RoutineDialog(const Routine& routine, const std::vector<double>& 
 
 bool RoutineDialog::Read()
 {
+    const Routine&      routine = *Question.Asked;
     const int           firstRow = SecondRow + 1;
     std::vector<double> read = Values;
     for (std::size_t i = 0; i < read.size(); ++i) {
         const int row = firstRow + static_cast<int>(i);
-        if (Asked.Parameters[i].Kind == ParameterKind::Choice) {
+        if (routine.Parameters[i].Kind == ParameterKind::Choice) {
             read[i] = ChoiceOf(row);
         } else if (!ParseNumber(TextOf(row), read[i])) {
-            ShowProblem(row, L"This is not a number. " + LimitsOf(Asked.Parameters[i]));
+            ShowProblem(row, L"This is not a number. " + LimitsOf(routine.Parameters[i]));
             return false;
         }
     }
     std::size_t wrong = 0;
-    if (const char* const problem = CheckValues(Asked, read, &wrong)) {
+    if (const char* const problem = CheckValues(routine, read, &wrong)) {
         ShowProblem(firstRow + static_cast<int>(wrong),
-                    Wide(problem) + L" " + LimitsOf(Asked.Parameters[wrong]));
+                    Wide(problem) + L" " + LimitsOf(routine.Parameters[wrong]));
         return false;
     }
     Values = read;
     if (SecondRow >= 0)
-        Second = Seconds[static_cast<std::size_t>(ChoiceOf(SecondRow))];
+        Second = Question.Sources[static_cast<std::size_t>(ChoiceOf(SecondRow))].Canvas;
     return true;
 }
 

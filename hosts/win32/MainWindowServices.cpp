@@ -1,0 +1,155 @@
+// What the session asks of the main window: dialogs, messages and settings.
+
+#include "MainWindow.h"
+
+#include "CommandMenu.h"
+#include "FileDialogs.h"
+#include "RoutineDialog.h"
+#include "TextDialogs.h"
+#include "common/CanvasFacts.h"
+
+#include <utility>
+
+namespace vostel::viewer {
+
+using namespace hosts;
+
+namespace {
+
+// While it lives the library's question for the layout of a raw file has this answer.
+class AnsweredLayout {
+public:
+    explicit AnsweredLayout(const tagZEKImaLoadPara& layout)
+    {
+        TessikDialogs dialogs;
+        dialogs.ImaLoadPara = [layout](tagZEKImaLoadPara& para) {
+            para = layout;
+            return true;
+        };
+        gDlgSetDialogs(dialogs);
+    }
+    ~AnsweredLayout() { gDlgSetDialogs({}); }
+    AnsweredLayout(const AnsweredLayout&) = delete;
+    AnsweredLayout& operator=(const AnsweredLayout&) = delete;
+};
+
+bool ReadFile(const std::wstring& path, const std::function<void()>& read)
+{
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    const bool  isFile = attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
+    if (!isFile || !IsRawFile(path.c_str())) {
+        read();
+        return true;
+    }
+    tagZEKImaLoadPara layout;
+    if (!gDlgGetImaLoadPara(layout))
+        return false;
+    const AnsweredLayout answered(layout);
+    read();
+    return true;
+}
+
+}
+
+ViewerWindow MainWindow::Services()
+{
+    ViewerWindow window;
+    window.Post = [this](std::function<void()> call) { Posted.Post(Window, std::move(call)); };
+    window.Arrange = [this] {
+        Layout();
+        SetFocus(CurrentCanvas().Handle());
+    };
+    window.Repaint = [this](int canvas) { Repaint(canvas); };
+    window.ShowState = [this] { ShowState(); };
+    window.ShowStatus = [this](const std::wstring& text) { Status.ShowHint(text); };
+    window.Report = [this](const std::wstring& sentences) { Report(sentences); };
+    window.ShowHelp = [this] { GesturesDialog().Ask(Window); };
+    window.ShowAbout = [this] { ShowAbout(); };
+    window.Close = [this] { PostMessageW(Window, WM_CLOSE, 0, 0); };
+    window.AskFiles = [this] { return AskFiles(); };
+    window.AskTextLines = [this](std::wstring& lines) { return AskTextLines(lines); };
+    window.AskRoutine = [this](RoutineQuestion& question) { return AskRoutine(question); };
+    window.ReadFile = [](int, const std::wstring& path, const std::function<void()>& read) {
+        return ReadFile(path, read);
+    };
+    return window;
+}
+
+ViewerSettings MainWindow::Kept()
+{
+    ViewerSettings settings;
+    settings.LoadRecentFiles = [this] { return Settings.LoadRecentFiles(); };
+    settings.SaveRecentFiles = [this](const std::vector<std::wstring>& newest) {
+        Settings.SaveRecentFiles(newest);
+        ShowRecentFiles(Bar, newest);
+    };
+    settings.LoadValue = [this](const Routine& routine, const RoutineParameter& parameter) {
+        return Settings.LoadValue(routine, parameter);
+    };
+    settings.SaveValue = [this](const Routine& routine, const RoutineParameter& parameter, double value) {
+        Settings.SaveValue(routine, parameter, value);
+    };
+    return settings;
+}
+
+void MainWindow::Repaint(int canvas)
+{
+    CanvasAt(canvas).Repaint();
+    if (canvas == Session.Current())
+        Status.ShowCanvas(canvas, Session.FileNameOf(canvas));
+}
+
+void MainWindow::ShowState()
+{
+    const int          canvas = Session.Current();
+    const std::wstring file = Session.FileNameOf(canvas);
+    Status.ShowCanvas(canvas, file);
+    std::wstring title = L"Canvas " + std::to_wstring(canvas + 1) + L" - " + Wide(ViewerName);
+    if (!file.empty())
+        title = file + L" - " + title;
+    SetWindowTextW(Window, title.c_str());
+}
+
+void MainWindow::Report(const std::wstring& sentences)
+{
+    MessageBoxW(Window, sentences.c_str(), Wide(ViewerName).c_str(), MB_OK | MB_ICONWARNING);
+}
+
+void MainWindow::ShowAbout()
+{
+    const std::wstring text =
+        Wide(ViewerName) + L" " + VIEWER_VERSION + L"\n\nShows, marks and measures images.";
+    MessageBoxW(Window, text.c_str(), L"About", MB_OK | MB_ICONINFORMATION);
+}
+
+std::vector<std::wstring> MainWindow::AskFiles()
+{
+    VostelFileRequest request;
+    request.Flags = OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_ALLOWMULTISELECT;
+    request.Filter = Wide(OpenFilter()).c_str();
+    std::vector<CString> chosen;
+    if (!AskForFileNames(Window, request, chosen))
+        return {};
+    return std::vector<std::wstring>(chosen.begin(), chosen.end());
+}
+
+bool MainWindow::AskTextLines(std::wstring& lines)
+{
+    TextLinesDialog dialog(LastLines);
+    if (!dialog.Ask(Window))
+        return false;
+    lines = LastLines = dialog.Text;
+    return true;
+}
+
+bool MainWindow::AskRoutine(RoutineQuestion& question)
+{
+    RoutineDialog dialog(question);
+    if (!dialog.Ask(Window))
+        return false;
+    question.Values = dialog.Values;
+    question.Second = dialog.Second;
+    return true;
+}
+
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "commands/Routines.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace vostel::viewer {
+
+// What the viewer keeps between runs, in Viewer.ini in the folder VostelObj of the user's application data.
+class SettingsFile {
+public:
+    SettingsFile();
+
+    std::vector<std::wstring> LoadRecentFiles() const;    // newest first
+    void                      SaveRecentFiles(const std::vector<std::wstring>& newest) const;
+
+    std::optional<double> LoadValue(const Routine& routine, const RoutineParameter& parameter) const;
+    void SaveValue(const Routine& routine, const RoutineParameter& parameter, double value) const;
+
+    bool LoadPlacement(WINDOWPLACEMENT& placement) const;    // false: none is known
+    void SavePlacement(HWND window) const;
+
+private:
+    std::wstring Path;    // empty when there is no such folder
+
+    std::wstring Read(const std::wstring& section, const std::wstring& key) const;
+    void         Write(const std::wstring& section, const std::wstring& key,
+                       const wchar_t* text) const;    // null removes
+};
+
+}
