@@ -10,9 +10,10 @@ if(TARGET vostel-viewer)
     target_include_directories(QtViewerTests PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}
         ${PROJECT_SOURCE_DIR}/hosts/qt)
     target_compile_definitions(QtViewerTests PRIVATE DOCTEST_CONFIG_SUPER_FAST_ASSERTS
-        VOSTEL_VIEWER="$<TARGET_FILE:vostel-viewer>" VOSTEL_SAMPLE="${PROJECT_SOURCE_DIR}/samples/coins.png"
+        VOSTEL_VIEWER="$<TARGET_FILE:vostel-viewer>"
+        VOSTEL_VIEWER_TOUR="$<TARGET_FILE:vostel-viewer-tour>" VOSTEL_SAMPLE="${PROJECT_SOURCE_DIR}/samples/coins.png"
         VOSTEL_QT_LSAN_OPTIONS="suppressions=${qtTests}/leaks-of-others.txt:print_suppressions=0")
-    add_dependencies(QtViewerTests vostel-viewer)
+    add_dependencies(QtViewerTests vostel-viewer vostel-viewer-tour)
     foreach(name IN ITEMS ViewerFilesTest ViewerDrawingTest ViewerRoutinesTest
             ViewerPicturesTest)
         vostel_test_source(QtViewerTests hosts/qt/${name})

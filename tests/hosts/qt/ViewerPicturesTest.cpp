@@ -82,7 +82,7 @@ TEST_CASE("the tour works without a screen and leaves its pictures")
 {
     const TempFolder  folder;
     const std::string command = "env -u DISPLAY -u WAYLAND_DISPLAY XDG_CONFIG_HOME=" + folder.Path("config") +
-                                " LSAN_OPTIONS=" VOSTEL_QT_LSAN_OPTIONS " " VOSTEL_VIEWER " --tour " +
+                                " LSAN_OPTIONS=" VOSTEL_QT_LSAN_OPTIONS " " VOSTEL_VIEWER_TOUR " " +
                                 folder.Path("tour") + " " VOSTEL_SAMPLE " >/dev/null 2>&1";
     CHECK(std::system(command.c_str()) == 0);
     int pictures = 0;

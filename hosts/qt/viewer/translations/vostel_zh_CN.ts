@@ -927,14 +927,6 @@
         <translation>在最多五个画布上显示图片和原始数据。</translation>
     </message>
     <message>
-        <source>Work on the first file by a script and leave pictures of it.</source>
-        <translation>按脚本处理第一个文件并留下截图。</translation>
-    </message>
-    <message>
-        <source>folder</source>
-        <translation>文件夹</translation>
-    </message>
-    <message>
         <source>Language of the interface: en or zh_CN.</source>
         <translation>界面语言：en 或 zh_CN。</translation>
     </message>

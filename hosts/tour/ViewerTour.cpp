@@ -1,4 +1,4 @@
-#include "Session.h"
+#include "ViewerTour.h"
 
 #include "CanvasArea.h"
 #include "MainWindow.h"
@@ -39,15 +39,15 @@ void SendMouse(QWidget& widget, QEvent::Type type, QPointF at, Qt::KeyboardModif
 
 }
 
-Session::Session(MainWindow& window, const QString& folder) : Window(window), Folder(folder)
+ViewerTour::ViewerTour(MainWindow& window, const QString& folder) : Window(window), Folder(folder)
 {
     constexpr int reaction = 150;    // ms; a dialog has then been laid out and painted
     QDir().mkpath(Folder);
-    QObject::connect(&Answers, &QTimer::timeout, &window, [this] { AnswerDialog(); });
-    Answers.start(reaction);
+    QObject::connect(&Dialogs, &QTimer::timeout, &window, [this] { ConfirmDialog(); });
+    Dialogs.start(reaction);
 }
 
-void Session::AnswerDialog()
+void ViewerTour::ConfirmDialog()
 {
     auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
     if (!dialog)
@@ -58,7 +58,7 @@ void Session::AnswerDialog()
     dialog->accept();
 }
 
-bool Session::Run()
+bool ViewerTour::Run()
 {
     if (!Window.Area().Canvas().hasImage())
         return false;
@@ -71,18 +71,18 @@ bool Session::Run()
     return !Failed;
 }
 
-QPointF Session::At(double x, double y) const
+QPointF ViewerTour::At(double x, double y) const
 {
     const QSize size = Window.Area().Canvas().imageSize();
     return QPointF(x * size.width(), y * size.height());
 }
 
-void Session::Press(QPointF image, Qt::KeyboardModifiers modifiers)
+void ViewerTour::Press(QPointF image, Qt::KeyboardModifiers modifiers)
 {
     Drag({image}, modifiers);
 }
 
-void Session::Drag(const QList<QPointF>& image, Qt::KeyboardModifiers modifiers)
+void ViewerTour::Drag(const QList<QPointF>& image, Qt::KeyboardModifiers modifiers)
 {
     QList<QPointF> path;
     for (const QPointF& point : image)
@@ -90,7 +90,7 @@ void Session::Drag(const QList<QPointF>& image, Qt::KeyboardModifiers modifiers)
     DragOnCanvas(path, modifiers);
 }
 
-void Session::DragOnCanvas(const QList<QPointF>& path, Qt::KeyboardModifiers modifiers)
+void ViewerTour::DragOnCanvas(const QList<QPointF>& path, Qt::KeyboardModifiers modifiers)
 {
     VostelWidget& canvas = Window.Area().Canvas();
     SendMouse(canvas, QEvent::MouseButtonPress, path.front(), modifiers);
@@ -99,7 +99,7 @@ void Session::DragOnCanvas(const QList<QPointF>& path, Qt::KeyboardModifiers mod
     SendMouse(canvas, QEvent::MouseButtonRelease, path.back(), modifiers);
 }
 
-void Session::Zoom(int steps, QPointF image)
+void ViewerTour::Zoom(int steps, QPointF image)
 {
     VostelWidget& canvas = Window.Area().Canvas();
     const QPointF at = canvas.widgetPosition(image);
@@ -111,12 +111,12 @@ void Session::Zoom(int steps, QPointF image)
     }
 }
 
-void Session::Write(const char* name)
+void ViewerTour::Write(const char* name)
 {
     Write(name, Window);
 }
 
-void Session::Write(const char* name, QWidget& widget)
+void ViewerTour::Write(const char* name, QWidget& widget)
 {
     QApplication::processEvents();
     const QString path = QDir(Folder).filePath(
@@ -126,7 +126,7 @@ void Session::Write(const char* name, QWidget& widget)
     Failed = Failed || !written;
 }
 
-void Session::DrawShapes()
+void ViewerTour::DrawShapes()
 {
     Window.Carry(Command::FitImage);
     const double radius = Window.Area().Canvas().imageSize().height() * 0.09;
@@ -145,7 +145,7 @@ void Session::DrawShapes()
     Write("shapes");
 }
 
-void Session::Measure()
+void ViewerTour::Measure()
 {
     Window.Carry(Command::MeasureLength);
     Drag({At(0.3, 0.5), At(0.4, 0.48), At(0.5, 0.44)}, Qt::ShiftModifier);
@@ -160,7 +160,7 @@ void Session::Measure()
     Window.Carry(Command::DeleteAll);
 }
 
-void Session::WaitForRoutine()
+void ViewerTour::WaitForRoutine()
 {
     constexpr qint64 patience = 60000;    // ms
     QElapsedTimer    waited;
@@ -169,7 +169,7 @@ void Session::WaitForRoutine()
         QApplication::processEvents(QEventLoop::AllEvents, 20);
 }
 
-void Session::Process()
+void ViewerTour::Process()
 {
     PictureOfDialog = "parameters-of-a-routine";
     Window.Carry(Command::Gauss);
@@ -184,7 +184,7 @@ void Session::Process()
     Window.Carry(Command::ContrastSlider);
 }
 
-void Session::ShowPages()
+void ViewerTour::ShowPages()
 {
     const QString file = Window.Area().Current().File();
     Window.Carry(Command::TileCanvases);
