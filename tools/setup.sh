@@ -4,7 +4,7 @@
 packages_build=(cmake g++ libcli11-dev libgif-dev libjpeg-dev libpango1.0-dev libpng-dev libtiff-dev ninja-build pkg-config)
 packages_viewer=(qt6-base-dev qt6-l10n-tools qt6-tools-dev qt6-tools-dev-tools qt6-translations-l10n)
 packages_fonts=(fonts-dejavu-core fonts-noto-cjk)
-packages_tests=(diffutils doctest-dev imagemagick libxtst-dev python3 util-linux xdotool xvfb)
+packages_tests=(abigail-tools diffutils doctest-dev imagemagick libxtst-dev python3 util-linux xdotool xvfb)
 packages_windows=(g++-mingw-w64-x86-64-posix wine64)
 packages_bench=(libbenchmark-dev libcairo2-dev libfftw3-dev libkissfft-dev libopenblas-pthread-dev libopencv-dev libpixman-1-dev)
 

@@ -28,15 +28,17 @@ function(vostel_installed_test name build)
         -P ${package}/UseInstalled.cmake)
 endfunction()
 function(vostel_subdirectory_test name)
+    list(JOIN ARGN " " settings)
     vostel_package_test(${name} ${CMAKE_COMMAND} -D SOURCE=${package} -D LIBRARY=${PROJECT_SOURCE_DIR}
-        -D WORK=${CMAKE_CURRENT_BINARY_DIR}/Subdirectory "-DSETTINGS=${ARGN}" -P ${package}/UseSubdirectory.cmake)
+        -D WORK=${CMAKE_CURRENT_BINARY_DIR}/Subdirectory "-DSETTINGS=${settings}" -P ${package}/UseSubdirectory.cmake)
 endfunction()
 
 vostel_installed_test(Installed ${PROJECT_BINARY_DIR} "-DTOOLCHAIN=${CMAKE_TOOLCHAIN_FILE}"
     "-DRUNNER=${CMAKE_CROSSCOMPILING_EMULATOR}" -D WIDGET=$<TARGET_EXISTS:VostelWidget>)
 if(NOT CMAKE_CROSSCOMPILING)
     # One build folder, first for shared and then for static libraries, which take the same objects.
-    vostel_subdirectory_test(Subdirectory -UBUILD_SHARED_LIBS -DVOSTEL_INSTALL=OFF)
+    # abidiff wants debug information.
+    vostel_subdirectory_test(Subdirectory -UBUILD_SHARED_LIBS -DVOSTEL_INSTALL=OFF -DCMAKE_CXX_FLAGS=-g)
     vostel_subdirectory_test(StaticSubdirectory -DBUILD_SHARED_LIBS=OFF -DVOSTEL_INSTALL=ON)
     vostel_installed_test(StaticInstalled ${CMAKE_CURRENT_BINARY_DIR}/Subdirectory -D STATIC=ON)
     set_tests_properties(${VOSTEL_TEST_PREFIX}package/Subdirectory PROPERTIES
@@ -45,6 +47,20 @@ if(NOT CMAKE_CROSSCOMPILING)
         FIXTURES_REQUIRED ${VOSTEL_TEST_PREFIX}shared FIXTURES_SETUP ${VOSTEL_TEST_PREFIX}static)
     set_tests_properties(${VOSTEL_TEST_PREFIX}package/StaticInstalled PROPERTIES
         FIXTURES_REQUIRED ${VOSTEL_TEST_PREFIX}static)
+
+    # Types are told apart as GCC describes them.
+    find_program(ABIDIFF abidiff)
+    if(ABIDIFF AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND VOSTEL_X86_64)
+        foreach(library IN ITEMS libVostelObj dialogs/libTessik)
+            cmake_path(GET library FILENAME name)
+            vostel_package_test(Abi-${name} ${package}/abi/check
+                ${CMAKE_CURRENT_BINARY_DIR}/Subdirectory/vostel/src/${library}.so)
+            set_tests_properties(${VOSTEL_TEST_PREFIX}package/Abi-${name} PROPERTIES
+                FIXTURES_REQUIRED ${VOSTEL_TEST_PREFIX}shared)
+            set_property(TEST ${VOSTEL_TEST_PREFIX}package/StaticSubdirectory APPEND PROPERTY
+                DEPENDS ${VOSTEL_TEST_PREFIX}package/Abi-${name})    # replaces the library
+        endforeach()
+    endif()
 endif()
 
 # The lists are those of GNU tools: other compilers decorate names in their own way.

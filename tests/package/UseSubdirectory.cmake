@@ -2,6 +2,7 @@
 # cmake -D WORK=... -D SOURCE=... -D LIBRARY=... -D "SETTINGS=..." -P UseSubdirectory.cmake
 include(${CMAKE_CURRENT_LIST_DIR}/Run.cmake)
 
+separate_arguments(SETTINGS)
 run(${CMAKE_COMMAND} -G Ninja -S ${SOURCE}/subdirectory -B ${WORK} -D VOSTEL_SOURCE=${LIBRARY} ${SETTINGS})
 run(${CMAKE_COMMAND} --build ${WORK})
 foreach(program IN ITEMS host dialogs)

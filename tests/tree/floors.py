@@ -15,6 +15,7 @@ FLOORS = ["base", "platform", "foundation", "oshelpers", "dialogs", "imaging", "
 # Public headers and folders of them that are not the first include of sources on just one floor.
 WITHOUT_SOURCE = {
     "vostel/export.h": "base",
+    "vostel/version.h": "base",
     "vostel/platform.h": "platform",
     "vostel/host.h": "platform",
     "vostel/desktop": "platform",
