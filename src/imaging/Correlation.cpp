@@ -1,6 +1,8 @@
 #include "imaging/Correlation.h"
 
+#include "base/CacheLimits.h"
 #include "base/CpuVariants.h"
+#include "base/PixelFill.h"
 #include "imaging/PlaneRows.h"
 
 #include <algorithm>
@@ -34,9 +36,6 @@ void SumRow(const CorrelationBlock& block)
 // Edge columns come in multiples of the widest vector.
 constexpr int EdgeStep = 16;
 
-// Storing through the caches would first read every line that is about to be overwritten.
-constexpr std::size_t StreamingBytes = std::size_t{16} << 20;
-
 // Columns up to the first whole line of the target.
 std::ptrdiff_t ColumnsToLine(const float* row)
 {
@@ -47,21 +46,13 @@ std::ptrdiff_t ColumnsToLine(const float* row)
 
 }
 
-const CorrelationVariant CorrelationPlain = {1, SumRow, SumRow, [] {}};
+const CorrelationVariant CorrelationPlain = {.RowsAtOnce = 1, .Rows = SumRow, .Row = SumRow, .Fence = [] {}};
 
 const CorrelationVariant& ActiveCorrelationVariant()
 {
-#if defined(__x86_64__) || defined(_M_X64)
-    switch (ActiveCpuVariant()) {
-    case CpuVariant::Avx512:
-        return CorrelationAvx512;
-    case CpuVariant::Avx2:
-        return CorrelationAvx2;
-    default:
-        break;
-    }
-#endif
-    return CorrelationPlain;
+    return Choose<CorrelationVariant>({.Plain = &CorrelationPlain,
+                                       .Avx2 = VOSTEL_X86(&CorrelationAvx2),
+                                       .Avx512 = VOSTEL_X86(&CorrelationAvx512)});
 }
 
 int MirrorSkippingEdge(std::ptrdiff_t c, int extent)
@@ -91,9 +82,10 @@ public:
             Lines[q] = Memory.data() + q * static_cast<std::size_t>(Samples);
     }
 
-    const float* const* Fill(const std::vector<const float*>& sources, std::size_t rows)
+    // Of the first so many source rows; nothing where there is no line to copy to.
+    void Fill(const std::vector<const float*>& sources, std::size_t rows)
     {
-        for (std::size_t q = 0; q < rows; ++q) {
+        for (std::size_t q = 0; q < std::min(rows, Lines.size()); ++q) {
             const float* const source = sources[q];
             float* const       copy = Memory.data() + q * static_cast<std::size_t>(Samples);
             const int*         mirrored = Mirrored.data();
@@ -104,8 +96,9 @@ public:
             for (std::ptrdiff_t k = InsideEnd; k < Samples; ++k)
                 copy[k] = source[*mirrored++];
         }
-        return Lines.data();
     }
+
+    const float* const* SourceRows() const { return Lines.data(); }
 
 private:
     std::ptrdiff_t            From;           // image column of the first sample of a line
@@ -121,9 +114,9 @@ Correlation::Correlation(const StructData2D<float>& image, const StructData2D<fl
     : HalfWidth(kernel.Width / 2), HalfHeight(kernel.Height / 2), Width(image.Width), Height(image.Height),
       TapWidth(2 * HalfWidth + 1), TapHeight(2 * HalfHeight + 1),
       Taps(static_cast<std::size_t>(TapWidth) * static_cast<std::size_t>(TapHeight)),
-      Rows(static_cast<std::size_t>(Height)), Form(ActiveCorrelationVariant())
+      Rows(static_cast<std::size_t>(Height)), Variant(ActiveCorrelationVariant())
 {
-    // An even side has its last taps past the kernel: they are zero.
+    // An even side has its last taps beyond the kernel: they are zero.
     for (int j = 0; j < kernel.Height; ++j)
         std::copy_n(RowOf(kernel, j), kernel.Width, Taps.data() + static_cast<std::ptrdiff_t>(j) * TapWidth);
     for (int y = 0; y < Height; ++y)
@@ -135,43 +128,61 @@ void Correlation::DoRows(float* const* targets, int first, int end) const
 {
     if (first >= end)
         return;
-    const std::size_t         rowsOfBlock = static_cast<std::size_t>(Form.RowsAtOnce + 2 * HalfHeight);
+    const std::size_t         rowsOfBlock = static_cast<std::size_t>(Variant.RowsAtOnce + 2 * HalfHeight);
     std::vector<const float*> sources(rowsOfBlock);
-    // The left side ends where lines of the target start, if they do so in every row.
+    // The left side ends where cache lines of the target start, if they do so in every row.
     const std::ptrdiff_t ahead = Width % EdgeStep == 0 ? ColumnsToLine(targets[first]) : 0;
     std::ptrdiff_t       leftColumns = EdgeWidth + ahead;
     std::ptrdiff_t       rightColumns = EdgeWidth;
-    const bool           narrow = Width < leftColumns + rightColumns + EdgeStep;
-    if (narrow)
+    if (Width < leftColumns + rightColumns + EdgeStep) {
         leftColumns = Width;
-    EdgeCopies left(*this, 0, leftColumns, leftColumns > 0 ? rowsOfBlock : 0);
-    EdgeCopies right(*this, Width - rightColumns, rightColumns,
-                     narrow || rightColumns == 0 ? 0 : rowsOfBlock);
-    const bool streaming =
-        static_cast<std::size_t>(Width) * static_cast<std::size_t>(Height) * sizeof(float) >= StreamingBytes;
+        rightColumns = 0;
+    }
+    EdgeCopies leftCopies(*this, 0, leftColumns, leftColumns > 0 ? rowsOfBlock : 0);
+    EdgeCopies rightCopies(*this, Width - rightColumns, rightColumns, rightColumns > 0 ? rowsOfBlock : 0);
+
+    const CorrelationBlock inside = {
+        .Sources = sources.data(),
+        .Offset = leftColumns - HalfWidth,
+        .Kernel = Taps.data(),
+        .KernelWidth = TapWidth,
+        .KernelHeight = TapHeight,
+        .Targets = targets,
+        .First = leftColumns,
+        .Columns = Width - leftColumns - rightColumns,
+        .Streaming = UsesStreamingStores(static_cast<std::size_t>(Width) * static_cast<std::size_t>(Height) *
+                                         sizeof(float)),
+    };
+    const auto edge = [&](const EdgeCopies& copies, std::ptrdiff_t firstColumn, std::ptrdiff_t columns) {
+        CorrelationBlock block = inside;
+        block.Sources = copies.SourceRows();
+        block.Offset = 0;
+        block.First = firstColumn;
+        block.Columns = columns;
+        block.Streaming = false;
+        return block;
+    };
+    const CorrelationBlock left = edge(leftCopies, 0, leftColumns);
+    const CorrelationBlock right = edge(rightCopies, Width - rightColumns, rightColumns);
 
     for (int y = first; y < end;) {
-        const int         rows = end - y >= Form.RowsAtOnce ? Form.RowsAtOnce : 1;
+        const int         rows = end - y >= Variant.RowsAtOnce ? Variant.RowsAtOnce : 1;
         const std::size_t sourceRows = static_cast<std::size_t>(rows + 2 * HalfHeight);
         for (std::size_t q = 0; q < sourceRows; ++q) {
             const std::ptrdiff_t row =
                 y - static_cast<std::ptrdiff_t>(HalfHeight) + static_cast<std::ptrdiff_t>(q);
             sources[q] = Rows[static_cast<std::size_t>(MirrorSkippingEdge(row, Height))];
         }
-        const auto sum = rows == 1 ? Form.Row : Form.Rows;
-        if (leftColumns > 0)
-            sum({left.Fill(sources, sourceRows), 0, Taps.data(), TapWidth, TapHeight, targets + y, 0,
-                 leftColumns, false});
-        if (!narrow) {
-            sum({sources.data(), leftColumns - HalfWidth, Taps.data(), TapWidth, TapHeight, targets + y,
-                 leftColumns, Width - leftColumns - rightColumns, streaming});
-            if (rightColumns > 0)
-                sum({right.Fill(sources, sourceRows), 0, Taps.data(), TapWidth, TapHeight, targets + y,
-                     Width - rightColumns, rightColumns, false});
+        leftCopies.Fill(sources, sourceRows);
+        rightCopies.Fill(sources, sourceRows);
+        for (CorrelationBlock block : {left, inside, right}) {
+            block.Targets = targets + y;
+            if (block.Columns > 0)
+                (rows == 1 ? Variant.Row : Variant.Rows)(block);
         }
         y += rows;
     }
-    Form.Fence();
+    Variant.Fence();
 }
 
 }

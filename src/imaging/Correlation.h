@@ -1,6 +1,6 @@
 #pragma once
 
-// Rows of a correlation of an image with a kernel, and the forms of its inner block.
+// Rows of a correlation of an image with a kernel, and the variants of its inner block.
 
 #include "vostel/Containers.h"
 
@@ -22,17 +22,16 @@ struct CorrelationBlock {
     float* const*       Targets;
     std::ptrdiff_t      First;
     std::ptrdiff_t      Columns;
-    bool                PastCaches;    // whole lines of the target go past the caches; Fence has to follow
+    bool Streaming;    // whole cache lines of the target by non-temporal stores; Fence has to follow
 };
 
 struct CorrelationVariant {
     int RowsAtOnce;
     void (*Rows)(const CorrelationBlock& block);    // RowsAtOnce output rows
     void (*Row)(const CorrelationBlock& block);     // one
-    void (*Fence)();    // before another thread may read what went past the caches
+    void (*Fence)();                                // before another thread may read what was streamed
 };
 
-// The form that ActiveCpuVariant names at the time of the call.
 const CorrelationVariant& ActiveCorrelationVariant();
 
 extern const CorrelationVariant CorrelationPlain;
@@ -46,7 +45,7 @@ public:
     Correlation(const StructData2D<float>& image, const StructData2D<float>& kernel);
 
     // Output rows first..end-1, whole: columns whose taps leave the image read mirrored samples.
-    // A target larger than the caches is written past them.
+    // A target larger than the caches is stored without reading its lines first.
     void DoRows(float* const* targets, int first, int end) const;
 
     int HalfWidth = 0;
@@ -62,7 +61,7 @@ private:
     int                       EdgeWidth;    // output columns at each side that are computed from copies
     std::vector<float>        Taps;         // TapHeight rows of TapWidth
     std::vector<const float*> Rows;         // of the image
-    const CorrelationVariant& Form;
+    const CorrelationVariant& Variant;
 };
 
 // A coordinate that may lie outside 0..extent-1, mirrored without repeating the edge sample, clamped after.

@@ -3,6 +3,7 @@
 // The blocks of a correlation in registers, for files that name a processor feature. Simd brings the vector
 // type and its operations; everything here is a template on it, so that each file has a copy of its own.
 
+#include "base/CacheLimits.h"
 #include "base/Compiler.h"
 #include "imaging/Correlation.h"
 
@@ -13,28 +14,30 @@ namespace vostel {
 
 namespace {
 
-constexpr int BlockRows = 4;
-constexpr int FloatsOfLine = 16;
-constexpr int FloatsAhead = 256;    // the best of 128, 256, 512 and 1024
+constexpr int            BlockRows = 4;
+constexpr std::ptrdiff_t FloatBytes = sizeof(float);
+constexpr int            FloatsOfLine = static_cast<int>(CacheLineBytes) / sizeof(float);
+constexpr int            FloatsAhead = 256;    // the best of 128, 256, 512 and 1024
 
 // The taps of one source row for the output rows Low..High, each of Vectors vectors of columns; tapRow is
 // where the kernel row of output row 0 starts or would start. Every sum takes its taps one by one, multiplied
 // and then added. Unrolling over the taps as well was slower.
 template <class Simd, int Rows, int Vectors, int Low, int High>
-VOSTEL_INLINE void AddTaps(typename Simd::V (&sums)[Rows][Vectors], const float* source, const float* kernel,
-                           std::ptrdiff_t tapRow, std::ptrdiff_t width)
+VOSTEL_INLINE void AddTaps(typename Simd::Floats (&sums)[Rows][Vectors], const float* source,
+                           const float* kernel, std::ptrdiff_t tapRow, std::ptrdiff_t width)
 {
-    using V = typename Simd::V;
+    using Floats = typename Simd::Floats;
     for (std::ptrdiff_t i = 0; i < width; ++i) {
-        V samples[Vectors];
+        Floats samples[Vectors];
         VOSTEL_UNROLL
         for (int v = 0; v < Vectors; ++v) {
             samples[v] = Simd::Load(source + i + v * Simd::Lanes);
-            Simd::Settle(samples[v]);
+            Simd::KeepInRegister(
+                samples[v]);    // not loaded anew for each row, mostly across two cache lines
         }
         VOSTEL_UNROLL
         for (int r = Low; r <= High; ++r) {
-            const V tap = Simd::Set(kernel[tapRow - r * width + i]);
+            const Floats tap = Simd::Set(kernel[tapRow - r * width + i]);
             VOSTEL_UNROLL
             for (int v = 0; v < Vectors; ++v)
                 sums[r][v] = Simd::Add(sums[r][v], Simd::Mul(tap, samples[v]));
@@ -42,9 +45,9 @@ VOSTEL_INLINE void AddTaps(typename Simd::V (&sums)[Rows][Vectors], const float*
     }
 }
 
-// Past the caches only whole lines go: what a vector shares with a line goes through them.
+// Only aligned vectors are streamed: each is a whole line or half of one.
 template <class Simd>
-VOSTEL_INLINE void Store(float* target, typename Simd::V value, bool streaming)
+VOSTEL_INLINE void Store(float* target, typename Simd::Floats value, bool streaming)
 {
     if (streaming && reinterpret_cast<std::uintptr_t>(target) % (Simd::Lanes * sizeof(float)) == 0)
         Simd::Stream(target, value);
@@ -55,25 +58,25 @@ VOSTEL_INLINE void Store(float* target, typename Simd::V value, bool streaming)
 template <class Simd, int Rows, int Vectors>
 VOSTEL_INLINE void SumBlock(const CorrelationBlock& block, std::ptrdiff_t column)
 {
-    const std::ptrdiff_t width = block.KernelWidth;
-    const float* const*  sources = block.Sources;
-    const std::ptrdiff_t at = block.Offset + column;
-    const int            height = block.KernelHeight;
-    const float* const   kernel = block.Kernel;
-    typename Simd::V     sums[Rows][Vectors];
+    const std::ptrdiff_t  width = block.KernelWidth;
+    const float* const*   sources = block.Sources;
+    const std::ptrdiff_t  at = block.Offset + column;
+    const int             height = block.KernelHeight;
+    const float* const    kernel = block.Kernel;
+    typename Simd::Floats sums[Rows][Vectors];
     VOSTEL_UNROLL
     for (int r = 0; r < Rows; ++r) {
         VOSTEL_UNROLL
         for (int v = 0; v < Vectors; ++v)
             sums[r][v] = Simd::Set(0.0f);
     }
-    if (block.PastCaches) {
+    if (block.Streaming) {
         // Of the rows that no block above has read.
         VOSTEL_UNROLL
         for (int r = 0; r < Rows; ++r) {
             VOSTEL_UNROLL
             for (int line = 0; line < Vectors * Simd::Lanes; line += FloatsOfLine)
-                Simd::Prefetch(sources[height - 1 + r] + at + FloatsAhead + line);
+                Simd::Prefetch(sources[height - 1 + r] + at, (FloatsAhead + line) * FloatBytes);
         }
     }
     if constexpr (Rows == 1) {
@@ -100,7 +103,7 @@ VOSTEL_INLINE void SumBlock(const CorrelationBlock& block, std::ptrdiff_t column
         VOSTEL_UNROLL
         for (int v = 0; v < Vectors; ++v)
             Store<Simd>(block.Targets[r] + block.First + column + v * Simd::Lanes, sums[r][v],
-                        block.PastCaches);
+                        block.Streaming);
     }
 }
 

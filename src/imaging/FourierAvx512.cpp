@@ -1,29 +1,18 @@
 #include "imaging/FourierPasses.h"
 
-#include "base/Compiler.h"
-
-#include <immintrin.h>
+#include "base/simd/SimdAvx512.h"
 
 namespace vostel {
 
 namespace {
 
-struct Simd16 {
-    using V = __m512;
-    static constexpr int Lanes = 16;
+struct FourierSimd : SimdAvx512 {
     static constexpr int PassStages = 3;    // as many as the registers hold the values of
 
-    VOSTEL_INLINE static V    Load(const float* from) { return _mm512_loadu_ps(from); }
-    VOSTEL_INLINE static void Store(float* to, V v) { _mm512_storeu_ps(to, v); }
-    VOSTEL_INLINE static V    Set(float v) { return _mm512_set1_ps(v); }
-    VOSTEL_INLINE static V    Add(V a, V b) { return _mm512_add_ps(a, b); }
-    VOSTEL_INLINE static V    Sub(V a, V b) { return _mm512_sub_ps(a, b); }
-    VOSTEL_INLINE static V    Mul(V a, V b) { return _mm512_mul_ps(a, b); }
-
     // Column i of the sixteen vectors goes to to + i * step.
-    VOSTEL_INLINE static void StoreTransposed(float* to, std::ptrdiff_t step, const V* v)
+    VOSTEL_INLINE static void StoreTransposed(float* to, std::ptrdiff_t step, const Floats* v)
     {
-        V a[16], b[16];
+        Floats a[16], b[16];
         VOSTEL_UNROLL
         for (int i = 0; i < 16; i += 2) {
             a[i] = _mm512_unpacklo_ps(v[i], v[i + 1]);
@@ -53,22 +42,24 @@ struct Simd16 {
     }
 };
 
-}
-
-void TransformAvx512(const FourierRun& run)
+void Transform(const FourierRun& run)
 {
-    if (run.Length < Simd16::Lanes * Simd16::Lanes)
-        TransformAvx2(run);
+    if (run.Length < FourierSimd::Lanes * FourierSimd::Lanes)
+        FourierAvx2.Transform(run);
     else
-        Transform<Simd16, 4>(run);
+        TransformInPasses<FourierSimd, 4>(run);
 }
 
-void FilterAvx512(const FourierRun& forward, const FourierRun& inverse)
+void Filter(const FourierRun& forward, const FourierRun& inverse)
 {
     if (forward.Length < 256)
-        FilterAvx2(forward, inverse);
+        FourierAvx2.Filter(forward, inverse);
     else
-        Filter<Simd16, 4>(forward, inverse);
+        FilterInPasses<FourierSimd, 4>(forward, inverse);
 }
+
+}
+
+const FourierVariant FourierAvx512 = {.Transform = Transform, .Filter = Filter};
 
 }

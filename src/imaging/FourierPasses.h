@@ -10,7 +10,7 @@
 // sees the same operations in the same order as one stage at a time.
 
 #include "base/Compiler.h"
-#include "imaging/FourierVariants.h"
+#include "imaging/Fourier.h"
 
 #include <cstddef>
 
@@ -28,11 +28,12 @@ VOSTEL_INLINE constexpr int Reversed(int j)
 }
 
 template <class Simd>
-VOSTEL_INLINE void Butterfly(typename Simd::V& aRe, typename Simd::V& aIm, typename Simd::V& bRe,
-                             typename Simd::V& bIm, typename Simd::V c, typename Simd::V n)
+VOSTEL_INLINE void Butterfly(typename Simd::Floats& aRe, typename Simd::Floats& aIm,
+                             typename Simd::Floats& bRe, typename Simd::Floats& bIm, typename Simd::Floats c,
+                             typename Simd::Floats n)
 {
-    const typename Simd::V dr = Simd::Sub(aRe, bRe);
-    const typename Simd::V di = Simd::Sub(aIm, bIm);
+    const typename Simd::Floats dr = Simd::Sub(aRe, bRe);
+    const typename Simd::Floats di = Simd::Sub(aIm, bIm);
     aRe = Simd::Add(aRe, bRe);
     aIm = Simd::Add(aIm, bIm);
     bRe = Simd::Sub(Simd::Mul(dr, c), Simd::Mul(di, n));
@@ -41,12 +42,12 @@ VOSTEL_INLINE void Butterfly(typename Simd::V& aRe, typename Simd::V& aIm, typen
 
 // Stages T to K - 1 of the values from High on, by twos as far as they are even in number: four values at a
 // time are what the registers hold, the others wait in memory. Every value has been fetched from the source
-// before the first goes to the sink. entry(stage, low, cos, sin) answers the factors of a pair.
+// before the first goes to the sink. entry(stage, low, cos, sin) returns the factors of a pair.
 template <class Simd, int K, int T, int High, class Source, class Entry, class Sink>
-VOSTEL_INLINE void Stages(typename Simd::V (&re)[1 << K], typename Simd::V (&im)[1 << K], Source source,
-                          Entry entry, Sink sink)
+VOSTEL_INLINE void Stages(typename Simd::Floats (&re)[1 << K], typename Simd::Floats (&im)[1 << K],
+                          Source source, Entry entry, Sink sink)
 {
-    using V = typename Simd::V;
+    using V = typename Simd::Floats;
     constexpr int  Joined = (K - T) % 2 == 0 ? 2 : 1;
     constexpr int  Apart = 1 << (K - T - Joined);
     constexpr bool Last = T + Joined == K;
@@ -89,7 +90,7 @@ VOSTEL_INLINE void Stages(typename Simd::V (&re)[1 << K], typename Simd::V (&im)
 }
 
 template <class Simd>
-VOSTEL_INLINE typename Simd::V LoadRow(const FourierRun& run, std::ptrdiff_t at)
+VOSTEL_INLINE typename Simd::Floats LoadRow(const FourierRun& run, std::ptrdiff_t at)
 {
     if (at + Simd::Lanes <= run.RowLength)
         return Simd::Load(run.Row + at);
@@ -104,10 +105,10 @@ VOSTEL_INLINE typename Simd::V LoadRow(const FourierRun& run, std::ptrdiff_t at)
 enum class Input { Plain, Row, Product };
 
 template <class Simd>
-VOSTEL_INLINE void Multiply(typename Simd::V& re, typename Simd::V& im, typename Simd::V c,
-                            typename Simd::V d)
+VOSTEL_INLINE void Multiply(typename Simd::Floats& re, typename Simd::Floats& im, typename Simd::Floats c,
+                            typename Simd::Floats d)
 {
-    const typename Simd::V a = re;
+    const typename Simd::Floats a = re;
     re = Simd::Sub(Simd::Mul(a, c), Simd::Mul(im, d));
     im = Simd::Add(Simd::Mul(a, d), Simd::Mul(im, c));
 }
@@ -118,7 +119,7 @@ template <class Simd, int K, class Source>
 VOSTEL_INLINE void StagesToSquares(const FourierRun& run, std::ptrdiff_t p, Source source, float* outRe,
                                    float* outIm)
 {
-    using V = typename Simd::V;
+    using V = typename Simd::Floats;
     constexpr int R = 1 << K;
     static_assert(R % Simd::Lanes == 0 && K <= FourierTableStages);
     const std::ptrdiff_t step = run.Length / R;
@@ -144,7 +145,7 @@ VOSTEL_INLINE void StagesToSquares(const FourierRun& run, std::ptrdiff_t p, Sour
 template <class Simd, int K, Input From>
 VOSTEL_NOINLINE void FirstPass(const FourierRun& run, float* outRe, float* outIm)
 {
-    using V = typename Simd::V;
+    using V = typename Simd::Floats;
     constexpr int        R = 1 << K;
     const std::ptrdiff_t step = run.Length / R;
     for (std::ptrdiff_t p = 0; p < step; p += Simd::Lanes)
@@ -172,8 +173,8 @@ enum class Output { Between, Last, Scaled, RealHalf };
 // What all lanes of K stages multiply by.
 template <class Simd, int K>
 struct Factors {
-    typename Simd::V Cos[K][1 << (K - 1)];
-    typename Simd::V Sin[K][1 << (K - 1)];
+    typename Simd::Floats Cos[K][1 << (K - 1)];
+    typename Simd::Floats Sin[K][1 << (K - 1)];
 
     // Those of stage T and the ones after it. The last stages of a transform begin at entry 0, whose cosine
     // is 1, by which nothing need be multiplied; the zero of its sine counts.
@@ -196,7 +197,7 @@ template <class Simd, int K, Output To>
 VOSTEL_NOINLINE void Pass(const FourierRun& run, std::ptrdiff_t s, const float* inRe, const float* inIm,
                           float* outRe, float* outIm)
 {
-    using V = typename Simd::V;
+    using V = typename Simd::Floats;
     constexpr int        R = 1 << K;
     const std::ptrdiff_t step = run.Length / R;
     const V              scale = Simd::Set(To == Output::RealHalf && !run.Scaled ? 1.0f : run.Scale);
@@ -242,7 +243,7 @@ void AnyPass(int k, const FourierRun& run, std::ptrdiff_t s, const float* inRe, 
         Pass<Simd, 3, To>(run, s, inRe, inIm, outRe, outIm);
 }
 
-// Two pairs of arrays in turns; At tells which holds the values.
+// Two pairs of arrays in turns; pair At holds the values.
 struct Pairs {
     float* Re[2];
     float* Im[2];
@@ -281,7 +282,7 @@ void Finish(const FourierRun& run, Pairs& pairs, int done, int to)
 
 // For lengths from Lanes << K on.
 template <class Simd, int K>
-void Transform(const FourierRun& run)
+void TransformInPasses(const FourierRun& run)
 {
     Pairs      pairs = {{run.Re, run.OtherRe}, {run.Im, run.OtherIm}, 1};
     const auto first = run.Row        ? FirstPass<Simd, K, Input::Row>
@@ -297,7 +298,7 @@ template <class Simd, int K>
 VOSTEL_NOINLINE void MiddlePass(const FourierRun& forward, const FourierRun& inverse, const float* inRe,
                                 const float* inIm, float* outRe, float* outIm)
 {
-    using V = typename Simd::V;
+    using V = typename Simd::Floats;
     constexpr int        R = 1 << K;
     const std::ptrdiff_t step = forward.Length / R;
     Factors<Simd, K>     factors;
@@ -332,7 +333,7 @@ VOSTEL_NOINLINE void MiddlePass(const FourierRun& forward, const FourierRun& inv
 
 // For lengths from Lanes << K and 1 << 2 * K on.
 template <class Simd, int K>
-void Filter(const FourierRun& forward, const FourierRun& inverse)
+void FilterInPasses(const FourierRun& forward, const FourierRun& inverse)
 {
     Pairs pairs = {{forward.Re, forward.OtherRe}, {forward.Im, forward.OtherIm}, 1};
     FirstPass<Simd, K, Input::Row>(forward, pairs.Re[1], pairs.Im[1]);

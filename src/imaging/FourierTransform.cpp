@@ -1,7 +1,7 @@
 #include "vostel/FourierTransform.h"
 
+#include "imaging/Fourier.h"
 #include "imaging/FourierArrays.h"
-#include "imaging/FourierVariants.h"
 
 #include <algorithm>
 #include <cmath>

@@ -19,13 +19,13 @@ struct MatrixBlock {
     std::ptrdiff_t Columns;
 };
 
-using MatrixVariant = void (*)(const MatrixBlock& block);
+struct MatrixVariant {
+    void (*Multiply)(const MatrixBlock& block);
+};
+const MatrixVariant& ActiveMatrixVariant();
 
-// The form that ActiveCpuVariant names at the time of the call.
-MatrixVariant ActiveMatrixVariant();
-
-void MultiplyPlain(const MatrixBlock& block);
-void MultiplyAvx2(const MatrixBlock& block);
-void MultiplyAvx512(const MatrixBlock& block);
+extern const MatrixVariant MatrixPlain;
+extern const MatrixVariant MatrixAvx2;
+extern const MatrixVariant MatrixAvx512;
 
 }

@@ -1,29 +1,9 @@
 #include "imaging/MatrixTiles.h"
 
-#include "base/Compiler.h"
-
-#include <immintrin.h>
+#include "base/simd/SimdAvx2.h"
 
 namespace vostel {
 
-namespace {
-
-struct Simd8 {
-    using V = __m256;
-    static constexpr int Lanes = 8;
-
-    VOSTEL_INLINE static V    Load(const float* from) { return _mm256_loadu_ps(from); }
-    VOSTEL_INLINE static void Store(float* to, V v) { _mm256_storeu_ps(to, v); }
-    VOSTEL_INLINE static V    Set(float v) { return _mm256_set1_ps(v); }
-    VOSTEL_INLINE static V    Add(V a, V b) { return _mm256_add_ps(a, b); }
-    VOSTEL_INLINE static V    Mul(V a, V b) { return _mm256_mul_ps(a, b); }
-};
-
-}
-
-void MultiplyAvx2(const MatrixBlock& block)
-{
-    Multiply<Simd8, 2>(block);
-}
+const MatrixVariant MatrixAvx2 = {.Multiply = MultiplyInTiles<SimdAvx2, 2>};
 
 }

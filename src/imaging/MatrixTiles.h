@@ -15,9 +15,9 @@ namespace {
 template <class Simd, int Rows, int Vectors>
 VOSTEL_INLINE void MultiplyTile(const MatrixBlock& block, std::ptrdiff_t row, std::ptrdiff_t column)
 {
-    const float* const a = block.A + row * block.WidthA;
-    const float*       b = block.B + column;
-    typename Simd::V   sums[Rows][Vectors];
+    const float* const    a = block.A + row * block.WidthA;
+    const float*          b = block.B + column;
+    typename Simd::Floats sums[Rows][Vectors];
     VOSTEL_UNROLL
     for (int r = 0; r < Rows; ++r) {
         VOSTEL_UNROLL
@@ -25,13 +25,13 @@ VOSTEL_INLINE void MultiplyTile(const MatrixBlock& block, std::ptrdiff_t row, st
             sums[r][v] = Simd::Set(0.0f);
     }
     for (std::ptrdiff_t k = 0; k < block.WidthA; ++k, b += block.WidthB) {
-        typename Simd::V terms[Vectors];
+        typename Simd::Floats terms[Vectors];
         VOSTEL_UNROLL
         for (int v = 0; v < Vectors; ++v)
             terms[v] = Simd::Load(b + v * Simd::Lanes);
         VOSTEL_UNROLL
         for (int r = 0; r < Rows; ++r) {
-            const typename Simd::V factor = Simd::Set(a[r * block.WidthA + k]);
+            const typename Simd::Floats factor = Simd::Set(a[r * block.WidthA + k]);
             VOSTEL_UNROLL
             for (int v = 0; v < Vectors; ++v)
                 sums[r][v] = Simd::Add(sums[r][v], Simd::Mul(factor, terms[v]));
@@ -55,9 +55,10 @@ void MultiplyColumns(const MatrixBlock& block, std::ptrdiff_t column)
         MultiplyTile<Simd, 1, Vectors>(block, row, column);
 }
 
-// Tiles are Wide vectors of columns; what is left takes single vectors, and the last columns the plain form.
+// Tiles are Wide vectors of columns; what is left takes single vectors, and the last columns the plain
+// variant.
 template <class Simd, int Wide>
-void Multiply(const MatrixBlock& block)
+void MultiplyInTiles(const MatrixBlock& block)
 {
     constexpr std::ptrdiff_t Lanes = Simd::Lanes;
     std::ptrdiff_t           column = 0;
@@ -69,7 +70,7 @@ void Multiply(const MatrixBlock& block)
     rest.B += column;
     rest.C += column;
     rest.Columns -= column;
-    MultiplyPlain(rest);
+    MatrixPlain.Multiply(rest);
 }
 
 }

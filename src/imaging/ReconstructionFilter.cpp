@@ -2,8 +2,8 @@
 
 #include "base/Compiler.h"
 #include "foundation/ArrayLength.h"
+#include "imaging/Fourier.h"
 #include "imaging/FourierArrays.h"
-#include "imaging/FourierVariants.h"
 
 #include <cstdlib>
 #include <cstring>

@@ -53,7 +53,7 @@ public:
     Scaling(const ClassData2DIO<float>& source, ClassData2DIO<float>& target)
         : Source(source), Target(target), Across(CountOf(source) > 0 ? source.Width : 0, target.Width),
           Down(CountOf(source) > 0 ? source.Height : 0, target.Height), StepAcross(Across.WholeStep()),
-          Form(ActiveResizeVariant())
+          Variant(ActiveResizeVariant())
     {
     }
 
@@ -82,17 +82,17 @@ public:
                 std::swap(kept, keptNext);
             }
             if (kept != row && !nextReuses) {
-                Form.SpreadAndBlend(RowOf(Source, row), RowOf(Source, row + 1), columns, fraction, target);
+                Variant.SpreadAndBlend(RowOf(Source, row), RowOf(Source, row + 1), columns, fraction, target);
             } else {
                 if (kept != row) {
-                    Form.Spread(RowOf(Source, row), columns, spread);
+                    Variant.Spread(RowOf(Source, row), columns, spread);
                     kept = row;
                 }
                 if (keptNext != row + 1) {
-                    Form.Spread(RowOf(Source, row + 1), columns, nextSpread);
+                    Variant.Spread(RowOf(Source, row + 1), columns, nextSpread);
                     keptNext = row + 1;
                 }
-                Form.Blend(spread, nextSpread, fraction, target, count);
+                Variant.Blend(spread, nextSpread, fraction, target, count);
             }
             std::fill(target + count, target + Target.Width, 0.0f);
         }
@@ -104,7 +104,7 @@ private:
     Axis                        Across;
     Axis                        Down;
     int                         StepAcross;
-    const ResizeVariant&        Form;
+    const ResizeVariant&        Variant;
 };
 
 template <typename DoAllRows>

@@ -1,8 +1,8 @@
 #pragma once
 
 // The steps of bilinear scaling with lanes along the target's columns, for files that name a processor
-// feature. Simd brings the vector types V (floats), D (half as many doubles) and I (indices) and their
-// operations; everything here is a template on it, so that each file has a copy of its own.
+// feature. Simd brings the vector types and their operations; everything here is a template on it, so that
+// each file has a copy of its own.
 
 #include "base/Compiler.h"
 #include "imaging/ResizeRows.h"
@@ -14,9 +14,9 @@ namespace {
 // How the samples of neighbouring columns, one per lane, are fetched, left ones and right ones.
 template <class Simd>
 struct Fetch {
-    typename Simd::I Index;
-    int              First;
-    int              Loads;    // one or two vectors that hold all samples, or 0 for gathers
+    typename Simd::Ints Index;
+    int                 First;
+    int                 Loads;    // one or two vectors that hold all samples, or 0 for gathers
 };
 
 template <class Simd>
@@ -25,29 +25,29 @@ VOSTEL_INLINE Fetch<Simd> FetchOf(const ResizeColumns& columns, int x)
     constexpr int Lanes = Simd::Lanes;
     const int     first = columns.Index[x];
     const int     span = columns.Index[x + Lanes - 1] - first;
-    Fetch<Simd>   fetch{Simd::LoadIndex(columns.Index + x), first, 0};
+    Fetch<Simd>   fetch{Simd::LoadInts(columns.Index + x), first, 0};
     // The right samples come out of the same loads. None may leave the row.
     if (span < Lanes - 1 && first <= columns.SourceWidth - Lanes)
         fetch.Loads = 1;
     else if (span < 2 * Lanes - 1 && first <= columns.SourceWidth - 2 * Lanes)
         fetch.Loads = 2;
     if (fetch.Loads > 0)
-        fetch.Index = Simd::Shift(fetch.Index, -first);
+        fetch.Index = Simd::Add(fetch.Index, Simd::Set(-first));
     return fetch;
 }
 
 template <class Simd>
-VOSTEL_INLINE void FetchSamples(const float* source, const Fetch<Simd>& fetch, typename Simd::V& left,
-                                typename Simd::V& right)
+VOSTEL_INLINE void FetchSamples(const float* source, const Fetch<Simd>& fetch, typename Simd::Floats& left,
+                                typename Simd::Floats& right)
 {
-    const typename Simd::I next = Simd::Shift(fetch.Index, 1);
+    const typename Simd::Ints next = Simd::Add(fetch.Index, Simd::Set(1));
     if (fetch.Loads == 1) {
-        const typename Simd::V samples = Simd::Load(source + fetch.First);
+        const typename Simd::Floats samples = Simd::Load(source + fetch.First);
         left = Simd::Pick(samples, fetch.Index);
         right = Simd::Pick(samples, next);
     } else if (fetch.Loads == 2) {
-        const typename Simd::V samples = Simd::Load(source + fetch.First);
-        const typename Simd::V more = Simd::Load(source + fetch.First + Simd::Lanes);
+        const typename Simd::Floats samples = Simd::Load(source + fetch.First);
+        const typename Simd::Floats more = Simd::Load(source + fetch.First + Simd::Lanes);
         left = Simd::Pick(samples, more, fetch.Index);
         right = Simd::Pick(samples, more, next);
     } else {
@@ -58,11 +58,11 @@ VOSTEL_INLINE void FetchSamples(const float* source, const Fetch<Simd>& fetch, t
 
 // The samples between left and right, as doubles: the lower half of the lanes and the upper one.
 template <class Simd>
-VOSTEL_INLINE void Between(const float* source, const Fetch<Simd>& fetch, typename Simd::V fraction,
-                           typename Simd::D& low, typename Simd::D& high)
+VOSTEL_INLINE void Between(const float* source, const Fetch<Simd>& fetch, typename Simd::Floats fraction,
+                           typename Simd::Doubles& low, typename Simd::Doubles& high)
 {
-    const typename Simd::D one = Simd::Set(1.0);
-    typename Simd::V       left, right;
+    const typename Simd::Doubles one = Simd::Set(1.0);
+    typename Simd::Floats        left, right;
     FetchSamples<Simd>(source, fetch, left, right);
     right = Simd::Mul(fraction, right);
     low = Simd::Add(Simd::Mul(Simd::Low(left), Simd::Sub(one, Simd::Low(fraction))), Simd::Low(right));
@@ -79,7 +79,7 @@ void Spread(const float* source, const ResizeColumns& columns, double* spread)
 {
     int x = 0;
     for (; x + Simd::Lanes <= columns.Count; x += Simd::Lanes) {
-        typename Simd::D low, high;
+        typename Simd::Doubles low, high;
         Between<Simd>(source, FetchOf<Simd>(columns, x), Simd::Load(columns.Fraction + x), low, high);
         Simd::Store(spread + x, low);
         Simd::Store(spread + x + Simd::Lanes / 2, high);
@@ -88,8 +88,8 @@ void Spread(const float* source, const ResizeColumns& columns, double* spread)
 }
 
 template <class Simd>
-VOSTEL_INLINE void StoreBlend(float* target, typename Simd::D top, typename Simd::D bottom,
-                              typename Simd::D upper, typename Simd::D lower)
+VOSTEL_INLINE void StoreBlend(float* target, typename Simd::Doubles top, typename Simd::Doubles bottom,
+                              typename Simd::Doubles upper, typename Simd::Doubles lower)
 {
     Simd::StoreNarrow(target, Simd::Add(Simd::Mul(top, upper), Simd::Mul(bottom, lower)));
 }
@@ -97,10 +97,10 @@ VOSTEL_INLINE void StoreBlend(float* target, typename Simd::D top, typename Simd
 template <class Simd>
 void Blend(const double* top, const double* bottom, float fraction, float* target, int count)
 {
-    constexpr int          Half = Simd::Lanes / 2;
-    const typename Simd::D lower = Simd::Set(static_cast<double>(fraction));
-    const typename Simd::D upper = Simd::Sub(Simd::Set(1.0), lower);
-    int                    x = 0;
+    constexpr int                Half = Simd::Lanes / 2;
+    const typename Simd::Doubles lower = Simd::Set(static_cast<double>(fraction));
+    const typename Simd::Doubles upper = Simd::Sub(Simd::Set(1.0), lower);
+    int                          x = 0;
     for (; x + Simd::Lanes <= count; x += Simd::Lanes) {
         StoreBlend<Simd>(target + x, Simd::Load(top + x), Simd::Load(bottom + x), upper, lower);
         StoreBlend<Simd>(target + x + Half, Simd::Load(top + x + Half), Simd::Load(bottom + x + Half), upper,
@@ -116,12 +116,12 @@ int PickEverySecond(const float* topSource, const float* bottomSource, float* ta
 {
     int x = 0;
     for (; x + Simd::Lanes <= count; x += Simd::Lanes) {
-        typename Simd::V topEven, topOdd, bottomEven, bottomOdd;
+        typename Simd::Floats topEven, topOdd, bottomEven, bottomOdd;
         Simd::Part(topSource + 2 * x, topEven, topOdd);
         Simd::Part(bottomSource + 2 * x, bottomEven, bottomOdd);
-        const typename Simd::V zero = Simd::Set(0.0f);
-        const typename Simd::V top = Simd::Add(topEven, Simd::Mul(zero, topOdd));
-        const typename Simd::V bottom = Simd::Add(bottomEven, Simd::Mul(zero, bottomOdd));
+        const typename Simd::Floats zero = Simd::Set(0.0f);
+        const typename Simd::Floats top = Simd::Add(topEven, Simd::Mul(zero, topOdd));
+        const typename Simd::Floats bottom = Simd::Add(bottomEven, Simd::Mul(zero, bottomOdd));
         Simd::StoreParted(target + x, Simd::Add(top, Simd::Mul(zero, bottom)));
     }
     return x;
@@ -131,15 +131,15 @@ template <class Simd>
 void SpreadAndBlend(const float* topSource, const float* bottomSource, const ResizeColumns& columns,
                     float fraction, float* target)
 {
-    const typename Simd::D lower = Simd::Set(static_cast<double>(fraction));
-    const typename Simd::D upper = Simd::Sub(Simd::Set(1.0), lower);
-    int                    x = 0;
+    const typename Simd::Doubles lower = Simd::Set(static_cast<double>(fraction));
+    const typename Simd::Doubles upper = Simd::Sub(Simd::Set(1.0), lower);
+    int                          x = 0;
     if (columns.WholeStep == 2 && fraction == 0.0f)
         x = PickEverySecond<Simd>(topSource, bottomSource, target, columns.Count);
     for (; x + Simd::Lanes <= columns.Count; x += Simd::Lanes) {
-        const Fetch<Simd>      fetch = FetchOf<Simd>(columns, x);
-        const typename Simd::V across = Simd::Load(columns.Fraction + x);
-        typename Simd::D       topLow, topHigh, bottomLow, bottomHigh;
+        const Fetch<Simd>           fetch = FetchOf<Simd>(columns, x);
+        const typename Simd::Floats across = Simd::Load(columns.Fraction + x);
+        typename Simd::Doubles      topLow, topHigh, bottomLow, bottomHigh;
         Between<Simd>(topSource, fetch, across, topLow, topHigh);
         Between<Simd>(bottomSource, fetch, across, bottomLow, bottomHigh);
         StoreBlend<Simd>(target + x, topLow, bottomLow, upper, lower);

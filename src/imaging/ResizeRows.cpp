@@ -41,21 +41,12 @@ void SpreadAndBlend(const float* topSource, const float* bottomSource, const Res
 
 }
 
-const ResizeVariant ResizePlain = {Spread, Blend, SpreadAndBlend};
+const ResizeVariant ResizePlain = {.Spread = Spread, .Blend = Blend, .SpreadAndBlend = SpreadAndBlend};
 
 const ResizeVariant& ActiveResizeVariant()
 {
-#if defined(__x86_64__) || defined(_M_X64)
-    switch (ActiveCpuVariant()) {
-    case CpuVariant::Avx512:
-        return ResizeAvx512;
-    case CpuVariant::Avx2:
-        return ResizeAvx2;
-    default:
-        break;
-    }
-#endif
-    return ResizePlain;
+    return Choose<ResizeVariant>(
+        {.Plain = &ResizePlain, .Avx2 = VOSTEL_X86(&ResizeAvx2), .Avx512 = VOSTEL_X86(&ResizeAvx512)});
 }
 
 }

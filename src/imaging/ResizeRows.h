@@ -1,11 +1,9 @@
-
-
-namespace vostel {
-
 #pragma once
 
 // The two steps of bilinear scaling, row by row: a source row at the target's spacing, and a target row
 // between two of those.
+
+namespace vostel {
 
 // Where the target's columns lie in the source. Columns ascend.
 struct ResizeColumns {
@@ -13,7 +11,7 @@ struct ResizeColumns {
     const float* Fraction;    // of the way to the right one
     int          Count;
     int          SourceWidth;
-    int          WholeStep;    // columns lie just on every so many samples, all fractions 0; else 0
+    int          WholeStep;    // samples from column to column where all fractions are 0; else 0
 };
 
 struct ResizeVariant {
@@ -21,14 +19,13 @@ struct ResizeVariant {
     void (*Spread)(const float* source, const ResizeColumns& columns, double* spread);
     // target[x] = float(top[x] * (1.0 - double(t)) + bottom[x] * double(t))
     void (*Blend)(const double* top, const double* bottom, float fraction, float* target, int count);
-    // Both at once, for rows whose spread nobody else needs. Where all fractions are 0 the values are samples
-    // and float takes every step exactly: (a + 0 b) + 0 (c + 0 d) differs from a only by infinite samples,
-    // not-a-numbers and the sign of a zero.
+    // Both at once, for rows whose spread is not needed again. Where all fractions are 0 the values are
+    // samples and float takes every step exactly: (a + 0 b) + 0 (c + 0 d) differs from a only by infinite
+    // samples, not-a-numbers and the sign of a zero.
     void (*SpreadAndBlend)(const float* topSource, const float* bottomSource, const ResizeColumns& columns,
                            float fraction, float* target);
 };
 
-// The form that ActiveCpuVariant names at the time of the call.
 const ResizeVariant& ActiveResizeVariant();
 
 extern const ResizeVariant ResizePlain;

@@ -280,8 +280,8 @@ TEST_CASE("this program's allocator fails when it is told to and counts what is 
 TEST_CASE("correlations that run out of memory pass the exception on and leave image and kernel")
 {
     const ThreeThreads threads;
-    InEveryVariant([](const char* form) {
-        CAPTURE(form);
+    InEveryVariant([](const char* variant) {
+        CAPTURE(variant);
         CheckPasses(FailEachOfPlanes([](Planes& p) { ConFltMC(&p.A, &p.B); }));
         CheckPasses(FailEachOfPlanes([](Planes& p) { gConv2(&p.A, &p.B); }));
         CheckPasses(FailEachOfPlanes([](Planes& p) { gGauss(&p.A, 7, 1.5f, 0.2f); }));
@@ -304,8 +304,8 @@ TEST_CASE("scaling into a target that runs out of memory leaves the source and t
     const auto         same = [](const Planes& a, const Planes& b) {
         return SameContents(a.A, b.A) && a.B.Width == b.B.Width && a.B.Height == b.B.Height && a.B.Ptr1D;
     };
-    InEveryVariant([&](const char* form) {
-        CAPTURE(form);
+    InEveryVariant([&](const char* variant) {
+        CAPTURE(variant);
         for (const auto resize : {ResizeMC, ResizeSC}) {
             const Losses losses =
                 FailEach([] { return SomePlanes(5); }, [&](Planes& p) { resize(&p.A, &p.B); }, same);
@@ -319,8 +319,8 @@ TEST_CASE("scaling into a target that runs out of memory leaves the source and t
 
 TEST_CASE("a threshold that runs out of memory leaves the image")
 {
-    InEveryVariant([](const char* form) {
-        CAPTURE(form);
+    InEveryVariant([](const char* variant) {
+        CAPTURE(variant);
         CheckPasses(FailEachOfPlanes([](Planes& p) { LAT_Constant(p.Bytes, 7); }));
     });
 }
@@ -343,8 +343,8 @@ TEST_CASE("a stitch that runs out of memory leaves both images")
 
 TEST_CASE("a row filter that runs out of memory leaves every pixel")
 {
-    InEveryVariant([](const char* form) {
-        CAPTURE(form);
+    InEveryVariant([](const char* variant) {
+        CAPTURE(variant);
         CheckPasses(FailEachOfPlanes([](Planes& p) { ZEKFilter1DForRec(&p.A, 0.7f); }));
     });
 }

@@ -69,7 +69,7 @@ FloatPlane AnyKernel(std::mt19937& random)
 
 }
 
-TEST_CASE("every form of the correlation equals the sums by hand on images of any size")
+TEST_CASE("every variant of the correlation equals the sums by hand on images of any size")
 {
     for (unsigned seed = 6100; seed < 6160; ++seed) {
         std::mt19937     random(seed);
@@ -79,15 +79,15 @@ TEST_CASE("every form of the correlation equals the sums by hand on images of an
         const FloatPlane image = hard ? HardPlane(width, height, seed) : RandomFloats(width, height, random);
         const FloatPlane kernel = AnyKernel(random);
         const FloatPlane expected = FilteredByHand(image, kernel);
-        InEveryVariant([&](const char* form) {
+        InEveryVariant([&](const char* variant) {
             CHECK_MESSAGE(SamePlane(Filtered(image, kernel), expected),
-                          form << ", seed " << seed << ", " << width << "x" << height << " by "
-                               << kernel.Width << "x" << kernel.Height);
+                          variant << ", seed " << seed << ", " << width << "x" << height << " by "
+                                  << kernel.Width << "x" << kernel.Height);
         });
     }
 }
 
-TEST_CASE("every form equals the sums by hand on wide images, where blocks meet the mirrored edges")
+TEST_CASE("every variant equals the sums by hand on wide images, where blocks meet the mirrored edges")
 {
     unsigned seed = 6200;
     for (const int width : {95, 96, 97, 127, 128, 129, 160, 191, 193, 257}) {
@@ -96,9 +96,9 @@ TEST_CASE("every form equals the sums by hand on wide images, where blocks meet 
         for (const int side : {1, 3, 5, 7, 31, 33}) {
             const FloatPlane kernel = RandomKernel(side, std::min(side, 9), random);
             const FloatPlane expected = FilteredByHand(image, kernel);
-            InEveryVariant([&](const char* form) {
+            InEveryVariant([&](const char* variant) {
                 CHECK_MESSAGE(SamePlane(Filtered(image, kernel), expected),
-                              form << ", seed " << seed << ", width " << width << ", kernel " << side);
+                              variant << ", seed " << seed << ", width " << width << ", kernel " << side);
             });
         }
     }
@@ -113,21 +113,21 @@ TEST_CASE("images larger than the caches, which are written past them, equal the
         FloatPlane image = Constant(width, 2049, 0.0f);
         for (int k = 0; k < width * 2049; ++k)
             image.Ptr1D[k] = static_cast<float>(random() % 10007) * 0.37f;
-        InEveryVariant([&](const char* form) {
+        InEveryVariant([&](const char* variant) {
             const FloatPlane result = Filtered(image, kernel);
             bool             same = true;
             // Columns and rows in steps that share no divisor with any block, and the last of each.
             for (int y = 0; y < 2049; y += y < 2035 ? 13 : 1)
                 for (int x = 0; x < width; x += x < 100 || x > width - 100 ? 1 : 11)
                     same = same && result.Ptr2D[y][x] == SumByHand(image, kernel, x, y);
-            CHECK_MESSAGE(same, form << ", seed " << seed << ", width " << width);
+            CHECK_MESSAGE(same, variant << ", seed " << seed << ", width " << width);
         });
     }
 }
 
-TEST_CASE("no form writes outside the columns of its block")
+TEST_CASE("no variant writes outside the columns of its block")
 {
-    InEveryVariant([&](const char* form) {
+    InEveryVariant([&](const char* variant) {
         const CorrelationVariant& functions = ActiveCorrelationVariant();
         for (int columns = 1; columns <= 140; ++columns) {
             const int                      rows = functions.RowsAtOnce;
@@ -144,9 +144,9 @@ TEST_CASE("no form writes outside the columns of its block")
             functions.Rows({sources.data(), 0, taps, 3, 1, starts.data(), 0, columns, columns % 2 == 0});
             functions.Fence();
             for (GuardedRun<float>& target : targets) {
-                CHECK_MESSAGE(target.GuardsStand(), form << ", " << columns << " columns");
+                CHECK_MESSAGE(target.GuardsStand(), variant << ", " << columns << " columns");
                 CHECK_MESSAGE(std::count(target.Data(), target.Data() + length, 6.0f) == columns,
-                              form << ", " << columns << " columns");
+                              variant << ", " << columns << " columns");
             }
         }
     });
@@ -247,7 +247,7 @@ TEST_CASE("in an image one pixel wide all taps read the single column")
     CHECK(SamePlane(Filtered(PlaneOf<float>(1, {5}), Constant(9, 11, 1.0f)), PlaneOf<float>(1, {495})));
 }
 
-TEST_CASE("a kernel larger than the image folds its reads in every form")
+TEST_CASE("a kernel larger than the image folds its reads in every variant")
 {
     unsigned seed = 6400;
     for (int width = 1; width <= 5; ++width) {
@@ -256,10 +256,10 @@ TEST_CASE("a kernel larger than the image folds its reads in every form")
             const FloatPlane image = RandomFloats(width, height, random);
             const FloatPlane kernel = RandomKernel(23, 17, random);
             const FloatPlane expected = FilteredByHand(image, kernel);
-            InEveryVariant([&](const char* form) {
-                CHECK_MESSAGE(SamePlane(Filtered(image, kernel), expected), form << ", seed " << seed);
+            InEveryVariant([&](const char* variant) {
+                CHECK_MESSAGE(SamePlane(Filtered(image, kernel), expected), variant << ", seed " << seed);
                 CHECK_MESSAGE(SamePlane(Filtered(image, kernel, ConvFltVer0), expected),
-                              form << ", seed " << seed);
+                              variant << ", seed " << seed);
             });
         }
     }
@@ -375,17 +375,17 @@ TEST_CASE("infinite samples and not-a-numbers reach the pixels under their taps 
     image.Ptr2D[4][45] = std::numeric_limits<float>::quiet_NaN();
     image.Ptr2D[4][80] = std::numeric_limits<float>::infinity();
     const FloatPlane kernel = Constant(3, 3, 1.0f);
-    InEveryVariant([&](const char* form) {
+    InEveryVariant([&](const char* variant) {
         const FloatPlane result = Filtered(image, kernel);
         for (int y = 0; y < 9; ++y) {
             for (int x = 0; x < 90; ++x) {
                 const bool close = y >= 3 && y <= 5;
                 if (close && x >= 44 && x <= 46)
-                    CHECK_MESSAGE(std::isnan(result.Ptr2D[y][x]), form);
+                    CHECK_MESSAGE(std::isnan(result.Ptr2D[y][x]), variant);
                 else if (close && x >= 79 && x <= 81)
-                    CHECK_MESSAGE(std::isinf(result.Ptr2D[y][x]), form);
+                    CHECK_MESSAGE(std::isinf(result.Ptr2D[y][x]), variant);
                 else
-                    CHECK_MESSAGE(result.Ptr2D[y][x] == 9.0f, form);
+                    CHECK_MESSAGE(result.Ptr2D[y][x] == 9.0f, variant);
             }
         }
     });

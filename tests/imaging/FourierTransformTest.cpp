@@ -1,4 +1,4 @@
-#include "imaging/FourierVariants.h"
+#include "imaging/Fourier.h"
 #include "support/EveryVariant.h"
 
 #include <VostelObj.h>
@@ -72,13 +72,13 @@ bool Holds(const ZEKPP1DFFT& fft, const Signal& signal)
 
 }
 
-TEST_CASE("every form gives the bits of one stage after the other, for every length to 32768")
+TEST_CASE("every variant gives the bits of one stage after the other, for every length to 32768")
 {
-    InEveryVariant([](const char* form) {
+    InEveryVariant([](const char* variant) {
         for (int n = 1; n <= 32768; n *= 2)
             for (const bool forward : {true, false}) {
                 const unsigned seed = 77u + static_cast<unsigned>(n);
-                CAPTURE(form);
+                CAPTURE(variant);
                 CAPTURE(n);
                 CAPTURE(forward);
                 CAPTURE(seed);
@@ -97,8 +97,8 @@ TEST_CASE("lengths that outgrow the caches give the same bits too")
     for (const int n : {131072, 1048576}) {
         Signal       signal = RandomSignal(n, 78);
         const Signal expected = TransformedByHand(signal, false, true);
-        InEveryVariant([&](const char* form) {
-            CAPTURE(form);
+        InEveryVariant([&](const char* variant) {
+            CAPTURE(variant);
             CAPTURE(n);
             ZEKPP1DFFT fft;
             fft.Init(n, false);
@@ -109,12 +109,12 @@ TEST_CASE("lengths that outgrow the caches give the same bits too")
     }
 }
 
-TEST_CASE("every form spreads samples that are not finite, and signs of zero, as the arithmetic has it")
+TEST_CASE("every variant spreads samples that are not finite, and signs of zero, as the arithmetic has it")
 {
-    InEveryVariant([](const char* form) {
+    InEveryVariant([](const char* variant) {
         for (const int n : {64, 256, 2048})
             for (const bool zeros : {true, false}) {
-                CAPTURE(form);
+                CAPTURE(variant);
                 CAPTURE(n);
                 Signal signal = RandomSignal(n, 5);
                 if (zeros)
@@ -203,10 +203,10 @@ TEST_CASE("a run of length 1 has no stage and changes nothing")
     CHECK(fft.Re[0] == 2.5f);
 }
 
-TEST_CASE("an odd number of stages trades the arrays, in every form")
+TEST_CASE("an odd number of stages trades the arrays, in every variant")
 {
-    InEveryVariant([](const char* form) {
-        CAPTURE(form);
+    InEveryVariant([](const char* variant) {
+        CAPTURE(variant);
         for (const int n : {2, 128, 512, 2048, 256, 1024}) {
             ZEKPP1DFFT fft;
             fft.Init(n, true);
@@ -235,10 +235,10 @@ TEST_CASE("forward and inverse return the input")
     CHECK(worst < 1e-3f);
 }
 
-TEST_CASE("the unit impulse becomes ones, in every form")
+TEST_CASE("the unit impulse becomes ones, in every variant")
 {
-    InEveryVariant([](const char* form) {
-        CAPTURE(form);
+    InEveryVariant([](const char* variant) {
+        CAPTURE(variant);
         for (const int n : {2, 64, 1024, 4096}) {
             ZEKPP1DFFT fft;
             fft.Init(n, true);

@@ -24,7 +24,7 @@ FloatPlane ProductByHand(const FloatPlane& a, const FloatPlane& b)
 
 }
 
-TEST_CASE("every form of the matrix product equals the sums by hand for any sizes")
+TEST_CASE("every variant of the matrix product equals the sums by hand for any sizes")
 {
     for (unsigned seed = 11100; seed < 11220; ++seed) {
         std::mt19937 random(seed);
@@ -33,24 +33,24 @@ TEST_CASE("every form of the matrix product equals the sums by hand for any size
         FloatPlane   a = seed % 6 == 0 ? HardPlane(terms, rows, seed) : RandomFloats(terms, rows, random);
         FloatPlane   b = RandomFloats(columns, terms, random);
         FloatPlane   expected = ProductByHand(a, b);
-        InEveryVariant([&](const char* form) {
+        InEveryVariant([&](const char* variant) {
             FloatPlane c;
             MatrixMul(a, b, c);
-            CHECK_MESSAGE(SamePlane(c, expected),
-                          form << ", seed " << seed << ", " << rows << " by " << terms << " by " << columns);
+            CHECK_MESSAGE(SamePlane(c, expected), variant << ", seed " << seed << ", " << rows << " by "
+                                                          << terms << " by " << columns);
         });
     }
 }
 
-TEST_CASE("no form of the product writes outside its columns")
+TEST_CASE("no variant of the product writes outside its columns")
 {
-    InEveryVariant([&](const char* form) {
+    InEveryVariant([&](const char* variant) {
         for (int columns = 1; columns <= 80; ++columns) {
             const std::vector<float> a(10, 2.0f), b(static_cast<std::size_t>(2 * columns), 3.0f);
             GuardedRun<float>        c(static_cast<std::size_t>(5 * columns), 3, -1.0f);
-            ActiveMatrixVariant()({a.data(), 2, b.data(), columns, c.Data(), columns, 5, columns});
-            CHECK_MESSAGE(c.GuardsStand(), form << ", " << columns << " columns");
-            CHECK_MESSAGE(std::count(c.Data(), c.Data() + 5 * columns, 12.0f) == 5 * columns, form);
+            ActiveMatrixVariant().Multiply({a.data(), 2, b.data(), columns, c.Data(), columns, 5, columns});
+            CHECK_MESSAGE(c.GuardsStand(), variant << ", " << columns << " columns");
+            CHECK_MESSAGE(std::count(c.Data(), c.Data() + 5 * columns, 12.0f) == 5 * columns, variant);
         }
     });
 }

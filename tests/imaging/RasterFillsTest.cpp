@@ -365,7 +365,7 @@ TEST_CASE("a polygon in an empty plane or without points does nothing")
     CHECK(plane.Count(3) > 0);
 }
 
-TEST_CASE("random polygons fill exactly as the plain form does, in all orientations")
+TEST_CASE("random polygons fill exactly as the plain reference does, in all orientations")
 {
     constexpr unsigned Seed = 20261;
     std::mt19937       random(Seed);
@@ -391,8 +391,8 @@ TEST_CASE("random polygons fill exactly as the plain form does, in all orientati
     }
 }
 
-TEST_CASE(
-    "outlines with many ends in a row fill as the plain form does, whatever the row's first column and width")
+TEST_CASE("outlines with many ends in a row fill as the plain reference does, whatever the row's first "
+          "column and width")
 {
     constexpr unsigned Seed = 977;
     std::mt19937       random(Seed);

@@ -126,12 +126,12 @@ TEST_CASE("the kernel's spectrum is that of its taps from index 0, unscaled")
     }
 }
 
-TEST_CASE("every form filters rows of any width to the bits of the plain walk and keeps the buffers")
+TEST_CASE("every variant filters rows of any width to the bits of the plain walk and keeps the buffers")
 {
-    InEveryVariant([](const char* form) {
+    InEveryVariant([](const char* variant) {
         for (const int width : {1,   2,   3,   5,   10,  21,  22,  43,  44,  64,   65,   70,   85,  86,
                                 128, 129, 200, 256, 257, 300, 400, 683, 684, 1024, 1025, 1500, 2048}) {
-            CAPTURE(form);
+            CAPTURE(variant);
             CAPTURE(width);
             Plane image;
             FillRandom(image, width, 3, 12);
@@ -146,12 +146,12 @@ TEST_CASE("every form filters rows of any width to the bits of the plain walk an
 }
 
 TEST_CASE(
-    "every form spreads samples that are not finite, and signs of zero, over a row as the plain walk does")
+    "every variant spreads samples that are not finite, and signs of zero, over a row as the plain walk does")
 {
-    InEveryVariant([](const char* form) {
+    InEveryVariant([](const char* variant) {
         for (const int width : {21, 60, 86, 120, 300, 1024})
             for (int kind = 0; kind < 4; ++kind) {
-                CAPTURE(form);
+                CAPTURE(variant);
                 CAPTURE(width);
                 CAPTURE(kind);
                 Plane image;

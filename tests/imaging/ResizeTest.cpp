@@ -51,7 +51,7 @@ FloatPlane Scaled(FloatPlane source, int width, int height,
 
 }
 
-TEST_CASE("every form of the scaling equals the samples by hand for any pair of sizes")
+TEST_CASE("every variant of the scaling equals the samples by hand for any pair of sizes")
 {
     for (unsigned seed = 7100; seed < 7220; ++seed) {
         std::mt19937     random(seed);
@@ -61,15 +61,15 @@ TEST_CASE("every form of the scaling equals the samples by hand for any pair of 
             seed % 5 == 0 ? HardPlane(width, height, seed) : RandomFloats(width, height, random);
         const int        newWidth = side(), newHeight = side();
         const FloatPlane expected = ScaledByHand(source, newWidth, newHeight);
-        InEveryVariant([&](const char* form) {
+        InEveryVariant([&](const char* variant) {
             CHECK_MESSAGE(SamePlane(Scaled(source, newWidth, newHeight), expected),
-                          form << ", seed " << seed << ", " << width << "x" << height << " to " << newWidth
-                               << "x" << newHeight);
+                          variant << ", seed " << seed << ", " << width << "x" << height << " to " << newWidth
+                                  << "x" << newHeight);
         });
     }
 }
 
-TEST_CASE("every form equals the samples by hand on wide images at every spacing of the samples")
+TEST_CASE("every variant equals the samples by hand on wide images at every spacing of the samples")
 {
     const unsigned   seed = 7300;
     std::mt19937     random(seed);
@@ -77,15 +77,15 @@ TEST_CASE("every form equals the samples by hand on wide images at every spacing
     for (const int width : {7, 20, 33, 57, 100, 150, 199, 200, 201, 300, 399, 400, 401, 800, 1203}) {
         for (const int height : {3, 9, 20}) {
             const FloatPlane expected = ScaledByHand(source, width, height);
-            InEveryVariant([&](const char* form) {
+            InEveryVariant([&](const char* variant) {
                 CHECK_MESSAGE(SamePlane(Scaled(source, width, height), expected),
-                              form << ", seed " << seed << ", to " << width << "x" << height);
+                              variant << ", seed " << seed << ", to " << width << "x" << height);
             });
         }
     }
 }
 
-TEST_CASE("every form equals the samples by hand where all of them are met, whatever stands beside")
+TEST_CASE("every variant equals the samples by hand where all of them are met, whatever stands beside")
 {
     unsigned seed = 7350;
     for (const int step : {1, 2, 3, 4}) {
@@ -93,10 +93,10 @@ TEST_CASE("every form equals the samples by hand where all of them are met, what
             ++seed;
             const FloatPlane source = HardPlane(columns * step, 6 * step, seed);
             const FloatPlane expected = ScaledByHand(source, columns, 6);
-            InEveryVariant([&](const char* form) {
+            InEveryVariant([&](const char* variant) {
                 CHECK_MESSAGE(SamePlane(Scaled(source, columns, 6), expected),
-                              form << ", seed " << seed << ", step " << step << ", " << columns
-                                   << " columns");
+                              variant << ", seed " << seed << ", step " << step << ", " << columns
+                                      << " columns");
             });
         }
     }

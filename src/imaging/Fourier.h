@@ -1,11 +1,9 @@
-
-
-namespace vostel {
-
 #pragma once
 
-// One transform of 2^Stages elements: stages in radix 2 between two pairs of arrays. Each form computes the
-// same butterflies as the plain one; they differ in how many stages pass through registers at a time.
+// One transform of 2^Stages elements: stages in radix 2 between two pairs of arrays. Each variant computes
+// the same butterflies as the plain one; they differ in how many stages pass through registers at a time.
+
+namespace vostel {
 
 struct FourierRun {
     float*       Re = nullptr;    // input; the result too if Stages is even
@@ -31,15 +29,15 @@ struct FourierRun {
 
 // A table has the entries of all Length angles. Behind them it repeats every second, every fourth and every
 // eighth entry of its first half, side by side: what lanes along p take in stages 1, 2 and 3.
-const int FourierTableStages = 4;
+inline constexpr int FourierTableStages = 4;
 
-static inline constexpr long long FourierTableSize(long long length)
+constexpr long long FourierTableSize(long long length)
 {
     return length + length / 2;
 }
 
 // Where those of a stage begin.
-static inline constexpr long long FourierTableStage(long long length, int stage)
+constexpr long long FourierTableStage(long long length, int stage)
 {
     return stage == 0 ? 0 : length + length / 2 - (length >> stage);
 }
@@ -51,16 +49,11 @@ struct FourierVariant {
     void (*Filter)(const FourierRun& forward, const FourierRun& inverse);
 };
 
-// The form that ActiveCpuVariant names at the time of the call.
-FourierVariant ActiveFourierVariant();
+const FourierVariant& ActiveFourierVariant();
 
-void TransformPlain(const FourierRun& run);
-void TransformAvx2(const FourierRun& run);
-void TransformAvx512(const FourierRun& run);
-
-void FilterPlain(const FourierRun& forward, const FourierRun& inverse);
-void FilterAvx2(const FourierRun& forward, const FourierRun& inverse);
-void FilterAvx512(const FourierRun& forward, const FourierRun& inverse);
+extern const FourierVariant FourierPlain;
+extern const FourierVariant FourierAvx2;
+extern const FourierVariant FourierAvx512;
 
 // (a, b) times (c, d), both from the old a and b: a c - b d, a d + b c.
 void MultiplyComplex(float* re, float* im, const float* factorRe, const float* factorIm, int count);

@@ -1,5 +1,6 @@
+#include "imaging/Fourier.h"
+
 #include "base/CpuVariants.h"
-#include "imaging/FourierVariants.h"
 
 #include <cstring>
 
@@ -17,7 +18,9 @@ void MultiplyComplex(float* re, float* im, const float* factorRe, const float* f
     }
 }
 
-void TransformPlain(const FourierRun& run)
+namespace {
+
+void Transform(const FourierRun& run)
 {
     const std::size_t bytes = static_cast<std::size_t>(run.Length) * sizeof(float);
     if (run.Row) {
@@ -64,25 +67,20 @@ void TransformPlain(const FourierRun& run)
     }
 }
 
-void FilterPlain(const FourierRun& forward, const FourierRun& inverse)
+void Filter(const FourierRun& forward, const FourierRun& inverse)
 {
-    TransformPlain(forward);
-    TransformPlain(inverse);
+    Transform(forward);
+    Transform(inverse);
 }
 
-FourierVariant ActiveFourierVariant()
+}
+
+const FourierVariant FourierPlain = {.Transform = Transform, .Filter = Filter};
+
+const FourierVariant& ActiveFourierVariant()
 {
-#if defined(__x86_64__) || defined(_M_X64)
-    switch (ActiveCpuVariant()) {
-    case CpuVariant::Avx512:
-        return {TransformAvx512, FilterAvx512};
-    case CpuVariant::Avx2:
-        return {TransformAvx2, FilterAvx2};
-    default:
-        break;
-    }
-#endif
-    return {TransformPlain, FilterPlain};
+    return Choose<FourierVariant>(
+        {.Plain = &FourierPlain, .Avx2 = VOSTEL_X86(&FourierAvx2), .Avx512 = VOSTEL_X86(&FourierAvx512)});
 }
 
 }
