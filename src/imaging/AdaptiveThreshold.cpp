@@ -40,8 +40,8 @@ std::vector<std::int64_t> TimesRead(std::int64_t first, std::int64_t count, int 
     return times;
 }
 
-// Results wait until nobody reads their row any more: row y is read last, as the one that leaves the square,
-// for row y + radius + 1. Reflected rows are read earlier than that.
+// A row is written back only after its last read: row y is read last, as the one that leaves the square, for
+// row y + radius + 1. Reflected rows are read earlier than that.
 class WaitingRows {
 public:
     WaitingRows(Plane& image, int radius)
@@ -79,12 +79,12 @@ private:
 // For squares whose sums fit in 31 bits and whose reflection folds no further than the image is wide.
 void ThresholdNarrow(Plane& image, int radius)
 {
-    const ThresholdVariant& form = ActiveThresholdVariant();
+    const ThresholdVariant& variant = ActiveThresholdVariant();
     const int               width = image.Width;
     const int               height = image.Height;
     const int               side = 2 * radius + 1;
     const bool              scaled = radius <= LargestScaledRadius;
-    const auto              decide = scaled ? form.Decide : form.DecideInDouble;
+    const auto              decide = scaled ? variant.Decide : variant.DecideInDouble;
     const int               scale = scaled ? 20 * side * side : side * side;
     const int               sumScale = scaled ? 17 : 1;
     // Column sums times the scale of the sums of the columns -radius-1 .. width+radius-1: those of the image
@@ -103,8 +103,9 @@ void ThresholdNarrow(Plane& image, int radius)
 
     WaitingRows results(image, radius);
     for (int y = 0; y < height; ++y) {
-        form.Slide(inside, sumScale, RowOf(image, Reflected(static_cast<std::int64_t>(y) + radius, height)),
-                   RowOf(image, Reflected(static_cast<std::int64_t>(y) - radius - 1, height)), width);
+        variant.Slide(inside, sumScale,
+                      RowOf(image, Reflected(static_cast<std::int64_t>(y) + radius, height)),
+                      RowOf(image, Reflected(static_cast<std::int64_t>(y) - radius - 1, height)), width);
         for (int k = 0; k <= radius; ++k)
             columns[static_cast<std::size_t>(radius - k)] = inside[k];
         for (int k = 0; k < radius; ++k)

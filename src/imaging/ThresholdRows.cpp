@@ -34,21 +34,13 @@ void DecideInDouble(const int* columns, int side, int before, int scale, const u
 
 }
 
-const ThresholdVariant ThresholdPlain = {Slide, Decide, DecideInDouble};
+const ThresholdVariant ThresholdPlain = {.Slide = Slide, .Decide = Decide, .DecideInDouble = DecideInDouble};
 
 const ThresholdVariant& ActiveThresholdVariant()
 {
-#if defined(__x86_64__) || defined(_M_X64)
-    switch (ActiveCpuVariant()) {
-    case CpuVariant::Avx512:
-        return ThresholdAvx512;
-    case CpuVariant::Avx2:
-        return ThresholdAvx2;
-    default:
-        break;
-    }
-#endif
-    return ThresholdPlain;
+    return Choose<ThresholdVariant>({.Plain = &ThresholdPlain,
+                                     .Avx2 = VOSTEL_X86(&ThresholdAvx2),
+                                     .Avx512 = VOSTEL_X86(&ThresholdAvx512)});
 }
 
 }

@@ -1,7 +1,3 @@
-
-
-namespace vostel {
-
 #pragma once
 
 // The two passes over a row of the adaptive threshold, for squares whose sums fit in 31 bits.
@@ -12,6 +8,8 @@ namespace vostel {
 // either a whole number, to which the product in double rounds (0.85 is below 17/20 by 2.7e-17 of itself,
 // less than the quarter of a last place that would be lost), or at least 1/20 from one, where the product's
 // error does not reach.
+
+namespace vostel {
 
 struct ThresholdVariant {
     // columns[x] += factor * (entering[x] - leaving[x])
@@ -26,7 +24,6 @@ struct ThresholdVariant {
                            unsigned char* target, int width);
 };
 
-// The form that ActiveCpuVariant names at the time of the call.
 const ThresholdVariant& ActiveThresholdVariant();
 
 extern const ThresholdVariant ThresholdPlain;

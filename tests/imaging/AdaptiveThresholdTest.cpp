@@ -46,7 +46,7 @@ BytePlane Thresholded(BytePlane image, int size)
 
 }
 
-TEST_CASE("every form of the threshold equals the sums by hand on images and squares of any size")
+TEST_CASE("every variant of the threshold equals the sums by hand on images and squares of any size")
 {
     for (unsigned seed = 8100; seed < 8180; ++seed) {
         std::mt19937    random(seed);
@@ -55,14 +55,15 @@ TEST_CASE("every form of the threshold equals the sums by hand on images and squ
         const int       size = static_cast<int>(random() % 24);
         const BytePlane image = RandomBytes(width, height, random, seed % 3 == 0 ? 4 : 256);
         const BytePlane expected = ThresholdByHand(image, size);
-        InEveryVariant([&](const char* form) {
-            CHECK_MESSAGE(SamePlane(Thresholded(image, size), expected),
-                          form << ", seed " << seed << ", " << width << "x" << height << ", size " << size);
+        InEveryVariant([&](const char* variant) {
+            CHECK_MESSAGE(SamePlane(Thresholded(image, size), expected), variant << ", seed " << seed << ", "
+                                                                                 << width << "x" << height
+                                                                                 << ", size " << size);
         });
     }
 }
 
-TEST_CASE("every form equals the sums by hand on wide images")
+TEST_CASE("every variant equals the sums by hand on wide images")
 {
     unsigned seed = 8200;
     for (const int width : {127, 128, 129, 191, 192, 200, 333}) {
@@ -70,9 +71,9 @@ TEST_CASE("every form equals the sums by hand on wide images")
         const BytePlane image = RandomBytes(width, 20, random);
         for (const int size : {3, 9, 31}) {
             const BytePlane expected = ThresholdByHand(image, size);
-            InEveryVariant([&](const char* form) {
+            InEveryVariant([&](const char* variant) {
                 CHECK_MESSAGE(SamePlane(Thresholded(image, size), expected),
-                              form << ", seed " << seed << ", width " << width << ", size " << size);
+                              variant << ", seed " << seed << ", width " << width << ", size " << size);
             });
         }
     }
@@ -94,7 +95,7 @@ TEST_CASE("a square larger than the image folds as often as it takes")
 
 TEST_CASE("whole numbers decide as the quotient in double does")
 {
-    // Sums next to every product, where alone the two could differ; and the largest ones of the narrow form.
+    // Sums next to every product, where alone the two could differ; and the largest ones that fit in 31 bits.
     const std::int64_t products[] = {1,   17,    18,      34,       85,        900,
                                      774, 65025, 8388607, 16777216, 106745745, 106745729};
     for (const std::int64_t product : products) {
@@ -112,9 +113,9 @@ TEST_CASE("whole numbers decide as the quotient in double does")
     CHECK(same);
 }
 
-TEST_CASE("both comparisons of every form are strict, for every length")
+TEST_CASE("both comparisons of every variant are strict, for every length")
 {
-    InEveryVariant([&](const char* form) {
+    InEveryVariant([&](const char* variant) {
         const ThresholdVariant& functions = ActiveThresholdVariant();
         for (int width = 1; width <= 150; ++width) {
             const std::size_t          length = static_cast<std::size_t>(width);
@@ -137,9 +138,9 @@ TEST_CASE("both comparisons of every form are strict, for every length")
             functions.DecideInDouble(columnsInDouble.data(), 1, 0, area, pixels.data(), targetInDouble.Data(),
                                      width);
             CHECK_MESSAGE(std::equal(expected.begin(), expected.end(), target.Data()),
-                          form << ", seed " << seed);
+                          variant << ", seed " << seed);
             CHECK_MESSAGE(std::equal(expected.begin(), expected.end(), targetInDouble.Data()),
-                          form << ", seed " << seed);
+                          variant << ", seed " << seed);
             CHECK(target.GuardsStand());
             CHECK(targetInDouble.GuardsStand());
         }
@@ -192,7 +193,7 @@ TEST_CASE("squares at the limit of the narrow sums and beyond equal the sums by 
         const std::int64_t area = static_cast<std::int64_t>(2 * r + 1) * (2 * r + 1);
         BytePlane          copy = image;
         // Of 2r + 1 reflected rows of two, which each of the two is read how often.
-        InEveryVariant([&](const char* form) {
+        InEveryVariant([&](const char* variant) {
             const BytePlane result = Thresholded(image, size);
             bool            same = true;
             for (int y = 0; y < 2; ++y) {
@@ -211,7 +212,7 @@ TEST_CASE("squares at the limit of the narrow sums and beyond equal the sums by 
                     same = same && result.Ptr2D[y][x] == (above ? 255 : 0);
                 }
             }
-            CHECK_MESSAGE(same, form << ", size " << size);
+            CHECK_MESSAGE(same, variant << ", size " << size);
         });
     }
 }
