@@ -10,7 +10,7 @@ import re
 import sys
 
 FLOORS = ["base", "platform", "foundation", "oshelpers", "dialogs", "imaging", "fileio", "output",
-          "canvas/view", "overlay", "instruments", "canvas", "canvas/exports"]
+          "geometry", "canvas/view", "overlay", "instruments", "canvas", "canvas/exports"]
 
 # Public headers and folders of them that are not the first include of sources on just one floor.
 WITHOUT_SOURCE = {

@@ -1,0 +1,4 @@
+# Tests of geometry, one line each.
+vostel_inner_test(geometry/CoverageTest)
+vostel_inner_test(geometry/OutlineTest)
+vostel_inner_test(geometry/PredicatesTest)
