@@ -81,6 +81,10 @@ int CubicSegment::Extrema(double directionX, double directionY, std::array<doubl
 
 double DescendingPiece::ParameterAt(double y) const
 {
+    if (y <= Top.y)
+        return TopT;
+    if (y >= Bottom.y)
+        return BottomT;
     double above = TopT;
     double below = BottomT;
     double t = above + (below - above) * ((y - Top.y) / (Bottom.y - Top.y));

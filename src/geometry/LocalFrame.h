@@ -23,7 +23,7 @@ public:
             reach = std::max({reach, std::fabs(0.5 * point.x - 0.5 * Origin.x),
                               std::fabs(0.5 * point.y - 0.5 * Origin.y)});
         if (reach > 0.0) {
-            const int exponent = std::clamp(std::ilogb(reach), -1000, 1000);
+            const int exponent = std::clamp(std::ilogb(reach), -1000, 1023);
             Scale = std::ldexp(1.0, -exponent);
             Unit = std::ldexp(1.0, exponent);
         }

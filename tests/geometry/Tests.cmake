@@ -2,3 +2,4 @@
 vostel_inner_test(geometry/CoverageTest)
 vostel_inner_test(geometry/OutlineTest)
 vostel_inner_test(geometry/PredicatesTest)
+vostel_inner_test(geometry/ShapeMeasuresTest)
