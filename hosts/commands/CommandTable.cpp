@@ -259,6 +259,13 @@ constexpr CommandEntry Commands[] = {
      .Shortcut = "Ctrl+Del",
      .Icon = "delete-all",
      .Need = Needs::Image},
+    {.Id = KeysForAll,
+     .In = Menu::Draw,
+     .Kind = CommandKind::Toggle,
+     .Text = QT_TRANSLATE_NOOP("Commands", "Ke&ys for all objects"),
+     .Hint = QT_TRANSLATE_NOOP(
+         "Commands", "Take the keys C, I and T, which delete or overwrite objects of the whole canvas."),
+     .ByViewer = true},
 
     {.Id = Convolve,
      .In = Menu::Process,

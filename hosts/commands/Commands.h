@@ -57,6 +57,7 @@ enum class Command : int {
     DrawTextLines,
     DeleteSelected,
     DeleteAll,
+    KeysForAll,
     // Process: the image routines of Routines.h
     Convolve,
     ConvolveByForm,

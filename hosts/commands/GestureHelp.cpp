@@ -19,9 +19,15 @@ std::span<const char* const> GestureHelp()
         QT_TRANSLATE_NOOP("Commands", "Drag a handle\tmove one point of it"),
         QT_TRANSLATE_NOOP("Commands", "A, D\ta wider, a narrower pen for the selected free stroke"),
         QT_TRANSLATE_NOOP("Commands", "R, Delete\tdelete the selected object"),
-        QT_TRANSLATE_NOOP("Commands", "C, Control + Delete\tdelete all objects"),
+        QT_TRANSLATE_NOOP("Commands", "Control + Delete\tdelete all objects"),
+        QT_TRANSLATE_NOOP("Commands", "E\tturn all rectangles into ellipses, and back"),
         QT_TRANSLATE_NOOP("Commands", "Tab\tswitch the contrast slider off and on"),
+        QT_TRANSLATE_NOOP("Commands", "X\tbring the contrast slider back into sight"),
         QT_TRANSLATE_NOOP("Commands", "Esc\tstop a routine that is under way"),
+        QT_TRANSLATE_NOOP("Commands", "After Draw, Keys for all objects"),
+        QT_TRANSLATE_NOOP("Commands", "C\tdelete all objects"),
+        QT_TRANSLATE_NOOP("Commands", "I\tmove all texts, profiles and rectangles by numbers to one place"),
+        QT_TRANSLATE_NOOP("Commands", "T\tlike I, and give all texts the same words"),
     };
     return lines;
 }

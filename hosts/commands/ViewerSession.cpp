@@ -97,7 +97,14 @@ bool ViewerSession::IsChecked(Command id) const
         return Tiled == (id == Command::TileCanvases);
     if (IsCanvasChoice(id))
         return CanvasOf(id) == CurrentCanvas;
+    if (id == Command::KeysForAll)
+        return KeysForAll;
     return IsOn(id, CurrentCanvas);
+}
+
+bool ViewerSession::ForwardsKey(unsigned int virtualKey) const
+{
+    return KeysForAll || (virtualKey != 'C' && virtualKey != 'I' && virtualKey != 'T');
 }
 
 void ViewerSession::Carry(Command id)
@@ -141,6 +148,9 @@ void ViewerSession::CarryOut(const CommandEntry& entry)
         return;
     case Command::DrawTextLines:
         AskForTextLines();
+        return;
+    case Command::KeysForAll:
+        KeysForAll = !KeysForAll;
         return;
     case Command::CancelRoutine:
         CancelRoutine();

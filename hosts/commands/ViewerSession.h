@@ -30,6 +30,10 @@ public:
     bool IsEnabled(Command id) const;
     bool IsChecked(Command id) const;
 
+    // Whether a canvas gets a key without Control. C, I and T delete or overwrite objects of the whole canvas
+    // for good: they need Command::KeysForAll.
+    bool ForwardsKey(unsigned int virtualKey) const;
+
     void Carry(Command id);    // as its menu entry does
     void SelectCanvas(int canvas);
     void SetTiled(bool tiled);
@@ -69,6 +73,7 @@ private:
     std::array<CanvasFile, CanvasCount> Canvases;
     int                                 CurrentCanvas = 0;
     bool                                Tiled = false;
+    bool                                KeysForAll = false;
     RecentFileList                      Recent;
     RoutineRunner                       Runner;
     int                                 RoutineCanvas = -1;    // where the routine under way began

@@ -86,7 +86,7 @@ LRESULT CanvasWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam)
         return OnWheel(wParam, lParam);
     case WM_KEYDOWN:
         // Keys with Control are commands; the canvas would take them for its plain letters.
-        if (GetKeyState(VK_CONTROL) >= 0) {
+        if (GetKeyState(VK_CONTROL) >= 0 && (!TakesKey || TakesKey(static_cast<UINT>(wParam)))) {
             Respond(message, wParam, lParam);
             Repaint();
         }

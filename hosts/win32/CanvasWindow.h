@@ -15,6 +15,8 @@ public:
     std::function<void(CanvasWindow&)>         OnDragged;     // the person zoomed or moved the view
     std::function<void(CanvasWindow&, CPoint)> OnCursor;      // client px, after the canvas took the event
 
+    std::function<bool(UINT virtualKey)> TakesKey;    // empty: every key
+
     static bool RegisterWindowClass();
 
     void Create(HWND owner, int canvas);

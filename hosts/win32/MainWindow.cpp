@@ -134,6 +134,7 @@ void MainWindow::ConnectCanvas(CanvasWindow& window)
         Status.ShowCursor(under.Canvas(), client);
     };
     window.OnArea = [this](CanvasWindow& sized) { Session.OnAreaChanged(sized.Canvas()); };
+    window.TakesKey = [this](UINT virtualKey) { return Session.ForwardsKey(virtualKey); };
     window.OnDragged = [this](CanvasWindow& dragged) { Session.OnViewDragged(dragged.Canvas()); };
 }
 

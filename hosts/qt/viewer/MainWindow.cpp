@@ -46,6 +46,13 @@ QString ValueKey(const Routine& routine, const RoutineParameter& parameter)
     return QStringLiteral("Routines/%1/%2").arg(QLatin1String(routine.Title), QLatin1String(parameter.Name));
 }
 
+VostelWidget::KeyGroups KeysOf(const ViewerSession& session)
+{
+    VostelWidget::KeyGroups keys = VostelWidget::UsualKeys;
+    keys.setFlag(VostelWidget::DeleteAllKey, session.ForwardsKey('C'));
+    return keys.setFlag(VostelWidget::OverwriteKeys, session.ForwardsKey('I'));
+}
+
 constexpr int BarsVersion = 1;    // another arrangement of the bars gets another number
 
 QString OpenFilters()
@@ -274,8 +281,10 @@ void MainWindow::ShowAbout()
 
 void MainWindow::ShowState()
 {
-    for (int number = 0; number < CanvasCount; ++number)
+    for (int number = 0; number < CanvasCount; ++number) {
         Canvases->Tile(number).SetFile(QString::fromStdWString(Session.FileOf(number)));
+        Canvases->Tile(number).Canvas()->setKeys(KeysOf(Session));
+    }
     const CanvasTile&   tile = Canvases->Current();
     const VostelWidget& canvas = *tile.Canvas();
     Commands->Update(Session);

@@ -212,6 +212,30 @@ TEST_CASE("texts and a rectangle by numbers come from their dialogs")
     CHECK(at.Viewer.Complaints() == "");
 }
 
+TEST_CASE("the keys C, I and T leave the objects alone until they are asked for in the menu")
+{
+    Drawing    at;
+    const auto shown = [] { return Desk().Settled().Part(60, 90, 1100, 680); };    // of the canvas
+    Desk().Click(at.At(390, 290));                                                 // which gets the keys
+    const Picture without = shown();
+    REQUIRE(at.Viewer.OpenDialog("ctrl+t"));
+    REQUIRE(at.Viewer.AnswerDialog("Hello"));
+    const Picture with = shown();
+    REQUIRE(RedLetters(with) > 60);
+    for (const char* const key : {"t", "i", "c"})
+        Desk().Key(key);
+    CHECK(shown() == with);
+    Desk().Key("alt+d");
+    Desk().Settled();
+    Desk().Key("y");
+    Desk().Settled();
+    Desk().Key("t");
+    CHECK(shown() != with);
+    Desk().Key("c");
+    CHECK(shown() == without);
+    CHECK(at.Viewer.Quit() == 0);
+}
+
 TEST_CASE("Control and a drag move the image, Control and the wheel zoom it about the cursor")
 {
     Drawing at;

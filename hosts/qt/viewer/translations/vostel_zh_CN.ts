@@ -556,10 +556,6 @@
         <translation>R、Delete	删除选中的对象</translation>
     </message>
     <message>
-        <source>C, Control + Delete	delete all objects</source>
-        <translation>C、Ctrl + Delete	删除全部对象</translation>
-    </message>
-    <message>
         <source>Tab	switch the contrast slider off and on</source>
         <translation>Tab	关闭和打开对比度滑块</translation>
     </message>
@@ -918,6 +914,42 @@
     <message>
         <source>Vostel Viewer</source>
         <translation>Vostel 图像查看器</translation>
+    </message>
+    <message>
+        <source>Ke&amp;ys for all objects</source>
+        <translation>作用于所有对象的按键(&amp;Y)</translation>
+    </message>
+    <message>
+        <source>Take the keys C, I and T, which delete or overwrite objects of the whole canvas.</source>
+        <translation>启用 C、I、T 键；它们会删除或改写整个画布上的对象。</translation>
+    </message>
+    <message>
+        <source>Control + Delete	delete all objects</source>
+        <translation>Ctrl + Delete	删除全部对象</translation>
+    </message>
+    <message>
+        <source>E	turn all rectangles into ellipses, and back</source>
+        <translation>E	将所有矩形变为椭圆，再按恢复</translation>
+    </message>
+    <message>
+        <source>X	bring the contrast slider back into sight</source>
+        <translation>X	将对比度滑块移回可见位置</translation>
+    </message>
+    <message>
+        <source>After Draw, Keys for all objects</source>
+        <translation>选择“绘制”&gt;“作用于所有对象的按键”之后</translation>
+    </message>
+    <message>
+        <source>C	delete all objects</source>
+        <translation>C	删除全部对象</translation>
+    </message>
+    <message>
+        <source>I	move all texts, profiles and rectangles by numbers to one place</source>
+        <translation>I	将所有文字、剖面图和按数值绘制的矩形移到同一位置</translation>
+    </message>
+    <message>
+        <source>T	like I, and give all texts the same words</source>
+        <translation>T	同 I，并将所有文字替换为相同内容</translation>
     </message>
 </context>
 <context>
