@@ -94,12 +94,12 @@ void ToggleFastDisplay(int canvas)
 void ToggleContrastSlider(int canvas)
 {
     // Client px: the slider's place above the lower left corner, and narrower in a narrow canvas.
-    constexpr int margin = 20, width = 400, least = 120, height = 30;
+    constexpr int margin = 20, width = 400, minWidth = 120, height = 30;
     bool&         shown = StateOf(canvas)->Contrast;
     shown = !shown;
     gCVSShowContrastCtrl(canvas, shown);
     const int room = gCVSGetClientWidth(canvas) - 2 * margin;
-    gCVSSetContrastCtrlRectPos(canvas, margin, margin, std::clamp(room, least, width), height);
+    gCVSSetContrastCtrlRectPos(canvas, margin, margin, std::clamp(room, minWidth, width), height);
 }
 
 // One wheel step scales by 1.2 and, about the cursor, moves the image's centre on the line through both. A
@@ -122,19 +122,18 @@ bool IsInside(int canvas, double times)
 }
 
 // The library has no call for the scale: fitting is a row of wheel steps. It goes no further in than to
-// mostScale.
-void FitWholeImage(int canvas, double mostScale)
+// maxScale.
+void FitWholeImage(int canvas, double maxScale)
 {
-    constexpr int mostSteps = 100;
+    constexpr int maxSteps = 100;
     if (gCVSGetClientWidth(canvas) < 1 || gCVSGetClientHeight(canvas) < 1)
         return;
     gCVSSetCanvasMoveMode(canvas, DisplayZoomCursor);
     gCVSOnMouseWheel(canvas, MK_CONTROL, -1, PointThatCentres(canvas));
     gCVSSetCanvasMoveMode(canvas, DisplayZoomCentre);
-    for (int step = 0; step < mostSteps && !IsInside(canvas, 1.0); ++step)
+    for (int step = 0; step < maxSteps && !IsInside(canvas, 1.0); ++step)
         gCVSOnMouseWheel(canvas, MK_CONTROL, -1, CPoint(0, 0));
-    for (int step = 0; step < mostSteps && IsInside(canvas, 1.2) && ScaleOf(canvas) * 1.19 < mostScale;
-         ++step)
+    for (int step = 0; step < maxSteps && IsInside(canvas, 1.2) && ScaleOf(canvas) * 1.19 < maxScale; ++step)
         gCVSOnMouseWheel(canvas, MK_CONTROL, 1, CPoint(0, 0));
     const Command mouse = StateOf(canvas)->Mouse;
     gCVSSetCanvasMoveMode(canvas, mouse == Command::MouseFixed        ? DisplayFixed

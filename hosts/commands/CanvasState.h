@@ -1,6 +1,6 @@
 #pragma once
 
-// What the library does not tell back about a canvas, kept beside it.
+// Canvas state that the library has no getter for.
 
 #include "commands/Routines.h"
 

@@ -90,8 +90,8 @@ enum class Command : int {
 
 enum class CommandKind : int {
     Action,     // happens once
-    Toggle,     // on or off, IsOn tells
-    Choice,     // one of its Group is on, IsOn tells
+    Toggle,     // on or off, as IsOn returns
+    Choice,     // one of its Group is on, as IsOn returns
     Submenu,    // the viewer fills it
     Routine     // FindRoutine of Routines.h has it: parameters, then work on a thread
 };
@@ -135,16 +135,16 @@ bool RunCommand(Command id, int canvas);
 // that was zoomed out for another comes back to the image's own size. A clear English sentence, to be
 // translated, when nothing came of it, and what the canvas showed stays; null when the canvas shows the file.
 // Null also when the person cancelled the dialog of a raw file: by then the library has given up what was
-// shown, so a viewer asks for the layout before and answers the library itself.
+// shown, so a viewer asks for the layout before and passes it on when the library asks.
 const char* OpenFile(int canvas, const CString& path);
 
 // Adds a box of text lines, which the person drags to its place; lines are split at line ends.
 void AddTextLines(int canvas, const CString& text);
 
 // The value under a client point inside the image, for a status bar: that of gCVSGetImaPixelValue, but a gray
-// pixel counts as its gray, without the level that the formula for colours may take away.
+// pixel counts as its gray, without the level that the formula for colors may take away.
 float ValueUnder(int canvas, CPoint client);
-// The same for an image point whose value the library has told.
+// The same for an image point whose value the library has returned.
 float GrayOr(float value, int canvas, double x, double y);
 
 // The filter of a file dialog for OpenFile: "text|pattern|text|pattern||".

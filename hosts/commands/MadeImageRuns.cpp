@@ -32,7 +32,7 @@ void RepeatFirstRow(Image& image)
 
 const char* TooLarge(int width, int height)
 {
-    if (static_cast<long long>(width) * height <= MostPixels)
+    if (static_cast<long long>(width) * height <= MaxPixels)
         return nullptr;
     return QT_TRANSLATE_NOOP("Commands", "The image would have more than 134 million pixels.");
 }

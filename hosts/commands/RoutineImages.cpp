@@ -128,7 +128,7 @@ void ShowImageBefore(int canvas)
         gCVSShowRawFloat(canvas, *before->Data, true, !sameSize);
         return;
     }
-    // A gray image makes the surface, its pixels then bring the colours back.
+    // A gray image makes the surface, its pixels then bring the colors back.
     ClassData2DIO<unsigned char> gray;
     gray.Allocate(before->Width, before->Height);
     std::fill_n(gray.Ptr1D, PixelCount(before->Width, before->Height), static_cast<unsigned char>(0));
@@ -141,12 +141,12 @@ void ShowImageBefore(int canvas)
 void ShowRoutineProgress(int canvas, bool shown)
 {
     // Client px, above the place of the contrast slider.
-    constexpr int margin = 20, bottom = 60, width = 400, least = 60, height = 18;
+    constexpr int margin = 20, bottom = 60, width = 400, minWidth = 60, height = 18;
     if (shown) {
         const int room = gCVSGetClientWidth(canvas) - 2 * margin;
         gCVSSetRange(canvas, 0, 1);
         gCVSSetPos(canvas, 0);
-        gCVSSetProgressRectPos(canvas, margin, bottom, std::clamp(room, least, width), height);
+        gCVSSetProgressRectPos(canvas, margin, bottom, std::clamp(room, minWidth, width), height);
     }
     gCVSShowProgress(canvas, shown);
 }

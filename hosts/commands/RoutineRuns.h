@@ -26,14 +26,14 @@ RoutineResult RunRampKernel(RoutineImages inputs, RoutineValues values, const Ro
 
 // What they share.
 
-constexpr int MostPixels = 1 << 27;    // of a result: half a gigabyte of floats
+constexpr int MaxPixels = 1 << 27;    // of a result: half a gigabyte of floats
 
 inline int WholeOf(double value)
 {
     return static_cast<int>(value);    // checked to be whole and within limits
 }
 
-// Tells the progress of a routine step by step.
+// Reports the progress of a routine step by step.
 class RoutineSteps {
 public:
     RoutineSteps(const RoutineProgress& progress, int total) : Progress(progress), Total(total) {}

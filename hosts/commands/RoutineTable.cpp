@@ -13,7 +13,7 @@ namespace {
 
 using enum ParameterKind;
 
-constexpr double LongestSide = 32768.0;    // px
+constexpr double MaxSide = 32768.0;    // px
 
 constexpr const char* KernelNames[] = {
     QT_TRANSLATE_NOOP("Commands", "Box mean"), QT_TRANSLATE_NOOP("Commands", "Sharpen"),
@@ -54,8 +54,8 @@ constexpr RoutineParameter GaussParameters[] = {
 constexpr RoutineParameter ThresholdParameters[] = {
     {QT_TRANSLATE_NOOP("Commands", "Side of the neighbourhood (px)"), Whole, 31, 1, 9999}};
 constexpr RoutineParameter ResizeParameters[] = {
-    {QT_TRANSLATE_NOOP("Commands", "Width (px)"), Whole, 0.5, 1, LongestSide, {}, StartFrom::ImageWidth},
-    {QT_TRANSLATE_NOOP("Commands", "Height (px)"), Whole, 0.5, 1, LongestSide, {}, StartFrom::ImageHeight},
+    {QT_TRANSLATE_NOOP("Commands", "Width (px)"), Whole, 0.5, 1, MaxSide, {}, StartFrom::ImageWidth},
+    {QT_TRANSLATE_NOOP("Commands", "Height (px)"), Whole, 0.5, 1, MaxSide, {}, StartFrom::ImageHeight},
     {QT_TRANSLATE_NOOP("Commands", "Form"), Choice, 0, 0, 3, ResizeForms}};
 constexpr RoutineParameter FourierParameters[] = {
     {QT_TRANSLATE_NOOP("Commands", "Direction"), Choice, 0, 0, 2, Directions},
@@ -64,23 +64,23 @@ constexpr RoutineParameter FourierParameters[] = {
 constexpr RoutineParameter RampFilterParameters[] = {
     {QT_TRANSLATE_NOOP("Commands", "Sampling distance"), Real, 1, 0.001, 1000}};
 constexpr RoutineParameter ConcatenateParameters[] = {
-    {QT_TRANSLATE_NOOP("Commands", "Overlap (px)"), Whole, 0, 0, LongestSide},
-    {QT_TRANSLATE_NOOP("Commands", "Trim at each side of the overlap (px)"), Whole, 0, 0, LongestSide},
+    {QT_TRANSLATE_NOOP("Commands", "Overlap (px)"), Whole, 0, 0, MaxSide},
+    {QT_TRANSLATE_NOOP("Commands", "Trim at each side of the overlap (px)"), Whole, 0, 0, MaxSide},
     {QT_TRANSLATE_NOOP("Commands", "Make rows equally bright"), Choice, 0, 0, 1, NoYes}};
 constexpr RoutineParameter FilledShapeParameters[] = {
     {QT_TRANSLATE_NOOP("Commands", "Shape"), Choice, 0, 0, 2, Shapes},
-    {QT_TRANSLATE_NOOP("Commands", "Width of the plane (px)"), Whole, 512, 1, LongestSide},
-    {QT_TRANSLATE_NOOP("Commands", "Height of the plane (px)"), Whole, 512, 1, LongestSide},
-    {QT_TRANSLATE_NOOP("Commands", "Margin (px)"), Whole, 20, 0, LongestSide},
+    {QT_TRANSLATE_NOOP("Commands", "Width of the plane (px)"), Whole, 512, 1, MaxSide},
+    {QT_TRANSLATE_NOOP("Commands", "Height of the plane (px)"), Whole, 512, 1, MaxSide},
+    {QT_TRANSLATE_NOOP("Commands", "Margin (px)"), Whole, 20, 0, MaxSide},
     {QT_TRANSLATE_NOOP("Commands", "Corners of a polygon, points of a spline"), Whole, 5, 3, 198},
     {QT_TRANSLATE_NOOP("Commands", "Value"), Whole, 255, 1, 65535}};
 constexpr RoutineParameter GaussCurveParameters[] = {
-    {QT_TRANSLATE_NOOP("Commands", "Samples"), Whole, 256, 1, LongestSide},
+    {QT_TRANSLATE_NOOP("Commands", "Samples"), Whole, 256, 1, MaxSide},
     {QT_TRANSLATE_NOOP("Commands", "Sigma (px)"), Real, 32, 0.05, 10000},
-    {QT_TRANSLATE_NOOP("Commands", "Rows"), Whole, 64, 1, LongestSide}};
+    {QT_TRANSLATE_NOOP("Commands", "Rows"), Whole, 64, 1, MaxSide}};
 constexpr RoutineParameter GaussKernelParameters[] = {
-    {QT_TRANSLATE_NOOP("Commands", "Width (px)"), Whole, 63, 1, LongestSide},
-    {QT_TRANSLATE_NOOP("Commands", "Height (px)"), Whole, 63, 1, LongestSide},
+    {QT_TRANSLATE_NOOP("Commands", "Width (px)"), Whole, 63, 1, MaxSide},
+    {QT_TRANSLATE_NOOP("Commands", "Height (px)"), Whole, 63, 1, MaxSide},
     {QT_TRANSLATE_NOOP("Commands", "Sigma along the first axis (px)"), Real, 12, 0.05, 10000},
     {QT_TRANSLATE_NOOP("Commands", "Sigma along the second axis (px)"), Real, 6, 0.05, 10000},
     {QT_TRANSLATE_NOOP("Commands", "Angle (degrees)"), Real, 30, -360, 360}};
@@ -88,7 +88,7 @@ constexpr RoutineParameter RampKernelParameters[] = {
     {QT_TRANSLATE_NOOP("Commands", "Taps"), Whole, 63, 1, 16384},
     {QT_TRANSLATE_NOOP("Commands", "Sampling distance"), Real, 1, 0.001, 1000},
     {QT_TRANSLATE_NOOP("Commands", "Show"), Choice, 0, 0, 1, RampShows},
-    {QT_TRANSLATE_NOOP("Commands", "Rows"), Whole, 64, 1, LongestSide}};
+    {QT_TRANSLATE_NOOP("Commands", "Rows"), Whole, 64, 1, MaxSide}};
 
 constexpr Routine Routines[] = {
     {Command::Convolve, QT_TRANSLATE_NOOP("Commands", "Convolution"), RoutineInput::Image, ConvolveParameters,

@@ -50,7 +50,7 @@ int CanvasOf(Command id)
     return static_cast<int>(id) - static_cast<int>(Command::Canvas1);
 }
 
-// Follows the size of the image, so that an answer for another image is of no use.
+// Follows the size of the image, so that a value for another image is of no use.
 bool IsOfImage(const RoutineParameter& parameter)
 {
     return parameter.From != StartFrom::Number;
@@ -279,7 +279,7 @@ void ViewerSession::StartRoutine(const Routine& routine)
         [this](const RoutineResult& result) { FinishRoutine(result); });
 }
 
-// Starts with the last answer to the same question. True, too, when there is nothing to ask.
+// Starts with the values of the last run. True, too, if there is nothing to ask.
 bool ViewerSession::AskForRoutine(RoutineQuestion& question)
 {
     const Routine& routine = *question.Asked;

@@ -19,9 +19,9 @@ struct RoutineQuestion {
     };
 
     const Routine*      Asked = nullptr;
-    std::vector<double> Values;         // in: what the fields start with; out: the answer
+    std::vector<double> Values;         // in: what the fields start with; out: what was entered
     std::vector<Source> Sources;        // of the second image; empty for routines of fewer images
-    int                 Second = -1;    // in: the likeliest canvas of the second image; out: the answer
+    int                 Second = -1;    // in: the likeliest canvas of the second image; out: the chosen one
 };
 
 // All are called on the thread of the window. An empty member does nothing; but Post must be there.
@@ -45,9 +45,9 @@ struct ViewerWindow {
     std::function<std::vector<std::wstring>()>     AskFiles;
     std::function<bool(std::wstring& lines)>       AskTextLines;
     std::function<bool(RoutineQuestion& question)> AskRoutine;
-    // Calls read, and sees to it that the library's question for the layout of a raw file is answered then.
-    // It asks before: the library deletes the objects of a canvas before it asks. False, without a call, when
-    // the person cancels. Empty: the library asks.
+    // Calls read; where the file is a raw one, asks for its layout first and gives it to the library, which
+    // asks while it reads. The library itself would ask after it has deleted the objects of the canvas.
+    // False, without a call, if the person cancels. Empty: the library asks.
     std::function<bool(int canvas, const std::wstring& path, const std::function<void()>& read)> ReadFile;
 };
 

@@ -6,7 +6,7 @@ namespace vostel::viewer {
 
 namespace {
 
-constexpr COLORREF ProblemColour = RGB(176, 0, 0);
+constexpr COLORREF ProblemColor = RGB(176, 0, 0);
 
 // A dialog without controls; they are made when the font is known.
 struct EmptyTemplate {
@@ -20,11 +20,11 @@ bool FormDialog::Ask(HWND owner)
 {
     EmptyTemplate empty;
     empty.Header.style = DS_MODALFRAME | WS_POPUP | WS_CAPTION | WS_SYSMENU;
-    const INT_PTR answer = DialogBoxIndirectParamW(GetModuleHandleW(nullptr), &empty.Header, owner, Procedure,
+    const INT_PTR result = DialogBoxIndirectParamW(GetModuleHandleW(nullptr), &empty.Header, owner, Procedure,
                                                    reinterpret_cast<LPARAM>(this));
     DeleteObject(Font);
     DeleteObject(BoldFont);
-    return answer == IDOK;
+    return result == IDOK;
 }
 
 int FormDialog::AddText(const std::wstring& caption, const std::wstring& value)
@@ -281,7 +281,7 @@ INT_PTR FormDialog::Handle(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_CTLCOLORSTATIC:
         if (reinterpret_cast<HWND>(lParam) != Problem)
             return FALSE;
-        SetTextColor(reinterpret_cast<HDC>(wParam), ProblemColour);
+        SetTextColor(reinterpret_cast<HDC>(wParam), ProblemColor);
         SetBkMode(reinterpret_cast<HDC>(wParam), TRANSPARENT);
         return reinterpret_cast<INT_PTR>(GetSysColorBrush(COLOR_3DFACE));
     case WM_COMMAND:

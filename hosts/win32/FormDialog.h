@@ -1,7 +1,7 @@
 #pragma once
 
 // A modal dialog of rows, a caption and a field each, that measures its texts and is as large as they need.
-// A derived dialog adds its rows before Ask and takes the answers in Read.
+// A derived dialog adds its rows before Ask and reads the fields in Read.
 
 #include <VostelObj.h>
 
@@ -17,7 +17,7 @@ public:
     FormDialog(const FormDialog&) = delete;
     FormDialog& operator=(const FormDialog&) = delete;
 
-    bool Ask(HWND owner);    // true if the person confirmed and Read took the answers
+    bool Ask(HWND owner);    // true if the person confirmed and Read accepted the fields
 
 protected:
     // Rows from top to bottom; the number of a row counts from 0.
@@ -31,7 +31,7 @@ protected:
 
     std::wstring TextOf(int row) const;
     int          ChoiceOf(int row) const;
-    // Tells what is wrong below the rows and puts the focus on the row.
+    // Shows what is wrong below the rows and puts the focus on the row.
     void ShowProblem(int row, const std::wstring& sentence);
 
     bool JustToRead = false;    // one button instead of two

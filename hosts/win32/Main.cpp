@@ -14,7 +14,7 @@ const wchar_t* const HelpText = L"vostel-viewer-win32 [--help] [--version] [FILE
 const wchar_t* const VersionText = L"vostel-viewer-win32 " VIEWER_VERSION L"\n";
 
 // To the output that the program was started with, else in a box.
-void Tell(const std::wstring& text)
+void Print(const std::wstring& text)
 {
     HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
     if (!output || output == INVALID_HANDLE_VALUE) {
@@ -40,9 +40,9 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, wchar_t*, int show)
     LocalFree(arguments);
     if (!files.empty() && files[0].rfind(L"--", 0) == 0) {
         const bool known = files[0] == L"--help" || files[0] == L"--version";
-        Tell(files[0] == L"--version" ? VersionText
-             : known                  ? HelpText
-                                      : L"There is no option " + files[0] + L".\n" + HelpText);
+        Print(files[0] == L"--version" ? VersionText
+              : known                  ? HelpText
+                                       : L"There is no option " + files[0] + L".\n" + HelpText);
         return known ? 0 : 2;
     }
     MainWindow window;

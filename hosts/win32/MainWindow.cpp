@@ -123,7 +123,7 @@ void MainWindow::CreateParts()
         CanvasAt(canvas).Create(Window, canvas);
     }
     ShowRecentFiles(Bar, Session.RecentFiles());
-    Status.ShowHint(L"Open a picture with Ctrl+O, or drop one here. F1 tells how the mouse works.");
+    Status.ShowHint(L"Open a picture with Ctrl+O, or drop one here. F1 shows how the mouse works.");
     ShowState();
 }
 

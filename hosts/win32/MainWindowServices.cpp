@@ -16,10 +16,10 @@ using namespace hosts;
 
 namespace {
 
-// While it lives the library's question for the layout of a raw file has this answer.
-class AnsweredLayout {
+// While it lives the library gets this layout when it asks how a raw file lies.
+class GivenLayout {
 public:
-    explicit AnsweredLayout(const tagZEKImaLoadPara& layout)
+    explicit GivenLayout(const tagZEKImaLoadPara& layout)
     {
         TessikDialogs dialogs;
         dialogs.ImaLoadPara = [layout](tagZEKImaLoadPara& para) {
@@ -28,9 +28,9 @@ public:
         };
         gDlgSetDialogs(dialogs);
     }
-    ~AnsweredLayout() { gDlgSetDialogs({}); }
-    AnsweredLayout(const AnsweredLayout&) = delete;
-    AnsweredLayout& operator=(const AnsweredLayout&) = delete;
+    ~GivenLayout() { gDlgSetDialogs({}); }
+    GivenLayout(const GivenLayout&) = delete;
+    GivenLayout& operator=(const GivenLayout&) = delete;
 };
 
 bool ReadFile(const std::wstring& path, const std::function<void()>& read)
@@ -44,7 +44,7 @@ bool ReadFile(const std::wstring& path, const std::function<void()>& read)
     tagZEKImaLoadPara layout;
     if (!gDlgGetImaLoadPara(layout))
         return false;
-    const AnsweredLayout answered(layout);
+    const GivenLayout given(layout);
     read();
     return true;
 }

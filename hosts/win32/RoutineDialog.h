@@ -11,7 +11,7 @@ class RoutineDialog : public FormDialog {
 public:
     explicit RoutineDialog(const RoutineQuestion& question);
 
-    // The answer after a confirmed Ask.
+    // What was entered, after a confirmed Ask.
     std::vector<double> Values;
     int                 Second;    // canvas
 

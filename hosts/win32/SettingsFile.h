@@ -23,7 +23,7 @@ public:
     void SavePlacement(HWND window) const;
 
 private:
-    std::wstring Path;    // empty when there is no such folder
+    std::wstring Path;    // empty if there is no such folder
 
     std::wstring Read(const std::wstring& section, const std::wstring& key) const;
     void         Write(const std::wstring& section, const std::wstring& key,

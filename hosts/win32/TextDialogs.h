@@ -10,7 +10,7 @@ class TextLinesDialog : public FormDialog {
 public:
     explicit TextLinesDialog(const std::wstring& start);
 
-    std::wstring Text;    // what the field starts with, and the answer after a confirmed Ask
+    std::wstring Text;    // what the field starts with; after a confirmed Ask, what was entered
 
 protected:
     bool Read() override;

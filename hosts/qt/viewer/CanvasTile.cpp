@@ -10,8 +10,8 @@ namespace vostel::viewer {
 namespace {
 
 constexpr int Frame = 2;    // px round a captioned canvas
-const QColor  CurrentColour(0x2f, 0x7f, 0xd6);
-const QColor  OtherColour(0x4a, 0x4d, 0x52);
+const QColor  CurrentColor(0x2f, 0x7f, 0xd6);
+const QColor  OtherColor(0x4a, 0x4d, 0x52);
 
 }
 
@@ -100,7 +100,7 @@ void CanvasTile::PlaceParts()
 void CanvasTile::paintEvent(QPaintEvent*)
 {
     if (Captioned)
-        QPainter(this).fillRect(rect(), Current ? CurrentColour : OtherColour);
+        QPainter(this).fillRect(rect(), Current ? CurrentColor : OtherColor);
 }
 
 }

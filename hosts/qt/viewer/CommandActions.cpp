@@ -17,7 +17,7 @@ namespace vostel::viewer {
 
 namespace {
 
-// Without the mark of the mnemonic, with the keys: what a tool button tells.
+// Without the mark of the mnemonic, with the shortcut: the tip of a tool button.
 QString ToolTip(const CommandEntry& entry)
 {
     QString text = CommandText(entry.Text);

@@ -15,8 +15,8 @@ namespace vostel::viewer {
 
 class ViewerSession;
 
-// The table of commands as actions, menus and tool bars. Tells which command is wanted; the window carries it
-// out and then calls Update.
+// The table of commands as actions, menus and tool bars. Signals which command is wanted; the window
+// carries it out and then calls Update.
 class CommandActions : public QObject {
     Q_OBJECT
 

@@ -11,17 +11,17 @@ namespace vostel::viewer {
 
 namespace {
 
-void UseFill(QPainter& p, const QColor& colour)
+void UseFill(QPainter& p, const QColor& color)
 {
-    QColor light = colour;
+    QColor light = color;
     light.setAlpha(70);
-    p.setPen(QPen(colour, 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    p.setPen(QPen(color, 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     p.setBrush(light);
 }
 
-void UseLine(QPainter& p, const QColor& colour, double width = 1.6)
+void UseLine(QPainter& p, const QColor& color, double width = 1.6)
 {
-    p.setPen(QPen(colour, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    p.setPen(QPen(color, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     p.setBrush(Qt::NoBrush);
 }
 

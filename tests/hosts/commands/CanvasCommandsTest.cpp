@@ -12,7 +12,7 @@ using namespace vostel::viewer;
 
 namespace {
 
-// Selected by the last add, so that deleting it tells whether an object came.
+// Selected by the last add, so that deleting it shows whether an object came.
 bool HasLabel(int canvas, int label)
 {
     gCVSGenerateLabel(canvas, false);
@@ -164,7 +164,7 @@ TEST_CASE("labels are taken top row first")
     CHECK(labels->Ptr2D[30][15] == 0.0f);
 }
 
-TEST_CASE("a result keeps the objects when the size stays, and undo brings gray, colours and floats back")
+TEST_CASE("a result keeps the objects when the size stays, and undo brings gray, colors and floats back")
 {
     HostCanvas                   host(0, 60, 40);
     ClassData2DIO<unsigned char> red, green, blue;
@@ -172,7 +172,7 @@ TEST_CASE("a result keeps the objects when the size stays, and undo brings gray,
     FillPlane(green, 60, 40, [](int, int y) { return 5 * y; });
     FillPlane(blue, 60, 40, [](int x, int y) { return x + y; });
     gCVSShowUCColor(0, red, green, blue, true);
-    const Frame colours = host.Surface();
+    const Frame colors = host.Surface();
     RunCommand(Command::DrawRectangle, 0);
     host.Drag(CPoint(10, 10), CPoint(30, 30), MK_LBUTTON | MK_SHIFT);
     REQUIRE(HasLabel(0, 0));
@@ -187,7 +187,7 @@ TEST_CASE("a result keeps the objects when the size stays, and undo brings gray,
     REQUIRE(IsAvailable(Command::UndoRoutine, 0));
     RunCommand(Command::UndoRoutine, 0);
     CHECK(gCVSGetFileType(0) == FileTypeByte);
-    CHECK(FrameDifference(host.Surface(), colours) == "");
+    CHECK(FrameDifference(host.Surface(), colors) == "");
     CHECK(HasLabel(0, 0));
     CHECK_FALSE(IsAvailable(Command::UndoRoutine, 0));
 
@@ -279,7 +279,7 @@ TEST_CASE("a file whose name is not ASCII is opened in the locale C")
     CHECK(Text(OpenFile(0, folder.WidePath() + L"/\xDC80.bmp")) == "The file does not exist.");
 }
 
-TEST_CASE("a raw file whose dialog is cancelled is no problem to be told")
+TEST_CASE("a raw file whose dialog is cancelled is not reported as a problem")
 {
     HostCanvas    host(0, 60, 40);
     TempFolder    folder;
@@ -377,7 +377,7 @@ TEST_CASE("an opened image larger than its window is zoomed out, a smaller one k
     }
 }
 
-TEST_CASE("the value of a gray pixel is its gray, that of a colour or of float data the library's")
+TEST_CASE("the value of a gray pixel is its gray, that of a color or of float data the library's")
 {
     HostCanvas host(0, 60, 40);
     REQUIRE(host.IsScaleOne());

@@ -79,16 +79,16 @@ Image KernelSeen(int kind, int size)
 
 }
 
-TEST_CASE("every routine runs with its default values on a 64 x 48 image and tells its progress to the end")
+TEST_CASE("every routine runs with its default values on a 64 x 48 image and reports its progress to the end")
 {
     for (const Routine& routine : AllRoutines()) {
         CAPTURE(std::string(routine.Title));
         const std::vector<ImagePointer> inputs = InputsOf(routine);
         const std::vector<double>       values = DefaultValues(routine, 64, 48);
         CHECK(CheckValues(routine, values) == nullptr);
-        std::vector<std::pair<int, int>> told;
+        std::vector<std::pair<int, int>> steps;
         const RoutineResult              run = RunRoutine(routine, inputs, values, [&](int done, int total) {
-            told.emplace_back(done, total);
+            steps.emplace_back(done, total);
             return true;
         });
         CHECK(run.Problem == nullptr);
@@ -96,10 +96,10 @@ TEST_CASE("every routine runs with its default values on a 64 x 48 image and tel
         REQUIRE(run.Result);
         CHECK(run.Result->Width > 0);
         CHECK(run.Result->Height > 0);
-        REQUIRE(told.size() >= 2);
-        for (std::size_t i = 0; i < told.size(); ++i) {
-            CHECK(told[i].first == static_cast<int>(i));
-            CHECK(told[i].second == static_cast<int>(told.size()) - 1);
+        REQUIRE(steps.size() >= 2);
+        for (std::size_t i = 0; i < steps.size(); ++i) {
+            CHECK(steps[i].first == static_cast<int>(i));
+            CHECK(steps[i].second == static_cast<int>(steps.size()) - 1);
         }
     }
 }
@@ -139,7 +139,7 @@ TEST_CASE("a routine that is cancelled at any step gives no image")
     }
 }
 
-TEST_CASE("missing images and wrong values are told by a sentence that ends in a full stop")
+TEST_CASE("missing images and wrong values are reported by a sentence that ends in a full stop")
 {
     const auto isSentence = [](const char* text) {
         return text && std::strlen(text) > 10 && text[std::strlen(text) - 1] == '.';

@@ -1,6 +1,6 @@
 #pragma once
 
-// A viewer without a toolkit: five canvases in memory, a window that writes down what it is told, and a
+// A viewer without a toolkit: five canvases in memory, a window that records what it is asked to do, and a
 // thread of the window that runs when a test says so.
 
 #include "commands/ViewerSession.h"
@@ -64,7 +64,7 @@ struct TestViewer {
         {0, Width, Height}, {1, Width, Height}, {2, Width, Height}, {3, Width, Height}, {4, Width, Height}};
     TempFolder Folder;
 
-    // What the window was told.
+    // What the window was asked to do.
     PostedCalls               Posted;
     std::vector<std::wstring> Reports;
     std::vector<std::wstring> Statuses;
@@ -72,7 +72,7 @@ struct TestViewer {
     int                       Arranged = 0;
     int                       Closed = 0;
 
-    // What is kept, and what the person answers.
+    // What is kept, and what the person does.
     std::vector<std::wstring>                                   RecentFiles;
     std::map<std::pair<std::string, std::string>, double>       Values;
     std::vector<std::wstring>                                   Chosen;

@@ -14,7 +14,7 @@ bool Confirm(RoutineQuestion&)
     return true;
 }
 
-// An answer that keeps the worker busy for some seconds, in some hundred steps.
+// Parameters that keep the worker busy for seconds, in fifty steps.
 bool ConfirmLong(RoutineQuestion& question)
 {
     question.Values = {63.0, 10.0, 50.0};    // of Gauss: size, sigma, passes
@@ -228,7 +228,7 @@ TEST_CASE("a whole image stays in sight when its area changes, until the person 
     CHECK(host.Region().Width() <= 60);
 }
 
-TEST_CASE("a dialog starts with the last answer, but for what follows the size of the image")
+TEST_CASE("a dialog starts with the last values, but for what follows the size of the image")
 {
     TestViewer viewer;
     viewer.Session.SelectCanvas(3);

@@ -6,12 +6,12 @@
 #include <cstring>
 #include <filesystem>
 
-int Picture::Count(unsigned colour, int left, int top, int right, int bottom) const
+int Picture::Count(unsigned color, int left, int top, int right, int bottom) const
 {
     int count = 0;
     for (int y = std::max(top, 0); y < std::min(bottom, Height); ++y)
         for (int x = std::max(left, 0); x < std::min(right, Width); ++x)
-            count += At(x, y) == colour ? 1 : 0;
+            count += At(x, y) == color ? 1 : 0;
     return count;
 }
 

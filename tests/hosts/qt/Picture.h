@@ -23,8 +23,8 @@ struct Picture {
         return Has(x, y) ? Pixels[static_cast<std::size_t>(y * Width + x)] : 0;
     }
 
-    // How many pixels of a colour a box has; right and bottom count out.
-    int Count(unsigned colour, int left, int top, int right, int bottom) const;
+    // How many pixels of a color a box has; right and bottom count out.
+    int Count(unsigned color, int left, int top, int right, int bottom) const;
 
     Picture Part(int left, int top, int width, int height) const;    // a part of it
 

@@ -15,7 +15,7 @@ int RedLetters(const Picture& picture)
     return count;
 }
 
-// How many pixels of the same colour stand side by side.
+// How many pixels of the same color stand side by side.
 int RunOf(const Picture& picture, Place at)
 {
     int left = at.X, right = at.X;

@@ -75,7 +75,7 @@ TEST_CASE("a file of the last run is offered again, and opened by its number")
     CHECK(viewer.Quit() == 0);
 }
 
-TEST_CASE("a file that is no picture is told of in a message, and the viewer goes on")
+TEST_CASE("a file that is not a picture is reported in a message, and the viewer goes on")
 {
     const Files files;
     std::ofstream(files.Path("broken.png")) << "no picture";

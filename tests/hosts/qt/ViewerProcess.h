@@ -43,7 +43,7 @@ private:
     std::string Log;
 };
 
-// A picture of gray noise, different at every pixel from any colour that the viewer draws with.
+// A picture of gray noise, different at every pixel from any color that the viewer draws with.
 Picture GrayNoise(int width, int height, unsigned seed);
 
 inline constexpr unsigned Red = 0xFF0000, Blue = 0x0000FF;

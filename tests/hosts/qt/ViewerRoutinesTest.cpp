@@ -65,7 +65,7 @@ TEST_CASE("while a long routine runs the view can be moved, Esc cancels it, and 
     Desk().Drag({600, 400}, {640, 400});
     Desk().Drag({640, 400}, {600, 400});
     Desk().Release("ctrl");
-    CHECK(bar());    // it still runs, and the window answered
+    CHECK(bar());    // it still runs, and the window responds
     Desk().Key("Escape");
     CHECK(XScreen::Wait([&] { return !bar(); }));
     const Picture after = Desk().Settled();

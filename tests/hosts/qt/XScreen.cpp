@@ -66,26 +66,26 @@ std::vector<Window> Tops(Display* server)
 
 XScreen::XScreen()
 {
-    int answer[2];
-    if (pipe(answer) != 0)
+    int channel[2];
+    if (pipe(channel) != 0)
         return;
     Process = fork();
     if (Process == 0) {
         prctl(PR_SET_PDEATHSIG, SIGKILL);
-        close(answer[0]);
-        const std::string descriptor = std::to_string(answer[1]);
+        close(channel[0]);
+        const std::string descriptor = std::to_string(channel[1]);
         const std::string size = std::to_string(Width) + "x" + std::to_string(Height) + "x24";
         freopen("/dev/null", "w", stderr);
         execlp("Xvfb", "Xvfb", "-displayfd", descriptor.c_str(), "-screen", "0", size.c_str(), "-nolisten",
                "tcp", "-noreset", static_cast<char*>(nullptr));
         _exit(127);
     }
-    close(answer[1]);
+    close(channel[1]);
     std::string number;
     char        character = 0;
-    while (read(answer[0], &character, 1) == 1 && character != '\n')
+    while (read(channel[0], &character, 1) == 1 && character != '\n')
         number += character;
-    close(answer[0]);
+    close(channel[0]);
     if (number.empty())
         return;
     Number = std::atoi(number.c_str());

@@ -23,20 +23,20 @@ public:
     bool Run(Place at)
     {
         constexpr long version = 5;
-        Tell("XdndEnter", version << 24, static_cast<long>(UriList), 0, 0);
-        Tell("XdndPosition", 0, static_cast<long>(at.X) << 16 | at.Y, CurrentTime,
+        Send("XdndEnter", version << 24, static_cast<long>(UriList), 0, 0);
+        Send("XdndPosition", 0, static_cast<long>(at.X) << 16 | at.Y, CurrentTime,
              static_cast<long>(Name("XdndActionCopy")));
         const XClientMessageEvent status = Await("XdndStatus");
         if (!(status.data.l[1] & 1))
             return false;    // not wanted
-        Tell("XdndDrop", 0, CurrentTime, 0, 0);
+        Send("XdndDrop", 0, CurrentTime, 0, 0);
         return Await("XdndFinished").type == ClientMessage;
     }
 
 private:
     Atom Name(const char* name) const { return XInternAtom(Server, name, False); }
 
-    void Tell(const char* what, long first, long second, long third, long fourth)
+    void Send(const char* what, long first, long second, long third, long fourth)
     {
         XEvent event = {};
         event.xclient.type = ClientMessage;
@@ -51,24 +51,24 @@ private:
         XSendEvent(Server, Target, False, NoEventMask, &event);
         XFlush(Server);
     }
-    // Hands the data out while it waits; all zero when the answer does not come.
+    // Hands the data out while it waits; all zero if the reply does not come.
     XClientMessageEvent Await(const char* what)
     {
-        XClientMessageEvent answer = {};
+        XClientMessageEvent reply = {};
         XScreen::Wait([&] {
             while (XPending(Server)) {
                 XEvent event;
                 XNextEvent(Server, &event);
                 if (event.type == SelectionRequest)
-                    Answer(event.xselectionrequest);
+                    HandOut(event.xselectionrequest);
                 else if (event.type == ClientMessage && event.xclient.message_type == Name(what))
-                    answer = event.xclient;
+                    reply = event.xclient;
             }
-            return answer.type == ClientMessage;
+            return reply.type == ClientMessage;
         });
-        return answer;
+        return reply;
     }
-    void Answer(const XSelectionRequestEvent& request)
+    void HandOut(const XSelectionRequestEvent& request)
     {
         XChangeProperty(Server, request.requestor, request.property, request.target, 8, PropModeReplace,
                         reinterpret_cast<const unsigned char*>(Data.data()), static_cast<int>(Data.size()));
