@@ -39,8 +39,8 @@ std::size_t BytesOf(int dataType)
 // What a file holds behind the bytes that are skipped; 0 if there is no such file.
 std::uint64_t DataBytes(const char* path, std::uint64_t skipped)
 {
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(OpenFile(path, "rb"), std::fclose);
-    const long long                                       length = file ? FileLength(file.get()) : 0;
+    const OwnedFile file = OpenFile(path, "rb");
+    const long long length = file ? FileLength(file.get()) : 0;
     return length > 0 && static_cast<std::uint64_t>(length) > skipped
                ? static_cast<std::uint64_t>(length) - skipped
                : 0;
@@ -76,7 +76,7 @@ void ReadUShorts(ClassData2DIO<unsigned short>& plane, const char* path, std::ui
         ShowMessage(L"文件不存在");
         return;
     }
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(OpenFile(path, "rb"), std::fclose);
+    const OwnedFile file = OpenFile(path, "rb");
     if (!file)
         return;
     const long half = static_cast<long>(skipped / 2);    // long may hold 31 bits only
@@ -150,10 +150,11 @@ void VostelImage::LoadRawImage(CString path, bool keepOriginal)
     tagZEKImaLoadPara layout;
     if (!gDlgGetImaLoadPara(layout))
         return;
-    const std::unique_ptr<char, void (*)(char*)> name(gCStringToChar(&path), gDLLDelete);
-    if (!IsPlausible(layout, name.get())) {
+    const OSCString   narrow(path);
+    const char* const name = narrow.GetChar();
+    if (!IsPlausible(layout, name)) {
         // The reads tell of a missing file, and a refused size comes to none of them.
-        if (IsRawElement(layout.DataType) && !PathExists(name.get()))
+        if (IsRawElement(layout.DataType) && !PathExists(name))
             ShowMessage(L"文件不存在");
         RawOri.Release();
         Raw.Release();
@@ -162,7 +163,7 @@ void VostelImage::LoadRawImage(CString path, bool keepOriginal)
     CanvasWidth = layout.Width;
     CanvasHeight = layout.Height;
     ClassData2DIO<float> plane;
-    if (!ReadRawPlane(plane, layout, name.get()))
+    if (!ReadRawPlane(plane, layout, name))
         return;
     if (layout.MapToByte == 0) {
         ShowRaw(plane, keepOriginal, true);

@@ -7,9 +7,6 @@
 #include "vostel/Directories.h"
 #include "vostel/PathStrings.h"
 
-#include <cstdio>
-#include <memory>
-
 namespace vostel {
 
 namespace {
@@ -40,8 +37,8 @@ bool SaveBox(HDC source, const CRect& box, const CString& name)
 template <typename T>
 void SavePlane(const StructData2D<T>& plane, CString& name)
 {
-    const std::unique_ptr<char, void (*)(char*)>          narrow(gCStringToChar(&name), gDLLDelete);
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(OpenFile(narrow.get(), "wb"), std::fclose);
+    const OSCString narrow(name);
+    const OwnedFile file = OpenFile(narrow.GetChar(), "wb");
     if (file && plane.Ptr1D)
         std::fwrite(plane.Ptr1D, sizeof(T), CountOf(plane), file.get());
 }

@@ -21,15 +21,10 @@ const int PaletteBytes = 1024;
 // Pixels pass between planes and file through a block that stays in the processor's cache.
 const std::size_t BlockBytes = 128 * 1024;
 
-struct FileCloser {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using OwnedFile = std::unique_ptr<std::FILE, FileCloser>;
-
 // All transfers are large, so that the stream's own buffer would only be one more copy.
 OwnedFile OpenUnbuffered(const char* path, const char* mode)
 {
-    OwnedFile file(OpenFile(path, mode));
+    OwnedFile file = OpenFile(path, mode);
     if (file)
         std::setvbuf(file.get(), nullptr, _IONBF, 0);
     return file;

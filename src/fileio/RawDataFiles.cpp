@@ -21,10 +21,6 @@ using WordPlane = ClassData2DIO<unsigned short>;
 // Samples pass through a block that stays in the processor's cache.
 const std::size_t BlockSamples = 65536;
 
-struct FileCloser {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-
 // Samples of a file in order; zeros where it has none.
 class SampleFile {
 public:
@@ -34,7 +30,7 @@ public:
             ShowMessage(L"文件不存在");
             return;
         }
-        File.reset(OpenFile(path, "rb"));
+        File = OpenFile(path, "rb");
         if (File)
             std::setvbuf(File.get(), nullptr, _IONBF, 0);
     }
@@ -52,7 +48,7 @@ public:
     }
 
 private:
-    std::unique_ptr<std::FILE, FileCloser> File;
+    OwnedFile File;
 };
 
 bool HasElements(const WordPlane& image)

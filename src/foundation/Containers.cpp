@@ -57,17 +57,16 @@ void ReadElements(const char* path, unsigned int offset, void* target, std::size
         ShowMessage(L"文件不存在");
         return;
     }
-    std::FILE* file = OpenFile(path, "rb");
+    const OwnedFile file = OpenFile(path, "rb");
     if (!file)
         return;
     // Offsets reach 32 unsigned bits, more than long holds everywhere; two steps always fit.
     const long half = static_cast<long>(offset / 2);
-    if (target && std::fseek(file, half, SEEK_SET) == 0 &&
-        std::fseek(file, half + static_cast<long>(offset % 2), SEEK_CUR) == 0) {
+    if (target && std::fseek(file.get(), half, SEEK_SET) == 0 &&
+        std::fseek(file.get(), half + static_cast<long>(offset % 2), SEEK_CUR) == 0) {
         // A short file leaves the tail as it was.
-        [[maybe_unused]] const std::size_t read = std::fread(target, elementBytes, count, file);
+        [[maybe_unused]] const std::size_t read = std::fread(target, elementBytes, count, file.get());
     }
-    std::fclose(file);
 }
 
 inline void StoreConverted(float& target, float sum)

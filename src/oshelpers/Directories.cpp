@@ -5,8 +5,6 @@
 #include "platform/HostServices.h"
 
 #include <algorithm>
-#include <cstdio>
-#include <memory>
 #include <string>
 #include <string_view>
 
@@ -167,7 +165,7 @@ void OSDIR::FindFile(wchar_t* dir, std::vector<CString>& out, bool recursive, wc
 
 void OSDIR::Write(char* path, std::vector<CString> list)
 {
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(OpenFile(path, "w+"), std::fclose);
+    const OwnedFile file = OpenFile(path, "w+");
     if (!file)
         return;
     for (const CString& line : list) {
@@ -179,7 +177,7 @@ void OSDIR::Write(char* path, std::vector<CString> list)
 
 bool OSDIR::Read(char* path, std::vector<CString>& list)
 {
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(OpenFile(path, "r"), std::fclose);
+    const OwnedFile file = OpenFile(path, "r");
     if (!file)
         return true;
     char line[1024] = "";

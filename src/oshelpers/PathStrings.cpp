@@ -59,12 +59,8 @@ unsigned long cFileSize(FILE* f)
 
 unsigned long cFileSize(const char* path)
 {
-    FILE* const file = OpenFile(path, "rb");
-    if (!file)
-        return UnknownSize;
-    const unsigned long bytes = cFileSize(file);
-    std::fclose(file);
-    return bytes;
+    const OwnedFile file = OpenFile(path, "rb");
+    return file ? cFileSize(file.get()) : UnknownSize;
 }
 
 bool cFileExist(const char* path)

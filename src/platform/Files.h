@@ -2,17 +2,16 @@
 
 // Files and narrow names, one source per platform. Narrow paths are what the C file functions take.
 
+#include "base/OwnedFile.h"
 #include "vostel/platform.h"
 
-#include <cstdio>
 #include <string>
 
 namespace vostel {
 
-bool       PathExists(const char* path);        // a file or a directory; false for null
-bool       IsDirectory(const CString& path);    // an existing directory
-std::FILE* OpenFile(const char* path,
-                    const char* mode);    // null on failure, or for a null path; close with fclose
+bool      PathExists(const char* path);                    // a file or a directory; false for null
+bool      IsDirectory(const CString& path);                // an existing directory
+OwnedFile OpenFile(const char* path, const char* mode);    // null on failure, or for a null argument
 // Bytes of an open regular file whatever its size, -1 if it cannot be told; the position is kept.
 long long FileLength(std::FILE* file);
 

@@ -5,17 +5,14 @@
 #include <doctest/doctest.h>
 
 #include <cwchar>
-#include <memory>
 
 using namespace vostel;
 
 namespace {
 
-using File = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
-
-File Open(const std::string& path, const char* mode)
+OwnedFile Open(const std::string& path, const char* mode)
 {
-    return File(OpenFile(path.c_str(), mode), std::fclose);
+    return OpenFile(path.c_str(), mode);
 }
 
 }
@@ -50,7 +47,7 @@ TEST_CASE("files open for reading and writing, folders and missing files do not"
     CHECK(OpenFile(nullptr, "rb") == nullptr);
     CHECK(OpenFile(folder.Path("a.bin").c_str(), nullptr) == nullptr);
     {
-        const File file = Open(folder.Path("a.bin"), "wb");
+        const OwnedFile file = Open(folder.Path("a.bin"), "wb");
         REQUIRE(file != nullptr);
         CHECK(std::fwrite("abc", 1, 3, file.get()) == 3);
     }
@@ -62,7 +59,7 @@ TEST_CASE("the length of a file is told without moving its position")
 {
     const TempFolder folder;
     REQUIRE(WriteBytes(folder.Path("a.bin"), std::vector<unsigned char>(1234, 7)));
-    const File file = Open(folder.Path("a.bin"), "rb");
+    const OwnedFile file = Open(folder.Path("a.bin"), "rb");
     REQUIRE(file != nullptr);
     std::fseek(file.get(), 100, SEEK_SET);
     CHECK(FileLength(file.get()) == 1234);
@@ -121,7 +118,7 @@ TEST_CASE("bytes that are no UTF-8 survive the way to wide text and back")
 
 TEST_CASE("a device is no file of a length")
 {
-    const File file = Open("/dev/null", "rb");
+    const OwnedFile file = Open("/dev/null", "rb");
     REQUIRE(file != nullptr);
     CHECK(FileLength(file.get()) == -1);
 }

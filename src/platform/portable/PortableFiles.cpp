@@ -31,7 +31,7 @@ bool IsDirectory(const CString& path)
     return isFolder(narrow);
 }
 
-std::FILE* OpenFile(const char* path, const char* mode)
+OwnedFile OpenFile(const char* path, const char* mode)
 {
     struct stat facts;
     if (path == nullptr || mode == nullptr)
@@ -39,7 +39,7 @@ std::FILE* OpenFile(const char* path, const char* mode)
     // Opening a pipe would wait for whoever opens its other end.
     if (stat(path, &facts) == 0 && (S_ISFIFO(facts.st_mode) || S_ISDIR(facts.st_mode)))
         return nullptr;
-    return std::fopen(path, mode);
+    return OwnedFile(std::fopen(path, mode));
 }
 
 long long FileLength(std::FILE* file)

@@ -4,7 +4,6 @@
 #include "platform/Files.h"
 #include "platform/portable/PictureCodecs.h"
 
-#include <cstdio>
 #include <new>
 #include <string>
 
@@ -16,8 +15,8 @@ constexpr long long LargestFile = 1LL << 31;
 
 bool ReadWholeFile(const std::string& path, pictures::Bytes& bytes)
 {
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(OpenFile(path.c_str(), "rb"), std::fclose);
-    const long long                                       length = file ? FileLength(file.get()) : -1;
+    const OwnedFile file = OpenFile(path.c_str(), "rb");
+    const long long length = file ? FileLength(file.get()) : -1;
     if (length <= 0 || length > LargestFile)
         return false;
     bytes.resize(static_cast<std::size_t>(length));
@@ -28,12 +27,12 @@ bool ReadWholeFile(const std::string& path, pictures::Bytes& bytes)
 bool WriteWholeFile(const std::string& path, const pictures::Bytes& bytes, const unsigned char* rows,
                     std::size_t rowBytes)
 {
-    std::FILE* file = OpenFile(path.c_str(), "wb");
-    if (file == nullptr)
+    OwnedFile file = OpenFile(path.c_str(), "wb");
+    if (!file)
         return false;
-    bool good = std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
-    good = good && (rowBytes == 0 || std::fwrite(rows, 1, rowBytes, file) == rowBytes);
-    good = std::fclose(file) == 0 && good;
+    bool good = std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();
+    good = good && (rowBytes == 0 || std::fwrite(rows, 1, rowBytes, file.get()) == rowBytes);
+    good = std::fclose(file.release()) == 0 && good;
     if (!good)
         std::remove(path.c_str());
     return good;

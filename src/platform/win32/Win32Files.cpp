@@ -38,12 +38,12 @@ bool IsDirectory(const CString& path)
     return PathIsDirectoryW(path) != FALSE;
 }
 
-std::FILE* OpenFile(const char* path, const char* mode)
+OwnedFile OpenFile(const char* path, const char* mode)
 {
     std::FILE* file = nullptr;
     if (path == nullptr || mode == nullptr || fopen_s(&file, path, mode) != 0)
         return nullptr;
-    return file;
+    return OwnedFile(file);
 }
 
 long long FileLength(std::FILE* file)
