@@ -1,29 +1,18 @@
 #include "platform/portable/PortableLines.h"
 
+#include "platform/portable/WideIntegers.h"
+
 #include <algorithm>
 #include <cstring>
 
 namespace vostel::gdi {
 namespace {
 
-__extension__ typedef __int128 Wide;    // products of two 34-bit lengths
-
 // Lengths in pixels of dash, gap, dash, gap of the styles.
 constexpr int dashed[] = {18, 6};
 constexpr int dotted[] = {3, 3};
 constexpr int dashDotted[] = {9, 6, 3, 6};
 constexpr int dashDotDotted[] = {9, 3, 3, 3, 3, 3};
-
-template <typename Int>
-Int FloorDivide(Int a, Int b)
-{
-    return a >= 0 ? a / b : -((b - 1 - a) / b);
-}
-template <typename Int>
-Int CeilDivide(Int a, Int b)
-{
-    return -FloorDivide<Int>(-a, b);
-}
 
 bool IsOn(const Bitmap& surface, DevicePoint point)
 {
@@ -38,8 +27,8 @@ bool IsNear(DevicePoint point)
 }
 
 // Calls put(address) for count pixels: a step along the longer axis each, and one along the shorter axis
-// whenever the remainder of the division reaches its divisor. Without a branch, since no processor foresees
-// the turns of short lines. The offset is kept apart from the pointer, which must not leave the bitmap.
+// whenever the remainder of the division reaches its divisor. Without a branch, because branches on short
+// lines are mispredicted. The offset is kept apart from the pointer, which must not leave the bitmap.
 template <typename Put>
 void WalkPixels(unsigned char* target, std::ptrdiff_t majorStep, std::ptrdiff_t minorStep,
                 std::int64_t longer, std::int64_t shorter, std::int64_t remainder, std::int64_t count,
@@ -93,7 +82,7 @@ public:
             Remainder = Longer - Bias();
             return true;
         }
-        return IsNear(from) && IsNear(to) ? ClipWith<std::int64_t>(surface) : ClipWith<Wide>(surface);
+        return IsNear(from) && IsNear(to) ? ClipWith<std::int64_t>(surface) : ClipWith<Int128>(surface);
     }
 
     std::int64_t SkippedSteps() const { return Skipped; }

@@ -3,6 +3,7 @@
 
 #include "platform/portable/PortableEllipse.h"
 #include "platform/portable/PortableLines.h"
+#include "platform/portable/WideIntegers.h"
 
 #include <algorithm>
 #include <cmath>
@@ -10,19 +11,13 @@
 namespace vostel::gdi {
 namespace {
 
-__extension__ typedef __int128 Wide;    // products of two 34-bit lengths
-
-std::int64_t CeilDivide(Wide a, std::int64_t b)
-{
-    return static_cast<std::int64_t>(a >= 0 ? (a + b - 1) / b : -(-a / b));
-}
-
 // The smallest whole x on or right of the edge at row y; the edge is not level.
 std::int64_t EdgeAt(const DevicePoint& a, const DevicePoint& b, std::int64_t y)
 {
     const DevicePoint& upper = a.Y < b.Y ? a : b;
     const DevicePoint& lower = a.Y < b.Y ? b : a;
-    return upper.X + CeilDivide(static_cast<Wide>(lower.X - upper.X) * (y - upper.Y), lower.Y - upper.Y);
+    const Int128       across = static_cast<Int128>(lower.X - upper.X) * (y - upper.Y);
+    return upper.X + static_cast<std::int64_t>(CeilDivide<Int128>(across, lower.Y - upper.Y));
 }
 
 // Pixels on or inside the left and upper edges and not on the right and lower ones.

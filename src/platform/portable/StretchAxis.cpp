@@ -1,5 +1,7 @@
 #include "platform/portable/StretchAxis.h"
 
+#include "platform/portable/WideIntegers.h"
+
 #include <algorithm>
 #include <cstdlib>
 
@@ -12,11 +14,6 @@ using WideUnsigned = std::uint64_t;
 Wide Length(int extent)
 {
     return std::abs(static_cast<Wide>(extent));
-}
-
-Wide FloorDivide(Wide a, Wide b)
-{
-    return a / b - (a % b < 0 ? 1 : 0);    // b is positive
 }
 
 // Positions 0..length-1 from start in the direction of extent that lie in 0..size-1: first and last.
