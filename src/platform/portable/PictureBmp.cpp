@@ -41,7 +41,7 @@ struct Channel {
     }
 };
 
-void SetIndex(Picture& picture, int x, int y, unsigned index)
+void SetIndex(PictureBuffer& picture, int x, int y, unsigned index)
 {
     unsigned char* row = picture.Row(y);
     if (picture.BitsPerPixel == 8)
@@ -51,7 +51,7 @@ void SetIndex(Picture& picture, int x, int y, unsigned index)
 }
 
 // Two bytes at a time: a count with the value of its pixels, or a zero with an escape.
-bool DecodeRuns(const Bytes& file, std::size_t at, Picture& picture)
+bool DecodeRuns(const Bytes& file, std::size_t at, PictureBuffer& picture)
 {
     const bool nibbles = picture.BitsPerPixel == 4;
     int        x = 0;
@@ -101,7 +101,7 @@ void Append(Bytes& file, std::uint32_t value, int bytes)
 
 }
 
-bool DecodeBmp(const Bytes& file, Picture& picture)
+bool DecodeBmp(const Bytes& file, PictureBuffer& picture)
 {
     if (file.size() < 26 || file[0] != 'B' || file[1] != 'M')
         return false;
@@ -115,7 +115,7 @@ bool DecodeBmp(const Bytes& file, Picture& picture)
     const std::uint32_t depth = Number(file, old ? 24 : 28, 2);
     const std::uint32_t coding = old ? Plain : Number(file, 30, 4);
     std::uint32_t       colours = old ? 0 : Number(file, 46, 4);
-    if (!IsSaneSize(width, height))
+    if (!IsSanePictureSize(width, height))
         return false;
     const bool runs = (coding == RunLength8 && depth == 8) || (coding == RunLength4 && depth == 4);
     const bool fields = (coding == BitFields || coding == AlphaBitFields) && (depth == 16 || depth == 32);
@@ -190,7 +190,7 @@ bool DecodeBmp(const Bytes& file, Picture& picture)
     return true;
 }
 
-void EncodeBmpHead(const Picture& picture, Bytes& file)
+void EncodeBmpHead(const PictureBuffer& picture, Bytes& file)
 {
     const std::uint32_t colours = picture.BitsPerPixel <= 8 ? 1u << picture.BitsPerPixel : 0;
     // Alpha needs the long header with its masks.
@@ -224,7 +224,7 @@ void EncodeBmpHead(const Picture& picture, Bytes& file)
     }
 }
 
-bool EncodeBmp(const Picture& picture, Bytes& file)
+bool EncodeBmp(const PictureBuffer& picture, Bytes& file)
 {
     EncodeBmpHead(picture, file);
     file.reserve(file.size() +

@@ -49,7 +49,7 @@ struct FreeColours {
 
 // The image lies somewhere on the screen that the file declares; what it leaves free has the background's
 // index.
-bool ReadImage(GifFileType* gif, std::size_t fileBytes, Picture& picture)
+bool ReadImage(GifFileType* gif, std::size_t fileBytes, PictureBuffer& picture)
 {
     if (DGifGetImageDesc(gif) == GIF_ERROR)
         return false;
@@ -57,7 +57,7 @@ bool ReadImage(GifFileType* gif, std::size_t fileBytes, Picture& picture)
     const long long     width = std::max(gif->SWidth, image.Left + image.Width);
     const long long     height = std::max(gif->SHeight, image.Top + image.Height);
     if (image.Width <= 0 || image.Height <= 0 || image.Left < 0 || image.Top < 0 ||
-        !IsSaneSize(width, height) || !IsPlausible(width * height, fileBytes, 4096))
+        !IsSanePictureSize(width, height) || !IsPlausible(width * height, fileBytes, 4096))
         return false;
     const ColorMapObject* colours = image.ColorMap != nullptr ? image.ColorMap : gif->SColorMap;
     if (colours == nullptr || !picture.Allocate(static_cast<int>(width), static_cast<int>(height), 8))
@@ -79,7 +79,7 @@ bool ReadImage(GifFileType* gif, std::size_t fileBytes, Picture& picture)
 }
 
 // The indices of a picture of up to 8 bits, or those of the nearest of 256 chosen colours.
-bool Quantise(const Picture& picture, Bytes& indices, ColorMapObject& colours)
+bool Quantise(const PictureBuffer& picture, Bytes& indices, ColorMapObject& colours)
 {
     const std::size_t width = static_cast<std::size_t>(picture.Width);
     const std::size_t count = width * static_cast<std::size_t>(picture.Height);
@@ -110,7 +110,7 @@ bool Quantise(const Picture& picture, Bytes& indices, ColorMapObject& colours)
 
 }
 
-bool DecodeGif(const Bytes& file, Picture& picture)
+bool DecodeGif(const Bytes& file, PictureBuffer& picture)
 {
     if (file.size() < 13 || std::memcmp(file.data(), "GIF8", 4) != 0)
         return false;
@@ -137,7 +137,7 @@ bool DecodeGif(const Bytes& file, Picture& picture)
     }
 }
 
-bool EncodeGif(const Picture& picture, Bytes& file)
+bool EncodeGif(const PictureBuffer& picture, Bytes& file)
 {
     if (picture.Width > 65535 || picture.Height > 65535)
         return false;

@@ -54,13 +54,13 @@ void FromPress(const unsigned char* press, unsigned char* triples, int count)
     }
 }
 
-bool Read(jpeg_decompress_struct& codec, const Bytes& file, Picture& picture)
+bool Read(jpeg_decompress_struct& codec, const Bytes& file, PictureBuffer& picture)
 {
     codec.mem->max_memory_to_use = 1L << 30;
     jpeg_mem_src(&codec, file.data(), static_cast<unsigned long>(file.size()));
     jpeg_read_header(&codec, TRUE);
     const long long pixels = static_cast<long long>(codec.image_width) * codec.image_height;
-    if (!IsSaneSize(codec.image_width, codec.image_height) || !IsPlausible(pixels, file.size(), 4096))
+    if (!IsSanePictureSize(codec.image_width, codec.image_height) || !IsPlausible(pixels, file.size(), 4096))
         return false;
     const bool gray = codec.jpeg_color_space == JCS_GRAYSCALE;
     const bool press = codec.jpeg_color_space == JCS_CMYK || codec.jpeg_color_space == JCS_YCCK;
@@ -83,7 +83,8 @@ bool Read(jpeg_decompress_struct& codec, const Bytes& file, Picture& picture)
     return true;
 }
 
-void Write(jpeg_compress_struct& codec, const Picture& picture, unsigned char*& bytes, unsigned long& count)
+void Write(jpeg_compress_struct& codec, const PictureBuffer& picture, unsigned char*& bytes,
+           unsigned long& count)
 {
     const bool gray = picture.IsGray() && picture.BitsPerPixel == 8;
     jpeg_mem_dest(&codec, &bytes, &count);
@@ -109,7 +110,7 @@ void Write(jpeg_compress_struct& codec, const Picture& picture, unsigned char*& 
 
 }
 
-bool DecodeJpeg(const Bytes& file, Picture& picture)
+bool DecodeJpeg(const Bytes& file, PictureBuffer& picture)
 {
     if (file.size() < 4 || file[0] != 0xFF || file[1] != 0xD8)
         return false;
@@ -125,7 +126,7 @@ bool DecodeJpeg(const Bytes& file, Picture& picture)
     return good;
 }
 
-bool EncodeJpeg(const Picture& picture, Bytes& file)
+bool EncodeJpeg(const PictureBuffer& picture, Bytes& file)
 {
     if (picture.Width > JPEG_MAX_DIMENSION || picture.Height > JPEG_MAX_DIMENSION)
         return false;

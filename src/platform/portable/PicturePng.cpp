@@ -48,7 +48,7 @@ void WriteBytes(png_structp png, png_bytep bytes, png_size_t count)
 void Flush(png_structp) {}
 
 // Sets the transformations up and allocates. Nothing in here owns anything when an error leaps out.
-bool Prepare(png_structp png, png_infop info, std::size_t fileBytes, Picture& picture, int& passes)
+bool Prepare(png_structp png, png_infop info, std::size_t fileBytes, PictureBuffer& picture, int& passes)
 {
     png_set_user_limits(png, 1u << 28, 1u << 28);
     png_set_chunk_malloc_max(png, 8u << 20);
@@ -56,7 +56,7 @@ bool Prepare(png_structp png, png_infop info, std::size_t fileBytes, Picture& pi
     png_read_info(png, info);
     const png_uint_32 width = png_get_image_width(png, info), height = png_get_image_height(png, info);
     const int         depth = png_get_bit_depth(png, info), kind = png_get_color_type(png, info);
-    if (!IsSaneSize(width, height) ||
+    if (!IsSanePictureSize(width, height) ||
         !IsPlausible(static_cast<long long>(png_get_rowbytes(png, info)) * height, fileBytes, 1040))
         return false;
 
@@ -97,7 +97,7 @@ bool Prepare(png_structp png, png_infop info, std::size_t fileBytes, Picture& pi
     return true;
 }
 
-bool Write(png_structp png, png_infop info, const Picture& picture)
+bool Write(png_structp png, png_infop info, const PictureBuffer& picture)
 {
     const int  bits = picture.BitsPerPixel;
     const bool gray = picture.IsGray();
@@ -125,7 +125,7 @@ bool Write(png_structp png, png_infop info, const Picture& picture)
 }
 
 // Interlaced pictures come in several passes over the same rows.
-void ReadRows(png_structp png, int passes, Picture& picture)
+void ReadRows(png_structp png, int passes, PictureBuffer& picture)
 {
     for (int pass = 0; pass < passes; ++pass)
         for (int y = 0; y < picture.Height; ++y)
@@ -135,7 +135,7 @@ void ReadRows(png_structp png, int passes, Picture& picture)
 
 }
 
-bool DecodePng(const Bytes& file, Picture& picture)
+bool DecodePng(const Bytes& file, PictureBuffer& picture)
 {
     if (file.size() < 8 || png_sig_cmp(file.data(), 0, 8) != 0)
         return false;
@@ -155,7 +155,7 @@ bool DecodePng(const Bytes& file, Picture& picture)
     return good;
 }
 
-bool EncodePng(const Picture& picture, Bytes& file)
+bool EncodePng(const PictureBuffer& picture, Bytes& file)
 {
     png_structp   png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, Fail, Ignore);
     png_infop     info = png != nullptr ? png_create_info_struct(png) : nullptr;

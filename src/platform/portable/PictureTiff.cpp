@@ -144,7 +144,7 @@ void TakeRow(const Layout& layout, const unsigned char* source, unsigned char* r
         row[first + i] = source[i] ^ flip;
 }
 
-bool ReadIndices(TIFF* tiff, const Layout& layout, Picture& picture)
+bool ReadIndices(TIFF* tiff, const Layout& layout, PictureBuffer& picture)
 {
     std::uint16_t *red = nullptr, *green = nullptr, *blue = nullptr;
     if (layout.Photometric == PHOTOMETRIC_PALETTE) {
@@ -189,7 +189,7 @@ bool ReadIndices(TIFF* tiff, const Layout& layout, Picture& picture)
 }
 
 // Everything else through the library's own conversion to red, green, blue, alpha words.
-bool ReadColours(TIFF* tiff, const Layout& layout, Picture& picture)
+bool ReadColours(TIFF* tiff, const Layout& layout, PictureBuffer& picture)
 {
     char why[1024];
     if (!TIFFRGBAImageOK(tiff, why))
@@ -212,7 +212,7 @@ bool ReadColours(TIFF* tiff, const Layout& layout, Picture& picture)
     return true;
 }
 
-bool Describe(TIFF* tiff, const Picture& picture)
+bool Describe(TIFF* tiff, const PictureBuffer& picture)
 {
     const bool indexed = picture.BitsPerPixel <= 8, gray = picture.IsGray();
     const int  samples = indexed ? 1 : picture.HasAlpha ? 4 : 3;
@@ -244,7 +244,7 @@ bool Describe(TIFF* tiff, const Picture& picture)
 
 }
 
-bool DecodeTiff(const Bytes& file, Picture& picture)
+bool DecodeTiff(const Bytes& file, PictureBuffer& picture)
 {
     if (file.size() < 8 || !((file[0] == 'I' && file[1] == 'I') || (file[0] == 'M' && file[1] == 'M')))
         return false;
@@ -254,7 +254,7 @@ bool DecodeTiff(const Bytes& file, Picture& picture)
         return false;
     const Layout    layout = LayoutOf(tiff.get());
     const long long rowBytes = (static_cast<long long>(layout.Width) * layout.Samples * layout.Bits + 7) / 8;
-    if (!IsSaneSize(layout.Width, layout.Height))
+    if (!IsSanePictureSize(layout.Width, layout.Height))
         return false;
     // Plain data has to be there; fax codes of blank pages know no bound, and one bit a pixel is no burden.
     const long long factor = layout.Compression == COMPRESSION_NONE ? 1 : 65536;
@@ -272,7 +272,7 @@ bool DecodeTiff(const Bytes& file, Picture& picture)
     return ReadColours(tiff.get(), layout, picture);
 }
 
-bool EncodeTiff(const Picture& picture, Bytes& file)
+bool EncodeTiff(const PictureBuffer& picture, Bytes& file)
 {
     Stream stream{nullptr, &file, file.size(), 0};
     Tiff   tiff = Open(stream, "wlm");

@@ -1,7 +1,8 @@
-// CImage on the codecs of this folder. Covered: BMP, PNG, JPEG, GIF and TIFF, each in the depths that
-// files of that kind have. Left out: other formats, all images of a file but the first.
+// Loads and saves of CImage by the codecs of this folder. Covered: BMP, PNG, JPEG, GIF and TIFF, each in the
+// depths that files of that kind have. Left out: other formats, all images of a file but the first.
 
 #include "platform/Files.h"
+#include "platform/HeldPicture.h"
 #include "platform/portable/PictureCodecs.h"
 
 #include <new>
@@ -39,7 +40,7 @@ bool WriteWholeFile(const std::string& path, const pictures::Bytes& bytes, const
 }
 
 // The contents tell the format; extensions of pictures lie often.
-bool Decode(const pictures::Bytes& file, pictures::Picture& picture)
+bool Decode(const pictures::Bytes& file, PictureBuffer& picture)
 {
     return pictures::DecodePng(file, picture) || pictures::DecodeJpeg(file, picture) ||
            pictures::DecodeBmp(file, picture) || pictures::DecodeGif(file, picture) ||
@@ -47,7 +48,7 @@ bool Decode(const pictures::Bytes& file, pictures::Picture& picture)
 }
 
 // No format but one takes five bits a channel; they are written as 24 bits.
-bool CopyAsTriples(const pictures::Picture& picture, pictures::Picture& copy)
+bool CopyAsTriples(const PictureBuffer& picture, PictureBuffer& copy)
 {
     if (!copy.Allocate(picture.Width, picture.Height, 24))
         return false;
@@ -56,7 +57,7 @@ bool CopyAsTriples(const pictures::Picture& picture, pictures::Picture& copy)
     return true;
 }
 
-using Encoder = bool (*)(const pictures::Picture&, pictures::Bytes&);
+using Encoder = bool (*)(const PictureBuffer&, pictures::Bytes&);
 
 Encoder EncoderOf(const wchar_t* path)
 {
@@ -82,21 +83,6 @@ Encoder EncoderOf(const wchar_t* path)
 }
 
 namespace ATL {
-
-struct CImage::Picture : pictures::Picture {
-    HDC     Context = nullptr;    // while GetDC is out
-    HGDIOBJ Before = nullptr;     // what the context held before the picture
-
-    ~Picture() { CloseContext(); }
-    void CloseContext()
-    {
-        if (Context == nullptr)
-            return;
-        SelectObject(Context, Before);
-        DeleteDC(Context);
-        Context = nullptr;
-    }
-};
 
 CImage::CImage() = default;
 CImage::~CImage() = default;
@@ -124,13 +110,13 @@ HRESULT CImage::Save(const wchar_t* path) const
     if (encode == nullptr || IsNull())
         return E_FAIL;
     try {
-        pictures::Bytes   file;
-        pictures::Picture triples;
+        pictures::Bytes file;
+        PictureBuffer   triples;
         if (Held->BitsPerPixel == 16 && !CopyAsTriples(*Held, triples))
             return E_FAIL;
-        const pictures::Picture& picture = Held->BitsPerPixel == 16 ? triples : *Held;
-        const unsigned char*     rows = nullptr;
-        std::size_t              rowBytes = 0;
+        const PictureBuffer& picture = Held->BitsPerPixel == 16 ? triples : *Held;
+        const unsigned char* rows = nullptr;
+        std::size_t          rowBytes = 0;
         if (encode == pictures::EncodeBmp && picture.BottomUp) {
             // Rows that lie in memory as in the file need no second buffer.
             pictures::EncodeBmpHead(picture, file);
@@ -145,73 +131,6 @@ HRESULT CImage::Save(const wchar_t* path) const
         return E_FAIL;
     }
     return S_OK;
-}
-
-bool CImage::Create(int width, int height, int bitsPerPixel)
-{
-    Destroy();
-    if ((bitsPerPixel != 8 && bitsPerPixel != 24 && bitsPerPixel != 32) || width <= 0 || height == 0 ||
-        height == static_cast<int>(0x80000000u))
-        return false;
-    try {
-        auto created = std::make_unique<Picture>();
-        if (!created->Allocate(width, height < 0 ? -height : height, bitsPerPixel, height > 0))
-            return false;
-        Held = std::move(created);
-    } catch (const std::bad_alloc&) {
-        return false;
-    }
-    return true;
-}
-
-void CImage::Destroy()
-{
-    Held.reset();
-}
-bool CImage::IsNull() const
-{
-    return Held == nullptr;
-}
-int CImage::GetWidth() const
-{
-    return Held ? Held->Width : 0;
-}
-int CImage::GetHeight() const
-{
-    return Held ? Held->Height : 0;
-}
-int CImage::GetBPP() const
-{
-    return Held ? Held->BitsPerPixel : 0;
-}
-
-void* CImage::GetBits() const
-{
-    return Held ? Held->Row(0) : nullptr;
-}
-
-int CImage::GetPitch() const
-{
-    if (Held == nullptr)
-        return 0;
-    return Held->BottomUp ? -Held->RowBytes : Held->RowBytes;
-}
-
-HDC CImage::GetDC() const
-{
-    if (Held == nullptr || Held->Bitmap() == nullptr)
-        return nullptr;
-    if (Held->Context == nullptr) {
-        Held->Context = CreateCompatibleDC(nullptr);
-        Held->Before = SelectObject(Held->Context, Held->Bitmap());
-    }
-    return Held->Context;
-}
-
-void CImage::ReleaseDC() const
-{
-    if (Held != nullptr)
-        Held->CloseContext();
 }
 
 }
