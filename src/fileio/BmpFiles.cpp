@@ -1,5 +1,6 @@
 #include "vostel/BmpFiles.h"
 
+#include "base/LittleEndian.h"
 #include "fileio/PlaneShuffles.h"
 #include "platform/Files.h"
 
@@ -46,20 +47,6 @@ std::int64_t FileRowBytes(std::int64_t bits, std::int64_t width)
     return (bits * width / 8 + 3) / 4 * 4;
 }
 
-std::uint32_t LittleEndian(const unsigned char* from, int bytes)
-{
-    std::uint32_t value = 0;
-    for (int i = bytes - 1; i >= 0; --i)
-        value = value << 8 | from[i];
-    return value;
-}
-
-void PutLittleEndian(unsigned char* to, int bytes, std::uint32_t value)
-{
-    for (int i = 0; i < bytes; ++i)
-        to[i] = static_cast<unsigned char>(value >> 8 * i);
-}
-
 struct Layout {
     std::int32_t Width = 0;
     std::int32_t Height = 0;
@@ -103,9 +90,9 @@ bool ReadLayout(std::FILE* file, Layout& layout)
     const std::int64_t fileBytes = FileLength(file);
     const std::size_t  got = std::fread(header, 1, sizeof header, file);
     std::memset(header + got, 0, sizeof header - got);
-    layout.Width = static_cast<std::int32_t>(LittleEndian(header + 18, 4));
-    layout.Height = static_cast<std::int32_t>(LittleEndian(header + 22, 4));
-    layout.Bits = static_cast<int>(LittleEndian(header + 28, 2));
+    layout.Width = static_cast<std::int32_t>(ReadLittleEndian({header + 18, 4}));
+    layout.Height = static_cast<std::int32_t>(ReadLittleEndian({header + 22, 4}));
+    layout.Bits = static_cast<int>(ReadLittleEndian({header + 28, 2}));
     if (!IsPlausible(layout, fileBytes))
         return false;
     // Beyond the end of a file cut short in its palette there are no pixels to read.
@@ -192,16 +179,16 @@ bool WriteHeader(std::FILE* file, const OutputLayout& layout)
     const std::uint32_t pixelBytes =
         static_cast<std::uint32_t>(layout.Height * FileRowBytes(layout.Bits, layout.Width));
     unsigned char header[HeaderBytes] = {'B', 'M'};
-    PutLittleEndian(header + 2, 4, pixelBytes + layout.PixelsAt);
-    PutLittleEndian(header + 10, 4, layout.PixelsAt);
-    PutLittleEndian(header + 14, 4, 40);    // size of the information header
-    PutLittleEndian(header + 18, 4, static_cast<std::uint32_t>(layout.Width));
-    PutLittleEndian(header + 22, 4, static_cast<std::uint32_t>(layout.Height));
-    PutLittleEndian(header + 26, 2, 1);    // planes
-    PutLittleEndian(header + 28, 2, static_cast<std::uint32_t>(layout.Bits));
-    PutLittleEndian(header + 34, 4, pixelBytes);
-    PutLittleEndian(header + 38, 4, layout.PixelsPerMetre);
-    PutLittleEndian(header + 42, 4, layout.PixelsPerMetre);
+    WriteLittleEndian({header + 2, 4}, pixelBytes + layout.PixelsAt);
+    WriteLittleEndian({header + 10, 4}, layout.PixelsAt);
+    WriteLittleEndian({header + 14, 4}, 40);    // size of the information header
+    WriteLittleEndian({header + 18, 4}, static_cast<std::uint32_t>(layout.Width));
+    WriteLittleEndian({header + 22, 4}, static_cast<std::uint32_t>(layout.Height));
+    WriteLittleEndian({header + 26, 2}, 1);    // planes
+    WriteLittleEndian({header + 28, 2}, static_cast<std::uint32_t>(layout.Bits));
+    WriteLittleEndian({header + 34, 4}, pixelBytes);
+    WriteLittleEndian({header + 38, 4}, layout.PixelsPerMetre);
+    WriteLittleEndian({header + 42, 4}, layout.PixelsPerMetre);
     return std::fwrite(header, 1, sizeof header, file) == sizeof header;
 }
 

@@ -1,7 +1,7 @@
-// BMP with 1, 4, 8, 16, 24 and 32 bits a pixel, plain, with bit fields and run-length coded; headers from
-// 12 to 124 bytes. 16 bits are brought to five bits a
-// channel.
+// BMP with 1, 4, 8, 16, 24 and 32 bits per pixel, plain, with bit fields and run-length coded; headers from
+// 12 to 124 bytes. 16 bits are brought to five bits per channel.
 
+#include "base/LittleEndian.h"
 #include "platform/portable/PictureCodecs.h"
 
 #include <algorithm>
@@ -11,33 +11,37 @@
 namespace vostel::pictures {
 namespace {
 
-constexpr std::uint32_t Plain = 0, RunLength8 = 1, RunLength4 = 2, BitFields = 3, AlphaBitFields = 6;
+enum Coding : std::uint32_t { Plain = 0, RunLength8 = 1, RunLength4 = 2, BitFields = 3, AlphaBitFields = 6 };
 
-std::uint32_t Number(const Bytes& file, std::size_t at, int bytes)
+constexpr std::size_t FileHeaderBytes = 14;
+constexpr std::size_t OldHeaderBytes = 12;    // of the information header, as the first version had it
+constexpr std::size_t MinHeaderBytes = 40;
+constexpr std::size_t MaxHeaderBytes = 1024;
+
+// Bytes after the end of the file count as zero.
+std::uint32_t NumberAt(const Bytes& file, std::size_t at, std::size_t bytes)
 {
-    std::uint32_t value = 0;
-    for (int i = 0; i < bytes && at + static_cast<std::size_t>(i) < file.size(); ++i)
-        value |= static_cast<std::uint32_t>(file[at + static_cast<std::size_t>(i)]) << 8 * i;
-    return value;
+    const std::size_t first = std::min(at, file.size());
+    return ReadLittleEndian({file.data() + first, std::min(bytes, file.size() - first)});
 }
 
 // One channel of a bit field pixel, widened to eight bits.
 struct Channel {
     std::uint32_t Mask = 0;
     int           Shift = 0;
-    std::uint32_t Utmost = 0;
+    std::uint32_t Max = 0;
 
     explicit Channel(std::uint32_t mask) : Mask(mask)
     {
         while (mask != 0 && (mask >> Shift & 1) == 0)
             ++Shift;
-        Utmost = mask >> Shift;
+        Max = mask >> Shift;
     }
     unsigned char Of(std::uint32_t pixel) const
     {
-        if (Utmost == 0)
+        if (Max == 0)
             return 0;
-        return static_cast<unsigned char>(std::uint64_t{(pixel & Mask) >> Shift} * 255 / Utmost);
+        return static_cast<unsigned char>(std::uint64_t{(pixel & Mask) >> Shift} * 255 / Max);
     }
 };
 
@@ -93,100 +97,159 @@ bool DecodeRuns(const Bytes& file, std::size_t at, PictureBuffer& picture)
     return line >= picture.Height || (line == picture.Height - 1 && x >= picture.Width);    // no end mark
 }
 
-void Append(Bytes& file, std::uint32_t value, int bytes)
+void Append(Bytes& file, std::uint32_t value, std::size_t bytes)
 {
-    for (int i = 0; i < bytes; ++i)
-        file.push_back(static_cast<unsigned char>(value >> 8 * i));
+    file.resize(file.size() + bytes);
+    WriteLittleEndian(std::span(file).last(bytes), value);
+}
+
+// What a header says, once it has been checked against the file.
+struct BmpLayout {
+    int           Width = 0;
+    int           Height = 0;
+    int           Depth = 0;    // bits per pixel
+    bool          TopDown = false;
+    bool          RunLengths = false;
+    bool          HasFields = false;    // the channels' masks come from the file
+    Channel       Red{0}, Green{0}, Blue{0}, Alpha{0};
+    std::size_t   PaletteAt = 0;       // bytes from the beginning of the file
+    std::size_t   EntryBytes = 0;      // of a palette entry
+    std::uint32_t PaletteCount = 0;    // entries that the header announces, 0 for all of the depth
+    std::size_t   PixelsAt = 0;        // not before the headers' end nor behind the file's
+    std::size_t   RowBytes = 0;        // with padding
+};
+
+// The masks follow a short header and are part of a long one.
+void ReadChannels(const Bytes& file, std::uint32_t coding, std::size_t headerBytes, BmpLayout& layout)
+{
+    layout.Red = Channel(layout.Depth == 16 ? 0x7C00 : 0xFF0000);
+    layout.Green = Channel(layout.Depth == 16 ? 0x3E0 : 0xFF00);
+    layout.Blue = Channel(layout.Depth == 16 ? 0x1F : 0xFF);
+    if (!layout.HasFields)
+        return;
+    layout.Red = Channel(NumberAt(file, 54, 4));
+    layout.Green = Channel(NumberAt(file, 58, 4));
+    layout.Blue = Channel(NumberAt(file, 62, 4));
+    if (headerBytes >= 56 || coding == AlphaBitFields)
+        layout.Alpha = Channel(NumberAt(file, 66, 4));
+}
+
+// Whether the pixels can be in the file: all rows have to be there, runs only in part.
+bool HoldsPixels(const Bytes& file, const BmpLayout& layout)
+{
+    const long long bytes = static_cast<long long>(layout.RowBytes) * layout.Height;
+    if (layout.RunLengths)
+        return !layout.TopDown && IsPlausible(bytes, file.size(), 1024);
+    return bytes <= static_cast<long long>(file.size() - layout.PixelsAt);
+}
+
+bool ReadBmpHeader(const Bytes& file, BmpLayout& layout)
+{
+    if (file.size() < FileHeaderBytes + OldHeaderBytes || file[0] != 'B' || file[1] != 'M')
+        return false;
+    const std::size_t headerBytes = NumberAt(file, 14, 4);
+    const bool        old = headerBytes == OldHeaderBytes;
+    if (!old && (headerBytes < MinHeaderBytes || headerBytes > MaxHeaderBytes ||
+                 file.size() < FileHeaderBytes + headerBytes))
+        return false;
+
+    const long long width = static_cast<std::int32_t>(NumberAt(file, 18, old ? 2 : 4));
+    const long long lines = static_cast<std::int32_t>(old ? NumberAt(file, 20, 2) : NumberAt(file, 22, 4));
+    const long long height = lines < 0 ? -lines : lines;    // a negative count lies top row first
+    if (!IsSanePictureSize(width, height))
+        return false;
+    const std::uint32_t depth = NumberAt(file, old ? 24 : 28, 2);
+    const std::uint32_t coding = old ? Plain : NumberAt(file, 30, 4);
+    if (depth != 1 && depth != 4 && depth != 8 && depth != 16 && depth != 24 && depth != 32)
+        return false;
+    layout.Width = static_cast<int>(width);
+    layout.Height = static_cast<int>(height);
+    layout.Depth = static_cast<int>(depth);
+    layout.TopDown = lines < 0;
+    layout.RunLengths = (coding == RunLength8 && depth == 8) || (coding == RunLength4 && depth == 4);
+    layout.HasFields = (coding == BitFields || coding == AlphaBitFields) && (depth == 16 || depth == 32);
+    if (coding != Plain && !layout.RunLengths && !layout.HasFields)
+        return false;
+
+    ReadChannels(file, coding, headerBytes, layout);
+    layout.PaletteAt = FileHeaderBytes + headerBytes;
+    layout.EntryBytes = old ? 3 : 4;
+    layout.PaletteCount = old ? 0 : NumberAt(file, 46, 4);
+    layout.PixelsAt = NumberAt(file, 10, 4);
+    layout.RowBytes = static_cast<std::size_t>((width * depth + 31) / 32 * 4);
+    return layout.PixelsAt >= layout.PaletteAt && layout.PixelsAt <= file.size() && HoldsPixels(file, layout);
+}
+
+// Entries that the file has no room for before its pixels stay black.
+void ReadPalette(const Bytes& file, const BmpLayout& layout, PictureBuffer& picture)
+{
+    const std::uint32_t all = 1u << layout.Depth;
+    const std::uint32_t count =
+        layout.PaletteCount == 0 || layout.PaletteCount > all ? all : layout.PaletteCount;
+    std::memset(picture.Palette, 0, sizeof picture.Palette);
+    std::size_t at = layout.PaletteAt;
+    for (std::uint32_t i = 0; i < count && at + layout.EntryBytes <= layout.PixelsAt; ++i) {
+        picture.Palette[i] = {file[at], file[at + 1], file[at + 2], 0};
+        at += layout.EntryBytes;
+    }
+}
+
+// Whether rows lie in the file as they do in the picture.
+bool CopiesRows(const BmpLayout& layout)
+{
+    return layout.Depth != 16 &&
+           (!layout.HasFields || (layout.Red.Mask == 0xFF0000 && layout.Green.Mask == 0xFF00 &&
+                                  layout.Blue.Mask == 0xFF && (layout.Alpha.Mask & 0xFFFFFF) == 0));
+}
+
+// A row of 16 or 32 bits per pixel, channel by channel.
+void ReadFieldRow(const unsigned char* source, const BmpLayout& layout, unsigned char* row)
+{
+    const std::size_t pixelBytes = static_cast<std::size_t>(layout.Depth) / 8;
+    for (int x = 0; x < layout.Width; ++x, source += pixelBytes, row += pixelBytes) {
+        std::uint32_t pixel = 0;
+        std::memcpy(&pixel, source, pixelBytes);
+        const unsigned char red = layout.Red.Of(pixel);
+        const unsigned char green = layout.Green.Of(pixel);
+        const unsigned char blue = layout.Blue.Of(pixel);
+        if (layout.Depth == 16) {
+            row[0] = static_cast<unsigned char>((green & 0x38) << 2 | blue >> 3);
+            row[1] = static_cast<unsigned char>((red & 0xF8) >> 1 | green >> 6);
+            continue;
+        }
+        row[0] = blue;
+        row[1] = green;
+        row[2] = red;
+        row[3] = layout.Alpha.Of(pixel);    // 0 without a mask
+    }
+}
+
+void ReadRows(const Bytes& file, const BmpLayout& layout, PictureBuffer& picture)
+{
+    const bool copy = CopiesRows(layout);
+    for (int y = 0; y < layout.Height; ++y) {
+        const std::size_t    line = static_cast<std::size_t>(layout.TopDown ? y : layout.Height - 1 - y);
+        const unsigned char* source = file.data() + layout.PixelsAt + line * layout.RowBytes;
+        if (copy)
+            std::memcpy(picture.Row(y), source, layout.RowBytes);
+        else
+            ReadFieldRow(source, layout, picture.Row(y));
+    }
 }
 
 }
 
 bool DecodeBmp(const Bytes& file, PictureBuffer& picture)
 {
-    if (file.size() < 26 || file[0] != 'B' || file[1] != 'M')
+    BmpLayout layout;
+    if (!ReadBmpHeader(file, layout) || !picture.Allocate(layout.Width, layout.Height, layout.Depth))
         return false;
-    const std::uint32_t header = Number(file, 14, 4);
-    const bool          old = header == 12;
-    if (!old && (header < 40 || header > 1024 || file.size() < 14 + std::size_t{header}))
-        return false;
-    const long long     width = static_cast<std::int32_t>(Number(file, 18, old ? 2 : 4));
-    const long long     lines = static_cast<std::int32_t>(old ? Number(file, 20, 2) : Number(file, 22, 4));
-    const long long     height = lines < 0 ? -lines : lines;
-    const std::uint32_t depth = Number(file, old ? 24 : 28, 2);
-    const std::uint32_t coding = old ? Plain : Number(file, 30, 4);
-    std::uint32_t       colours = old ? 0 : Number(file, 46, 4);
-    if (!IsSanePictureSize(width, height))
-        return false;
-    const bool runs = (coding == RunLength8 && depth == 8) || (coding == RunLength4 && depth == 4);
-    const bool fields = (coding == BitFields || coding == AlphaBitFields) && (depth == 16 || depth == 32);
-    if (coding != Plain && !runs && !fields)
-        return false;
-    if (depth != 1 && depth != 4 && depth != 8 && depth != 16 && depth != 24 && depth != 32)
-        return false;
-
-    std::size_t at = 14 + std::size_t{header};
-    Channel     red(depth == 16 ? 0x7C00 : 0xFF0000), green(depth == 16 ? 0x3E0 : 0xFF00);
-    Channel     blue(depth == 16 ? 0x1F : 0xFF), alpha(0);
-    if (fields) {
-        // The masks follow a short header and are part of a long one.
-        red = Channel(Number(file, 54, 4));
-        green = Channel(Number(file, 58, 4));
-        blue = Channel(Number(file, 62, 4));
-        if (header >= 56 || coding == AlphaBitFields)
-            alpha = Channel(Number(file, 66, 4));
-        if (header == 40)
-            at += coding == AlphaBitFields ? 16 : 12;
-    }
-
-    const long long   rowBytes = (width * depth + 31) / 32 * 4;
-    const std::size_t offset = Number(file, 10, 4);
-    if (offset < 14 + std::size_t{header} || offset > file.size())
-        return false;
-    if (runs ? lines < 0 || !IsPlausible(rowBytes * height, file.size(), 1024)
-             : rowBytes * height > static_cast<long long>(file.size() - offset))
-        return false;
-
-    if (!picture.Allocate(static_cast<int>(width), static_cast<int>(height), static_cast<int>(depth)))
-        return false;
-    if (depth <= 8) {
-        const std::uint32_t most = 1u << depth;
-        if (colours == 0 || colours > most)
-            colours = most;
-        const std::size_t entry = old ? 3 : 4;
-        std::memset(picture.Palette, 0, sizeof picture.Palette);
-        for (std::uint32_t i = 0; i < colours && at + entry <= std::min(offset, file.size());
-             ++i, at += entry)
-            picture.Palette[i] = {file[at], file[at + 1], file[at + 2], 0};
-    }
-    if (runs)
-        return DecodeRuns(file, offset, picture);
-
-    picture.HasAlpha = depth == 32 && fields && alpha.Mask != 0;
-    const bool copy =
-        depth != 16 && !(fields && (red.Mask != 0xFF0000 || green.Mask != 0xFF00 || blue.Mask != 0xFF ||
-                                    (alpha.Mask | 0xFF000000) != 0xFF000000));
-    for (int y = 0; y < picture.Height; ++y) {
-        const std::size_t    line = static_cast<std::size_t>(lines < 0 ? y : height - 1 - y);
-        const unsigned char* source = file.data() + offset + line * static_cast<std::size_t>(rowBytes);
-        unsigned char*       row = picture.Row(y);
-        if (copy) {
-            std::memcpy(row, source, static_cast<std::size_t>(rowBytes));
-            continue;
-        }
-        for (int x = 0; x < picture.Width; ++x, row += depth / 8) {
-            std::uint32_t pixel = 0;
-            std::memcpy(&pixel, source + static_cast<std::size_t>(x) * (depth / 8), depth / 8);
-            if (depth == 16) {
-                row[0] = static_cast<unsigned char>((green.Of(pixel) & 0x38) << 2 | blue.Of(pixel) >> 3);
-                row[1] = static_cast<unsigned char>((red.Of(pixel) & 0xF8) >> 1 | green.Of(pixel) >> 6);
-                continue;
-            }
-            row[0] = blue.Of(pixel);
-            row[1] = green.Of(pixel);
-            row[2] = red.Of(pixel);
-            row[3] = picture.HasAlpha ? alpha.Of(pixel) : 0;
-        }
-    }
+    if (layout.Depth <= 8)
+        ReadPalette(file, layout, picture);
+    if (layout.RunLengths)
+        return DecodeRuns(file, layout.PixelsAt, picture);
+    picture.HasAlpha = layout.Depth == 32 && layout.Alpha.Mask != 0;
+    ReadRows(file, layout, picture);
     return true;
 }
 
