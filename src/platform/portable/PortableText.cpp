@@ -12,6 +12,7 @@
 #include <new>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace vostel::gdi {
 namespace {
@@ -189,74 +190,114 @@ LONG Narrowed(long long value)
     return static_cast<LONG>(std::clamp<long long>(value, INT_MIN, INT_MAX));
 }
 
-int DrawLines(Context& context, std::wstring_view text, RECT& rect, UINT format)
-{
-    const Font&       font = *context.SelectedFont;
-    const TextMetrics metrics = TextRasteriser::Shared().Metrics(font);
-    const bool        measure = (format & DT_CALCRECT) != 0;
-    const bool        single = (format & DT_SINGLELINE) != 0;
-    const long long   originX = context.Origin.x, originY = context.Origin.y;
-    // The faces in use ask for no leading between lines, so DT_EXTERNALLEADING adds none.
-    const long long pitch = metrics.Height;
+// The lines of a text one after the other, their & marks taken out if the format asks for it.
+class LineReader {
+public:
+    LineReader(std::wstring_view text, UINT format) : Rest(text), Format(format) {}
 
-    Box clip{0, 0, 0, 0};
-    if (context.Surface != nullptr)
-        clip = {0, 0, context.Surface->Width, context.Surface->Height};
-    if ((format & DT_NOCLIP) == 0)
-        clip = Shared(clip,
-                      {std::min(rect.left, rect.right) + originX, std::min(rect.top, rect.bottom) + originY,
-                       std::max(rect.left, rect.right) + originX, std::max(rect.top, rect.bottom) + originY});
-
-    if (text.empty()) {
-        if (measure) {
-            rect.right = rect.left;
-            rect.bottom = rect.top;
-        }
-        return static_cast<int>(pitch);
-    }
-
-    long long top = rect.top;
-    if (single && !measure && (format & DT_VCENTER))
-        top = (static_cast<long long>(rect.top) + rect.bottom - pitch) / 2;
-    else if (single && !measure && (format & DT_BOTTOM))
-        top = static_cast<long long>(rect.bottom) - pitch;
-
-    long long    widest = 0;
-    std::wstring unmarked;
-    while (!text.empty()) {
-        std::wstring_view line = text;
-        if (single)
-            text = {};
+    // False when there is no other line. The line is valid until the next call.
+    bool Next(std::wstring_view& line, std::size_t& marked)
+    {
+        if (Rest.empty())
+            return false;
+        if (Format & DT_SINGLELINE)
+            line = std::exchange(Rest, {});
         else
-            line = TakeLine(text);
-        std::size_t marked = NoPrefix;
-        if ((format & DT_NOPREFIX) == 0 && line.find(L'&') != std::wstring_view::npos) {
-            marked = TakePrefixes(line, text.empty(), unmarked);
-            line = unmarked;
+            line = TakeLine(Rest);
+        marked = NoPrefix;
+        if ((Format & DT_NOPREFIX) == 0 && line.find(L'&') != std::wstring_view::npos) {
+            marked = TakePrefixes(line, Rest.empty(), Plain);
+            line = Plain;
         }
-        long long left = rect.left;
-        if (measure) {
-            widest = std::max(widest, WidthOf(font, metrics, line));
-        } else {
-            if (format & DT_CENTER)
-                left = (static_cast<long long>(rect.left) + rect.right - WidthOf(font, metrics, line)) / 2;
-            else if (format & DT_RIGHT)
-                left = rect.right - WidthOf(font, metrics, line);
-            DrawLine(context, clip, line, left + originX, top + originY, marked);
-        }
-        top += pitch;
-        if (!measure && (format & DT_NOCLIP) == 0 && top > rect.bottom)
-            break;    // what follows lies below the rectangle
+        return true;
     }
-    if (measure) {
-        rect.right = Narrowed(rect.left + widest);
-        rect.bottom = Narrowed(top);
-    }
-    const LONG height = Narrowed(top - rect.top);
-    return height == 0 ? 1 : height;    // 0 would mean failure
+
+private:
+    std::wstring_view Rest;
+    UINT              Format;
+    std::wstring      Plain;
+};
+
+// What DrawTextW returns for lines of this height: 0 would mean failure.
+int HeightResult(long long height)
+{
+    const LONG narrowed = Narrowed(height);
+    return narrowed == 0 ? 1 : narrowed;
 }
 
-// False for what is no text. Length -1: up to the terminator.
+// Sizes the rectangle to the text.
+int MeasureLines(const Font& font, const TextMetrics& metrics, std::wstring_view text, RECT& rect,
+                 UINT format)
+{
+    LineReader        lines(text, format);
+    std::wstring_view line;
+    std::size_t       marked = NoPrefix;
+    long long         widest = 0, bottom = rect.top;
+    while (lines.Next(line, marked)) {
+        widest = std::max(widest, WidthOf(font, metrics, line));
+        bottom += metrics.Height;
+    }
+    rect.right = Narrowed(rect.left + widest);
+    rect.bottom = Narrowed(bottom);
+    return text.empty() ? metrics.Height : HeightResult(bottom - rect.top);
+}
+
+// The bitmap pixels that the text may touch.
+Box ClipOf(const Context& context, const RECT& rect, UINT format)
+{
+    Box clip{0, 0, 0, 0};
+    if (context.Surface)
+        clip = {0, 0, context.Surface->Width, context.Surface->Height};
+    if (format & DT_NOCLIP)
+        return clip;
+    const long long x = context.Origin.x, y = context.Origin.y;
+    return Shared(clip, {std::min(rect.left, rect.right) + x, std::min(rect.top, rect.bottom) + y,
+                         std::max(rect.left, rect.right) + x, std::max(rect.top, rect.bottom) + y});
+}
+
+// Where the first line begins; only a single line is placed otherwise than at the top.
+long long FirstTop(const RECT& rect, UINT format, int lineHeight)
+{
+    if ((format & DT_SINGLELINE) && (format & DT_VCENTER))
+        return (static_cast<long long>(rect.top) + rect.bottom - lineHeight) / 2;
+    if ((format & DT_SINGLELINE) && (format & DT_BOTTOM))
+        return static_cast<long long>(rect.bottom) - lineHeight;
+    return rect.top;
+}
+
+long long LineLeft(const RECT& rect, UINT format, const Font& font, const TextMetrics& metrics,
+                   std::wstring_view line)
+{
+    if (format & DT_CENTER)
+        return (static_cast<long long>(rect.left) + rect.right - WidthOf(font, metrics, line)) / 2;
+    if (format & DT_RIGHT)
+        return rect.right - WidthOf(font, metrics, line);
+    return rect.left;
+}
+
+// The faces in use ask for no leading between lines, so DT_EXTERNALLEADING adds none.
+int DrawLines(Context& context, const TextMetrics& metrics, std::wstring_view text, const RECT& rect,
+              UINT format)
+{
+    if (text.empty())
+        return metrics.Height;
+    const Font&       font = *context.SelectedFont;
+    const Box         clip = ClipOf(context, rect, format);
+    LineReader        lines(text, format);
+    std::wstring_view line;
+    std::size_t       marked = NoPrefix;
+    long long         top = FirstTop(rect, format, metrics.Height);
+    while (lines.Next(line, marked)) {
+        const long long left = LineLeft(rect, format, font, metrics, line);
+        DrawLine(context, clip, line, left + context.Origin.x, top + context.Origin.y, marked);
+        top += metrics.Height;
+        if ((format & DT_NOCLIP) == 0 && top > rect.bottom)
+            break;    // what follows lies below the rectangle
+    }
+    return HeightResult(top - rect.top);
+}
+
+// Length -1: up to the terminator. False for a null pointer with a length above 0, and for a length below -1.
 bool TextOf(LPCWSTR text, int length, std::wstring_view& view)
 {
     if (text == nullptr)
@@ -299,7 +340,9 @@ int DrawTextW(HDC dc, LPCWSTR text, int length, RECT* rect, UINT format)
         !TextOf(text, length, view))
         return 0;
     try {
-        return DrawLines(*context, view, *rect, format);
+        const TextMetrics metrics = TextRasteriser::Shared().Metrics(*context->SelectedFont);
+        return format & DT_CALCRECT ? MeasureLines(*context->SelectedFont, metrics, view, *rect, format)
+                                    : DrawLines(*context, metrics, view, *rect, format);
     } catch (const std::bad_alloc&) {
         return 0;
     }
