@@ -53,11 +53,11 @@ Span VisibleSpan(LONG displayLow, LONG displayHigh, LONG clientLow, LONG clientH
     return span;
 }
 
-BytePlane RowsFrom(const BytePlane& plane, int row)
+BytePlaneView RowsFrom(const BytePlaneView& plane, int row)
 {
     const std::size_t skipped = plane.Stride * static_cast<std::size_t>(row);
     if (!plane.Data || skipped >= plane.Bytes)
-        return BytePlane();
+        return BytePlaneView();
     return {plane.Data + skipped, plane.Bytes - skipped, plane.Stride};
 }
 
@@ -134,7 +134,7 @@ void PixelSurface::FreeRowTable()
     Rows = nullptr;
 }
 
-// Calls upload(memory row, source row, columns, past the caches) for every row that lies on the surface.
+// Calls upload(memory row, source row, columns, streaming) for every row that lies on the surface.
 void PixelSurface::ForEachUploadRow(int width, int height, auto&& upload)
 {
     const int columns = std::min(width, Width);
@@ -159,12 +159,12 @@ void PixelSurface::UploadGray(const unsigned char* gray, int width, int height)
     });
 }
 
-void PixelSurface::UploadRows(const unsigned char* const* rows, int width, int height, int mode)
+void PixelSurface::UploadRows(const unsigned char* const* rows, int width, int height, RowFormat format)
 {
-    const auto uploadRow = mode == 0   ? UploadGrayRow
-                           : mode == 1 ? UploadTripleRow
-                           : mode == 2 ? UploadQuadRow
-                                       : nullptr;
+    const auto uploadRow = format == GrayRows     ? UploadGrayRow
+                           : format == TripleRows ? UploadTripleRow
+                           : format == QuadRows   ? UploadQuadRow
+                                                  : nullptr;
     if (!uploadRow || !rows)
         return;
     ForEachUploadRow(width, height, [&](unsigned int* target, int row, int columns, bool streaming) {
@@ -172,24 +172,24 @@ void PixelSurface::UploadRows(const unsigned char* const* rows, int width, int h
     });
 }
 
-void PixelSurface::UploadPlanes(const BytePlane& red, const BytePlane& green, const BytePlane& blue,
-                                int width, int height)
+void PixelSurface::UploadPlanes(const BytePlaneView& red, const BytePlaneView& green,
+                                const BytePlaneView& blue, int width, int height)
 {
     ForEachUploadRow(width, height, [&](unsigned int* target, int row, int columns, bool streaming) {
-        const BytePlane a = RowsFrom(red, row);
-        const BytePlane b = RowsFrom(green, row);
-        const BytePlane c = RowsFrom(blue, row);
+        const BytePlaneView a = RowsFrom(red, row);
+        const BytePlaneView b = RowsFrom(green, row);
+        const BytePlaneView c = RowsFrom(blue, row);
         UploadPlanesRow(a.Data, a.Bytes, b.Data, b.Bytes, c.Data, c.Bytes, target, columns, streaming);
     });
 }
 
-void PixelSurface::Fill(unsigned int word)
+void PixelSurface::Fill(unsigned int pixel)
 {
     if (!Pixels)
         return;
     const std::size_t count = static_cast<std::size_t>(Width) * static_cast<std::size_t>(Height);
     const bool        streaming = UsesStreamingStores(count * sizeof *Pixels);
-    FillPixels(Pixels, count, word, streaming);
+    FillPixels(Pixels, count, pixel, streaming);
     if (streaming)
         FenceStreamingStores();
 }

@@ -12,15 +12,22 @@ class CanvasView;
 // On failure *bits and the result are null.
 HBITMAP CreateDibPixels(HDC dc, int width, int height, void** bits);
 
+// What the rows of a picture hold for each pixel. Values beside these upload nothing.
+enum RowFormat : int {
+    GrayRows = 0,      // one gray byte
+    TripleRows = 1,    // blue, green, red
+    QuadRows = 2       // blue, green, red and a dropped fourth
+};
+
 // A byte plane as an upload reads it: rows of Stride bytes, top row first. Reads beyond Bytes give zero.
-struct BytePlane {
+struct BytePlaneView {
     const unsigned char* Data = nullptr;    // borrowed
     std::size_t          Bytes = 0;
     std::size_t          Stride = 0;
 };
 
 // The image at image size: a 32-bit bottom-up bitmap in a memory context, with direct access to its
-// pixels. Words are 0x00RRGGBB; memory row 0 is the lowest row on the screen.
+// pixels. They are 0x00RRGGBB; memory row 0 is the lowest row on the screen.
 class PixelSurface {
 public:
     HDC            MemDC = nullptr;               // owned
@@ -53,20 +60,18 @@ public:
     // Writes a gray picture of width x height bytes, top row first.
     void UploadGray(const unsigned char* gray, int width, int height);
 
-    // Writes a picture of byte rows, top row first. Mode 0: one gray byte a pixel; 1: blue, green, red;
-    // 2: blue, green, red and a dropped fourth. Other modes do nothing.
-    void UploadRows(const unsigned char* const* rows, int width, int height, int mode);
+    // Writes a picture of byte rows, top row first.
+    void UploadRows(const unsigned char* const* rows, int width, int height, RowFormat format);
 
     // Writes three planes as red, green and blue. The second plane is read one and the third two columns
     // further to the right than the first; hosts are used to that skew.
-    void UploadPlanes(const BytePlane& red, const BytePlane& green, const BytePlane& blue, int width,
-                      int height);
+    void UploadPlanes(const BytePlaneView& red, const BytePlaneView& green, const BytePlaneView& blue,
+                      int width, int height);
 
-    // Fills all pixels with one word.
-    void Fill(unsigned int word);
+    void Fill(unsigned int pixel);
 
     // Write the surface as an 8-bit gray bitmap, and as a 24-bit picture in the format of the extension.
-    // Always true: a failed write is not told.
+    // Always true: a failed write is not reported.
     bool SaveGrayBmp(CString path);
     bool SaveColorImage(const CString& path);
 
@@ -77,7 +82,7 @@ public:
     // The client pixels that a BlitTo would cover now, empty if none for certain.
     CRect CoveredClient() const;
 
-    // The word in a memory row, counted from the bottom; 0 outside the surface.
+    // The pixel in a memory row, counted from the bottom; 0 outside the surface.
     unsigned int PixelAt(int x, int memoryRow) const
     {
         const bool inside = Pixels && x >= 0 && x < Width && memoryRow >= 0 && memoryRow < Height;

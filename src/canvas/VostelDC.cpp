@@ -1,6 +1,7 @@
 #include "canvas/VostelDC.h"
 
 #include "base/Truncate.h"
+#include "canvas/view/Colors.h"
 #include "platform/HostServices.h"
 
 #include <algorithm>
@@ -9,7 +10,6 @@ namespace vostel {
 
 namespace {
 
-constexpr COLORREF     OutlineColour = 0xFF0000;    // blue
 constexpr unsigned int DeleteAllKey = 'C';
 constexpr unsigned int DeleteSelectedKey = 'R';
 constexpr int          AlphaKey = 'S';
@@ -69,9 +69,9 @@ void VostelDC::PaintBackground(HDC dc)
 void VostelDC::PaintBackgroundTo(HDC dc)
 {
     Kit.Dc = dc;
-    // The image is copied over the desk next, so the desk is not laid where it would not be seen.
+    // The image is copied over the background next, so the background is skipped where the image hides it.
     Kit.DrawHatchBackground(View.ClientRect, CanvasSurface.CoveredClient());
-    Kit.DrawRectOutline(View.DisplayRect, OutlineColour);
+    Kit.DrawRectOutline(View.DisplayRect, Blue);
     AfterBackground();
 }
 

@@ -57,7 +57,7 @@ public:
 
     virtual void PaintAll();    // composes a frame and shows it
     virtual void PaintBackground(HDC dc);
-    virtual void PaintBackgroundTo(HDC dc);    // desk and image outline
+    virtual void PaintBackgroundTo(HDC dc);    // hatched background and image outline
     virtual void AfterBackground();
     virtual void SetLutPara(float low, float high);
 

@@ -16,7 +16,7 @@ constexpr float RawTop = 65535.0f;    // Raw holds 0..RawTop
 constexpr float NoValue = -1.0f;      // read back where there is nothing
 
 template <typename T>
-BytePlane PlaneOf(const StructData2D<T>& data)
+BytePlaneView PlaneOf(const StructData2D<T>& data)
 {
     return {data.Ptr1D, CountOf(data), data.Width > 0 ? static_cast<std::size_t>(data.Width) : 0};
 }

@@ -82,6 +82,7 @@ private:
     void       RefuseGiantWithoutSurface() const;
     VostelObj* FirstSelectedRect();    // null for none
     void       SavePart(const CRect& box, const CString& name);
+    void       BurnInLengths(HDC dc, const CRect& box) const;    // the measures of lengths
 };
 
 }

@@ -47,7 +47,7 @@ std::uint64_t DataBytes(const char* path, std::uint64_t skipped)
 }
 
 // A short file leaves zeros behind what it holds, and so does a missing one. A size that the file does not
-// remotely fill is a slip of the keyboard: beyond this many pixels it is not worth gigabytes of zeros.
+// remotely fill is treated as a typing error and refused above this many pixels.
 constexpr std::uint64_t FreePixels = std::uint64_t(1) << 24;
 
 bool IsPlausible(const tagZEKImaLoadPara& layout, const char* path)
@@ -88,7 +88,7 @@ void ReadUShorts(ClassData2DIO<unsigned short>& plane, const char* path, std::ui
     }
 }
 
-// The file's elements as floats; false for an element type that there is not.
+// The file's elements as floats; false for an unknown element type.
 bool ReadRawPlane(ClassData2DIO<float>& plane, const tagZEKImaLoadPara& layout, const char* path)
 {
     switch (layout.DataType) {
@@ -153,7 +153,7 @@ void VostelImage::LoadRawImage(CString path, bool keepOriginal)
     const OSCString   narrow(path);
     const char* const name = narrow.GetChar();
     if (!IsPlausible(layout, name)) {
-        // The reads tell of a missing file, and a refused size comes to none of them.
+        // The readers report a missing file, but a refused size never reaches them.
         if (IsRawElement(layout.DataType) && !PathExists(name))
             ShowMessage(L"文件不存在");
         RawOri.Release();
@@ -182,21 +182,22 @@ void VostelImage::LoadCommonImage(CString path)
     ATL::CImage picture;
     if (picture.Load(path) < 0 || picture.IsNull())
         return;
-    const int width = picture.GetWidth();
-    const int height = picture.GetHeight();
-    const int depth = picture.GetBPP();
-    // Modes of UploadRows. A palette picture's bytes count as gray as they stand.
-    const int mode = depth == 8 ? 0 : depth == 24 ? 1 : depth == 32 ? 2 : -1;
+    const int  width = picture.GetWidth();
+    const int  height = picture.GetHeight();
+    const int  depth = picture.GetBPP();
+    const bool shown = depth == 8 || depth == 24 || depth == 32;
 
     RawOri.Release();
     Raw.Release();
-    PrepareImage(width, height, true, mode < 0);
-    CurrentFileType = mode < 0 ? FileTypeNone : FileTypeByte;
-    if (mode < 0)
+    PrepareImage(width, height, true, !shown);
+    CurrentFileType = shown ? FileTypeByte : FileTypeNone;
+    if (!shown)
         return;
+    // A palette picture's bytes count as gray as they stand.
+    const RowFormat format = depth == 8 ? GrayRows : depth == 24 ? TripleRows : QuadRows;
     const std::unique_ptr<unsigned char*, void (*)(unsigned char**)> rows(Create2DList(&picture),
                                                                           Release2DList);
-    CanvasSurface.UploadRows(rows.get(), width, height, mode);
+    CanvasSurface.UploadRows(rows.get(), width, height, format);
 }
 
 }

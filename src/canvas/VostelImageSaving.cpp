@@ -1,6 +1,9 @@
 #include "canvas/VostelImage.h"
 
 #include "base/Truncate.h"
+#include "canvas/view/Colors.h"
+#include "canvas/view/PaintKit.h"
+#include "canvas/view/SelectedObject.h"
 #include "foundation/Planes.h"
 #include "platform/Files.h"
 #include "platform/HostServices.h"
@@ -12,7 +15,7 @@ namespace vostel {
 namespace {
 
 // A zoomed image covers a display rectangle that no picture can hold.
-constexpr long long MostPixels = 1LL << 28;
+constexpr long long MaxPixels = 1LL << 28;
 
 bool IsCancelled(const CString& name)
 {
@@ -25,7 +28,7 @@ bool SaveBox(HDC source, const CRect& box, const CString& name)
     const long long width = static_cast<long long>(box.right) - box.left;
     const long long height = static_cast<long long>(box.bottom) - box.top;
     ATL::CImage     picture;
-    if (width < 1 || height < 1 || width * height > MostPixels ||
+    if (width < 1 || height < 1 || width * height > MaxPixels ||
         !picture.Create(static_cast<int>(width), static_cast<int>(height), 32))
         return false;
     BitBlt(picture.GetDC(), 0, 0, static_cast<int>(width), static_cast<int>(height), source, box.left,
@@ -108,7 +111,7 @@ void VostelImage::SavePart(const CRect& box, const CString& name)
     const long long width = static_cast<long long>(box.right) - box.left + 1;
     const long long height = static_cast<long long>(box.bottom) - box.top + 1;
     ATL::CImage     picture;
-    if (width < 1 || height < 1 || width * height > MostPixels ||
+    if (width < 1 || height < 1 || width * height > MaxPixels ||
         !picture.Create(static_cast<int>(width), static_cast<int>(height), 24))
         return;
     for (int y = 0; y < height; ++y) {
@@ -122,23 +125,22 @@ void VostelImage::SavePart(const CRect& box, const CString& name)
             row[3 * x + 2] = static_cast<unsigned char>(word >> 16);
         }
     }
-    const HDC  dc = picture.GetDC();
-    const HPEN pen = CreatePen(PS_SOLID, 1, 255);
-    const HFONT font = CreateFontW(20, 0, 0, 0, FW_NORMAL, 0, 0, 0, GB2312_CHARSET, 8, 1, 0, 48, L"微软雅黑");
-    const HGDIOBJ penBefore = SelectObject(dc, pen);
-    const HGDIOBJ fontBefore = SelectObject(dc, font);
-    SetTextColor(dc, 255);
+    BurnInLengths(picture.GetDC(), box);
+    picture.ReleaseDC();
+    picture.Save(name);
+}
+
+void VostelImage::BurnInLengths(HDC dc, const CRect& box) const
+{
+    constexpr int        TextHeight = 20;
+    const SelectedObject pen(dc, CreatePen(PS_SOLID, 1, Red));
+    const SelectedObject font(dc, CreateCaptionFont(TextHeight));
+    SetTextColor(dc, Red);
     SetBkMode(dc, TRANSPARENT);
     for (VostelObj* element : Elements) {
         if (element->TypeCode == OverlayMeasureLine)
             BurnIn(dc, *element, box);
     }
-    SelectObject(dc, penBefore);
-    SelectObject(dc, fontBefore);
-    DeleteObject(pen);
-    DeleteObject(font);
-    picture.ReleaseDC();
-    picture.Save(name);
 }
 
 void VostelImage::Save8bit()

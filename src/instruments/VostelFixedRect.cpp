@@ -55,7 +55,7 @@ void VostelFixedRect::SetPlacement(float x, float y, float w, float h)
 void VostelFixedRect::OnDraw(HDC dc)
 {
     BindKit(dc);
-    Kit.FillSolid(ClientBox, RGB(180, 180, 180));
+    Kit.FillSolid(ClientBox, ControlFace);
 }
 
 void VostelFixedRect::UpdateAnchoredRect()

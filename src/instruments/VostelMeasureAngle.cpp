@@ -54,7 +54,7 @@ CString VostelMeasureAngle::AngleText(double ax, double ay, double bx, double by
 
 void VostelMeasureAngle::DrawConnector(CPoint from)
 {
-    Kit.DrawLine(from, Label.NearestCorner(from), 0, 0, PS_DOT);
+    Kit.DrawLine(from, Label.NearestCorner(from), 0, Black, PS_DOT);
 }
 
 }

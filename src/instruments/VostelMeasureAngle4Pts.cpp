@@ -9,9 +9,8 @@ namespace vostel {
 
 namespace {
 
-constexpr double   NearEnd = 100.0;    // client px from the press at its zoom; the far ends lie twice as far
-constexpr int      GripRadius = 4;
-constexpr COLORREF GripColour = 65535;    // yellow
+constexpr double NearEnd = 100.0;    // client px from the press at its zoom; the far ends lie twice as far
+constexpr int    GripRadius = 4;
 
 // A x + B y + C = 0 through two points. The integers are formed whole and then rounded to float once.
 struct Line {
@@ -84,7 +83,7 @@ void VostelMeasureAngle4Pts::OnDraw(HDC dc)
     BindKit(dc);
     Kit.DrawHandles(HandleRects, LineColor(), HandleShape);
     if (ImagePoints.size() == 4 && ClientPoints.size() == 4) {
-        Kit.DrawEllipseOutline(CrossBox, GripColour);
+        Kit.DrawEllipseOutline(CrossBox, Yellow);
         for (const CPoint& end : ClientPoints)
             Kit.DrawLine(end, Cross, 0, LineColor(), PS_SOLID);
         DrawConnector(ClientPoints[0]);

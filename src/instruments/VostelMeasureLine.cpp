@@ -65,7 +65,7 @@ void VostelMeasureLine::OnDraw(HDC dc)
     if (MeasureArmed)
         Label.OnDraw(dc);
     if (!LabelUnplaced)
-        Kit.DrawLine(MidPoint, Label.NearestCorner(MidPoint), 0, 0, PS_DOT);
+        Kit.DrawLine(MidPoint, Label.NearestCorner(MidPoint), 0, Black, PS_DOT);
 }
 
 CString VostelMeasureLine::GetResultText()

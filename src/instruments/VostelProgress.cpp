@@ -4,6 +4,12 @@
 
 namespace vostel {
 
+namespace {
+
+constexpr COLORREF BarColor = RGB(100, 100, 100);
+
+}
+
 // An empty range gives no finite width, and a position beyond the range runs the bar beyond the control; both
 // are left as they come out.
 void VostelProgress::RefreshClientGeometry()
@@ -21,7 +27,7 @@ void VostelProgress::OnDraw(HDC dc)
 {
     VostelFixedRect::OnDraw(dc);
     RefreshClientGeometry();
-    Kit.FillSolid(BarRect, RGB(100, 100, 100));
+    Kit.FillSolid(BarRect, BarColor);
 }
 
 }

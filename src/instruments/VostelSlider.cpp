@@ -8,11 +8,12 @@ namespace vostel {
 
 namespace {
 
-constexpr COLORREF FaceColour = RGB(180, 180, 180);
-constexpr COLORREF EdgeColour = RGB(150, 150, 150);
+constexpr COLORREF EdgeColor = RGB(150, 150, 150);
+constexpr COLORREF LowThumbColor = RGB(80, 80, 80);
+constexpr COLORREF HighThumbColor = RGB(220, 220, 220);
 constexpr UINT     CaptionFormat = DT_CENTER | DT_VCENTER | DT_SINGLELINE;
 
-// 32-bit quotient; a track without travel gives infinities, which the limits below tame as far as they reach.
+// 32-bit quotient; a track without travel gives infinities, the clamps below bound them.
 float Fraction(int pixels, int travel)
 {
     return static_cast<float>(pixels) / static_cast<float>(travel);
@@ -39,7 +40,7 @@ void VostelSlider::OnLButtonDown(unsigned int, CPoint point)
         return;
     ButtonDown = true;
     LastPoint = point;
-    ActiveNode = -1;
+    ActiveNode = NoNode;
     if (PtInRect(&LowThumbRect, point))
         DragLow = true;
     if (PtInRect(&HighThumbRect, point))
@@ -52,8 +53,7 @@ void VostelSlider::OnLButtonUp(unsigned int, CPoint)
     if (!ControlOn)
         return;
     ButtonDown = false;
-    MoveState = 2;
-    ActiveNode = -1;
+    EndMove();
     DragLow = false;
     DragHigh = false;
 }
@@ -110,18 +110,18 @@ void VostelSlider::OnDraw(HDC dc)
         return;
     VostelFixedRect::OnDraw(dc);
 
-    SetBkColor(dc, FaceColour);
-    SetTextColor(dc, 0);
+    SetBkColor(dc, ControlFace);
+    SetTextColor(dc, Black);
     SetBkMode(dc, OPAQUE);
     CRect place = CaptionRect;
     DrawTextW(dc, Caption, Caption.GetLength(), &place, CaptionFormat);
-    Kit.DrawRectOutline(CaptionRect, EdgeColour);
+    Kit.DrawRectOutline(CaptionRect, EdgeColor);
 
-    Kit.FillSolid(TrackRect, FaceColour);
-    Kit.DrawRectOutline(TrackRect, EdgeColour);
-    Kit.FillSolid(LowThumbRect, RGB(80, 80, 80));
+    Kit.FillSolid(TrackRect, ControlFace);
+    Kit.DrawRectOutline(TrackRect, EdgeColor);
+    Kit.FillSolid(LowThumbRect, LowThumbColor);
     if (!SingleThumb)
-        Kit.FillSolid(HighThumbRect, RGB(220, 220, 220));
+        Kit.FillSolid(HighThumbRect, HighThumbColor);
 }
 
 }

@@ -9,8 +9,7 @@ namespace vostel {
 
 namespace {
 
-constexpr int      TextHeight = 20;
-constexpr COLORREF TextRed = 255;
+constexpr int TextHeight = 20;
 
 }
 
@@ -23,7 +22,7 @@ void VostelTextML::OnDraw(HDC dc)
 {
     BindKit(dc);
     Kit.TextBoxBack = Kit.BkMode == OPAQUE;
-    Kit.SelectTextStyle(TextHeight, Kit.BkMode, TextRed);
+    Kit.SelectTextStyle(TextHeight, Kit.BkMode, Red);
     if (Lines.empty())
         return;
     int widest = 0;

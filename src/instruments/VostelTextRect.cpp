@@ -63,8 +63,6 @@ CString VostelTextRect::GetResultText()
 
 void VostelTextRect::ApplyTextStyle()
 {
-    constexpr COLORREF Black = 0;
-    constexpr COLORREF Red = 255;
     switch (StyleFontType) {
     case FontPlain18:
         Kit.TextBoxBack = true;

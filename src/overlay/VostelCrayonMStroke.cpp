@@ -32,8 +32,7 @@ void VostelCrayonMStroke::OnLButtonDown(unsigned int flags, CPoint point)
         if (PtInRect(&StrokeBounds, point)) {
             BeginMove();
         } else {
-            MoveState = 2;
-            ActiveNode = -1;
+            EndMove();
         }
     }
     RefreshClientGeometry();

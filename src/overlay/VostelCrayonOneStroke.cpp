@@ -24,16 +24,14 @@ void VostelCrayonOneStroke::OnLButtonDown(unsigned int flags, CPoint point)
     if (PointInPolygon(ClientPoints, point)) {
         BeginMove();
     } else {
-        MoveState = 2;
-        ActiveNode = -1;
+        EndMove();
     }
 }
 
 void VostelCrayonOneStroke::OnLButtonUp(unsigned int, CPoint)
 {
     ButtonDown = false;
-    MoveState = 2;
-    ActiveNode = -1;
+    EndMove();
     StrokeDone = true;
 }
 

@@ -18,8 +18,7 @@ void VostelCustomRect::OnLButtonDown(unsigned int, CPoint point)
     if (Selected) {
         BeginMove();
     } else {
-        MoveState = 2;
-        ActiveNode = -1;
+        EndMove();
     }
     RefreshClientGeometry();
 }

@@ -35,7 +35,7 @@ void VostelMPoint::OnLButtonDown(unsigned int flags, CPoint point)
     ButtonDown = true;
     LastPoint = point;
     ActiveNode = HitRectList(HandleRects, point);
-    if (ActiveNode == -1) {
+    if (ActiveNode == NoNode) {
         if (ClampToImage)
             point = SnapIntoImage(point);
         const bool shift = (flags & MK_SHIFT) != 0;
@@ -54,7 +54,7 @@ void VostelMPoint::OnLButtonDown(unsigned int flags, CPoint point)
             ShowHandles = TypeCode != OverlayPolygon;    // a polygon that is missed hides its handles
             return;
         }
-        if (ActiveNode == -1 && !shift)
+        if (ActiveNode == NoNode && !shift)
             BeginMove();
     }
     ShowHandles = true;
@@ -63,7 +63,7 @@ void VostelMPoint::OnLButtonDown(unsigned int flags, CPoint point)
 
 void VostelMPoint::OnMouseMove(unsigned int flags, CPoint point)
 {
-    if (ActiveNode != -1) {
+    if (ActiveNode != NoNode) {
         MoveNode(point);
         RefreshClientGeometry();
     }

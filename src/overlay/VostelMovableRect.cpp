@@ -6,13 +6,13 @@ namespace vostel {
 
 namespace {
 
-constexpr COLORREF FrameColour = 6923738;    // red 218, green 165, blue 105
+constexpr COLORREF FrameColor = RGB(218, 165, 105);
 
 }
 
 void VostelMovableRect::OnLButtonDown(unsigned int, CPoint point)
 {
-    ActiveNode = -1;
+    ActiveNode = NoNode;
     ButtonDown = PtInRect(&ClientBox, point) != 0;
     LastPoint = point;
 }
@@ -43,7 +43,7 @@ void VostelMovableRect::SetPlacement(float x, float y, float w, float h)
 void VostelMovableRect::OnDraw(HDC dc)
 {
     BindKit(dc);
-    Kit.DrawRectOutline(ClientBox, FrameColour);
+    Kit.DrawRectOutline(ClientBox, FrameColor);
 }
 
 }

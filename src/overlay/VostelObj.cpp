@@ -10,14 +10,13 @@ void VostelObj::OnLButtonDown(unsigned int, CPoint point)
 {
     ButtonDown = true;
     LastPoint = point;
-    ActiveNode = -1;
+    ActiveNode = NoNode;
 }
 
 void VostelObj::OnLButtonUp(unsigned int, CPoint)
 {
     ButtonDown = false;
-    MoveState = 2;
-    ActiveNode = -1;
+    EndMove();
 }
 
 void VostelObj::OnMouseMove(unsigned int, CPoint) {}
@@ -85,13 +84,19 @@ void VostelObj::SetTextAt(CString&, CPoint) {}
 
 void VostelObj::BeginMove()
 {
-    MoveState = 0;
-    ActiveNode = -2;
+    MoveState = ShapeMoves;
+    ActiveNode = WholeShape;
 }
 
 bool VostelObj::IsMoving()
 {
-    return MoveState == 0;
+    return MoveState == ShapeMoves;
+}
+
+void VostelObj::EndMove()
+{
+    MoveState = ShapeRests;
+    ActiveNode = NoNode;
 }
 
 bool VostelObj::GetLabelOutline(std::vector<PointTemplateBase<int>>&)

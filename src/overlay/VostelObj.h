@@ -1,6 +1,7 @@
 #pragma once
 
 #include "canvas/view/CanvasView.h"
+#include "canvas/view/Colors.h"
 #include "canvas/view/PaintKit.h"
 #include "vostel/CanvasTypes.h"
 #include "vostel/Containers.h"
@@ -31,6 +32,12 @@ enum OverlayKind : int {
     OverlayLineProfile = 16
 };
 
+// Values of VostelObj::MoveState: whether the whole shape follows the mouse.
+enum MovePhase : int { ShapeMoves = 0, ShapeRests = 2 };
+
+// Values of VostelObj::ActiveNode beside the indices.
+enum NodeMark : int { NoNode = -1, WholeShape = -2 };
+
 // Root of the family of objects that lie over an image: shapes, text, measures and on-canvas controls. It
 // holds what the family shares and does almost nothing by itself: its operations are the defaults.
 //
@@ -51,20 +58,20 @@ public:
     PaintKit                               Kit;
     unsigned int*                          SurfacePixels = nullptr;    // borrowed; handed to Kit on each draw
     CanvasView*                            View = nullptr;             // borrowed from the canvas
-    int                                    HandleShape = 0;            // 0 ellipses, 1 squares, else none
-    COLORREF                               HandleColorSel = 255;
-    COLORREF                               HandleColorIdle = 0xff0000;
-    COLORREF                               HandleColorAlt = 65535;    // no drawing reads it
+    int                                    HandleShape = RoundHandles;    // or SquareHandles
+    COLORREF                               HandleColorSel = Red;
+    COLORREF                               HandleColorIdle = Blue;
+    COLORREF                               HandleColorAlt = Yellow;    // no drawing reads it
     bool                                   ShowHandles = true;
-    COLORREF                               LineColorIdle = 0xff0000;
-    COLORREF                               LineColorSel = 255;
+    COLORREF                               LineColorIdle = Blue;
+    COLORREF                               LineColorSel = Red;
     unsigned char                          Spare = 0;
     int                                    HandleRadius = 4;    // client px
     CPoint                                 LastPoint;           // client px; the reference for drag steps
     bool                                   ButtonDown = false;
-    int                                    MoveState = 2;       // 2 idle, 0 the whole shape follows the mouse
-    int                                    ActiveNode = -1;     // node being dragged; -1 none, -2 whole shape
-    double                                 LastDeltaX = 0.0;    // image px; last drag step
+    int                                    MoveState = ShapeRests;    // a MovePhase
+    int                                    ActiveNode = NoNode;       // node being dragged, or a NodeMark
+    double                                 LastDeltaX = 0.0;          // image px; last drag step
     double                                 LastDeltaY = 0.0;
     int                                    ClickPerPoint = 1;    // 0: a Shift press adds two points
     int                  MaxPoints = 10000;    // at this count the next Shift press starts over
@@ -116,7 +123,7 @@ public:
     virtual CRect MeasureText(CString& text);
     virtual void  SetTextAt(CString& text, CPoint at);
 
-    virtual void BeginMove();
+    virtual void BeginMove();    // of the whole shape
     virtual bool IsMoving();
 
     // Outlines in image px. True with the vector untouched where the kind has none of its own.
@@ -137,6 +144,7 @@ public:
     CPoint                    ImageToClient(PointTemplateBase<double> point) const;
 
 protected:
+    void EndMove();
     // Target of the next drawing; every OnDraw starts with it.
     void     BindKit(HDC dc);
     COLORREF LineColor() const { return Selected ? LineColorSel : LineColorIdle; }

@@ -22,7 +22,7 @@ void VostelSingleLine::OnLButtonDown(unsigned int flags, CPoint point)
     const std::int64_t dy = static_cast<std::int64_t>(point.y) - MidPoint.y;
     const float distance = static_cast<float>(std::sqrt(static_cast<double>(dx) * static_cast<double>(dx) +
                                                         static_cast<double>(dy) * static_cast<double>(dy)));
-    if (distance < static_cast<float>(HandleRadius) && HandleShape == 0)
+    if (distance < static_cast<float>(HandleRadius) && HandleShape == RoundHandles)
         BeginMove();
 }
 
@@ -43,9 +43,9 @@ void VostelSingleLine::OnDraw(HDC dc)
                                      CPoint(TruncToInt(ImagePoints[1].x), TruncToInt(ImagePoints[1].y)));
     }
     VostelMPoint::OnDraw(dc);
-    if (HandleShape == 1)
+    if (HandleShape == SquareHandles)
         Kit.DrawRectOutline(MidRect, HandleColor());
-    else if (HandleShape == 0)
+    else if (HandleShape == RoundHandles)
         Kit.DrawEllipseOutline(MidRect, HandleColor());
     if (DrawBody)
         DrawBox(LineColor());

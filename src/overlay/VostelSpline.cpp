@@ -41,7 +41,7 @@ void VostelSpline::OnDraw(HDC dc)
         Kit.DrawClosedPolyline(CurvePoints, LineColor());
     }
     // Always round, always shown and always in the line colour, unlike the handles of other shapes.
-    Kit.DrawHandles(HandleRects, LineColor(), 0);
+    Kit.DrawHandles(HandleRects, LineColor(), RoundHandles);
 }
 
 bool VostelSpline::GetLabelOutline(std::vector<PointTemplateBase<int>>& out)

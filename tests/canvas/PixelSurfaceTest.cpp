@@ -62,7 +62,7 @@ Bytes Noise(std::mt19937& random, std::size_t count)
     return bytes;
 }
 
-BytePlane PlaneOf(const Bytes& bytes, int width)
+BytePlaneView PlaneOf(const Bytes& bytes, int width)
 {
     return {bytes.data(), bytes.size(), static_cast<std::size_t>(width)};
 }
@@ -160,7 +160,7 @@ TEST_CASE("a surface that is too large is refused without harm")
     CHECK(placed.Surface.Pixels == nullptr);
     CHECK(placed.Surface.CreateRowTable() != nullptr);
     placed.Surface.Fill(5);
-    placed.Surface.UploadRows(nullptr, 4, 4, 0);
+    placed.Surface.UploadRows(nullptr, 4, 4, GrayRows);
     MemoryWindow window(10, 10);
     window.Fill(0x123456);
     placed.Surface.BlitTo(window.Dc);
@@ -248,41 +248,41 @@ TEST_CASE("rows of one, three and four bytes a pixel become words, turned over")
     const auto  rows = RowsOf(bytes, 12);
     Placed      placed(3, 2, 10, 10);
 
-    placed.Surface.UploadRows(rows.data(), 3, 2, 0);
+    placed.Surface.UploadRows(rows.data(), 3, 2, GrayRows);
     CHECK(placed.At(0, 0) == 0x010101);
     CHECK(placed.At(2, 0) == 0x030303);
     CHECK(placed.At(1, 1) == 0x161616);
     CHECK(placed.Surface.Pixels[0] == 0x151515);    // memory starts with the bottom row
 
-    placed.Surface.UploadRows(rows.data(), 3, 2, 1);
+    placed.Surface.UploadRows(rows.data(), 3, 2, TripleRows);
     CHECK(placed.At(0, 0) == 0x030201);
     CHECK(placed.At(2, 0) == 0x090807);
     CHECK(placed.At(2, 1) == 0x1D1C1B);
 
-    placed.Surface.UploadRows(rows.data(), 3, 2, 2);
+    placed.Surface.UploadRows(rows.data(), 3, 2, QuadRows);
     CHECK(placed.At(0, 0) == 0x030201);
     CHECK(placed.At(1, 0) == 0x070605);
     CHECK(placed.At(2, 1) == 0x1F1E1D);    // the fourth byte is dropped
 }
 
-TEST_CASE("other modes of an upload change nothing, nor does an upload without rows")
+TEST_CASE("unknown formats of an upload change nothing, nor does an upload without rows")
 {
     const Bytes bytes(64, 9);
     const auto  rows = RowsOf(bytes, 16);
     Placed      placed(4, 4, 10, 10);
     placed.Surface.Fill(0x445566);
-    for (const int mode : {3, -1, 4, INT_MAX, INT_MIN})
-        placed.Surface.UploadRows(rows.data(), 4, 4, mode);
-    for (const int mode : {0, 1, 2}) {
-        placed.Surface.UploadRows(rows.data(), 4, 0, mode);
-        placed.Surface.UploadRows(rows.data(), 4, -1, mode);
+    for (const int unknown : {3, -1, 4, INT_MAX, INT_MIN})
+        placed.Surface.UploadRows(rows.data(), 4, 4, static_cast<RowFormat>(unknown));
+    for (const RowFormat format : {GrayRows, TripleRows, QuadRows}) {
+        placed.Surface.UploadRows(rows.data(), 4, 0, format);
+        placed.Surface.UploadRows(rows.data(), 4, -1, format);
     }
     CHECK(FrameDifference(FrameOfSurface(placed.Surface.Pixels, 4, 4), Frame(4, 4, 0x445566)) == "");
-    placed.Surface.UploadRows(rows.data(), 4, 4, 0);
+    placed.Surface.UploadRows(rows.data(), 4, 4, GrayRows);
     CHECK(FrameDifference(FrameOfSurface(placed.Surface.Pixels, 4, 4), Frame(4, 4, 0x090909)) == "");
 }
 
-TEST_CASE("uploads of every width give the words of the formula and touch nothing after them")
+TEST_CASE("uploads of every width give the pixels of the formula and touch nothing after them")
 {
     const unsigned seed = 5150;
     CAPTURE(seed);
@@ -293,21 +293,22 @@ TEST_CASE("uploads of every width give the words of the formula and touch nothin
         const auto  w = static_cast<std::size_t>(width);
         const Bytes source = Noise(random, w * 4 * 3);
         const auto  rows = RowsOf(source, w * 4);
-        for (int mode = 0; mode < 3; ++mode) {
-            CAPTURE(mode);
-            // Two columns and a row more than the upload: what lies beyond keeps its words.
+        for (const RowFormat format : {GrayRows, TripleRows, QuadRows}) {
+            CAPTURE(format);
+            // Two columns and a row more than the upload: what lies beyond keeps its pixels.
             Placed placed(width + 2, height + 1, 10, 10);
             placed.Surface.Fill(0xEEEEEE);
-            placed.Surface.UploadRows(rows.data(), width, height, mode);
+            placed.Surface.UploadRows(rows.data(), width, height, format);
             for (int y = 0; y < height + 1; ++y) {
                 for (int x = 0; x < width + 2; ++x) {
                     unsigned int expected = 0xEEEEEE;
                     if (x < width && y < height) {
                         const unsigned char* s = rows[static_cast<std::size_t>(height - 1 - y)];
                         const auto           at = static_cast<std::size_t>(x);
-                        expected = mode == 0   ? s[at] * 0x010101u
-                                   : mode == 1 ? s[3 * at] | s[3 * at + 1] << 8u | s[3 * at + 2] << 16u
-                                               : s[4 * at] | s[4 * at + 1] << 8u | s[4 * at + 2] << 16u;
+                        expected = format == GrayRows ? s[at] * 0x010101u
+                                   : format == TripleRows
+                                       ? s[3 * at] | s[3 * at + 1] << 8u | s[3 * at + 2] << 16u
+                                       : s[4 * at] | s[4 * at + 1] << 8u | s[4 * at + 2] << 16u;
                     }
                     REQUIRE(placed.Surface.Pixels[y * (width + 2) + x] == expected);
                 }
@@ -326,7 +327,7 @@ TEST_CASE("an upload larger than the surface writes the part that fits")
     const Bytes bytes = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12};
     const auto  rows = RowsOf(bytes, 4);
     Placed      placed(2, 2, 10, 10);
-    placed.Surface.UploadRows(rows.data(), 4, 3, 0);
+    placed.Surface.UploadRows(rows.data(), 4, 3, GrayRows);
     CHECK(placed.Surface.Pixels[0] == 0x090909);    // memory row 0 is source row height - 1
     CHECK(placed.Surface.Pixels[1] == 0x0A0A0A);
     CHECK(placed.Surface.Pixels[2] == 0x050505);
@@ -377,7 +378,7 @@ TEST_CASE("planes that are missing or too small read as zero beyond their end")
     const Bytes red = {1, 2, 3, 4};
     const Bytes green = {11, 12};
     Placed      placed(2, 2, 10, 10);
-    placed.Surface.UploadPlanes(PlaneOf(red, 2), PlaneOf(green, 2), BytePlane(), 2, 2);
+    placed.Surface.UploadPlanes(PlaneOf(red, 2), PlaneOf(green, 2), BytePlaneView(), 2, 2);
     CHECK(placed.At(0, 0) == (1u << 16 | 12u << 8));
     CHECK(placed.At(1, 0) == (2u << 16));
     CHECK(placed.At(1, 1) == (4u << 16));

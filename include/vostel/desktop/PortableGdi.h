@@ -69,6 +69,8 @@ inline constexpr UINT OBJ_BITMAP = 7;
 inline constexpr int PS_SOLID = 0;
 inline constexpr int PS_DASH = 1;
 inline constexpr int PS_DOT = 2;
+inline constexpr int PS_DASHDOT = 3;
+inline constexpr int PS_DASHDOTDOT = 4;
 inline constexpr int PS_NULL = 5;
 
 // CreateHatchBrush
@@ -84,6 +86,7 @@ inline constexpr int TRANSPARENT = 1;
 inline constexpr int OPAQUE = 2;
 
 // SetStretchBltMode
+inline constexpr int BLACKONWHITE = 1;
 inline constexpr int COLORONCOLOR = 3;
 inline constexpr int HALFTONE = 4;
 

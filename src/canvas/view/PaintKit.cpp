@@ -1,37 +1,18 @@
 #include "canvas/view/PaintKit.h"
 
+#include "canvas/view/Colors.h"
+#include "canvas/view/SelectedObject.h"
 #include "platform/HostServices.h"
 
 namespace vostel {
 
 namespace {
 
-constexpr COLORREF DeskColour = 0x998877;
-constexpr COLORREF DeskLineColour = 0x808080;
+constexpr COLORREF BackgroundColor = RGB(119, 136, 153);
+constexpr COLORREF HatchColor = RGB(128, 128, 128);
 constexpr UINT     TextBoxFormat =
     DT_CENTER | DT_VCENTER | DT_WORDBREAK | DT_SINGLELINE | DT_EXTERNALLEADING | DT_EDITCONTROL;
 static_assert(TextBoxFormat == 8757);
-
-// A pen that is selected for the length of a scope.
-class SelectedPen {
-public:
-    SelectedPen(HDC dc, int style, int width, COLORREF colour)
-        : Dc(dc), Made(CreatePen(style, width, colour)), Before(SelectObject(dc, Made))
-    {
-    }
-    ~SelectedPen()
-    {
-        SelectObject(Dc, Before);
-        DeleteObject(Made);
-    }
-    SelectedPen(const SelectedPen&) = delete;
-    SelectedPen& operator=(const SelectedPen&) = delete;
-
-private:
-    HDC     Dc;
-    HPEN    Made;
-    HGDIOBJ Before;
-};
 
 // The parts of r outside covered, as up to four bands.
 void ForEachUncovered(const CRect& r, const CRect& covered, auto&& fill)
@@ -51,6 +32,11 @@ void ForEachUncovered(const CRect& r, const CRect& covered, auto&& fill)
 
 }
 
+HFONT CreateCaptionFont(int height)
+{
+    return CreateFontW(height, 0, 0, 0, FW_NORMAL, 0, 0, 0, GB2312_CHARSET, 8, 1, 0, 48, L"微软雅黑");
+}
+
 PaintKit::~PaintKit()
 {
     SelectObject(Dc, GetStockObject(BLACK_PEN));
@@ -66,7 +52,7 @@ PaintKit::~PaintKit()
 
 void PaintKit::DrawLine(const CPoint& a, const CPoint& b, int, COLORREF colour, int penStyle)
 {
-    const SelectedPen pen(Dc, penStyle, 1, colour);
+    const SelectedObject pen(Dc, CreatePen(penStyle, 1, colour));
     MoveToEx(Dc, a.x, a.y, nullptr);
     LineTo(Dc, b.x, b.y);
 }
@@ -75,7 +61,7 @@ void PaintKit::DrawTextBox(const CString& text, CRect& r)
 {
     InflateRect(&r, 3, 3);
     if (TextBoxBack)
-        FillSolid(r, 0xFFFFFF);
+        FillSolid(r, White);
     SetBkMode(Dc, TRANSPARENT);
     CRect place = r;
     DrawTextW(Dc, text, text.GetLength(), &place, TextBoxFormat);
@@ -84,8 +70,8 @@ void PaintKit::DrawTextBox(const CString& text, CRect& r)
 void PaintKit::DrawLabel(const CString& text, int x, int y)
 {
     SetBkMode(Dc, TRANSPARENT);
-    SetBkColor(Dc, 0xFFFFFF);
-    SetTextColor(Dc, 0xFF0000);
+    SetBkColor(Dc, White);
+    SetTextColor(Dc, Blue);
     TextOutW(Dc, x, y, text, text.GetLength());
 }
 
@@ -94,7 +80,7 @@ void PaintKit::SelectTextStyle(int height, int bkMode, COLORREF colour)
     SelectObject(Dc, GetStockObject(DEFAULT_GUI_FONT));
     if (Font)
         DeleteObject(Font);
-    Font = CreateFontW(height, 0, 0, 0, FW_NORMAL, 0, 0, 0, GB2312_CHARSET, 8, 1, 0, 48, L"微软雅黑");
+    Font = CreateCaptionFont(height);
     SelectObject(Dc, Font);
     ::SetTextColor(Dc, colour);
     ::SetBkMode(Dc, bkMode);
@@ -102,7 +88,7 @@ void PaintKit::SelectTextStyle(int height, int bkMode, COLORREF colour)
 
 void PaintKit::DrawEllipseOutline(const CRect& r, COLORREF colour)
 {
-    const SelectedPen pen(Dc, PS_SOLID, 1, colour);
+    const SelectedObject pen(Dc, CreatePen(PS_SOLID, 1, colour));
     SelectObject(Dc, GetStockObject(NULL_BRUSH));
     Ellipse(Dc, r.left, r.top, r.right, r.bottom);
     SelectObject(Dc, GetStockObject(WHITE_BRUSH));
@@ -110,7 +96,7 @@ void PaintKit::DrawEllipseOutline(const CRect& r, COLORREF colour)
 
 void PaintKit::DrawRectOutline(const CRect& r, COLORREF colour)
 {
-    const SelectedPen pen(Dc, PS_SOLID, 1, colour);
+    const SelectedObject pen(Dc, CreatePen(PS_SOLID, 1, colour));
     SelectObject(Dc, GetStockObject(NULL_BRUSH));
     Rectangle(Dc, r.left, r.top, r.right, r.bottom);
     SelectObject(Dc, GetStockObject(WHITE_BRUSH));
@@ -122,7 +108,7 @@ void PaintKit::DrawCurve(StructData2D<unsigned short>& data, int x0, int y0)
         return;
     SetViewportOrgEx(Dc, x0, y0, nullptr);
     {
-        const SelectedPen     pen(Dc, PS_SOLID, 1, 255);
+        const SelectedObject  pen(Dc, CreatePen(PS_SOLID, 1, Red));
         const unsigned short* row = data.Ptr1D;
         MoveToEx(Dc, 0, -row[0], nullptr);
         for (int i = 1; i < data.Width; ++i)
@@ -134,8 +120,8 @@ void PaintKit::DrawCurve(StructData2D<unsigned short>& data, int x0, int y0)
 void PaintKit::DrawHatchBackground(const CRect& r, const CRect& covered)
 {
     // Opaque hatching lays ground and lines in one pass.
-    const HBRUSH   hatch = CreateHatchBrush(HS_DIAGCROSS, DeskLineColour);
-    const COLORREF groundBefore = SetBkColor(Dc, DeskColour);
+    const HBRUSH   hatch = CreateHatchBrush(HS_DIAGCROSS, HatchColor);
+    const COLORREF groundBefore = SetBkColor(Dc, BackgroundColor);
     ::SetBkMode(Dc, OPAQUE);
     ForEachUncovered(r, covered, [&](const CRect& band) {
         if (!band.IsRectEmpty())
@@ -145,7 +131,7 @@ void PaintKit::DrawHatchBackground(const CRect& r, const CRect& covered)
     ::SetBkMode(Dc, TRANSPARENT);
     DeleteObject(hatch);
     {
-        const SelectedPen pen(Dc, PS_SOLID, 1, DeskLineColour);
+        const SelectedObject pen(Dc, CreatePen(PS_SOLID, 1, HatchColor));
         SelectObject(Dc, GetStockObject(NULL_BRUSH));
         Rectangle(Dc, r.left, r.top, r.right, r.bottom);
     }
@@ -173,7 +159,7 @@ void PaintKit::DrawClosedPolyline(const std::vector<Point>& points, COLORREF col
 {
     if (points.size() < 2)
         return;
-    const SelectedPen pen(Dc, PS_SOLID, 1, colour);
+    const SelectedObject pen(Dc, CreatePen(PS_SOLID, 1, colour));
     MoveToEx(Dc, points[0].x, points[0].y, nullptr);
     for (std::size_t i = 1; i < points.size(); ++i)
         LineTo(Dc, points[i].x, points[i].y);
@@ -186,7 +172,7 @@ template void PaintKit::DrawClosedPolyline(const std::vector<PointTemplateBase<i
 void PaintKit::DrawSegments(const std::vector<CPoint>& points, const std::vector<int>& starts, int penWidth,
                             COLORREF colour)
 {
-    const SelectedPen pen(Dc, PS_SOLID, penWidth, colour);
+    const SelectedObject pen(Dc, CreatePen(PS_SOLID, penWidth, colour));
     if (points.size() < 2 || starts.empty())
         return;
     std::size_t next = 0;
@@ -203,12 +189,12 @@ void PaintKit::DrawSegments(const std::vector<CPoint>& points, const std::vector
 
 void PaintKit::DrawHandles(const std::vector<CRect>& rects, COLORREF colour, int shape)
 {
-    if (shape != 0 && shape != 1)
+    if (shape != RoundHandles && shape != SquareHandles)
         return;
-    const SelectedPen pen(Dc, PS_SOLID, 1, colour);
+    const SelectedObject pen(Dc, CreatePen(PS_SOLID, 1, colour));
     SelectObject(Dc, GetStockObject(NULL_BRUSH));
     for (const CRect& r : rects) {
-        if (shape == 1)
+        if (shape == SquareHandles)
             Rectangle(Dc, r.left, r.top, r.right, r.bottom);
         else
             Ellipse(Dc, r.left, r.top, r.right, r.bottom);

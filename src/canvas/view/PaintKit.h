@@ -8,6 +8,12 @@
 
 namespace vostel {
 
+// Shapes of DrawHandles; a handle of any other shape is not drawn.
+enum HandleShapes : int { RoundHandles = 0, SquareHandles = 1 };
+
+// The font of captions and measures, of that many px; the caller deletes it.
+HFONT CreateCaptionFont(int height);
+
 // The drawing toolkit that every drawn thing carries. It keeps a target context by reference and draws the
 // few shapes of overlays. Each primitive makes its pen or brush, selects it, draws, restores and deletes,
 // so that no drawing leaves a foreign object selected.
@@ -15,7 +21,7 @@ namespace vostel {
 // Colours are GDI values, 0x00BBGGRR; all coordinates are client px.
 class PaintKit {
 public:
-    int           BkMode = 0;    // background mode of text: 1 transparent, 2 opaque
+    int           BkMode = 0;    // of text: TRANSPARENT, OPAQUE, or 0 for none set
     COLORREF      TextColor = 0;
     int           FontHeight = 0;        // px
     bool          TextBoxBack = true;    // DrawTextBox fills its rectangle white first
@@ -44,9 +50,9 @@ public:
     void SelectTextStyle(int height, int bkMode, COLORREF colour);
     void DrawEllipseOutline(const CRect& r, COLORREF colour);
     void DrawRectOutline(const CRect& r, COLORREF colour);
-    // The first row of data as a red curve growing upwards from x0, y0, a px a column.
+    // The first row of data as a red curve growing upwards from x0, y0, one pixel per column.
     void DrawCurve(StructData2D<unsigned short>& data, int x0, int y0);
-    // The desk on which the image lies. Nothing need be drawn inside covered: a copy follows that hides it.
+    // Background around the image. covered may be skipped; the image is blitted over it next.
     void DrawHatchBackground(const CRect& r, const CRect& covered = CRect());
     // Notes the surface that Dc draws on, and its size; shows "No bmp" if there is none.
     void BindSurface(unsigned int* pixels);
@@ -56,7 +62,6 @@ public:
     // Several strokes in one point list; starts holds the ascending indices where a stroke begins.
     void DrawSegments(const std::vector<CPoint>& points, const std::vector<int>& starts, int penWidth,
                       COLORREF colour);
-    // Shape 1 draws squares, 0 ellipses, any other nothing.
     void DrawHandles(const std::vector<CRect>& rects, COLORREF colour, int shape);
     // Fills without an outline, right and bottom edge left out.
     void FillSolid(const CRect& r, COLORREF colour);

@@ -143,7 +143,7 @@ using namespace vostel::gdi;
 int SetStretchBltMode(HDC dc, int mode)
 {
     Context* context = FindContext(dc);
-    if (context == nullptr || mode < 1 || mode > HALFTONE)
+    if (context == nullptr || mode < BLACKONWHITE || mode > HALFTONE)
         return 0;
     const int before = context->StretchMode;
     context->StretchMode = mode;

@@ -68,7 +68,7 @@ struct Context {
     int      BkMode = OPAQUE;
     COLORREF BkColor = 0xFFFFFF;
     COLORREF TextColor = 0;
-    int      StretchMode = 1;
+    int      StretchMode = BLACKONWHITE;
 };
 
 // Null for a handle that is not a live object of the kind.

@@ -9,10 +9,10 @@ namespace vostel::gdi {
 namespace {
 
 // Lengths in pixels of dash, gap, dash, gap of the styles.
-constexpr int dashed[] = {18, 6};
-constexpr int dotted[] = {3, 3};
-constexpr int dashDotted[] = {9, 6, 3, 6};
-constexpr int dashDotDotted[] = {9, 3, 3, 3, 3, 3};
+constexpr int Dashed[] = {18, 6};
+constexpr int Dotted[] = {3, 3};
+constexpr int DashDotted[] = {9, 6, 3, 6};
+constexpr int DashDotDotted[] = {9, 3, 3, 3, 3, 3};
 
 bool IsOn(const Bitmap& surface, DevicePoint point)
 {
@@ -210,16 +210,16 @@ Dashes DashesOfPen(const Context& context)
     };
     switch (pen.Style) {
     case PS_DASH:
-        take(dashed);
+        take(Dashed);
         break;
     case PS_DOT:
-        take(dotted);
+        take(Dotted);
         break;
-    case 3:
-        take(dashDotted);
+    case PS_DASHDOT:
+        take(DashDotted);
         break;
-    case 4:
-        take(dashDotDotted);
+    case PS_DASHDOTDOT:
+        take(DashDotDotted);
         break;
     default:
         break;

@@ -291,7 +291,7 @@ void StretchPixels(const PixelCopy& copy, const StretchAxis& columns, const Stre
     else if (mode == COLORONCOLOR || mode == HALFTONE)
         Nearest(copy, columns, rows);
     else
-        Combined(copy, columns, rows, mode == 1);
+        Combined(copy, columns, rows, mode == BLACKONWHITE);
 }
 
 }
