@@ -115,6 +115,7 @@ void VostelDC::PrepareImage(int width, int height, bool clearObjects, bool clear
     View.ImageWidth = width;
     View.ImageHeight = height;
     CanvasSurface.Rebuild(ClientDC, width, height, cleared);
+    // In the same client area, for the view and the objects to find their places on the new image.
     SetClient(View.ClientRect, ClientDC);
 }
 
@@ -308,13 +309,13 @@ void VostelDC::DropClientSurface()
     ContrastCtrl.SurfacePixels = nullptr;
 }
 
-void VostelDC::HandViewToElements(bool refresh)
+void VostelDC::HandViewToElements(bool refreshAgain)
 {
     const EventScope scope(*this);
     for (std::size_t i = 0; i < Elements.size(); ++i) {
         VostelObj* const element = Elements[i];
         element->SetCanvasView(&View);
-        if (refresh)
+        if (refreshAgain)
             element->RefreshClientGeometry();
     }
 }

@@ -98,7 +98,9 @@ private:
 
     void DestroyRemoved();
     void DropClientSurface();
-    void HandViewToElements(bool refresh);
+    // SetCanvasView alone refreshes the objects' geometry. With refreshAgain that is done twice, for a new
+    // client area: an object may have placed itself after its own refresh, as controls do.
+    void HandViewToElements(bool refreshAgain);
 };
 
 }

@@ -73,51 +73,67 @@ void VostelImage::ShowRaw(ClassData2DIO<float>& src, bool keepOriginal, bool cle
 {
     const std::size_t count = CountOf(src);
     if (Overlaps(src.Ptr1D, count, Raw) || Overlaps(src.Ptr1D, count, RawOri)) {
-        // A host shows data of this very canvas: the planes below are about to be written.
+        // A host shows data of this very canvas, whose planes are about to be written.
         ClassData2DIO<float> copy;
         copy = src;
         ShowRaw(copy, keepOriginal, clearObjects);
         return;
     }
-    const int width = src.Width;
-    const int height = src.Height;
+    // An empty source may be one of this canvas's own containers: what is asked of it is asked here.
+    const float* const data = src.Ptr1D;
+    const int          width = src.Width;
+    const int          height = src.Height;
     if (!keepOriginal)
         RawOri.Release();
     CurrentFileType = FileTypeRaw;
     if (clearObjects)
         DeleteAll();
-    const bool whole = LabelsWholeImage() && count > 0;
-    PrepareImage(width, height, false, !whole);
+    const bool wholeImage = LabelsWholeImage() && count > 0;
+    PrepareImage(width, height, false, !wholeImage);
 
+    const RemapRule rule = KeepData(data, count, keepOriginal);
+    ChooseWindow();
+    DrawData(data, count, rule, wholeImage);
+}
+
+RemapRule VostelImage::KeepData(const float* data, std::size_t count, bool keepOriginal)
+{
     if (count == 0)
         RefuseGiantWithoutSurface();
-    SizeForOverwriting(Raw, width, height);
+    SizeForOverwriting(Raw, CanvasWidth, CanvasHeight);
     if (keepOriginal)
-        SizeForOverwriting(RawOri, width, height);
-    float low = 0.0f;
-    float high = 0.0f;
+        SizeForOverwriting(RawOri, CanvasWidth, CanvasHeight);
     if (count == 0) {
         std::fill_n(Raw.Ptr1D, CountOf(Raw), 0.0f);
         std::fill_n(RawOri.Ptr1D, CountOf(RawOri), 0.0f);
     }
+    float low = 0.0f;
+    float high = 0.0f;
     if (keepOriginal)
-        FloatCopyMinMax(src.Ptr1D, RawOri.Ptr1D, count, low, high);
+        FloatCopyMinMax(data, RawOri.Ptr1D, count, low, high);
     else
-        FloatMinMax(src.Ptr1D, count, low, high);
-    const RemapRule rule = MakeRemapRule(low, high, 0.0f, RawTop);
+        FloatMinMax(data, count, low, high);
+    return MakeRemapRule(low, high, 0.0f, RawTop);
+}
 
-    // The whole range first, so that a slider window that is no window leaves that.
+void VostelImage::ChooseWindow()
+{
+    // The full range first, so that an empty slider window (low not below high) keeps it.
     StoreContrastWindow(0.0f, 1.0f);
     if (ShowContrastCtrl)
         StoreContrastWindow(ContrastCtrl.Low, ContrastCtrl.High);
-    if (whole && HasSurfacePixels()) {
-        SizeForOverwriting(LabelIma, width, height);
-        ContrastShowRemapped(Contrast, rule, src.Ptr1D, Raw.Ptr1D, width, height, CanvasSurface.Pixels,
+}
+
+void VostelImage::DrawData(const float* data, std::size_t count, const RemapRule& rule, bool wholeImage)
+{
+    if (wholeImage && HasSurfacePixels()) {
+        SizeForOverwriting(LabelIma, CanvasWidth, CanvasHeight);
+        ContrastShowRemapped(Contrast, rule, data, Raw.Ptr1D, CanvasWidth, CanvasHeight, CanvasSurface.Pixels,
                              LabelIma.Ptr1D);
-    } else {
-        RemapFloats(rule, src.Ptr1D, Raw.Ptr1D, count);
-        RedrawRaw();
+        return;
     }
+    RemapFloats(rule, data, Raw.Ptr1D, count);
+    RedrawRaw();
 }
 
 void VostelImage::SetLutPara(float low, float high)
@@ -177,10 +193,10 @@ float VostelImage::ReadPixelValue(CPoint clientPoint) const
     if (CurrentFileType == FileTypeRaw || CurrentFileType == FileTypeRawPlain)
         return OriginalAt(ix, iy);
     if (CurrentFileType == FileTypeByte && HasSurfacePixels()) {
-        const unsigned int word = CanvasSurface.PixelAt(ix, CanvasHeight - iy - 1);
-        const int          r = word >> 16 & 0xFF;
-        const int          g = word >> 8 & 0xFF;
-        const int          b = word & 0xFF;
+        const unsigned int pixel = CanvasSurface.PixelAt(ix, CanvasHeight - iy - 1);
+        const int          r = pixel >> 16 & 0xFF;
+        const int          g = pixel >> 8 & 0xFF;
+        const int          b = pixel & 0xFF;
         // The products do not always add up to the gray itself: 65 levels read one lower. No rounding.
         return static_cast<float>(TruncToInt(g * 0.587 + r * 0.299 + b * 0.114));
     }
@@ -195,9 +211,9 @@ bool VostelImage::LabelsWholeImage() const
 
 void VostelImage::RefuseGiantWithoutSurface() const
 {
-    constexpr long long Giant = 1LL << 26;
+    constexpr long long MaxPixels = 1LL << 26;
     if (!HasSurfacePixels() && CanvasWidth > 0 && CanvasHeight > 0 &&
-        static_cast<long long>(CanvasWidth) * CanvasHeight > Giant)
+        static_cast<long long>(CanvasWidth) * CanvasHeight > MaxPixels)
         FailArrayLength();
 }
 

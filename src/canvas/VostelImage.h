@@ -49,7 +49,7 @@ public:
     unsigned int      SurfacePixelAt(int imageX, int memoryRow) const override;
     float             ReadPixelValue(CPoint clientPoint) const override;
 
-    // Rebuilds LabelIma; answers the label of the last region written, 1 if none was.
+    // Rebuilds LabelIma; returns the label of the last region written, 1 if there was none.
     int GenerateLabel(bool selectedOnly);
 
     // Shows a file; CurrentFileType tells whether an image came of it.
@@ -68,17 +68,22 @@ public:
 private:
     ContrastTable Contrast;    // what redraws take from Map
 
+    // The steps of ShowRaw, once the canvas has the size of the data: keeps the data as it came if asked to,
+    // gives the rule that stretches it to Raw; takes the contrast window; stretches and draws.
+    RemapRule KeepData(const float* data, std::size_t count, bool keepOriginal);
+    void      ChooseWindow();
+    void      DrawData(const float* data, std::size_t count, const RemapRule& rule, bool wholeImage);
+
     // The contrast window of SetLutPara, without the redraw.
     void StoreContrastWindow(float low, float high);
-    // Whether a label plane of the selected regions is all ones.
+    // Whether a label image of the selected regions is all ones.
     bool LabelsWholeImage() const;
     // Writes the object's region, if its kind has one, into LabelIma with rows running down; true if it did,
     // and the label is then its number plus one.
     bool RasteriseObject(VostelObj& object);
     void RedrawRaw();
     bool HasSurfacePixels() const;
-    // A size for which no surface could be made gets no gigabytes of planes either: the allocator's
-    // exception.
+    // Throws bad_alloc above 2^26 pixels when there is no surface: such an image cannot be shown.
     void       RefuseGiantWithoutSurface() const;
     VostelObj* FirstSelectedRect();    // null for none
     void       SavePart(const CRect& box, const CString& name);
