@@ -109,20 +109,31 @@ public:
         for (std::size_t level = 0; level + 1 < Levels.size(); ++level) {
             const double top = Levels[level];
             std::erase_if(Active, [top](const Strand& strand) { return strand.Piece->Bottom.y <= top; });
-            for (; next < Pieces.size() && Pieces[next].Top.y <= top; ++next)
-                Active.push_back({&Pieces[next], 0.0, 0.0, 0.0, {}});
+            for (; next < Pieces.size() && Pieces[next].Top.y <= top; ++next) {
+                Strand strand;
+                strand.Piece = &Pieces[next];
+                strand.Top = strand.Bottom = PlaceAt(Pieces[next], Pieces[next].Top.y);
+                Active.push_back(std::move(strand));
+            }
             AddSlab(top, Levels[level + 1]);
         }
         return Sums.Value();
     }
 
 private:
+    // Where a piece crosses a level: its x, and its parameter if it is curved.
+    struct Place {
+        double Y = 0.0;
+        double X = 0.0;
+        double T = 0.0;
+    };
+
     struct Strand {
-        const DescendingPiece* Piece;
-        double                 TopX;
-        double                 BottomX;
-        double                 Bend;         // how far a curve strays from its chord in the slab
-        std::vector<double>    Crossings;    // y, of other strands
+        const DescendingPiece* Piece = nullptr;
+        Place                  Top;
+        Place                  Bottom;
+        double                 Bend = 0.0;    // how far a curve strays from its chord in the slab, at most
+        std::vector<double>    Crossings;     // y, of other strands
     };
 
     std::vector<DescendingPiece> Pieces;
@@ -131,16 +142,28 @@ private:
     std::vector<std::size_t>     Order;    // of Active, by the bottom of the slab
     IntegralSums                 Sums;
 
-    static double BendOf(const Strand& strand, double top, double bottom)
+    static Place PlaceAt(const DescendingPiece& piece, double y)
+    {
+        if (!piece.Curved || y == piece.Top.y || y == piece.Bottom.y)
+            return {y, piece.XAt(y), y == piece.Top.y ? piece.TopT : piece.BottomT};
+        const double t = piece.ParameterAt(y);
+        return {y, piece.Curve.At(t).x, t};
+    }
+
+    // The curve lies in the hull of its Bezier points, of which the inner two count by 3/4 at most.
+    static double BendOf(const Strand& strand)
     {
         if (!strand.Piece->Curved)
             return 0.0;
-        double bend = 0.0;
-        for (const double part : {0.25, 0.5, 0.75}) {
-            const double x = strand.Piece->XAt(top + part * (bottom - top));
-            bend = std::max(bend, std::fabs(x - (strand.TopX + part * (strand.BottomX - strand.TopX))));
-        }
-        return 1.5 * bend;    // between the three places it is a little more
+        const Place& top = strand.Top;
+        const Place& bottom = strand.Bottom;
+        const double slope = (bottom.X - top.X) / (bottom.Y - top.Y);
+        const double third = (bottom.T - top.T) / 3.0;
+        const auto   stray = [&](double t) {
+            const ImagePoint step = strand.Piece->Curve.Derivative(t);
+            return std::fabs(third * (step.x - slope * step.y));
+        };
+        return 0.75 * std::max(stray(top.T), stray(bottom.T));
     }
 
     // Curves may cross twice without changing places, or three times. Where neighbours come closer than they
@@ -151,7 +174,7 @@ private:
             const Strand& left = Active[i];
             const Strand& right = Active[i + 1];
             const double  bend = left.Bend + right.Bend;
-            const double  gap = std::min(right.TopX - left.TopX, std::fabs(right.BottomX - left.BottomX));
+            const double  gap = std::min(right.Top.X - left.Top.X, std::fabs(right.Bottom.X - left.Bottom.X));
             if (bend * height > NegligibleArea && bend >= gap)
                 return true;
         }
@@ -161,12 +184,13 @@ private:
     void AddSlab(double top, double bottom)
     {
         for (Strand& strand : Active) {
-            strand.TopX = strand.Piece->XAt(top);
-            strand.BottomX = strand.Piece->XAt(bottom);
-            strand.Bend = BendOf(strand, top, bottom);
+            if (strand.Bottom.Y == top)
+                strand.Top = strand.Bottom;    // of the slab above
+            strand.Bottom = PlaceAt(*strand.Piece, bottom);
+            strand.Bend = BendOf(strand);
         }
         std::sort(Active.begin(), Active.end(), [](const Strand& a, const Strand& b) {
-            return a.TopX != b.TopX ? a.TopX < b.TopX : a.BottomX < b.BottomX;
+            return a.Top.X != b.Top.X ? a.Top.X < b.Top.X : a.Bottom.X < b.Bottom.X;
         });
         const double middle = 0.5 * (top + bottom);
         if (middle > top && middle < bottom && HidesCrossings(bottom - top)) {
@@ -177,7 +201,7 @@ private:
         FindCrossings(top, bottom);
         double sign = -1.0;
         for (Strand& strand : Active) {
-            AddStrand(strand, top, bottom, sign);
+            AddStrand(strand, sign);
             sign = -sign;
         }
     }
@@ -185,8 +209,8 @@ private:
     // Where two strands that change places in the slab have the same x.
     static double CrossingOf(const Strand& left, const Strand& right, double top, double bottom)
     {
-        const double above = right.TopX - left.TopX;
-        const double below = left.BottomX - right.BottomX;
+        const double above = right.Top.X - left.Top.X;
+        const double below = left.Bottom.X - right.Bottom.X;
         double       y = top + (bottom - top) * (above / (above + below));
         if (!left.Piece->Curved)
             return y;
@@ -208,7 +232,7 @@ private:
             Strand& strand = Active[i];
             strand.Crossings.clear();
             std::size_t place = i;
-            for (; place > 0 && Active[Order[place - 1]].BottomX > strand.BottomX; --place) {
+            for (; place > 0 && Active[Order[place - 1]].Bottom.X > strand.Bottom.X; --place) {
                 Strand&      other = Active[Order[place - 1]];
                 const double y = CrossingOf(other, strand, top, bottom);
                 strand.Crossings.push_back(y);
@@ -219,24 +243,25 @@ private:
         }
     }
 
-    void AddStrand(Strand& strand, double top, double bottom, double sign)
+    void AddStrand(Strand& strand, double sign)
     {
         std::sort(strand.Crossings.begin(), strand.Crossings.end());
-        double from = top;
+        Place from = strand.Top;
         for (const double y : strand.Crossings) {
-            AddPart(*strand.Piece, from, y, sign);
+            const Place to = PlaceAt(*strand.Piece, y);
+            AddPart(*strand.Piece, from, to, sign);
             sign = -sign;
-            from = y;
+            from = to;
         }
-        AddPart(*strand.Piece, from, bottom, sign);
+        AddPart(*strand.Piece, from, strand.Bottom, sign);
     }
 
-    void AddPart(const DescendingPiece& piece, double from, double to, double sign)
+    void AddPart(const DescendingPiece& piece, const Place& from, const Place& to, double sign)
     {
         if (piece.Curved)
-            Sums.Add(AlongCurve(piece.Curve, piece.ParameterAt(from), piece.ParameterAt(to)), sign);
+            Sums.Add(AlongCurve(piece.Curve, from.T, to.T), sign);
         else
-            Sums.Add(AlongLine({piece.XAt(from), from}, {piece.XAt(to), to}), sign);
+            Sums.Add(AlongLine({from.X, from.Y}, {to.X, to.Y}), sign);
     }
 };
 
