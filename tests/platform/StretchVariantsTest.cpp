@@ -19,24 +19,24 @@ namespace {
 using Wide = long long;
 constexpr std::uint32_t Guard = 0xDEADBEEF;
 
-// Back to the best form however a test ends.
-struct FormGuard {
-    ~FormGuard() { ForceCpuVariant(BestCpuVariant()); }
+// Back to the best variant however a test ends.
+struct VariantGuard {
+    ~VariantGuard() { ForceCpuVariant(BestCpuVariant()); }
 };
 
-const char* NameOf(CpuVariant form)
+const char* NameOf(CpuVariant variant)
 {
     const char* names[] = {"plain", "baseline", "AVX2", "AVX-512"};
-    return names[static_cast<int>(form)];
+    return names[static_cast<int>(variant)];
 }
 
-// The forms of this machine beyond the plain one.
-std::vector<CpuVariant> FastForms()
+// The variants of this machine beyond the plain one.
+std::vector<CpuVariant> FastVariants()
 {
-    std::vector<CpuVariant> forms;
-    for (int form = 1; form <= static_cast<int>(BestCpuVariant()); ++form)
-        forms.push_back(static_cast<CpuVariant>(form));
-    return forms;
+    std::vector<CpuVariant> variants;
+    for (int variant = 1; variant <= static_cast<int>(BestCpuVariant()); ++variant)
+        variants.push_back(static_cast<CpuVariant>(variant));
+    return variants;
 }
 
 // A bitmap with a guard behind its last byte.
@@ -150,26 +150,26 @@ std::vector<double> RealWeights(const gdi::StretchAxis& axis, int target)
 
 }
 
-TEST_CASE("row copies of every form equal the reference for all lengths from 0 to 70 and odd starts")
+TEST_CASE("row copies of every variant equal the reference for all lengths from 0 to 70 and odd starts")
 {
-    FormGuard     guard;
+    VariantGuard  guard;
     std::mt19937  random(11);
     std::uint32_t source[80], ahead[80];
     for (int i = 0; i < 80; ++i)
         source[i] = ahead[i] = static_cast<std::uint32_t>(random());
-    for (CpuVariant form : FastForms()) {
-        ForceCpuVariant(form);
-        const std::string name = NameOf(form);
+    for (CpuVariant variant : FastVariants()) {
+        ForceCpuVariant(variant);
+        const std::string name = NameOf(variant);
         CAPTURE(name);
         for (int count = 0; count <= 70; ++count)
             for (int start = 0; start < 4; ++start) {
                 for (const bool streams : {false, true}) {
-                    const gdi::StretchKernels& kernels = gdi::ActiveStretchKernels();
+                    const gdi::StretchVariant& functions = gdi::ActiveStretchVariant();
                     std::uint32_t              target[80];
                     std::fill(std::begin(target), std::end(target), Guard);
-                    (streams ? kernels.StreamPixels : kernels.CopyPixels)(
+                    (streams ? functions.StreamPixels : functions.CopyPixels)(
                         target + start, source + start, count, count % 2 != 0 ? ahead : nullptr);
-                    kernels.EndStream();
+                    functions.Fence();
                     int wrong = 0;
                     for (int i = 0; i < 80; ++i)
                         wrong += target[i] != (i >= start && i < start + count ? source[i] : Guard);
@@ -181,13 +181,13 @@ TEST_CASE("row copies of every form equal the reference for all lengths from 0 t
     }
 }
 
-TEST_CASE("picked and repeated pixels of every form equal the reference for all lengths from 0 to 70")
+TEST_CASE("picked and repeated pixels of every variant equal the reference for all lengths from 0 to 70")
 {
-    FormGuard    guard;
+    VariantGuard guard;
     std::mt19937 random(12);
-    for (CpuVariant form : FastForms()) {
-        ForceCpuVariant(form);
-        const std::string name = NameOf(form);
+    for (CpuVariant variant : FastVariants()) {
+        ForceCpuVariant(variant);
+        const std::string name = NameOf(variant);
         CAPTURE(name);
         for (int count = 0; count <= 70; ++count)
             for (int width : {1, 2, 7, 8, 9, 15, 16, 17, 40, 90}) {
@@ -203,15 +203,15 @@ TEST_CASE("picked and repeated pixels of every form equal the reference for all 
                     column = std::min(column + Between(random, 0, 1), width - 1);
                 }
                 back.assign(steps.rbegin(), steps.rend());
-                const gdi::StretchKernels& kernels = gdi::ActiveStretchKernels();
+                const gdi::StretchVariant& functions = gdi::ActiveStretchVariant();
                 const auto                 check = [&](const std::vector<int>& columns, bool repeats) {
                     std::vector<std::uint32_t> target(static_cast<std::size_t>(count) + 9, Guard);
                     std::uint32_t*             at = target.data() + 1;
                     if (repeats)
-                        kernels.RepeatPixels(at, source.data(), width, columns.data(), count);
+                        functions.RepeatPixels(at, source.data(), width, columns.data(), count);
                     else
-                        kernels.PickPixels(at, source.data(), columns.data(), count,
-                                           count % 2 != 0 ? source.data() : nullptr);
+                        functions.PickPixels(at, source.data(), columns.data(), count,
+                                             count % 2 != 0 ? source.data() : nullptr);
                     int wrong = target[0] != Guard;
                     for (int i = 0; i < count + 8; ++i)
                         wrong += at[i] !=
@@ -230,13 +230,13 @@ TEST_CASE("picked and repeated pixels of every form equal the reference for all 
     }
 }
 
-TEST_CASE("blended rows of every form equal the reference for all lengths from 0 to 280 bytes")
+TEST_CASE("blended rows of every variant equal the reference for all lengths from 0 to 280 bytes")
 {
-    FormGuard    guard;
+    VariantGuard guard;
     std::mt19937 random(13);
-    for (CpuVariant form : FastForms()) {
-        ForceCpuVariant(form);
-        const std::string name = NameOf(form);
+    for (CpuVariant variant : FastVariants()) {
+        ForceCpuVariant(variant);
+        const std::string name = NameOf(variant);
         CAPTURE(name);
         for (int count = 0; count <= 280; ++count) {
             const int                              rowCount = 2 * Between(random, 1, 4);
@@ -265,7 +265,7 @@ TEST_CASE("blended rows of every form equal the reference for all lengths from 0
                     sum += rows[static_cast<std::size_t>(k)][i] * weights[static_cast<std::size_t>(k)];
                 expected[static_cast<std::size_t>(i)] = static_cast<std::uint16_t>(sum >> 7);
             }
-            gdi::ActiveStretchKernels().BlendRows(target.data(), rows.data(), weights.data(), rowCount, count,
+            gdi::ActiveStretchVariant().BlendRows(target.data(), rows.data(), weights.data(), rowCount, count,
                                                   count % 2 != 0 ? 4096 : 0);
             CAPTURE(count);
             CHECK(target == expected);
@@ -273,13 +273,13 @@ TEST_CASE("blended rows of every form equal the reference for all lengths from 0
     }
 }
 
-TEST_CASE("blended columns of every form equal the reference for all lengths from 0 to 70")
+TEST_CASE("blended columns of every variant equal the reference for all lengths from 0 to 70")
 {
-    FormGuard    guard;
+    VariantGuard guard;
     std::mt19937 random(14);
-    for (CpuVariant form : FastForms()) {
-        ForceCpuVariant(form);
-        const std::string name = NameOf(form);
+    for (CpuVariant variant : FastVariants()) {
+        ForceCpuVariant(variant);
+        const std::string name = NameOf(variant);
         CAPTURE(name);
         for (int count = 0; count <= 70; ++count)
             for (int pairsEach = 1; pairsEach <= 4; ++pairsEach) {
@@ -309,7 +309,7 @@ TEST_CASE("blended columns of every form equal the reference for all lengths fro
                         static_cast<std::uint32_t>(sums[0] >> 21 | sums[1] >> 21 << 8 | sums[2] >> 21 << 16);
                 }
                 std::vector<std::uint32_t> target(static_cast<std::size_t>(count) + 20, Guard);
-                gdi::ActiveStretchKernels().BlendColumns(target.data(), row.data(), columns.data(),
+                gdi::ActiveStretchVariant().BlendColumns(target.data(), row.data(), columns.data(),
                                                          pairs.data(), pairsEach, count);
                 CAPTURE(count);
                 CAPTURE(pairsEach);
@@ -318,9 +318,9 @@ TEST_CASE("blended columns of every form equal the reference for all lengths fro
     }
 }
 
-TEST_CASE("stretches of every mode, depth and direction give the same bits in every form")
+TEST_CASE("stretches of every mode, depth and direction give the same bits in every variant")
 {
-    FormGuard      guard;
+    VariantGuard   guard;
     const unsigned seed = 4711;
     std::mt19937   random(seed);
     CAPTURE(seed);
@@ -340,11 +340,11 @@ TEST_CASE("stretches of every mode, depth and direction give the same bits in ev
         Stretch(expected, source, columns, rows, mode);
         changed += std::count(expected.Memory.begin(), expected.Memory.end(), 0xB7) !=
                    static_cast<std::ptrdiff_t>(expected.Memory.size());
-        for (CpuVariant form : FastForms()) {
-            ForceCpuVariant(form);
+        for (CpuVariant variant : FastVariants()) {
+            ForceCpuVariant(variant);
             Picture target(width, height, targetBits, topDown);
             Stretch(target, source, columns, rows, mode);
-            const std::string what = NameOf(form) + std::string(": ") + Text(columns) + Text(rows);
+            const std::string what = NameOf(variant) + std::string(": ") + Text(columns) + Text(rows);
             CAPTURE(what);
             CAPTURE(mode);
             CHECK(target.Memory == expected.Memory);
@@ -353,9 +353,9 @@ TEST_CASE("stretches of every mode, depth and direction give the same bits in ev
     CHECK(changed > 300);
 }
 
-TEST_CASE("copies and enlargements too large for the caches give the same bits in every form")
+TEST_CASE("copies and enlargements too large for the caches give the same bits in every variant")
 {
-    FormGuard    guard;
+    VariantGuard guard;
     std::mt19937 random(31);
     const int    width = 1201, height = 1001;    // more pixels than are kept in the caches
     static_assert(std::int64_t{width - 13} * (height - 9) >= gdi::StreamedPixels);
@@ -363,8 +363,8 @@ TEST_CASE("copies and enlargements too large for the caches give the same bits i
     source.Randomise(random);
     for (const bool topDown : {false, true})
         for (const int extent : {width - 13, 2 * width, 3 * width})
-            for (CpuVariant form : FastForms()) {
-                ForceCpuVariant(form);
+            for (CpuVariant variant : FastVariants()) {
+                ForceCpuVariant(variant);
                 Picture                target(width, height, 32, topDown);
                 const gdi::StretchAxis columns = AxisOf(13, extent, 7, width - 13, width, 1300);
                 const gdi::StretchAxis rows = AxisOf(9, extent, 3, width - 13, height, 1010);
@@ -389,7 +389,7 @@ TEST_CASE("copies and enlargements too large for the caches give the same bits i
                                                    down.Near[static_cast<std::size_t>(y - 9)]);
                         wrong += target.Word(x, y) != expected;
                     }
-                const std::string name = NameOf(form);
+                const std::string name = NameOf(variant);
                 CAPTURE(name);
                 CAPTURE(extent);
                 CHECK(wrong == 0);

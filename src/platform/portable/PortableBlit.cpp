@@ -65,7 +65,7 @@ void CopyPixels(const PixelCopy& copy, const StretchAxis& columnAxis, const Stre
         return;
     }
     if (target.BitsPerPixel == 32 && source.BitsPerPixel == 32 && copy.Target != copy.Source) {
-        const StretchKernels& kernels = ActiveStretchKernels();
+        const StretchVariant& variant = ActiveStretchVariant();
         const auto            from = [&](int row) {
             return reinterpret_cast<const std::uint32_t*>(source.Row(rows.Source + row)) + columns.Source;
         };
@@ -73,14 +73,14 @@ void CopyPixels(const PixelCopy& copy, const StretchAxis& columnAxis, const Stre
         // enough for memory and not too early for the cache.
         const int  step = target.TopDown ? 1 : -1;
         const bool streams = std::int64_t{columns.Count} * rows.Count >= StreamedPixels;
-        const auto copyRow = streams ? kernels.StreamPixels : kernels.CopyPixels;
+        const auto copyRow = streams ? variant.StreamPixels : variant.CopyPixels;
         for (int i = 0; i < rows.Count; ++i) {
             const int row = target.TopDown ? i : rows.Count - 1 - i;
             copyRow(reinterpret_cast<std::uint32_t*>(target.Row(rows.Target + row)) + columns.Target,
                     from(row), columns.Count, i + 2 < rows.Count ? from(row + 2 * step) : nullptr);
         }
         if (streams)
-            kernels.EndStream();
+            variant.Fence();
         return;
     }
     std::vector<std::uint32_t> words(wholeBytes ? 0 : static_cast<std::size_t>(columns.Count));

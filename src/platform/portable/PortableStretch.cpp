@@ -57,7 +57,7 @@ void Nearest(const PixelCopy& copy, const StretchAxis& columnAxis, const Stretch
     rows.Find(rowAxis);
     if (columns.Count == 0 || rows.Count == 0)
         return;
-    const StretchKernels& kernels = ActiveStretchKernels();
+    const StretchVariant& variant = ActiveStretchVariant();
     const Bitmap&         target = *copy.Target;
     const Bitmap&         source = *copy.Source;
     const std::size_t     count = static_cast<std::size_t>(columns.Count);
@@ -95,7 +95,7 @@ void Nearest(const PixelCopy& copy, const StretchAxis& columnAxis, const Stretch
         if (i != begin && pixelBytes > 0 && sourceRow == rows.Near[static_cast<std::size_t>(i - step)]) {
             const std::size_t at = static_cast<std::size_t>(columns.Target) * pixelBytes;
             if (streams)
-                kernels.StreamPixels(WordsOf(target, y) + columns.Target, scratch.Picked.data(),
+                variant.StreamPixels(WordsOf(target, y) + columns.Target, scratch.Picked.data(),
                                      columns.Count, nullptr);
             else
                 std::memcpy(target.Row(y) + at, target.Row(y - step) + at, count * pixelBytes);
@@ -113,20 +113,20 @@ void Nearest(const PixelCopy& copy, const StretchAxis& columnAxis, const Stretch
         if (inPlace && i + step != end)
             ahead = WordsOf(source, rows.Near[static_cast<std::size_t>(i + step)]);
         if (straight) {
-            kernels.CopyPixels(to, from + taken.front(), columns.Count,
+            variant.CopyPixels(to, from + taken.front(), columns.Count,
                                ahead != nullptr ? ahead + taken.front() : nullptr);
         } else if (picks) {
-            kernels.PickPixels(to, from, taken.data(), columns.Count, ahead);
+            variant.PickPixels(to, from, taken.data(), columns.Count, ahead);
         } else {
-            kernels.RepeatPixels(to, from, width, taken.data(), columns.Count);
+            variant.RepeatPixels(to, from, width, taken.data(), columns.Count);
         }
         if (streams)
-            kernels.StreamPixels(WordsOf(target, y) + columns.Target, to, columns.Count, nullptr);
+            variant.StreamPixels(WordsOf(target, y) + columns.Target, to, columns.Count, nullptr);
         else if (!direct)
             StoreWords(copy, y, columns.Target, to, columns.Count);
     }
     if (streams)
-        kernels.EndStream();
+        variant.Fence();
 }
 
 // All source pixels of a target pixel joined: by AND if both is true, else by OR.
@@ -199,7 +199,7 @@ void Smooth(const PixelCopy& copy, const StretchAxis& columnAxis, const StretchA
     rows.Find(rowAxis);
     if (columns.Count == 0 || rows.Count == 0)
         return;
-    const StretchKernels& kernels = ActiveStretchKernels();
+    const StretchVariant& variant = ActiveStretchVariant();
     const Bitmap&         target = *copy.Target;
     const Bitmap&         source = *copy.Source;
 
@@ -233,7 +233,7 @@ void Smooth(const PixelCopy& copy, const StretchAxis& columnAxis, const StretchA
         const std::ptrdiff_t ahead =
             i + 1 < rows.Count ? source.Row(rows.First[static_cast<std::size_t>(i) + 1]) - source.Row(first)
                                : 0;
-        kernels.BlendRows(sums, scratch.Rows.data(), weights, used, width * channels, ahead);
+        variant.BlendRows(sums, scratch.Rows.data(), weights, used, width * channels, ahead);
         if (channels == 3) {
             for (int x = 0; x < width; ++x)
                 for (int channel = 0; channel < 3; ++channel)
@@ -241,7 +241,7 @@ void Smooth(const PixelCopy& copy, const StretchAxis& columnAxis, const StretchA
         }
         const int      y = rows.Target + i;
         std::uint32_t* to = direct ? WordsOf(target, y) + columns.Target : scratch.Picked.data();
-        kernels.BlendColumns(to, blended, columns.First.data(), scratch.Pairs.data(), columns.Each / 2,
+        variant.BlendColumns(to, blended, columns.First.data(), scratch.Pairs.data(), columns.Each / 2,
                              columns.Count);
         if (!direct)
             StoreWords(copy, y, columns.Target, to, columns.Count);

@@ -12,7 +12,7 @@ void CopyPixels(std::uint32_t* target, const std::uint32_t* source, int count, c
     std::memcpy(target, source, static_cast<std::size_t>(count) * 4);
 }
 
-void EndStream() {}
+void Fence() {}
 
 void PickPixels(std::uint32_t* target, const std::uint32_t* source, const int* columns, int count,
                 const std::uint32_t*)
@@ -75,28 +75,20 @@ void BlendColumnsPlain(std::uint32_t* target, const std::uint16_t* row, const in
     }
 }
 
-const StretchKernels& StretchKernelsPlain()
-{
-    static const StretchKernels kernels = {CopyPixels,   CopyPixels, EndStream,   PickPixels,
-                                           RepeatPixels, BlendRows,  BlendColumns};
-    return kernels;
-}
+const StretchVariant StretchPlain = {.CopyPixels = CopyPixels,
+                                     .StreamPixels = CopyPixels,
+                                     .Fence = Fence,
+                                     .PickPixels = PickPixels,
+                                     .RepeatPixels = RepeatPixels,
+                                     .BlendRows = BlendRows,
+                                     .BlendColumns = BlendColumns};
 
-const StretchKernels& ActiveStretchKernels()
+const StretchVariant& ActiveStretchVariant()
 {
-#if defined(__x86_64__)
-    switch (ActiveCpuVariant()) {
-    case CpuVariant::Avx512:
-        return StretchKernelsAvx512();
-    case CpuVariant::Avx2:
-        return StretchKernelsAvx2();
-    case CpuVariant::Baseline:
-        return StretchKernelsSse2();
-    case CpuVariant::Plain:
-        break;
-    }
-#endif
-    return StretchKernelsPlain();
+    return Choose<StretchVariant>({.Plain = &StretchPlain,
+                                   .Baseline = VOSTEL_X86(&StretchSse2),
+                                   .Avx2 = VOSTEL_X86(&StretchAvx2),
+                                   .Avx512 = VOSTEL_X86(&StretchAvx512)});
 }
 
 }
