@@ -15,10 +15,7 @@ vostel_inner_test(imaging/ReconstructionFilterTest)
 set_source_files_properties(imaging/RasterFillsTest.cpp PROPERTIES
     COMPILE_OPTIONS "$<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>")
 # Replaces the allocator, so it is a program of its own.
-add_executable(VostelAllocationTests Main.cpp)
+vostel_test_program(VostelAllocationTests)
 target_link_libraries(VostelAllocationTests PRIVATE VostelCore)
-target_compile_definitions(VostelAllocationTests PRIVATE VOSTEL_BUILDING DOCTEST_CONFIG_SUPER_FAST_ASSERTS)
-target_include_directories(VostelAllocationTests SYSTEM PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/doctest-include)
-target_include_directories(VostelAllocationTests PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
-vostel_compile_rules(VostelAllocationTests)
+target_compile_definitions(VostelAllocationTests PRIVATE VOSTEL_BUILDING)
 vostel_test_source(VostelAllocationTests imaging/AllocationFailureTest)

@@ -2,14 +2,11 @@
 if(TARGET vostel-viewer)
     find_package(X11 REQUIRED COMPONENTS Xtst)
     set(qtTests ${CMAKE_CURRENT_SOURCE_DIR}/hosts/qt)
-    add_executable(QtViewerTests Main.cpp ${qtTests}/Picture.cpp ${qtTests}/ViewerProcess.cpp
+    vostel_test_program(QtViewerTests ${qtTests}/Picture.cpp ${qtTests}/ViewerProcess.cpp
         ${qtTests}/XScreen.cpp ${qtTests}/XScreenDrop.cpp)
-    vostel_compile_rules(QtViewerTests)
     target_link_libraries(QtViewerTests PRIVATE VostelObj::VostelObj VostelWidget X11::X11 X11::Xtst)
-    target_include_directories(QtViewerTests SYSTEM PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/doctest-include)
-    target_include_directories(QtViewerTests PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}
-        ${PROJECT_SOURCE_DIR}/hosts/qt)
-    target_compile_definitions(QtViewerTests PRIVATE DOCTEST_CONFIG_SUPER_FAST_ASSERTS
+    target_include_directories(QtViewerTests PRIVATE ${PROJECT_SOURCE_DIR}/hosts/qt)
+    target_compile_definitions(QtViewerTests PRIVATE
         VOSTEL_VIEWER="$<TARGET_FILE:vostel-viewer>"
         VOSTEL_VIEWER_TOUR="$<TARGET_FILE:vostel-viewer-tour>" VOSTEL_SAMPLE="${PROJECT_SOURCE_DIR}/samples/coins.png"
         VOSTEL_QT_LSAN_OPTIONS="suppressions=${qtTests}/leaks-of-others.txt:print_suppressions=0")
@@ -20,13 +17,9 @@ if(TARGET vostel-viewer)
     endforeach()
 
     # Widget and dialogs without a window.
-    add_executable(QtWidgetTests ${qtTests}/WidgetTestMain.cpp)
-    vostel_compile_rules(QtWidgetTests)
+    vostel_test_program(QtWidgetTests ${qtTests}/WidgetTestMain.cpp)
     target_link_libraries(QtWidgetTests PRIVATE VostelWidget)
-    target_include_directories(QtWidgetTests SYSTEM PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/doctest-include)
-    target_include_directories(QtWidgetTests PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}
-        ${PROJECT_SOURCE_DIR}/hosts/qt)
-    target_compile_definitions(QtWidgetTests PRIVATE DOCTEST_CONFIG_SUPER_FAST_ASSERTS)
+    target_include_directories(QtWidgetTests PRIVATE ${PROJECT_SOURCE_DIR}/hosts/qt)
     foreach(name IN ITEMS DialogTest RawSizeGuessTest WidgetKeysTest WidgetTest)
         vostel_test_source(QtWidgetTests hosts/qt/${name})
         set_tests_properties(${VOSTEL_TEST_PREFIX}hosts/qt/${name} PROPERTIES

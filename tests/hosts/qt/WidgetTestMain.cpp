@@ -1,6 +1,5 @@
 // The tests run inside a program of the toolkit, on its screen in memory and with settings apart.
 
-#define DOCTEST_CONFIG_IMPLEMENT
 #include <doctest/doctest.h>
 
 #include <QApplication>
