@@ -43,7 +43,7 @@ public:
         SliderKeys = 1 << 4,       // Tab switches the contrast slider off and on, X brings it back into sight
         OverwriteKeys = 1 << 5,    // I, T: all text boxes, plots and boxes set by numbers go to one place; T
                                    // also replaces all texts by one
-        UsualKeys = DeleteKey | DeleteAllKey | PenKeys | EllipseKey | SliderKeys
+        UsualKeys = DeleteKey | PenKeys | EllipseKey | SliderKeys
     };
     Q_DECLARE_FLAGS(KeyGroups, KeyGroup)
 
@@ -61,7 +61,8 @@ public:
     // image or zoom. Without it a new object knows no coordinates until the mouse moves.
     void refresh();
 
-    // Which keys the canvas gets. At first UsualKeys: what OverwriteKeys replace cannot be brought back.
+    // Which keys the canvas gets. At first UsualKeys; what the others delete and overwrite all over the
+    // canvas cannot be brought back.
     void      setKeys(KeyGroups keys) { Keys = keys; }
     KeyGroups keys() const { return Keys; }
 

@@ -36,14 +36,17 @@ struct CanvasOfBoxes : ShownCanvas {
 
 }
 
-TEST_CASE("I and T change boxes and texts only where the program asks for it")
+TEST_CASE("C, I and T change the whole canvas only where the program asks for it")
 {
     CanvasOfBoxes shown;
-    CHECK_FALSE(shown.Changes(Qt::Key_I));
-    CHECK_FALSE(shown.Changes(Qt::Key_T));
+    for (const int key : {Qt::Key_C, Qt::Key_I, Qt::Key_T})
+        CHECK_FALSE(shown.Changes(key));
     shown.Widget.setKeys(shown.Widget.keys() | VostelWidget::OverwriteKeys);
     CHECK(shown.Changes(Qt::Key_I));
     CHECK(shown.Changes(Qt::Key_T));
+    CHECK_FALSE(shown.Changes(Qt::Key_C));
+    shown.Widget.setKeys(VostelWidget::DeleteAllKey);
+    CHECK(shown.Changes(Qt::Key_C));
 }
 
 TEST_CASE("each group lets its own keys through and no other")
@@ -82,7 +85,13 @@ TEST_CASE("R and C reach the canvas each by its own permission")
 {
     ShownCanvas shown;
     shown.DrawRectangle();
-    shown.Widget.setKeys(shown.Widget.keys().setFlag(VostelWidget::DeleteAllKey, false));
+    shown.Widget.setKeys(VostelWidget::DeleteAllKey);
+    shown.Key(Qt::Key_R);
+    CHECK(shown.HasRegion());
+    shown.Key(Qt::Key_C);
+    CHECK_FALSE(shown.HasRegion());
+    shown.DrawRectangle();
+    shown.Widget.setKeys(VostelWidget::DeleteKey);
     shown.Key(Qt::Key_C);
     CHECK(shown.HasRegion());
     shown.Key(Qt::Key_R);
