@@ -3,12 +3,9 @@
 #include <doctest/doctest.h>
 
 #include <algorithm>
-#include <array>
-#include <chrono>
 #include <climits>
 #include <cmath>
 #include <cstdint>
-#include <functional>
 #include <random>
 #include <utility>
 #include <vector>
