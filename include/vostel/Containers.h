@@ -8,10 +8,17 @@
 #include "vostel/Geometry.h"
 #include "vostel/export.h"
 
-#include <type_traits>
+#include <cstdint>
+
+// The destructors are not virtual: the virtual table that hosts know has no place for one. A container is not
+// deleted through a pointer to its base.
+#if defined(__GNUC__)
+#    pragma GCC diagnostic push
+#    pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
+#endif
 
 template <typename T>
-struct StructData2D {
+struct VOSTEL_API StructData2D {
     T*           Ptr1D = nullptr;    // Width * Height elements, row after row, no padding
     T**          Ptr2D = nullptr;    // Height row pointers into Ptr1D
     std::int32_t Width = 0;          // -1 after Release
@@ -33,12 +40,12 @@ struct StructData2D {
     template <typename S>
     void ConvertFrom(StructData2D<S>& source, float offset);
 
-    // Smallest and largest element; both 0 from an empty container.
-    void GetMinMax(float& minValue, float& maxValue) requires std::is_same_v<T, float>;
+    // Smallest and largest element, of float containers; both 0 from an empty one.
+    void GetMinMax(float& minValue, float& maxValue) = delete;
 };
 
 template <typename T>
-class ClassData2DIOGeneral : public StructData2D<T> {
+class VOSTEL_API ClassData2DIOGeneral : public StructData2D<T> {
 public:
     ClassData2DIOGeneral() = default;
     // Not inline: a Windows host that does not inline looks for these in the library.
@@ -60,48 +67,67 @@ public:
 };
 
 template <typename T>
-class ClassData2DIO : public ClassData2DIOGeneral<T> {
+class VOSTEL_API ClassData2DIO : public ClassData2DIOGeneral<T> {
 public:
     ClassData2DIO() = default;
     ClassData2DIO(const ClassData2DIO&) = default;
     ClassData2DIO& operator=(const ClassData2DIO& other);
 
-    // The pixel at coordinates that may lie outside the image: the image is reflected with the edge sample
-    // repeated, so -1 reads 0 and Width reads Width - 1. 0 from an empty container.
-    unsigned char MirrorValue(PointTemplateBase<int> p) requires std::is_same_v<T, unsigned char>;
+    // The pixel of an 8-bit image at coordinates that may lie outside of it: the image is reflected with the
+    // edge sample repeated, so -1 reads 0 and Width reads Width - 1. 0 from an empty container.
+    unsigned char MirrorValue(PointTemplateBase<int> p) = delete;
 
     // Fills the allocated buffer from a file of plain elements, starting offset bytes into it; a short file
-    // leaves the tail as it was. Shows "文件不存在" if the path does not exist.
-    void ReadFile(const char*  path,
-                  unsigned int offset) requires std::is_same_v<T, short> || std::is_same_v<T, float>;
-    void ReadFile(const char* path) requires std::is_same_v<T, unsigned char>;
+    // leaves the tail as it was. Shows "文件不存在" if the path does not exist. With an offset for short and
+    // float, without one for unsigned char.
+    void ReadFile(const char* path, unsigned int offset) = delete;
+    void ReadFile(const char* path) = delete;
 
-    // Scales a kernel so that its elements, added in row-major order in float, sum to one. Left alone when
-    // the sum is not above 1e-10 in magnitude.
-    void NormalizeSum() requires std::is_same_v<T, float>;
+    // Scales a float kernel so that its elements, added in row-major order in float, sum to one. Left alone
+    // when the sum is not above 1e-10 in magnitude.
+    void NormalizeSum() = delete;
 };
 
-extern template struct VOSTEL_API StructData2D<unsigned char>;
-extern template struct VOSTEL_API StructData2D<short>;
-extern template struct VOSTEL_API StructData2D<unsigned short>;
-extern template struct VOSTEL_API StructData2D<int>;
-extern template struct VOSTEL_API StructData2D<float>;
+// The operations that containers of one element type have.
+template <>
+VOSTEL_API void StructData2D<float>::GetMinMax(float& minValue, float& maxValue);
+template <>
+VOSTEL_API unsigned char ClassData2DIO<unsigned char>::MirrorValue(PointTemplateBase<int> p);
+template <>
+VOSTEL_API void ClassData2DIO<short>::ReadFile(const char* path, unsigned int offset);
+template <>
+VOSTEL_API void ClassData2DIO<float>::ReadFile(const char* path, unsigned int offset);
+template <>
+VOSTEL_API void ClassData2DIO<unsigned char>::ReadFile(const char* path);
+template <>
+VOSTEL_API void ClassData2DIO<float>::NormalizeSum();
+
+// The element types that the library brings.
+extern template struct StructData2D<unsigned char>;
+extern template struct StructData2D<short>;
+extern template struct StructData2D<unsigned short>;
+extern template struct StructData2D<int>;
+extern template struct StructData2D<float>;
 extern template struct VOSTEL_API StructData2D<tagStructRGBA>;
-extern template class VOSTEL_API  ClassData2DIOGeneral<unsigned char>;
-extern template class VOSTEL_API  ClassData2DIOGeneral<short>;
-extern template class VOSTEL_API  ClassData2DIOGeneral<unsigned short>;
-extern template class VOSTEL_API  ClassData2DIOGeneral<int>;
-extern template class VOSTEL_API  ClassData2DIOGeneral<float>;
-extern template class VOSTEL_API  ClassData2DIOGeneral<tagStructRGBA>;
-extern template class VOSTEL_API  ClassData2DIO<unsigned char>;
-extern template class VOSTEL_API  ClassData2DIO<short>;
-extern template class VOSTEL_API  ClassData2DIO<unsigned short>;
-extern template class VOSTEL_API  ClassData2DIO<int>;
-extern template class VOSTEL_API  ClassData2DIO<float>;
-extern template VOSTEL_API void   StructData2D<float>::ConvertFrom(StructData2D<unsigned short>&, float);
-extern template VOSTEL_API void   StructData2D<float>::ConvertFrom(StructData2D<short>&, float);
-extern template VOSTEL_API void   StructData2D<float>::ConvertFrom(StructData2D<unsigned char>&, float);
-extern template VOSTEL_API void   StructData2D<unsigned short>::ConvertFrom(StructData2D<float>&, float);
-extern template VOSTEL_API void   StructData2D<unsigned short>::ConvertFrom(StructData2D<short>&, float);
-extern template VOSTEL_API void   StructData2D<unsigned short>::ConvertFrom(StructData2D<unsigned char>&,
-                                                                            float);
+extern template class ClassData2DIOGeneral<unsigned char>;
+extern template class ClassData2DIOGeneral<short>;
+extern template class ClassData2DIOGeneral<unsigned short>;
+extern template class ClassData2DIOGeneral<int>;
+extern template class ClassData2DIOGeneral<float>;
+extern template class VOSTEL_API ClassData2DIOGeneral<tagStructRGBA>;
+extern template class ClassData2DIO<unsigned char>;
+extern template class ClassData2DIO<short>;
+extern template class ClassData2DIO<unsigned short>;
+extern template class ClassData2DIO<int>;
+extern template class ClassData2DIO<float>;
+extern template VOSTEL_API void StructData2D<float>::ConvertFrom(StructData2D<unsigned short>&, float);
+extern template VOSTEL_API void StructData2D<float>::ConvertFrom(StructData2D<short>&, float);
+extern template VOSTEL_API void StructData2D<float>::ConvertFrom(StructData2D<unsigned char>&, float);
+extern template VOSTEL_API void StructData2D<unsigned short>::ConvertFrom(StructData2D<float>&, float);
+extern template VOSTEL_API void StructData2D<unsigned short>::ConvertFrom(StructData2D<short>&, float);
+extern template VOSTEL_API void StructData2D<unsigned short>::ConvertFrom(StructData2D<unsigned char>&,
+                                                                          float);
+
+#if defined(__GNUC__)
+#    pragma GCC diagnostic pop
+#endif

@@ -109,8 +109,8 @@ void StructData2D<T>::ConvertFrom(StructData2D<S>& source, float offset)
         StoreConverted(Ptr1D[i], static_cast<float>(source.Ptr1D[i]) + offset);
 }
 
-template <typename T>
-void StructData2D<T>::GetMinMax(float& minValue, float& maxValue) requires std::is_same_v<T, float>
+template <>
+void StructData2D<float>::GetMinMax(float& minValue, float& maxValue)
 {
     if (!Ptr2D || CountOf(*this) == 0) {
         minValue = maxValue = 0.0f;
@@ -198,40 +198,44 @@ ClassData2DIO<T>& ClassData2DIO<T>::operator=(const ClassData2DIO& other)
     return *this;
 }
 
-template <typename T>
-unsigned char
-ClassData2DIO<T>::MirrorValue(PointTemplateBase<int> p) requires std::is_same_v<T, unsigned char>
+template <>
+unsigned char ClassData2DIO<unsigned char>::MirrorValue(PointTemplateBase<int> p)
 {
     // A failed allocation leaves a size without rows.
-    if (!this->Ptr2D || CountOf(*this) == 0)
+    if (!Ptr2D || CountOf(*this) == 0)
         return 0;
-    return this->Ptr2D[MirrorCoordinate(p.y, this->Height)][MirrorCoordinate(p.x, this->Width)];
+    return Ptr2D[MirrorCoordinate(p.y, Height)][MirrorCoordinate(p.x, Width)];
 }
 
-template <typename T>
-void ClassData2DIO<T>::ReadFile(
-    const char* path, unsigned int offset) requires std::is_same_v<T, short> || std::is_same_v<T, float>
+template <>
+void ClassData2DIO<short>::ReadFile(const char* path, unsigned int offset)
 {
-    ReadElements(path, offset, this->Ptr1D, sizeof(T), CountOf(*this));
+    ReadElements(path, offset, Ptr1D, sizeof *Ptr1D, CountOf(*this));
 }
 
-template <typename T>
-void ClassData2DIO<T>::ReadFile(const char* path) requires std::is_same_v<T, unsigned char>
+template <>
+void ClassData2DIO<float>::ReadFile(const char* path, unsigned int offset)
 {
-    ReadElements(path, 0, this->Ptr1D, sizeof(T), CountOf(*this));
+    ReadElements(path, offset, Ptr1D, sizeof *Ptr1D, CountOf(*this));
 }
 
-template <typename T>
-void ClassData2DIO<T>::NormalizeSum() requires std::is_same_v<T, float>
+template <>
+void ClassData2DIO<unsigned char>::ReadFile(const char* path)
+{
+    ReadElements(path, 0, Ptr1D, sizeof *Ptr1D, CountOf(*this));
+}
+
+template <>
+void ClassData2DIO<float>::NormalizeSum()
 {
     const std::size_t count = CountOf(*this);
     float             sum = 0.0f;
     for (std::size_t i = 0; i < count; ++i)
-        sum += this->Ptr1D[i];
-    if (!(std::fabs(static_cast<double>(sum)) > 1e-10) || this->Height < 1)
+        sum += Ptr1D[i];
+    if (!(std::fabs(static_cast<double>(sum)) > 1e-10) || Height < 1)
         return;
     for (std::size_t i = 0; i < count; ++i)
-        this->Ptr1D[i] /= sum;
+        Ptr1D[i] /= sum;
 }
 
 template struct StructData2D<unsigned char>;

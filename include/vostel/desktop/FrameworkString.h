@@ -7,10 +7,10 @@
 #include "vostel/platform.h"
 
 #include <algorithm>
-#include <concepts>
 #include <cwchar>
 #include <cwctype>
 #include <string>
+#include <type_traits>
 
 class CString {
 public:
@@ -23,7 +23,7 @@ public:
     }
     // A narrow text in the system code page; UTF-8 off Windows. A template, so that a null pointer constant
     // keeps meaning the wide one.
-    template <std::same_as<char> Char>
+    template <typename Char, typename = std::enable_if_t<std::is_same_v<Char, char>>>
     CString(const Char* text) : Text(Widened(text))
     {
     }
