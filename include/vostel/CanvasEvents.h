@@ -1,79 +1,91 @@
 #pragma once
 
-// Five canvases, numbered 0..4: window area, view, events, surfaces and on-canvas controls. Points are
-// client coordinates of the host's window unless said otherwise. All calls belong on the thread that owns
-// the window. A number outside 0..4 reads as an empty canvas and changes nothing.
-//
-// A host gives a canvas its window area and context with gCVSSetClient, then an image, then forwards
-// events, and calls gCVSOnDraw when its window is to be painted. Nothing repaints by itself; only
-// gCVSRespondToMessage invalidates the window.
+/// @file
+/// Painting, mouse, keys and timers of a canvas. A host forwards them as its window gets them, either one by
+/// one or as whole messages (gCVSRespondToMessage), never both for one event.
+///
+/// Nothing repaints by itself: after an event a host invalidates its window and calls gCVSOnDraw when the
+/// window paints. Paint after each event: several objects place their parts at a paint only, see
+/// CanvasElements.h.
+///
+/// ### Mouse
+///
+/// Flags are those of mouse messages: MK_LBUTTON 1, MK_SHIFT 4, MK_CONTROL 8; others do not count. There is
+/// no right button, middle button or double click.
+///
+/// | Gesture | Does |
+/// |---|---|
+/// | Control+drag | pans the image, unless the mode is DisplayFixed |
+/// | Control+wheel | zooms by 1.2 a step, unless the mode is DisplayFixed |
+/// | press on the contrast slider | goes to the slider alone; the release applies its window, see
+/// gCVSSetLutPara | | press | selects the topmost object under it, or none, and begins its drag | |
+/// Shift+press | goes to the selected object wherever it falls: shapes draw | | drag without Control | moves
+/// the selected object, or the node that was pressed |
+///
+/// Zooming in ends when no more than four image rows are visible, zooming out when the image is no more than
+/// four client pixels wide or high.
+///
+/// ### Keys
+///
+/// A key is a virtual key code: letters are their capitals. Objects get every key, selected or not.
+///
+/// | Key | Acts on | Does |
+/// |---|---|---|
+/// | C | the canvas | deletes all objects, as gCVSDelAllElement |
+/// | R | the canvas | deletes the selected object, as gCVSDelSelElement |
+/// | E | every rectangle | outlines it as an ellipse, or as a box again; labels follow for
+/// gCVSAddCustomRectangle only | | I | every rectangle of gCVSAddCustomRectangle | moves it to 50, 50 with
+/// sides of 50, in image pixels | | I | every text box and the plot of every line profile | moves it to 50,
+/// 50 with sides of 50, in client pixels | | T | the objects of key I | does what I does, and replaces the
+/// text of text boxes by "这是一个测试" | | A, D | selected drawings of gCVSAddFreeStroke | makes the pen one
+/// pixel wider or thinner, 1 to 40 | | Tab | the contrast slider, while shown | switches it off, or on again
+/// | | X | the contrast slider, while shown | moves it 20 from the left and 20 from below, 400 x 30 client
+/// pixels | | S held while the wheel turns | the canvas | raises or lowers a stored opacity by 5; no drawing
+/// reads it |
+///
+/// Keys I and T change objects of the whole canvas: forward them only if users expect that.
+///
+/// ### Timers
+///
+/// | Id | Acts on | Does |
+/// |---|---|---|
+/// | 1 | the contrast slider, while shown | steps the phase of a dash pattern; no drawing reads it |
+/// | others | nothing | nothing |
 
-#include "vostel/CanvasTypes.h"
-#include "vostel/Geometry.h"
 #include "vostel/export.h"
 #include "vostel/platform.h"
 
-// The window area, with its origin at 0,0, and the context that all later painting goes to; again on each
-// resize. The context stays the host's.
-VOSTEL_API void gCVSSetClient(int canvas, CRect& clientRect, HDC dc);
-// Composes a frame and copies it to the context of gCVSSetClient; the context given here is not used.
+/// Composes a frame in the client surface and copies it to the context of gCVSSetClient; the context given
+/// here is not used. From back to front: hatched background, image, contrast slider, progress bar, objects in
+/// the order of their creation. Nothing is composed while gCVSSetUseClientMemDCPixelDirect is on.
 VOSTEL_API void gCVSOnDraw(int canvas, HDC dc);
 
-// Events. Flags are the mouse flags of the platform: 1 left button, 4 Shift, 8 Control. Of a wheel step
-// only the sign of delta counts.
+/// The left button went down at a client point. Only MK_SHIFT counts of the flags.
 VOSTEL_API void gCVSOnLButtonDown(int canvas, unsigned int flags, CPoint point);
+
+/// The left button went up at a client point.
 VOSTEL_API void gCVSOnLButtonUp(int canvas, unsigned int flags, CPoint point);
+
+/// The mouse moved to a client point, with or without a button. Also gives new objects their view and updates
+/// the read-outs that follow the mouse: forward all moves, not drags alone.
 VOSTEL_API void gCVSOnMouseMove(int canvas, unsigned int flags, CPoint point);
+
+/// The wheel turned at a client point; wheel messages of Windows carry a screen point, which the host
+/// converts first. Only the sign of delta counts: above 0 zooms in, below 0 out. Nothing zooms without
+/// MK_CONTROL.
 VOSTEL_API void gCVSOnMouseWheel(int canvas, unsigned int flags, short delta, CPoint point);
+
+/// A key went down: a virtual key code. See the table of keys; repeat and keyFlags are not used.
 VOSTEL_API void gCVSOnKeyDown(int canvas, unsigned int key, unsigned int repeat, unsigned int keyFlags);
+
+/// A timer of the host ran out. See the table of timers: no host needs one.
 VOSTEL_API void gCVSOnTimer(int canvas, unsigned long long timerId);
-// Takes mouse moves, left presses and releases, wheel steps and key presses out of a message and routes
-// them; invalidates the message's window after each but the key. Always true. Use this or the gCVSOn...
-// calls for a message, never both.
+
+/// Takes mouse moves, left presses and releases, wheel steps and key presses out of a message, routes them as
+/// the calls above do, and invalidates the message's window after each but the key. All other messages and a
+/// null pointer are ignored. Always true.
+///
+/// Flags are the low 16 bits of wParam. The point of WM_MOUSEMOVE, WM_LBUTTONDOWN and WM_LBUTTONUP is taken
+/// without its sign: a captured mouse left of or above the window area arrives as a large positive
+/// coordinate.
 VOSTEL_API bool gCVSRespondToMessage(MSG* message, int canvas);
-
-// The view.
-VOSTEL_API void  gCVSSetCanvasMoveMode(int canvas, DisplayMode mode);
-VOSTEL_API CRect gCVSGetCanvasRegion(int canvas);    // where the whole image lies in the client area
-VOSTEL_API int   gCVSGetClientWidth(int canvas);     // 0 before the first gCVSSetClient
-VOSTEL_API int   gCVSGetClientHeight(int canvas);
-// Client point to image point, in image pixels; neither rounded nor clamped.
-VOSTEL_API void gCVSGetOriPt(int canvas, CPoint point, PointTemplateBase<double>& imagePoint);
-VOSTEL_API void gCVSGetOriPt(int canvas, CPoint point, double& imageX, double& imageY);
-// Image point to client point, truncated towards zero.
-VOSTEL_API void gCVSGetDisplayPt(int canvas, PointTemplateBase<double> imagePoint, CPoint& point);
-VOSTEL_API void gCVSGetDisplayPt(int canvas, double imageX, double imageY, CPoint& point);
-
-// Overlay objects.
-VOSTEL_API void gCVSDelAllElement(int canvas);
-VOSTEL_API void gCVSDelSelElement(int canvas);
-
-// The canvas surface: the image's pixels at image size, words 0x00RRGGBB, rows bottom-up. Pointers and row
-// tables stay valid until the next image or gCVSPrepareCanvas.
-VOSTEL_API bool gCVSPrepareCanvas(int canvas, int width,
-                                  int height);    // a new black surface; deletes all objects
-VOSTEL_API void gCVSSetCanvasColor(int canvas, unsigned int colour);    // fills it with one pixel word
-VOSTEL_API HDC  gCVSGetCanvasHDC(int canvas);
-VOSTEL_API unsigned int* gCVSGetCanvasPixelPtr(int canvas);
-VOSTEL_API unsigned int**
-                gCVSCreateCanvasPixelPtr2D(int canvas);    // row 0 is the bottom row; owned by the canvas
-VOSTEL_API bool gCVSReleaseCanvasPixelPtr2D(int canvas);
-VOSTEL_API void gCVSSetCanvasFastDisplayMode(int canvas, bool fast);    // nearest pixel, else smoothed
-
-// The client surface: what the screen gets, in the same layout. Pointers and row tables stay valid until
-// the next gCVSSetClient or image.
-VOSTEL_API HDC            gCVSGetClientMemDC(int canvas);
-VOSTEL_API unsigned int*  gCVSGetClientPixelPtr(int canvas);
-VOSTEL_API unsigned int** gCVSCreateClientPixelPtr2D(int canvas);
-VOSTEL_API bool           gCVSReleaseClientPixelPtr2D(int canvas);
-// True: gCVSOnDraw only copies the client surface, which then holds what the host drew into it.
-VOSTEL_API void gCVSSetUseClientMemDCPixelDirect(int canvas, bool direct);
-
-// The contrast slider and the progress bar. Places are in client pixels, y counting up from the bottom of
-// the client area to the control's lower edge.
-VOSTEL_API void gCVSShowContrastCtrl(int canvas, bool show);
-VOSTEL_API void gCVSSetContrastCtrlRectPos(int canvas, int x, int y, int w, int h);
-VOSTEL_API void gCVSShowProgress(int canvas, bool show);
-VOSTEL_API void gCVSSetProgressRectPos(int canvas, int x, int y, int w, int h);
-VOSTEL_API void gCVSSetRange(int canvas, int low, int high);
-VOSTEL_API void gCVSSetPos(int canvas, int pos);

@@ -1,25 +1,35 @@
 #pragma once
 
-// What a canvas holds, as files. Each call asks the user for a name by a save dialog first; a cancelled
-// dialog writes nothing. All but gCVSSaveLabel then need an image.
+/// @file
+/// What a canvas holds, as files. Each call asks for a name by a save dialog (ChooseFiles of
+/// VostelHostServices) and writes nothing when it is cancelled. All but gCVSSaveLabel need an image: with
+/// FileTypeNone nothing is written after the dialog.
 
 #include "vostel/export.h"
 
-// As pictures, in the format that the extension names. The client area as last painted, or the box of the
-// selected rectangle in it; the part that shows the image, with everything drawn on it. A picture that cannot
-// be written is told by a message.
+/// Saves the frame as last painted, objects and controls included, at the size of the window area: a picture
+/// of 32 bits in the format that the extension names. With a rectangle of gCVSAddMRectangle selected, its box
+/// alone. A failed write is reported by the message "保存图像文件失败！".
 VOSTEL_API void gCVSSaveClient(int canvas);
+
+/// Saves the part of the frame that shows the image, at the scale of the screen, objects included; the format
+/// and failures are those of gCVSSaveClient. Where the image reaches beyond the window area the picture is
+/// black.
 VOSTEL_API void gCVSSaveImaWithOverlap(int canvas);
 
-// The image as shown, at its own resolution in 24 bits. With a rectangle selected: its part of the image,
-// edges included, with the length measures burned in.
+/// Saves the image as shown, at its own size, as a picture of 24 bits in the format that the extension names.
+/// With a rectangle of gCVSAddMRectangle selected: its part of the image, both edges included, with the
+/// length measures drawn in. A failed write is not reported.
 VOSTEL_API void gCVSSaveNowShowIma(int canvas);
 
-// The image as an 8-bit gray bitmap.
+/// Saves the image as an 8-bit gray bitmap: trunc(0.587 g + 0.114 b + 0.299 r) of each pixel. A failed write
+/// is not reported.
 VOSTEL_API void gCVSSave8bit(int canvas);
 
-// Headerless planes in the byte order of the machine: the float data stretched to 0..65535, and the labels of
-// all regions as 32-bit integers with the bottom row of the image first. The label plane is rebuilt before
-// the dialog.
+/// Saves the float data stretched to 0..65535 without a header: 32-bit floats in the byte order of the
+/// machine, top row first. The file is empty for 8-bit images. A failed write is not reported.
 VOSTEL_API void gCVSSaveRaw(int canvas);
+
+/// Rebuilds the label image for all regions, before the dialog, and saves it without a header: 32-bit
+/// integers in the byte order of the machine, bottom row of the image first. A failed write is not reported.
 VOSTEL_API void gCVSSaveLabel(int canvas);

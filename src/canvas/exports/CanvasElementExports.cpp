@@ -117,6 +117,18 @@ void AddText(VostelImage& canvas, CString& text, CPoint at, FontType font, int b
 
 }
 
+void gCVSDelAllElement(int canvas)
+{
+    if (VostelImage* const image = FindCanvas(canvas))
+        image->DeleteAll();
+}
+
+void gCVSDelSelElement(int canvas)
+{
+    if (VostelImage* const image = FindCanvas(canvas))
+        image->DeleteSelected();
+}
+
 void gCVSAddMRectangle(int canvas)
 {
     AddRegion<VostelRect>(canvas, &VostelDC::RectCount);

@@ -1,0 +1,76 @@
+#include "vostel/CanvasSurfaces.h"
+
+#include "canvas/exports/CanvasTable.h"
+
+using namespace vostel;
+
+bool gCVSPrepareCanvas(int canvas, int width, int height)
+{
+    if (VostelImage* const image = FindCanvas(canvas))
+        image->PrepareImage(width, height, true);
+    return true;
+}
+
+void gCVSSetCanvasColor(int canvas, unsigned int colour)
+{
+    if (VostelImage* const image = FindCanvas(canvas))
+        image->CanvasSurface.Fill(colour);
+}
+
+HDC gCVSGetCanvasHDC(int canvas)
+{
+    return CanvasToRead(canvas).CanvasSurface.MemDC;
+}
+
+unsigned int* gCVSGetCanvasPixelPtr(int canvas)
+{
+    return CanvasToRead(canvas).CanvasSurface.Pixels;
+}
+
+unsigned int** gCVSCreateCanvasPixelPtr2D(int canvas)
+{
+    VostelImage* const image = FindCanvas(canvas);
+    return image ? image->CanvasSurface.CreateRowTable() : nullptr;
+}
+
+bool gCVSReleaseCanvasPixelPtr2D(int canvas)
+{
+    if (VostelImage* const image = FindCanvas(canvas))
+        image->CanvasSurface.FreeRowTable();
+    return true;
+}
+
+void gCVSSetCanvasFastDisplayMode(int canvas, bool fast)
+{
+    if (VostelImage* const image = FindCanvas(canvas))
+        image->CanvasSurface.StretchMode = fast ? COLORONCOLOR : HALFTONE;
+}
+
+HDC gCVSGetClientMemDC(int canvas)
+{
+    return CanvasToRead(canvas).ClientMemDC;
+}
+
+unsigned int* gCVSGetClientPixelPtr(int canvas)
+{
+    return CanvasToRead(canvas).ClientPixels;
+}
+
+unsigned int** gCVSCreateClientPixelPtr2D(int canvas)
+{
+    VostelImage* const image = FindCanvas(canvas);
+    return image ? image->CreateClientRowTable() : nullptr;
+}
+
+bool gCVSReleaseClientPixelPtr2D(int canvas)
+{
+    if (VostelImage* const image = FindCanvas(canvas))
+        image->FreeClientRowTable();
+    return true;
+}
+
+void gCVSSetUseClientMemDCPixelDirect(int canvas, bool direct)
+{
+    if (VostelImage* const image = FindCanvas(canvas))
+        image->UseDirect = direct;
+}
