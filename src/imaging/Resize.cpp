@@ -152,8 +152,10 @@ void Resize(ClassData2DIO<unsigned short>& image, int width, int height)
     ResizeMC(&copy, &scaled);
     ClassData2DIO<unsigned short> result;
     result.ConvertFrom(scaled, 0.0f);
-    // A conversion would forget the image's buffers. Region stays, as a conversion leaves it.
-    const ZEKRECT region = image.Region;
-    TakeBuffers(image, result);
-    image.Region = region;
+    // Not a leak: as after image.ConvertFrom(scaled), the previous buffers are left to whoever made them. The
+    // image may have borrowed them from its host.
+    image.Ptr1D = std::exchange(result.Ptr1D, nullptr);
+    image.Ptr2D = std::exchange(result.Ptr2D, nullptr);
+    image.Width = result.Width;
+    image.Height = result.Height;
 }

@@ -4,6 +4,7 @@
 
 #include "foundation/RowThreads.h"
 #include "imaging/RandomPlanes.h"
+#include "support/ResizeOwned.h"
 #include "support/TempFolder.h"
 
 #include <VostelObj.h>
@@ -295,7 +296,27 @@ TEST_CASE("scaling in place that runs out of memory leaves the image")
 {
     const ThreeThreads threads;
     CheckPasses(FailEachOfPlanes([](Planes& p) { Resize(p.A, 40, 11); }));
-    CheckPasses(FailEachOfPlanes([](Planes& p) { Resize(p.Words, 4, 19); }));
+    CheckPasses(FailEachOfPlanes([](Planes& p) { ResizeOwned(p.Words, 4, 19); }));
+}
+
+TEST_CASE("scaling a 16-bit image leaves its previous buffers to their owner and nothing else")
+{
+    ForceRowThreads(1);    // threads would have blocks of their own
+    const long live = LiveBlocks;
+    {
+        WordPlane words;
+        words.Allocate(9, 8);
+        unsigned short* const  pixels = words.Ptr1D;
+        unsigned short** const rows = words.Ptr2D;
+        std::fill_n(pixels, 9 * 8, static_cast<unsigned short>(7));
+        Resize(words, 4, 19);
+        CHECK(LiveBlocks == live + 4);
+        CHECK(pixels[71] == 7);
+        delete[] pixels;
+        delete[] rows;
+    }
+    CHECK(LiveBlocks == live);
+    ForceRowThreads(0);
 }
 
 TEST_CASE("scaling into a target that runs out of memory leaves the source and the target's size")

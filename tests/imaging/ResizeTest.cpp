@@ -1,5 +1,6 @@
 #include "foundation/RowThreads.h"
 #include "imaging/RandomPlanes.h"
+#include "support/ResizeOwned.h"
 
 #include <cmath>
 #include <doctest/doctest.h>
@@ -169,14 +170,14 @@ TEST_CASE("a 16-bit image goes through float and is truncated")
 {
     ClassData2DIO<unsigned short> image = PlaneOf<unsigned short>(3, {1000, 7, 7, 7, 7, 7, 7, 7, 65535});
     const ZEKRECT                 region = image.Region;
-    Resize(image, 3, 3);
+    ResizeOwned(image, 3, 3);
     CHECK(image.Ptr2D[0][0] == 1000);
     CHECK(image.Ptr2D[1][1] == 7);
     CHECK(image.Ptr2D[2][2] == 0);
     CHECK(image.Region.right == region.right);
     // Three quarters from 4000 to 4001, one quarter from 0 to 4001: both are cut off.
     image = PlaneOf<unsigned short>(2, {4000, 4001, 4000, 4001});
-    Resize(image, 8, 8);
+    ResizeOwned(image, 8, 8);
     CHECK(image.Width == 8);
     CHECK(image.Height == 8);
     CHECK(image.Ptr2D[0][3] == 4000);
@@ -192,7 +193,7 @@ TEST_CASE("a 16-bit image goes through float and is truncated")
         const FloatPlane                    expected = ScaledByHand(copy, 31, 14);
         const ClassData2DIO<unsigned short> result = [&] {
             ClassData2DIO<unsigned short> scaled = original;
-            Resize(scaled, 31, 14);
+            ResizeOwned(scaled, 31, 14);
             return scaled;
         }();
         bool same = true;
@@ -200,6 +201,28 @@ TEST_CASE("a 16-bit image goes through float and is truncated")
             same = same && result.Ptr1D[k] == static_cast<unsigned short>(expected.Ptr1D[k]);
         CHECK_MESSAGE(same, "seed " << seed);
     }
+}
+
+TEST_CASE("a 16-bit image that looks at memory of its host leaves that memory to the host")
+{
+    std::vector<unsigned short>  pixels = {10, 20, 30, 40, 50, 60, 70, 80, 90};
+    std::vector<unsigned short*> rows = {pixels.data(), pixels.data() + 3, pixels.data() + 6};
+    const auto                   untouched = pixels;
+    {
+        ClassData2DIO<unsigned short> image;
+        image.Ptr1D = pixels.data();
+        image.Ptr2D = rows.data();
+        image.Width = image.Height = 3;
+        Resize(image, 6, 2);
+        CHECK(image.Ptr1D != pixels.data());
+        CHECK(image.Ptr2D != rows.data());
+        CHECK(image.Width == 6);
+        CHECK(image.Height == 2);
+        CHECK(image.Ptr2D[0][1] == 15);
+        CHECK(image.Ptr2D[1] == image.Ptr1D + 6);
+    }
+    CHECK(pixels == untouched);
+    CHECK(rows[2] == &pixels[6]);
 }
 
 TEST_CASE("a negative size fails by the allocator's exception and leaves the image")
@@ -230,7 +253,7 @@ TEST_CASE("sizes of zero and images without samples have a defined outcome")
     Resize(released, 2, 2);
     CHECK(SamePlane(released, Constant(2, 2, 0.0f)));
     ClassData2DIO<unsigned short> words;
-    Resize(words, 2, 2);
+    ResizeOwned(words, 2, 2);
     CHECK(SamePlane(words, Constant<unsigned short>(2, 2, 0)));
     FloatPlane target = Constant(2, 2, 3.0f), empty;
     ResizeMC(nullptr, &target);

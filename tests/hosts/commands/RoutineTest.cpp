@@ -1,4 +1,5 @@
 #include "commands/Routines.h"
+#include "support/ResizeOwned.h"
 
 #include <doctest/doctest.h>
 
@@ -298,7 +299,7 @@ TEST_CASE("resizing is the library's in each of its four forms")
     }
     ClassData2DIO<unsigned short> whole;
     whole.ConvertFrom(*image, 0.0f);
-    Resize(whole, 30, 90);
+    ResizeOwned(whole, 30, 90);
     const auto run = RunOn(Command::Resize, {image}, {30, 90, 3});
     REQUIRE(run.Result);
     bool same = true;
