@@ -1,5 +1,6 @@
 #pragma once
 
-// The one include for a program that stands in for, or drives, the parameter dialogs alone.
+/// @file
+/// The one include for a program that stands in for, or drives, the parameter dialogs alone.
 
 #include "vostel/Tessik.h"

@@ -1,8 +1,16 @@
 #pragma once
 
-// VOSTEL_API marks what VostelObj shows to a host, TESSIK_API what Tessik shows. The building library
-// defines VOSTEL_BUILDING or TESSIK_BUILDING; a program that takes the code in without a shared library
-// defines VOSTEL_STATIC.
+/// @file
+/// What marks the names that the libraries show to hosts. The library that is being built defines
+/// VOSTEL_BUILDING or TESSIK_BUILDING; a program that takes the code in without a shared library defines
+/// VOSTEL_STATIC.
+
+/// @def VOSTEL_API
+/// Marks the names of VostelObj.
+
+/// @def TESSIK_API
+/// Marks the names of Tessik.
+
 #if defined(VOSTEL_STATIC)
 #    define VOSTEL_API
 #    define TESSIK_API

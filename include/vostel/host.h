@@ -1,6 +1,7 @@
 #pragma once
 
-// What the library asks of a person, a keyboard or a window, in one record that a host can replace.
+/// @file
+/// What the library asks of a person, a keyboard or a window, in one record that a host can replace.
 
 #include "vostel/export.h"
 #include "vostel/platform.h"
@@ -8,26 +9,36 @@
 #include <functional>
 #include <vector>
 
-struct VostelFileRequest {        // one file dialog, as it would be shown
-    bool     Save = false;        // save dialog, else open dialog
-    CString  DefaultExtension;    // without a dot
-    CString  DefaultName;
-    unsigned Flags = 0;    // OFN_ bits
-    CString  Filter;       // "text|pattern|text|pattern||"
+/// One file dialog, as it would be shown.
+struct VostelFileRequest {
+    bool     Save = false;        ///< save dialog, else open dialog
+    CString  DefaultExtension;    ///< without a dot; added to a name that has none
+    CString  DefaultName;         ///< name that the dialog starts with
+    unsigned Flags = 0;           ///< OFN_ bits
+    CString  Filter;              ///< pairs of text and pattern, "text|pattern|text|pattern||"
 };
 
-// An empty member keeps the platform's own behaviour. On Windows that is the message box, the file and
-// folder dialogs, the asynchronous key state, InvalidateRect and ScreenToClient. Elsewhere the message
-// goes to standard error, dialogs count as cancelled, no key is down and the window calls do nothing.
+/// The services. They are called on the thread that called the library. An empty member keeps the platform's
+/// own behavior.
 struct VostelHostServices {
+    /// Shows a message and returns when it has been read. Platform: a message box on Windows, standard error
+    /// elsewhere.
     std::function<void(const CString& text)> ShowMessage;
-    // False: cancelled. Otherwise paths holds the chosen full paths, at least one.
+    /// Asks for files. Returns true with at least one full path, false if the user cancelled. Platform: the
+    /// file dialog on Windows, cancelled elsewhere.
     std::function<bool(const VostelFileRequest& request, std::vector<CString>& paths)> ChooseFiles;
-    std::function<bool(const CString& title, CString& folder)>                         ChooseFolder;
-    std::function<bool(int virtualKey)>                                                IsKeyDown;
-    std::function<void(HWND window)>                                                   InvalidateWindow;
-    std::function<POINT(HWND window, POINT screen)>                                    ScreenToWindow;
+    /// Asks for a folder. Returns false if the user cancelled. Platform: the folder dialog on Windows,
+    /// cancelled elsewhere.
+    std::function<bool(const CString& title, CString& folder)> ChooseFolder;
+    /// Returns whether a virtual key is held now. Platform: the asynchronous key state on Windows, false
+    /// elsewhere.
+    std::function<bool(int virtualKey)> IsKeyDown;
+    /// Has a window painted anew. Platform: InvalidateRect on Windows, nothing elsewhere.
+    std::function<void(HWND window)> InvalidateWindow;
+    /// Converts a screen point to a client point of a window. Platform: ScreenToClient on Windows, the point
+    /// as it is elsewhere.
+    std::function<POINT(HWND window, POINT screen)> ScreenToWindow;
 };
 
-// Replaces all services at once; the record is copied. An empty record brings the platform's own back.
+/// Replaces all services at once; the record is copied. An empty record brings the platform's own back.
 VOSTEL_API void gSetHostServices(const VostelHostServices& services);

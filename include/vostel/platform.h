@@ -1,8 +1,9 @@
 #pragma once
 
-// The vocabulary of the Windows desktop that the interface speaks. On Windows it is the real one; the
-// value classes come from the application framework where the compiler brings it. Elsewhere the library
-// brings the same names with the same bits and values.
+/// @file
+/// The vocabulary of the Windows desktop that the interface speaks. On Windows it is the real one; the value
+/// classes come from the application framework where the compiler brings it. Elsewhere the library brings the
+/// same names with the same bits and values.
 
 #if defined(_WIN32)
 #    if !defined(NOMINMAX)
