@@ -7,9 +7,9 @@
 ///
 /// **A new object is blind until the next mouse move or view change.** It gets the view of its canvas at the
 /// next gCVSOnMouseMove, gCVSOnMouseWheel, gCVSSetClient or new image. A press or a paint that needs the view
-/// before that shows the message "显示信息未提供" and takes 0, 0 for the point. In a window mouse moves come
-/// first by themselves; elsewhere forward one, gCVSOnMouseMove(canvas, 0, point), after each gCVSAdd... call.
-/// Texts and read-outs have their view from the start.
+/// before that shows the message "显示信息未提供" and takes 0, 0 for the point. Where no mouse moves by
+/// itself, call gCVSOnMouseWheel(canvas, 0, 0, CPoint(0, 0)) after each gCVSAdd... call: without Control it
+/// hands the view over and does nothing else. Texts and read-outs have their view from the start.
 ///
 /// **Paint between a press and its release.** Boxes, handles at the middle of lines, curves and the place of
 /// a length's caption are computed by gCVSOnDraw.

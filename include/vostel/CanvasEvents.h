@@ -57,7 +57,8 @@
 
 /// Composes a frame in the client surface and copies it to the context of gCVSSetClient; the context given
 /// here is not used. From back to front: hatched background, image, contrast slider, progress bar, objects in
-/// the order of their creation. Nothing is composed while gCVSSetUseClientMemDCPixelDirect is on.
+/// the order of their creation. Nothing is composed while gCVSSetUseClientMemDCPixelDirect is on. Objects
+/// that find no client surface show the message "No bmp".
 VOSTEL_API void gCVSOnDraw(int canvas, HDC dc);
 
 /// The left button went down at a client point. Only MK_SHIFT counts of the flags.

@@ -1,17 +1,6 @@
 # Tests of package: the library as strangers meet it.
 
-# Each public header compiles on its own.
-file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/include/*.h)
-add_library(HeadersStandAlone OBJECT)
-foreach(header IN LISTS headers)
-    string(MAKE_C_IDENTIFIER ${header} name)
-    file(CONFIGURE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/headers/${name}.cpp CONTENT "#include <${header}>\n" @ONLY)
-    target_sources(HeadersStandAlone PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/headers/${name}.cpp)
-endforeach()
-target_link_libraries(HeadersStandAlone PRIVATE VostelObj::VostelObj)
-vostel_compile_rules(HeadersStandAlone)
-
-# The rest looks at what users get, so instrumented builds leave it out.
+# They look at what users get, so instrumented builds leave them out.
 if(VOSTEL_SANITIZE OR NOT CMAKE_BUILD_TYPE STREQUAL "Release")
     return()
 endif()
@@ -74,5 +63,20 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND VOSTEL_X86_64 AND BUILD_SHARED_LIBS)
         endif()
         vostel_package_test(ExportedNames-${library}
             ${package}/exports/check $<TARGET_FILE:${library}> ${expected})
+    endforeach()
+endif()
+
+# The public headers with the build's compiler and with the other one, and beside what hosts are written with.
+set(compilers ${CMAKE_CXX_COMPILER})
+if(NOT CMAKE_CROSSCOMPILING)
+    set(compilers g++ clang++)
+endif()
+vostel_package_test(Headers ${package}/headers/compile-headers ${PROJECT_SOURCE_DIR}/include ${compilers})
+if(NOT WIN32)
+    foreach(toolkit IN ITEMS Xlib Xproto Qt wxWidgets GTK SDL OpenCV ODBC)
+        vostel_package_test(Headers-${toolkit}
+            ${package}/headers/beside-toolkit ${PROJECT_SOURCE_DIR}/include ${toolkit} ${compilers})
+        set_tests_properties(${VOSTEL_TEST_PREFIX}package/Headers-${toolkit} PROPERTIES
+            SKIP_RETURN_CODE 77 PROCESSORS 1 COST 10)
     endforeach()
 endif()

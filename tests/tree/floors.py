@@ -18,6 +18,7 @@ WITHOUT_SOURCE = {
     "vostel/version.h": "base",
     "vostel/platform.h": "platform",
     "vostel/host.h": "platform",
+    "vostel/version.h": "base",
     "vostel/desktop": "platform",
     "vostel/CanvasTypes.h": "canvas/view",
     "Tessik.h": "dialogs",
