@@ -1,7 +1,7 @@
 #include "vostel/BmpFiles.h"
 
 #include "base/LittleEndian.h"
-#include "fileio/PlaneShuffles.h"
+#include "fileio/InterleaveRows.h"
 #include "platform/Files.h"
 
 #include <algorithm>
@@ -236,15 +236,15 @@ bool ZEKReadColorBmp(char* path, ClassData2DIO<unsigned char>* red, ClassData2DI
             Clear(*plane, layout.PixelCount());
         return true;
     }
-    const PlaneShuffles& shuffles = ActivePlaneShuffles();
-    unsigned char*       r = red->Ptr1D;
-    unsigned char*       g = green->Ptr1D;
-    unsigned char*       b = blue->Ptr1D;
+    const InterleaveVariant& variant = ActiveInterleaveVariant();
+    unsigned char*           r = red->Ptr1D;
+    unsigned char*           g = green->Ptr1D;
+    unsigned char*           b = blue->Ptr1D;
     ForEachRun(file.get(), layout, [&](const unsigned char* from, std::size_t first, std::size_t pixels) {
         if (layout.Bits == 24) {
-            shuffles.SplitTriples(from, r + first, g + first, b + first, pixels);
+            variant.DeinterleaveTriples(from, r + first, g + first, b + first, pixels);
         } else if (layout.Bits == 32) {
-            shuffles.SplitQuads(from, r + first, g + first, b + first, pixels);
+            variant.DeinterleaveQuads(from, r + first, g + first, b + first, pixels);
         } else {
             std::memcpy(r + first, from, pixels);
             std::memcpy(g + first, from, pixels);
@@ -270,11 +270,11 @@ bool ZEKReadGrayBmp(char* path, ClassData2DIO<unsigned char>* gray)
         return true;
     }
     // What reading into planes and turning those into gray gives, without the planes.
-    const PlaneShuffles& shuffles = ActivePlaneShuffles();
-    unsigned char*       target = gray->Ptr1D;
+    const InterleaveVariant& variant = ActiveInterleaveVariant();
+    unsigned char*           target = gray->Ptr1D;
     ForEachRun(file.get(), layout, [&](const unsigned char* from, std::size_t first, std::size_t pixels) {
         if (layout.Bits == 8) {
-            shuffles.LevelToGray(from, target + first, pixels);
+            variant.LevelToGray(from, target + first, pixels);
             return;
         }
         const std::size_t pieceLength = 2048;
@@ -282,10 +282,10 @@ bool ZEKReadGrayBmp(char* path, ClassData2DIO<unsigned char>* gray)
         for (std::size_t x = 0; x < pixels; x += pieceLength) {
             const std::size_t piece = std::min(pieceLength, pixels - x);
             if (layout.Bits == 24)
-                shuffles.SplitTriples(from + 3 * x, red, green, blue, piece);
+                variant.DeinterleaveTriples(from + 3 * x, red, green, blue, piece);
             else
-                shuffles.SplitQuads(from + 4 * x, red, green, blue, piece);
-            shuffles.ColorToGray(red, green, blue, target + first + x, piece);
+                variant.DeinterleaveQuads(from + 4 * x, red, green, blue, piece);
+            variant.ColorToGray(red, green, blue, target + first + x, piece);
         }
     });
     return true;
@@ -328,11 +328,11 @@ bool ZEKSaveColorBmp(const char* path, ClassData2DIO<unsigned char>* red, ClassD
         return false;
     if (!WriteHeader(file.get(), layout))
         return true;    // a full disk is not reported
-    const PlaneShuffles& shuffles = ActivePlaneShuffles();
-    const std::size_t    width = static_cast<std::size_t>(std::max(red->Width, 0));
-    RowReader            redRows(*red, width), greenRows(*green, width), blueRows(*blue, width);
+    const InterleaveVariant& variant = ActiveInterleaveVariant();
+    const std::size_t        width = static_cast<std::size_t>(std::max(red->Width, 0));
+    RowReader                redRows(*red, width), greenRows(*green, width), blueRows(*blue, width);
     WriteRows(file.get(), layout, [&](std::int32_t y, unsigned char* row) {
-        shuffles.JoinTriples(redRows.Row(y), greenRows.Row(y), blueRows.Row(y), row, width);
+        variant.InterleaveTriples(redRows.Row(y), greenRows.Row(y), blueRows.Row(y), row, width);
     });
     return true;
 }
@@ -348,12 +348,12 @@ bool ZEKColorToGray(ClassData2DIO<unsigned char>* red, ClassData2DIO<unsigned ch
     // Allocating has taken the values of a channel that is also the target.
     if (gray == red || gray == green || gray == blue)
         Clear(*gray, static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
-    const PlaneShuffles& shuffles = ActivePlaneShuffles();
-    const std::size_t    rowLength = static_cast<std::size_t>(width);
-    RowReader            redRows(*red, rowLength), greenRows(*green, rowLength), blueRows(*blue, rowLength);
+    const InterleaveVariant& variant = ActiveInterleaveVariant();
+    const std::size_t        rowLength = static_cast<std::size_t>(width);
+    RowReader redRows(*red, rowLength), greenRows(*green, rowLength), blueRows(*blue, rowLength);
     for (std::int32_t y = 0; y < height; ++y)
-        shuffles.ColorToGray(redRows.Row(y), greenRows.Row(y), blueRows.Row(y),
-                             gray->Ptr1D + static_cast<std::size_t>(y) * rowLength, rowLength);
+        variant.ColorToGray(redRows.Row(y), greenRows.Row(y), blueRows.Row(y),
+                            gray->Ptr1D + static_cast<std::size_t>(y) * rowLength, rowLength);
     return true;
 }
 

@@ -1,7 +1,7 @@
 #include "vostel/RawDataFiles.h"
 
 #include "base/Truncate.h"
-#include "fileio/PlaneShuffles.h"
+#include "fileio/InterleaveRows.h"
 #include "platform/Files.h"
 #include "platform/HostServices.h"
 #include "vostel/BmpFiles.h"
@@ -141,11 +141,11 @@ bool gSaveUcData(ClassData2DIO<unsigned char>* image, CString& path)
     unsigned char** const rows = Create2DList(&picture);
     if (!rows)
         return true;
-    const PlaneShuffles& shuffles = ActivePlaneShuffles();
-    const std::size_t    width = static_cast<std::size_t>(image->Width);
+    const InterleaveVariant& variant = ActiveInterleaveVariant();
+    const std::size_t        width = static_cast<std::size_t>(image->Width);
     for (int y = 0; y < image->Height; ++y) {
         const unsigned char* const from = image->GetRow(y);
-        shuffles.JoinTriples(from, from, from, rows[y], width);
+        variant.InterleaveTriples(from, from, from, rows[y], width);
     }
     Release2DList(rows);
     picture.Save(path);

@@ -1,4 +1,6 @@
-#include "fileio/PlaneShuffles.h"
+#include "fileio/InterleaveRows.h"
+
+#include "base/CpuVariants.h"
 
 #include <array>
 
@@ -45,8 +47,8 @@ constexpr TripleOrders FindOrdersOfTriples()
     return orders;
 }
 
-void SplitTriples(const unsigned char* triples, unsigned char* red, unsigned char* green, unsigned char* blue,
-                  std::size_t pixels)
+void DeinterleaveTriples(const unsigned char* triples, unsigned char* red, unsigned char* green,
+                         unsigned char* blue, std::size_t pixels)
 {
     for (std::size_t x = 0; x < pixels; ++x) {
         blue[x] = triples[3 * x];
@@ -55,8 +57,8 @@ void SplitTriples(const unsigned char* triples, unsigned char* red, unsigned cha
     }
 }
 
-void JoinTriples(const unsigned char* red, const unsigned char* green, const unsigned char* blue,
-                 unsigned char* triples, std::size_t pixels)
+void InterleaveTriples(const unsigned char* red, const unsigned char* green, const unsigned char* blue,
+                       unsigned char* triples, std::size_t pixels)
 {
     for (std::size_t x = 0; x < pixels; ++x) {
         triples[3 * x] = blue[x];
@@ -65,8 +67,8 @@ void JoinTriples(const unsigned char* red, const unsigned char* green, const uns
     }
 }
 
-void SplitQuads(const unsigned char* quads, unsigned char* red, unsigned char* green, unsigned char* blue,
-                std::size_t pixels)
+void DeinterleaveQuads(const unsigned char* quads, unsigned char* red, unsigned char* green,
+                       unsigned char* blue, std::size_t pixels)
 {
     for (std::size_t x = 0; x < pixels; ++x) {
         blue[x] = quads[4 * x];
@@ -93,23 +95,18 @@ void LevelToGray(const unsigned char* levels, unsigned char* gray, std::size_t p
 constinit const LevelSet     LoweredLevels = FindLoweredLevels();
 constinit const TripleOrders OrdersOfTriples = FindOrdersOfTriples();
 
-const PlaneShuffles PlaneShufflesPlain = {SplitTriples, JoinTriples, SplitQuads, ColorToGray, LevelToGray};
+const InterleaveVariant InterleavePlain = {.DeinterleaveTriples = DeinterleaveTriples,
+                                           .InterleaveTriples = InterleaveTriples,
+                                           .DeinterleaveQuads = DeinterleaveQuads,
+                                           .ColorToGray = ColorToGray,
+                                           .LevelToGray = LevelToGray};
 
-const PlaneShuffles& ActivePlaneShuffles()
+const InterleaveVariant& ActiveInterleaveVariant()
 {
-#if defined(__x86_64__) || defined(_M_X64)
-    switch (ActiveCpuVariant()) {
-    case CpuVariant::Avx512:
-        return PlaneShufflesAvx512;
-    case CpuVariant::Avx2:
-        return PlaneShufflesAvx2;
-    case CpuVariant::Baseline:
-        return PlaneShufflesSse2;
-    case CpuVariant::Plain:
-        break;
-    }
-#endif
-    return PlaneShufflesPlain;
+    return Choose<InterleaveVariant>({.Plain = &InterleavePlain,
+                                      .Baseline = VOSTEL_X86(&InterleaveSse2),
+                                      .Avx2 = VOSTEL_X86(&InterleaveAvx2),
+                                      .Avx512 = VOSTEL_X86(&InterleaveAvx512)});
 }
 
 }

@@ -1,4 +1,6 @@
-#include "fileio/PlaneShuffles.h"
+#include "fileio/InterleaveRows.h"
+
+#include "base/CpuVariants.h"
 
 #include <doctest/doctest.h>
 
@@ -17,23 +19,23 @@ const std::size_t MaxLength = 140;    // past two of the widest vectors
 const std::size_t Margin = 8;         // guards on both sides of a target
 const unsigned    Seed = 20240611;
 
-struct NamedVariant {
-    const char*          Name;
-    const PlaneShuffles* Form;
+struct NamedRecord {
+    const char*              Name;
+    const InterleaveVariant* Functions;
 };
 
-// The forms that this processor runs.
-std::vector<NamedVariant> Forms()
+// The variants that this processor runs.
+std::vector<NamedRecord> Variants()
 {
-    std::vector<NamedVariant> forms = {{"plain", &PlaneShufflesPlain}};
-    const CpuVariant          before = ActiveCpuVariant();
-    for (const CpuVariant form : {CpuVariant::Baseline, CpuVariant::Avx2, CpuVariant::Avx512}) {
+    std::vector<NamedRecord> variants = {{"plain", &InterleavePlain}};
+    const CpuVariant         before = ActiveCpuVariant();
+    for (const CpuVariant variant : {CpuVariant::Baseline, CpuVariant::Avx2, CpuVariant::Avx512}) {
         const char* const names[] = {"plain", "baseline", "avx2", "avx512"};
-        if (ForceCpuVariant(form) == form)
-            forms.push_back({names[static_cast<int>(form)], &ActivePlaneShuffles()});
+        if (ForceCpuVariant(variant) == variant)
+            variants.push_back({names[static_cast<int>(variant)], &ActiveInterleaveVariant()});
     }
     ForceCpuVariant(before);
-    return forms;
+    return variants;
 }
 
 unsigned char GrayByFormula(int r, int g, int b)
@@ -68,28 +70,29 @@ struct Guarded {
     }
 };
 
-// Calls look(form, length, random) for every form and each length from 0 on.
+// Calls look(functions, length, random) for every variant and each length from 0 on.
 template <class Look>
-void ForEachFormAndLength(Look look)
+void ForEachVariantAndLength(Look look)
 {
     std::mt19937 random(Seed);
-    for (const NamedVariant& named : Forms()) {
+    for (const NamedRecord& named : Variants()) {
         for (std::size_t length = 0; length <= MaxLength; ++length) {
             CAPTURE(Seed);
             CAPTURE(length);
             CAPTURE(std::string(named.Name));
-            look(*named.Form, length, random);
+            look(*named.Functions, length, random);
         }
     }
 }
 
-// Splits random pixels of so many bytes, blue, green and red first.
-template <class Split>
-void CheckSplit(Split split, std::size_t bytes, std::size_t length, std::mt19937& random)
+// Deinterleaves random pixels of so many bytes, blue, green and red first.
+template <class Deinterleave>
+void CheckDeinterleaved(Deinterleave deinterleave, std::size_t bytes, std::size_t length,
+                        std::mt19937& random)
 {
     const Bytes source = RandomBytes(random, bytes * length + 1);
     Guarded     red(length), green(length), blue(length);
-    split(source.data() + 1, red.Start(), green.Start(), blue.Start(), length);
+    deinterleave(source.data() + 1, red.Start(), green.Start(), blue.Start(), length);
     Bytes r(length), g(length), b(length);
     for (std::size_t x = 0; x < length; ++x) {
         b[x] = source[1 + bytes * x];
@@ -103,28 +106,30 @@ void CheckSplit(Split split, std::size_t bytes, std::size_t length, std::mt19937
 
 }
 
-TEST_CASE("the form in use follows a forced one")
+TEST_CASE("the variant in use follows a forced one")
 {
     const CpuVariant before = ActiveCpuVariant();
     ForceCpuVariant(CpuVariant::Plain);
-    CHECK(&ActivePlaneShuffles() == &PlaneShufflesPlain);
+    CHECK(&ActiveInterleaveVariant() == &InterleavePlain);
     ForceCpuVariant(before);
 }
 
-TEST_CASE("every form splits triples of every length from 0 to 140 and writes nothing beside the planes")
+TEST_CASE(
+    "every variant deinterleaves triples of every length from 0 to 140 and writes nothing beside the planes")
 {
-    ForEachFormAndLength([](const PlaneShuffles& form, std::size_t length, std::mt19937& random) {
-        CheckSplit(form.SplitTriples, 3, length, random);
+    ForEachVariantAndLength([](const InterleaveVariant& functions, std::size_t length, std::mt19937& random) {
+        CheckDeinterleaved(functions.DeinterleaveTriples, 3, length, random);
     });
 }
 
-TEST_CASE("every form joins planes of every length from 0 to 140 and writes nothing beside the triples")
+TEST_CASE(
+    "every variant interleaves planes of every length from 0 to 140 and writes nothing beside the triples")
 {
-    ForEachFormAndLength([](const PlaneShuffles& form, std::size_t length, std::mt19937& random) {
+    ForEachVariantAndLength([](const InterleaveVariant& functions, std::size_t length, std::mt19937& random) {
         const Bytes r = RandomBytes(random, length), g = RandomBytes(random, length),
                     b = RandomBytes(random, length);
         Guarded triples(3 * length);
-        form.JoinTriples(r.data(), g.data(), b.data(), triples.Start(), length);
+        functions.InterleaveTriples(r.data(), g.data(), b.data(), triples.Start(), length);
         Bytes expected;
         for (std::size_t x = 0; x < length; ++x)
             expected.insert(expected.end(), {b[x], g[x], r[x]});
@@ -132,20 +137,20 @@ TEST_CASE("every form joins planes of every length from 0 to 140 and writes noth
     });
 }
 
-TEST_CASE("every form splits quads of every length from 0 to 140 and drops the fourth byte")
+TEST_CASE("every variant deinterleaves quads of every length from 0 to 140 and drops the fourth byte")
 {
-    ForEachFormAndLength([](const PlaneShuffles& form, std::size_t length, std::mt19937& random) {
-        CheckSplit(form.SplitQuads, 4, length, random);
+    ForEachVariantAndLength([](const InterleaveVariant& functions, std::size_t length, std::mt19937& random) {
+        CheckDeinterleaved(functions.DeinterleaveQuads, 4, length, random);
     });
 }
 
-TEST_CASE("every form turns planes of every length from 0 to 140 into gray and writes nothing beside it")
+TEST_CASE("every variant turns planes of every length from 0 to 140 into gray and writes nothing beside it")
 {
-    ForEachFormAndLength([](const PlaneShuffles& form, std::size_t length, std::mt19937& random) {
+    ForEachVariantAndLength([](const InterleaveVariant& functions, std::size_t length, std::mt19937& random) {
         const Bytes r = RandomBytes(random, length + 1), g = RandomBytes(random, length + 1),
                     b = RandomBytes(random, length + 1);
         Guarded gray(length);
-        form.ColorToGray(r.data() + 1, g.data() + 1, b.data() + 1, gray.Start(), length);
+        functions.ColorToGray(r.data() + 1, g.data() + 1, b.data() + 1, gray.Start(), length);
         Bytes expected(length);
         for (std::size_t x = 0; x < length; ++x)
             expected[x] = GrayByFormula(r[x + 1], g[x + 1], b[x + 1]);
@@ -153,34 +158,34 @@ TEST_CASE("every form turns planes of every length from 0 to 140 into gray and w
     });
 }
 
-TEST_CASE("every form turns levels of every length from 0 to 140 into gray, also in place")
+TEST_CASE("every variant turns levels of every length from 0 to 140 into gray, also in place")
 {
-    ForEachFormAndLength([](const PlaneShuffles& form, std::size_t length, std::mt19937& random) {
+    ForEachVariantAndLength([](const InterleaveVariant& functions, std::size_t length, std::mt19937& random) {
         const Bytes levels = RandomBytes(random, length);
         Bytes       expected(length);
         for (std::size_t x = 0; x < length; ++x)
             expected[x] = GrayByFormula(levels[x], levels[x], levels[x]);
         Guarded gray(length), inPlace(length);
-        form.LevelToGray(levels.data(), gray.Start(), length);
+        functions.LevelToGray(levels.data(), gray.Start(), length);
         REQUIRE(gray.Is(expected));
         if (length > 0)
             std::memcpy(inPlace.Start(), levels.data(), length);
-        form.LevelToGray(inPlace.Start(), inPlace.Start(), length);
+        functions.LevelToGray(inPlace.Start(), inPlace.Start(), length);
         REQUIRE(inPlace.Is(expected));
     });
 }
 
-TEST_CASE("every form gives the formula's gray for each of the 256 levels and lowers 65 of them by one")
+TEST_CASE("every variant gives the formula's gray for each of the 256 levels and lowers 65 of them by one")
 {
     Bytes levels(256), expected(256);
     for (int v = 0; v < 256; ++v) {
         levels[static_cast<std::size_t>(v)] = static_cast<unsigned char>(v);
         expected[static_cast<std::size_t>(v)] = GrayByFormula(v, v, v);
     }
-    for (const NamedVariant& named : Forms()) {
+    for (const NamedRecord& named : Variants()) {
         CAPTURE(std::string(named.Name));
         Bytes gray(256);
-        named.Form->LevelToGray(levels.data(), gray.data(), 256);
+        named.Functions->LevelToGray(levels.data(), gray.data(), 256);
         CHECK(gray == expected);
         int lowered = 0;
         for (std::size_t v = 0; v < 256; ++v)
@@ -189,20 +194,20 @@ TEST_CASE("every form gives the formula's gray for each of the 256 levels and lo
     }
 }
 
-TEST_CASE("every form gives the formula's gray for each of the 2^24 colours")
+TEST_CASE("every variant gives the formula's gray for each of the 2^24 colours")
 {
     Bytes red(256), green(256), blue(256), expected(256), gray(256);
     for (int b = 0; b < 256; ++b)
         blue[static_cast<std::size_t>(b)] = static_cast<unsigned char>(b);
-    const std::vector<NamedVariant> forms = Forms();
+    const std::vector<NamedRecord> variants = Variants();
     for (int r = 0; r < 256; ++r) {
         for (int g = 0; g < 256; ++g) {
             std::memset(red.data(), r, 256);
             std::memset(green.data(), g, 256);
             for (int b = 0; b < 256; ++b)
                 expected[static_cast<std::size_t>(b)] = GrayByFormula(r, g, b);
-            for (const NamedVariant& named : forms) {
-                named.Form->ColorToGray(red.data(), green.data(), blue.data(), gray.data(), 256);
+            for (const NamedRecord& named : variants) {
+                named.Functions->ColorToGray(red.data(), green.data(), blue.data(), gray.data(), 256);
                 if (gray != expected) {
                     CAPTURE(r);
                     CAPTURE(g);
