@@ -1,7 +1,7 @@
 # What every target of this project is compiled with. A folder may take warnings back by VOSTEL_FEWER_WARNINGS.
 
 function(vostel_compile_rules target)
-    target_compile_features(${target} PUBLIC cxx_std_20)
+    target_compile_features(${target} PRIVATE cxx_std_20 PUBLIC cxx_std_17)    # hosts may stay with C++17
     target_compile_options(${target} PRIVATE    # every build computes the same bits
         "$<IF:$<CXX_COMPILER_ID:MSVC>,/utf-8;/fp:precise,-ffp-contract=off>")
     if(NOT MSVC)

@@ -19,7 +19,8 @@ endfunction()
 function(vostel_subdirectory_test name)
     list(JOIN ARGN " " settings)
     vostel_package_test(${name} ${CMAKE_COMMAND} -D SOURCE=${package} -D LIBRARY=${PROJECT_SOURCE_DIR}
-        -D WORK=${CMAKE_CURRENT_BINARY_DIR}/Subdirectory "-DSETTINGS=${settings}" -P ${package}/UseSubdirectory.cmake)
+        -D WORK=${CMAKE_CURRENT_BINARY_DIR}/Subdirectory -D COMPILER=${CMAKE_CXX_COMPILER}
+        "-DSETTINGS=${settings}" -P ${package}/UseSubdirectory.cmake)
 endfunction()
 
 vostel_installed_test(Installed ${PROJECT_BINARY_DIR} "-DTOOLCHAIN=${CMAKE_TOOLCHAIN_FILE}"
