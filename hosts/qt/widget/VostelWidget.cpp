@@ -76,8 +76,7 @@ VostelWidget::KeyGroup GroupOf(int virtualKey)
 
 }
 
-VostelWidget::VostelWidget(int canvas, QWidget* parent)
-    : QWidget(parent), Number(canvas), Screen(CreateCompatibleDC(nullptr))
+VostelWidget::VostelWidget(int canvas, QWidget* parent) : QWidget(parent), Number(canvas)
 {
     InstallOnce();
     RememberWindow(this);
@@ -91,10 +90,8 @@ VostelWidget::VostelWidget(int canvas, QWidget* parent)
 VostelWidget::~VostelWidget()
 {
     ForgetWindow(this);
-    // The canvas outlives the widget and must not paint to a context that is gone.
     CRect nothing(0, 0, 0, 0);
-    gCVSSetClient(Number, nothing, nullptr);
-    DeleteDC(Screen);
+    gCVSSetClient(Number, nothing, nullptr);    // the canvas outlives the widget; its frame need not
 }
 
 HWND VostelWidget::handle() const
@@ -206,7 +203,7 @@ void VostelWidget::GiveArea()
         return;
     Area = area;
     CRect client(0, 0, area.width(), area.height());
-    gCVSSetClient(Number, client, Screen);
+    gCVSSetClient(Number, client, nullptr);    // the frame is taken from the canvas itself
     ShowChanges();
 }
 
@@ -228,7 +225,7 @@ void VostelWidget::paintEvent(QPaintEvent*)
 void VostelWidget::ComposeFrame()
 {
     const PaintScope painting;
-    gCVSOnDraw(Number, Screen);
+    gCVSOnDraw(Number, nullptr);
     FrameIsOld = false;
 }
 

@@ -117,8 +117,7 @@ private:
     void   ShowCursorFor(Qt::KeyboardModifiers modifiers);
 
     int         Number;
-    HDC         Screen = nullptr;    // of the smallest size: the frame is taken from the canvas itself
-    QSize       Area;                // device px, as the canvas knows it
+    QSize       Area;    // device px, as the canvas knows it
     KeyGroups   Keys = UsualKeys;
     QBasicTimer Tick;
     int         WheelRest = 0;        // eighths of a degree that make no full step yet
