@@ -69,6 +69,7 @@ build_preset()
     (($# == 0)) || targets=(--target "$@")
     if command -v ccache >/dev/null; then
         export CMAKE_CXX_COMPILER_LAUNCHER=ccache CCACHE_BASEDIR=$root CCACHE_NOHASHDIR=1
+        export CCACHE_SLOPPINESS=pch_defines,time_macros    # it refuses precompiled headers without
     fi
     cmake -S "$root" --preset "$preset" "${settings[@]}" &&
         cmake --build "$root/build/$preset" --parallel "$(nproc)" "${targets[@]}"
