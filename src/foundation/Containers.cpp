@@ -1,5 +1,7 @@
 #include "vostel/Containers.h"
 
+#include "base/CacheLimits.h"
+#include "base/Reflect.h"
 #include "base/Truncate.h"
 #include "foundation/ArrayLength.h"
 #include "foundation/Planes.h"
@@ -43,8 +45,8 @@ void MakeArrays(StructData2D<T>& data)
     }
     for (int y = 0; y < data.Height; ++y)
         table[y] = buffer + static_cast<std::ptrdiff_t>(y) * data.Width;
-    // First touches of a large buffer cost more than what is done with it.
-    if (elements * sizeof(T) >= 4 * 1024 * 1024)
+    // First touches of a buffer beyond the caches cost more than what is done with it.
+    if (elements * sizeof(T) >= CoreCacheBytes)
         PreferLargePages(buffer, elements * sizeof(T));
     data.Ptr1D = buffer;
     data.Ptr2D = table;
@@ -76,17 +78,6 @@ inline void StoreConverted(float& target, float sum)
 inline void StoreConverted(unsigned short& target, float sum)
 {
     target = TruncToUShort(sum);
-}
-
-// Reflection with the edge sample repeated: -1 gives 0, extent gives extent - 1.
-int MirrorCoordinate(int c, int extent)
-{
-    if (c < 0)
-        c = ~c;
-    c = static_cast<int>(c % (2 * static_cast<std::int64_t>(extent)));
-    if (c >= extent)
-        c = static_cast<int>(2 * static_cast<std::int64_t>(extent) - 1 - c);
-    return c;
 }
 
 }
@@ -204,7 +195,7 @@ unsigned char ClassData2DIO<unsigned char>::MirrorValue(PointTemplateBase<int> p
     // A failed allocation leaves a size without rows.
     if (!Ptr2D || CountOf(*this) == 0)
         return 0;
-    return Ptr2D[MirrorCoordinate(p.y, Height)][MirrorCoordinate(p.x, Width)];
+    return Ptr2D[ReflectRepeatingEdge(p.y, Height)][ReflectRepeatingEdge(p.x, Width)];
 }
 
 template <>

@@ -1,5 +1,6 @@
 #include "vostel/AdaptiveThreshold.h"
 
+#include "base/Reflect.h"
 #include "imaging/PlaneRows.h"
 #include "imaging/ThresholdRows.h"
 
@@ -21,14 +22,6 @@ constexpr int LargestNarrowRadius = 1450;
 // With this one sums and products of pixels fit in 63 bits, and with room.
 constexpr int LargestRadius = 1 << 26;
 
-// A coordinate reflected into 0..extent-1 with the edge sample repeated.
-int Reflected(std::int64_t c, int extent)
-{
-    const std::int64_t period = 2 * static_cast<std::int64_t>(extent);
-    const std::int64_t folded = (c < 0 ? -c - 1 : c) % period;
-    return static_cast<int>(folded >= extent ? period - 1 - folded : folded);
-}
-
 // How often each coordinate of 0..extent-1 is read by the reflected ones first..first+count-1. Whole periods
 // of the reflection read each one twice.
 std::vector<std::int64_t> TimesRead(std::int64_t first, std::int64_t count, int extent)
@@ -36,7 +29,7 @@ std::vector<std::int64_t> TimesRead(std::int64_t first, std::int64_t count, int 
     const std::int64_t        period = 2 * static_cast<std::int64_t>(extent);
     std::vector<std::int64_t> times(static_cast<std::size_t>(extent), 2 * (count / period));
     for (std::int64_t c = first; c < first + count % period; ++c)
-        ++times[static_cast<std::size_t>(Reflected(c, extent))];
+        ++times[static_cast<std::size_t>(ReflectRepeatingEdge(c, extent))];
     return times;
 }
 
@@ -104,8 +97,9 @@ void ThresholdNarrow(Plane& image, int radius)
     WaitingRows results(image, radius);
     for (int y = 0; y < height; ++y) {
         variant.Slide(inside, sumScale,
-                      RowOf(image, Reflected(static_cast<std::int64_t>(y) + radius, height)),
-                      RowOf(image, Reflected(static_cast<std::int64_t>(y) - radius - 1, height)), width);
+                      RowOf(image, ReflectRepeatingEdge(static_cast<std::int64_t>(y) + radius, height)),
+                      RowOf(image, ReflectRepeatingEdge(static_cast<std::int64_t>(y) - radius - 1, height)),
+                      width);
         for (int k = 0; k <= radius; ++k)
             columns[static_cast<std::size_t>(radius - k)] = inside[k];
         for (int k = 0; k < radius; ++k)
@@ -130,8 +124,10 @@ void ThresholdWide(Plane& image, int radius)
     std::vector<std::int64_t> columns(count);
     std::vector<int>          entering(count), leaving(count);
     for (int x = 0; x < width; ++x) {
-        entering[static_cast<std::size_t>(x)] = Reflected(static_cast<std::int64_t>(x) + radius, width);
-        leaving[static_cast<std::size_t>(x)] = Reflected(static_cast<std::int64_t>(x) - radius - 1, width);
+        entering[static_cast<std::size_t>(x)] =
+            ReflectRepeatingEdge(static_cast<std::int64_t>(x) + radius, width);
+        leaving[static_cast<std::size_t>(x)] =
+            ReflectRepeatingEdge(static_cast<std::int64_t>(x) - radius - 1, width);
     }
     const std::vector<std::int64_t> rowTimes =
         TimesRead(-static_cast<std::int64_t>(radius) - 1, side, height);
@@ -147,9 +143,9 @@ void ThresholdWide(Plane& image, int radius)
     WaitingRows results(image, radius);
     for (int y = 0; y < height; ++y) {
         const unsigned char* const entered =
-            RowOf(image, Reflected(static_cast<std::int64_t>(y) + radius, height));
+            RowOf(image, ReflectRepeatingEdge(static_cast<std::int64_t>(y) + radius, height));
         const unsigned char* const left =
-            RowOf(image, Reflected(static_cast<std::int64_t>(y) - radius - 1, height));
+            RowOf(image, ReflectRepeatingEdge(static_cast<std::int64_t>(y) - radius - 1, height));
         std::int64_t sum = 0;
         for (std::size_t x = 0; x < count; ++x) {
             columns[x] += entered[x] - left[x];

@@ -3,6 +3,7 @@
 #include "base/CacheLimits.h"
 #include "base/CpuVariants.h"
 #include "base/PixelFill.h"
+#include "base/Reflect.h"
 #include "imaging/PlaneRows.h"
 
 #include <algorithm>
@@ -55,15 +56,6 @@ const CorrelationVariant& ActiveCorrelationVariant()
                                        .Avx512 = VOSTEL_X86(&CorrelationAvx512)});
 }
 
-int MirrorSkippingEdge(std::ptrdiff_t c, int extent)
-{
-    const std::ptrdiff_t period = 2 * static_cast<std::ptrdiff_t>(extent);
-    std::ptrdiff_t       folded = (c < 0 ? -c : c) % period;
-    if (folded >= extent)
-        folded = period - folded - 2;
-    return static_cast<int>(std::max<std::ptrdiff_t>(folded, 0));
-}
-
 // The samples of the source rows of one block of output rows where taps leave the image: the columns of one
 // side with their taps, or whole rows of an image too narrow for two sides.
 class Correlation::EdgeCopies {
@@ -77,7 +69,7 @@ public:
         InsideEnd = std::max(InsideStart, std::min<std::ptrdiff_t>(Samples, task.Width - From));
         for (std::ptrdiff_t k = 0; k < Samples; ++k)
             if (k < InsideStart || k >= InsideEnd)
-                Mirrored.push_back(MirrorSkippingEdge(From + k, task.Width));
+                Mirrored.push_back(ReflectSkippingEdge(From + k, task.Width));
         for (std::size_t q = 0; q < rows; ++q)
             Lines[q] = Memory.data() + q * static_cast<std::size_t>(Samples);
     }
@@ -171,7 +163,7 @@ void Correlation::DoRows(float* const* targets, int first, int end) const
         for (std::size_t q = 0; q < sourceRows; ++q) {
             const std::ptrdiff_t row =
                 y - static_cast<std::ptrdiff_t>(HalfHeight) + static_cast<std::ptrdiff_t>(q);
-            sources[q] = Rows[static_cast<std::size_t>(MirrorSkippingEdge(row, Height))];
+            sources[q] = Rows[static_cast<std::size_t>(ReflectSkippingEdge(row, Height))];
         }
         leftCopies.Fill(sources, sourceRows);
         rightCopies.Fill(sources, sourceRows);

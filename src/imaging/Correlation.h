@@ -64,7 +64,4 @@ private:
     const CorrelationVariant& Variant;
 };
 
-// A coordinate that may lie outside 0..extent-1, mirrored without repeating the edge sample, clamped after.
-int MirrorSkippingEdge(std::ptrdiff_t c, int extent);
-
 }

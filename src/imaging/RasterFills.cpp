@@ -1,6 +1,7 @@
 #include "vostel/RasterFills.h"
 
 #include "base/PixelFill.h"
+#include "base/Reflect.h"
 #include "base/Truncate.h"
 #include "imaging/BoundaryChain.h"
 
@@ -317,17 +318,8 @@ void GetBlobOutRect(ClassData2DIO<int>& plane, ZEKRECT& rect, int label)
 
 void mMapXYOutOfIma(int& x, int& y, int width, int height, bool skipEdge)
 {
-    const auto reflect = [skipEdge](int c, int extent) {
-        std::int64_t       at = c;
-        const std::int64_t n = extent;
-        if (at < 0)
-            at = skipEdge ? -at : -at - 1;
-        if (n > 0)
-            at %= 2 * n;
-        if (at >= n)
-            at = skipEdge ? 2 * n - 2 - at : 2 * n - 1 - at;
-        return static_cast<int>(at);
-    };
-    x = reflect(x, width);
-    y = reflect(y, height);
+    // One fold and no clamp: with a skipped edge the result may be -1.
+    const int skipped = skipEdge ? 1 : 0;
+    x = static_cast<int>(FoldAtEdges(x, width, skipped));
+    y = static_cast<int>(FoldAtEdges(y, height, skipped));
 }

@@ -1,3 +1,4 @@
+#include "base/Reflect.h"
 #include "foundation/RowThreads.h"
 #include "imaging/Correlation.h"
 #include "imaging/RandomPlanes.h"
@@ -237,7 +238,7 @@ TEST_CASE("the mirrored coordinate folds as often as it takes")
 {
     for (int extent = 1; extent <= 9; ++extent)
         for (int c = -60; c <= 60; ++c)
-            CHECK(MirrorSkippingEdge(c, extent) == MirroredByHand(c, extent));
+            CHECK(ReflectSkippingEdge(c, extent) == MirroredByHand(c, extent));
 }
 
 TEST_CASE("in an image one pixel wide all taps read the single column")
