@@ -1,10 +1,8 @@
 # The viewer in a window of its own under Xvfb, moved by events of the window system.
 if(TARGET vostel-viewer)
-    find_package(X11 REQUIRED COMPONENTS Xtst)
     set(qtTests ${CMAKE_CURRENT_SOURCE_DIR}/hosts/qt)
-    vostel_test_program(QtViewerTests ${qtTests}/Picture.cpp ${qtTests}/ViewerProcess.cpp
-        ${qtTests}/XScreen.cpp ${qtTests}/XScreenDrop.cpp)
-    target_link_libraries(QtViewerTests PRIVATE VostelObj::VostelObj VostelWidget X11::X11 X11::Xtst)
+    vostel_test_program(QtViewerTests ${qtTests}/ViewerProcess.cpp)
+    target_link_libraries(QtViewerTests PRIVATE VostelTestScreen VostelWidget)
     target_include_directories(QtViewerTests PRIVATE ${PROJECT_SOURCE_DIR}/hosts/qt)
     target_compile_definitions(QtViewerTests PRIVATE
         VOSTEL_VIEWER="$<TARGET_FILE:vostel-viewer>"

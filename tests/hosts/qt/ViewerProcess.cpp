@@ -8,7 +8,6 @@
 #include <csignal>
 #include <cstdlib>
 #include <fstream>
-#include <random>
 
 ViewerProcess::ViewerProcess(const TempFolder& home, const std::vector<std::string>& arguments,
                              const Environment& environment)
@@ -118,13 +117,4 @@ bool ViewerProcess::AnswerDialog(const std::string& text)
     const bool gone = WaitForWindows(before - 1);
     Desk().Settled();
     return gone;
-}
-
-Picture GrayNoise(int width, int height, unsigned seed)
-{
-    std::mt19937 random(seed);
-    Picture      picture(width, height);
-    for (unsigned& pixel : picture.Pixels)
-        pixel = (60 + random() % 128) * 0x010101u;
-    return picture;
 }

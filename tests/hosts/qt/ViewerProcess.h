@@ -1,7 +1,6 @@
 #pragma once
 
-#include "XScreen.h"
-
+#include "hosts/screen/XScreen.h"
 #include "support/TempFolder.h"
 
 #include <map>
@@ -42,8 +41,5 @@ private:
     bool        Up = false;
     std::string Log;
 };
-
-// A picture of gray noise, different at every pixel from any color that the viewer draws with.
-Picture GrayNoise(int width, int height, unsigned seed);
 
 inline constexpr unsigned Red = 0xFF0000, Blue = 0x0000FF;

@@ -1,10 +1,11 @@
-#include "Picture.h"
+#include "hosts/screen/Picture.h"
 
 #include <VostelObj.h>
 
 #include <algorithm>
 #include <cstring>
 #include <filesystem>
+#include <random>
 
 int Picture::Count(unsigned color, int left, int top, int right, int bottom) const
 {
@@ -22,6 +23,20 @@ Picture Picture::Part(int left, int top, int width, int height) const
         for (int x = 0; x < width; ++x)
             part.At(x, y) = At(left + x, top + y);
     return part;
+}
+
+Box BoxOf(unsigned color, const Picture& picture)
+{
+    int left = picture.Width, top = picture.Height, right = -1, bottom = -1;
+    for (int y = 0; y < picture.Height; ++y)
+        for (int x = 0; x < picture.Width; ++x)
+            if (picture.At(x, y) == color) {
+                left = std::min(left, x);
+                top = std::min(top, y);
+                right = std::max(right, x);
+                bottom = std::max(bottom, y);
+            }
+    return right < 0 ? Box() : Box{left, top, right - left + 1, bottom - top + 1};
 }
 
 Place Find(const Picture& part, const Picture& whole)
@@ -77,5 +92,14 @@ Picture Load(const std::string& path)
             picture.At(x, y) = pixel;
         }
     }
+    return picture;
+}
+
+Picture GrayNoise(int width, int height, unsigned seed)
+{
+    std::mt19937 random(seed);
+    Picture      picture(width, height);
+    for (unsigned& pixel : picture.Pixels)
+        pixel = (60 + random() % 128) * 0x010101u;
     return picture;
 }

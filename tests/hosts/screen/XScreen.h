@@ -1,10 +1,11 @@
 #pragma once
 
-#include "Picture.h"
+#include "hosts/screen/Picture.h"
 
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 struct _XDisplay;
 
@@ -12,6 +13,8 @@ struct _XDisplay;
 // programs through the window system. There is no window manager; the topmost window gets the keys.
 class XScreen {
 public:
+    static constexpr int Width = 1400, Height = 900;    // px
+
     XScreen();
     ~XScreen();
     XScreen(const XScreen&) = delete;
@@ -33,7 +36,8 @@ public:
     void Move(Place to);
     void Click(Place at);
     void Drag(Place from, Place to);
-    void Wheel(int steps);    // up is positive
+    void DragAlong(const std::vector<Place>& path);    // in steps from place to place
+    void Wheel(int steps);                             // up is positive
     void Hold(const char* key);
     void Release(const char* key);
     void Key(std::string_view chord);    // "Return", "ctrl+shift+s", "alt+f"

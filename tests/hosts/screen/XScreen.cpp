@@ -1,4 +1,4 @@
-#include "XScreen.h"
+#include "hosts/screen/XScreen.h"
 
 #include <X11/XKBlib.h>
 #include <X11/Xlib.h>
@@ -18,8 +18,6 @@
 #include <vector>
 
 namespace {
-
-constexpr int Width = 1400, Height = 900;
 
 void Pause(int milliseconds)
 {
@@ -229,12 +227,20 @@ void XScreen::Click(Place at)
 
 void XScreen::Drag(Place from, Place to)
 {
+    DragAlong({from, to});
+}
+
+void XScreen::DragAlong(const std::vector<Place>& path)
+{
     constexpr int steps = 6;
-    Move(from);
+    Move(path.front());
     XTestFakeButtonEvent(Server, 1, True, CurrentTime);
     Send();
-    for (int step = 1; step <= steps; ++step)
-        Move({from.X + (to.X - from.X) * step / steps, from.Y + (to.Y - from.Y) * step / steps});
+    for (std::size_t i = 1; i < path.size(); ++i) {
+        const Place from = path[i - 1], to = path[i];
+        for (int step = 1; step <= steps; ++step)
+            Move({from.X + (to.X - from.X) * step / steps, from.Y + (to.Y - from.Y) * step / steps});
+    }
     XTestFakeButtonEvent(Server, 1, False, CurrentTime);
     Send();
 }

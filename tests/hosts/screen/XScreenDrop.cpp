@@ -1,6 +1,6 @@
 // The other program of a drag and drop: the side of the source, version 5 of the protocol.
 
-#include "XScreen.h"
+#include "hosts/screen/XScreen.h"
 
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
