@@ -35,8 +35,8 @@ cv::Mat View(Plane& plane)
 
 struct Files {
     std::string Folder;
-    std::string Gray, Colour, Colour32;    // what is read
-    std::string Ours, Theirs;              // what is written
+    std::string Gray, Color, Color32;    // what is read
+    std::string Ours, Theirs;            // what is written
     Files()
     {
         const char* const memory = "/dev/shm";
@@ -45,8 +45,8 @@ struct Files {
         Folder = (root / ("vostel-bench-" + std::to_string(std::random_device()()))).string();
         std::filesystem::create_directory(Folder);
         Gray = Folder + "/gray.bmp";
-        Colour = Folder + "/colour.bmp";
-        Colour32 = Folder + "/colour32.bmp";
+        Color = Folder + "/color.bmp";
+        Color32 = Folder + "/color32.bmp";
         Ours = Folder + "/ours.bmp";
         Theirs = Folder + "/theirs.bmp";
     }
@@ -60,20 +60,20 @@ int main(int argc, char** argv)
     bench::PeerBench peers(argc, argv);
     Files            files;
     std::mt19937     random(4096);
-    Plane            red, green, blue, grayOfRed, grayOfColour;
+    Plane            red, green, blue, grayOfRed, grayOfColor;
     for (Plane* plane : {&red, &green, &blue}) {
         plane->Allocate(Size, Size);
         for (std::size_t i = 0; i < Pixels; ++i)
             plane->Ptr1D[i] = static_cast<unsigned char>(random());
     }
     grayOfRed.Allocate(Size, Size);
-    grayOfColour.Allocate(Size, Size);
+    grayOfColor.Allocate(Size, Size);
     for (std::size_t i = 0; i < Pixels; ++i) {
         int gray = 0;
         ColorToGrayPixel(red.Ptr1D[i], red.Ptr1D[i], red.Ptr1D[i], gray);
         grayOfRed.Ptr1D[i] = static_cast<unsigned char>(gray);
         ColorToGrayPixel(red.Ptr1D[i], green.Ptr1D[i], blue.Ptr1D[i], gray);
-        grayOfColour.Ptr1D[i] = static_cast<unsigned char>(gray);
+        grayOfColor.Ptr1D[i] = static_cast<unsigned char>(gray);
     }
     const cv::Mat channels[] = {View(blue), View(green), View(red)};
     // imwrite stores the last row first; turned over, the file holds our row 0 first.
@@ -83,13 +83,13 @@ int main(int argc, char** argv)
     cv::Mat merged, merged32;
     cv::merge(channels, 3, merged);
     cv::flip(merged, turned, 0);
-    cv::imwrite(files.Colour, turned);
+    cv::imwrite(files.Color, turned);
     const cv::Mat channels32[] = {View(blue), View(green), View(red), View(red)};
     cv::merge(channels32, 4, merged32);
     cv::flip(merged32, turned, 0);
-    cv::imwrite(files.Colour32, turned);
+    cv::imwrite(files.Color32, turned);
     // With a longer information header the 32-bit file is none of ours.
-    const bool plain32 = std::filesystem::file_size(files.Colour32) == 54 + 4 * Pixels;
+    const bool plain32 = std::filesystem::file_size(files.Color32) == 54 + 4 * Pixels;
 
     // Over a file of the same size, and to a new one: there all the time goes into the file system.
     for (const bool fresh : {false, true}) {
@@ -113,7 +113,7 @@ int main(int argc, char** argv)
         contest.AtMost = 0.85;
         peers.Compare(contest);
 
-        contest.Title = "colour write" + suffix;
+        contest.Title = "color write" + suffix;
         contest.Run = [&] { ZEKSaveColorBmp(files.Ours.c_str(), &red, &green, &blue); };
         contest.Check = [&] {
             Plane r, g, b, a;
@@ -173,26 +173,26 @@ int main(int argc, char** argv)
         peers.Compare(contest);
     }
 
-    bool       sameColour = false;
-    const auto readColour = [&](std::string& path) {
+    bool       sameColor = false;
+    const auto readColor = [&](std::string& path) {
         Plane r, g, b, a;
         ZEKReadColorBmp(path.data(), &r, &g, &b, &a);
-        sameColour = r.Width == Size && r.Ptr2D[Size - 1][Size - 1] == red.Ptr2D[Size - 1][Size - 1];
+        sameColor = r.Width == Size && r.Ptr2D[Size - 1][Size - 1] == red.Ptr2D[Size - 1][Size - 1];
     };
-    const auto checkColour = [&](std::string& path) {
+    const auto checkColor = [&](std::string& path) {
         Plane r, g, b, a;
-        return ZEKReadColorBmp(path.data(), &r, &g, &b, &a) && sameColour && SamePixels(r, red) &&
+        return ZEKReadColorBmp(path.data(), &r, &g, &b, &a) && sameColor && SamePixels(r, red) &&
                SamePixels(g, green) && SamePixels(b, blue);
     };
     {
         bench::Contest contest;
-        contest.Title = "colour read";
-        contest.Run = [&] { readColour(files.Colour); };
-        contest.Check = [&] { return checkColour(files.Colour); };
+        contest.Title = "color read";
+        contest.Run = [&] { readColor(files.Color); };
+        contest.Check = [&] { return checkColor(files.Color); };
         contest.Peers.push_back({"opencv imread + split",
                                  [&] {
                                      std::vector<cv::Mat> planes;
-                                     cv::split(cv::imread(files.Colour, cv::IMREAD_COLOR), planes);
+                                     cv::split(cv::imread(files.Color, cv::IMREAD_COLOR), planes);
                                  },
                                  {},
                                  {}});
@@ -201,13 +201,13 @@ int main(int argc, char** argv)
     }
     if (plain32) {
         bench::Contest contest;
-        contest.Title = "colour read, 32 bits";
-        contest.Run = [&] { readColour(files.Colour32); };
-        contest.Check = [&] { return checkColour(files.Colour32); };
+        contest.Title = "color read, 32 bits";
+        contest.Run = [&] { readColor(files.Color32); };
+        contest.Check = [&] { return checkColor(files.Color32); };
         contest.Peers.push_back({"opencv imread + split",
                                  [&] {
                                      std::vector<cv::Mat> planes;
-                                     cv::split(cv::imread(files.Colour32, cv::IMREAD_COLOR), planes);
+                                     cv::split(cv::imread(files.Color32, cv::IMREAD_COLOR), planes);
                                  },
                                  {},
                                  {}});
@@ -215,23 +215,22 @@ int main(int argc, char** argv)
     }
     {
         bench::Contest contest;
-        contest.Title = "colour file read as gray";
+        contest.Title = "color file read as gray";
         bool sameSize = false;
         contest.Run = [&] {
             Plane gray;
-            ZEKReadGrayBmp(files.Colour.data(), &gray);
+            ZEKReadGrayBmp(files.Color.data(), &gray);
             sameSize = gray.Width == Size;
         };
         contest.Check = [&] {
             Plane gray;
-            ZEKReadGrayBmp(files.Colour.data(), &gray);
-            return sameSize && SamePixels(gray, grayOfColour);
+            ZEKReadGrayBmp(files.Color.data(), &gray);
+            return sameSize && SamePixels(gray, grayOfColor);
         };
-        contest.Peers.push_back(
-            {"opencv imread",
-             [&] { const cv::Mat image = cv::imread(files.Colour, cv::IMREAD_GRAYSCALE); },
-             {},
-             {}});
+        contest.Peers.push_back({"opencv imread",
+                                 [&] { const cv::Mat image = cv::imread(files.Color, cv::IMREAD_GRAYSCALE); },
+                                 {},
+                                 {}});
         peers.Compare(contest);
     }
     return peers.Finish();

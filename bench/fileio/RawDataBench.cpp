@@ -129,10 +129,10 @@ int main(int argc, char** argv)
         };
         contest.Peers.push_back({"opencv cvtColor, imwrite",
                                  [&] {
-                                     cv::Mat colour;
-                                     cv::cvtColor(cv::Mat(Size, Size, CV_8UC1, gray.Ptr1D), colour,
+                                     cv::Mat color;
+                                     cv::cvtColor(cv::Mat(Size, Size, CV_8UC1, gray.Ptr1D), color,
                                                   cv::COLOR_GRAY2BGR);
-                                     cv::imwrite(theirs, colour);
+                                     cv::imwrite(theirs, color);
                                  },
                                  {},
                                  {}});

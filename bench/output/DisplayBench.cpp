@@ -185,11 +185,9 @@ void CompareAll(bench::PeerBench& peers, int side, bool bounded)
     }));
     peers.Compare(gray);
 
-    bench::Contest colour = contest("show colour planes", 1.0);
-    colour.Run = [&] {
-        gCVSShowUCColor(kCanvas, images.Planes[0], images.Planes[1], images.Planes[2], true);
-    };
-    colour.Check = [&] {
+    bench::Contest color = contest("show color planes", 1.0);
+    color.Run = [&] { gCVSShowUCColor(kCanvas, images.Planes[0], images.Planes[1], images.Planes[2], true); };
+    color.Check = [&] {
         const auto at = [&](int plane, int x, int row) -> unsigned {
             const std::size_t position =
                 static_cast<std::size_t>(row) * static_cast<std::size_t>(side) + static_cast<std::size_t>(x);
@@ -199,13 +197,13 @@ void CompareAll(bench::PeerBench& peers, int side, bool bounded)
             return at(0, x, row) << 16 | at(1, x + 1, row) << 8 | at(2, x + 2, row);
         });
     };
-    colour.Peers.push_back(peer([&] {
+    color.Peers.push_back(peer([&] {
         const cv::Mat planes[] = {images.PlaneMat(2), images.PlaneMat(1), images.PlaneMat(0)};
         cv::merge(planes, 3, mats.Triples);
         cv::cvtColor(mats.Triples, mats.Words, cv::COLOR_BGR2BGRA);
         cv::flip(mats.Words, mats.Turned, 0);
     }));
-    peers.Compare(colour);
+    peers.Compare(color);
 }
 
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-// What every window around a canvas asks and the library does not tell in one call.
+// What every window around a canvas needs and the library has no single call for.
 
 #include <VostelObj.h>
 
@@ -9,14 +9,14 @@ namespace vostel::hosts {
 // Client px per image px.
 inline double ScaleOf(int canvas)
 {
-    constexpr int apart = 1 << 16;    // of two client positions, whose image positions differ by as many px
+    constexpr int Apart = 1 << 16;    // of two client positions, whose image positions differ by as many px
     double        left = 0.0, right = 0.0, y = 0.0;
     gCVSGetOriPt(canvas, CPoint(0, 0), left, y);
-    gCVSGetOriPt(canvas, CPoint(apart, 0), right, y);
-    return right > left ? apart / (right - left) : 1.0;
+    gCVSGetOriPt(canvas, CPoint(Apart, 0), right, y);
+    return right > left ? Apart / (right - left) : 1.0;
 }
 
-// By its name headerless data, whose layout a dialog asks for.
+// Whether the name is that of headerless data, whose layout a dialog asks for.
 inline bool IsRawFile(const CString& path)
 {
     CString       name(path);
@@ -24,8 +24,8 @@ inline bool IsRawFile(const CString& path)
     return extension == L"raw" || extension == L"hraw" || extension == L"his" || extension == L"nul";
 }
 
-// A picture of a depth that a canvas shows. The library gives up what it shows before it finds that a file is
-// none.
+// Whether the file is a picture of a depth that a canvas shows. To be asked before loading: the library drops
+// what it shows before it finds a file unreadable.
 inline bool IsPictureFile(const CString& path)
 {
     ATL::CImage picture;

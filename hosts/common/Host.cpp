@@ -94,7 +94,7 @@ bool Host::WriteFrame(const std::string& path)
     if (!picture.Create(Client.Width(), Client.Height(), 24))
         return false;
     for (int y = 0; y < Client.Height(); ++y) {
-        // The frame's rows run bottom-up, four bytes a pixel.
+        // The frame's rows run bottom-up, four bytes per pixel.
         const unsigned char* source =
             static_cast<const unsigned char*>(Bits) +
             static_cast<std::ptrdiff_t>(Client.Height() - 1 - y) * Client.Width() * 4;

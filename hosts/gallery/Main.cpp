@@ -25,7 +25,7 @@ struct Tile {
     int                        Span = 1;    // columns
 };
 
-// Moves the image to the right, so that text without a ground of its own stands on the desk.
+// Moves the image to the right, so that text without a background of its own stands on the hatched one.
 void MakeRoom(Host& user, int width)
 {
     user.Drag(MK_CONTROL, CPoint(0, 0), CPoint(width, 0));

@@ -17,7 +17,7 @@ constexpr int          AlphaStep = 5;
 
 }
 
-// Elements deleted while an event is on its way are destroyed when the outermost one has returned.
+// Elements deleted while an event is on its way are destroyed when the outermost event has returned.
 class VostelDC::EventScope {
 public:
     explicit EventScope(VostelDC& canvas) : Canvas(canvas) { ++Canvas.EventsUnderWay; }
@@ -254,7 +254,7 @@ void VostelDC::DeleteSelected()
     default:
         break;
     }
-    --RegionSerial;    // for every kind: hosts know the numbers that come of it
+    --RegionSerial;    // for every kind: hosts rely on the resulting numbers
     Removed.push_back(removed);
     Elements.erase(Elements.begin() + SelIndex);
     --SelIndex;    // selected by index only: the flag of the object that stands there now is not set

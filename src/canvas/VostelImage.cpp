@@ -79,7 +79,7 @@ void VostelImage::ShowRaw(ClassData2DIO<float>& src, bool keepOriginal, bool cle
         ShowRaw(copy, keepOriginal, clearObjects);
         return;
     }
-    // An empty source may be one of this canvas's own containers: what is asked of it is asked here.
+    // An empty source may be one of this canvas's own containers: its fields are read before they change.
     const float* const data = src.Ptr1D;
     const int          width = src.Width;
     const int          height = src.Height;

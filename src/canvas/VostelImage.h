@@ -14,7 +14,7 @@ namespace vostel {
 //
 // Byte images exist only as pixels of the surface. Float data is kept, stretched to 0..65535 (Raw) and on
 // request as it came (RawOri). Hosts hold references to the containers and may change them, so their sizes
-// are looked at before each use.
+// are checked before each use.
 class VostelImage final : public VostelDC, public ImageValues {
 public:
     ZEKMAPIMA            Map;                   // from stretched values to gray
@@ -52,7 +52,7 @@ public:
     // Rebuilds LabelIma; returns the label of the last region written, 1 if there was none.
     int GenerateLabel(bool selectedOnly);
 
-    // Shows a file; CurrentFileType tells whether an image came of it.
+    // Shows a file; CurrentFileType says whether it became an image.
     void ReadImageFile(CString& path, bool keepOriginal);
     void LoadRawImage(CString path, bool keepOriginal);
     void LoadCommonImage(CString path);

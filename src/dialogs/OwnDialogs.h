@@ -1,7 +1,7 @@
 #pragma once
 
 // The dialogs that Tessik shows when no replacement is installed, one source folder per platform. Each
-// answers true with the record filled, or false with the record as it was.
+// returns true with the record filled, or false with the record as it was.
 
 #include "vostel/Tessik.h"
 

@@ -17,10 +17,10 @@ namespace {
 
 using BytePlane = ClassData2DIO<unsigned char>;
 
-const int HeaderBytes = 54;    // file header and information header
-const int PaletteBytes = 1024;
+constexpr int HeaderBytes = 54;    // file header and information header
+constexpr int PaletteBytes = 1024;
 // Pixels pass between planes and file through a block that stays in the processor's cache.
-const std::size_t BlockBytes = 128 * 1024;
+constexpr std::size_t BlockBytes = 128 * 1024;
 
 // All transfers are large, so that the stream's own buffer would only be one more copy.
 OwnedFile OpenUnbuffered(const char* path, const char* mode)
@@ -61,10 +61,9 @@ struct Layout {
     }
 };
 
-// A file may have lost its last rows, but the header alone must not make anyone allocate what no file
-// ever held: the lost rows may take this many bytes of a plane and its row table, or be as many as the
-// rows that are there.
-const std::int64_t LostBytesAllowed = 32 * 1024 * 1024;
+// A file may have lost its last rows, but a header alone must not lead to large allocations. Rejected: more
+// rows are missing than present, and the missing rows would need more than this, with their row table.
+constexpr std::int64_t LostBytesAllowed = 32 * 1024 * 1024;
 
 bool IsPlausible(const Layout& layout, std::int64_t fileBytes)
 {
@@ -82,8 +81,8 @@ bool IsPlausible(const Layout& layout, std::int64_t fileBytes)
     return rowsLost <= rowsHeld || rowsLost * bytesOfRow <= LostBytesAllowed;
 }
 
-// Leaves the file at its first pixel. Marks, positions and sizes in the header do not count; what a short
-// file has not got of it is zero, as its pixels are.
+// Leaves the file at its first pixel. Marks, positions and sizes in the header are ignored; what is
+// missing of a short file's header is zero, as its missing pixels are.
 bool ReadLayout(std::FILE* file, Layout& layout)
 {
     unsigned char      header[HeaderBytes];

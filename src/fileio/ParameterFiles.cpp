@@ -85,7 +85,7 @@ void ZEKIODisk::NextLine()
 
 void ZEKIODisk::ReadMap()
 {
-    // A read would find the end of a file where there is none.
+    // Without a file a read would report its end.
     if (!In.is_open())
         In.setstate(std::ios_base::failbit);
     char buffer[100];

@@ -19,7 +19,7 @@ namespace {
 using WordPlane = ClassData2DIO<unsigned short>;
 
 // Samples pass through a block that stays in the processor's cache.
-const std::size_t BlockSamples = 65536;
+constexpr std::size_t BlockSamples = 65536;
 
 // Samples of a file in order; zeros where it has none.
 class SampleFile {

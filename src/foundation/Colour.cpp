@@ -99,11 +99,11 @@ ClassRGB ClassRGB::GetRangeColor(int index, ClassRGB start, ClassRGB) const
     if (index > WrapSub(RangeCount, 1))
         index = WrapSub(RangeCount, 1);
     const float at = static_cast<float>(index);
-    ClassRGB    colour(0, 0, 0);
-    colour.r = TruncToByte(at * StepR + static_cast<float>(start.r));
-    colour.g = TruncToByte(at * StepG + static_cast<float>(start.g));
-    colour.b = TruncToByte(at * StepB + static_cast<float>(start.b));
-    return colour;
+    ClassRGB    color(0, 0, 0);
+    color.r = TruncToByte(at * StepR + static_cast<float>(start.r));
+    color.g = TruncToByte(at * StepG + static_cast<float>(start.g));
+    color.b = TruncToByte(at * StepB + static_cast<float>(start.b));
+    return color;
 }
 
 void ClassRGB::OutCanvas(const char*) const {}
@@ -207,11 +207,11 @@ ClassRGB ClassRGBArray::ZEKrandom_rgb()
 {
     // The factor belongs to a generator of 15 bits; a wider one only wraps in the byte.
     constexpr double Step = 3.0517578125e-5;
-    ClassRGB         colour(0, 0, 0);
-    colour.r = TruncToByte(std::rand() * 255.0 * Step);
-    colour.g = TruncToByte((std::rand() * 255.0 + 80.0) * Step);
-    colour.b = TruncToByte((std::rand() * 255.0 + 160.0) * Step);
-    return colour;
+    ClassRGB         color(0, 0, 0);
+    color.r = TruncToByte(std::rand() * 255.0 * Step);
+    color.g = TruncToByte((std::rand() * 255.0 + 80.0) * Step);
+    color.b = TruncToByte((std::rand() * 255.0 + 160.0) * Step);
+    return color;
 }
 
 void ColorToGrayPixel(int r, int g, int b, int& gray)

@@ -10,7 +10,7 @@ using namespace vostel;
 
 namespace {
 
-// A format as the Windows text functions read it, in the words of the C library: a conversion without a
+// A format as the Windows text functions read it, in the notation of the C library: a conversion without a
 // size takes wide texts and characters as it stands, narrow ones as a capital, and I64 is the size of a
 // long long. A conversion that the end of the format cuts off is left out.
 std::wstring StandardFormat(const wchar_t* format)
@@ -46,13 +46,13 @@ std::wstring StandardFormat(const wchar_t* format)
     return standard;
 }
 
-// The C library does not tell the length beforehand. A text that is too long for the room fails like a bad
+// The C library does not give the length beforehand. A text that is too long for the room fails like a bad
 // format, or is cut to fill it.
 std::wstring Formatted(const wchar_t* format, std::va_list values)
 {
-    constexpr std::size_t UtmostRoom = std::size_t{1} << 24;
+    constexpr std::size_t MaxRoom = std::size_t{1} << 24;
     const std::wstring    standard = StandardFormat(format ? format : L"");
-    for (std::size_t room = 256; room <= UtmostRoom; room *= 16) {
+    for (std::size_t room = 256; room <= MaxRoom; room *= 16) {
         std::wstring text(room, L'\0');
         std::va_list again;
         va_copy(again, values);

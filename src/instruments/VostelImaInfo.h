@@ -4,7 +4,7 @@
 
 namespace vostel {
 
-// The read-out window: on every mouse move its lines tell the image position and the value under the cursor.
+// The read-out window: on every mouse move its lines give the image position and the value under the cursor.
 class VostelImaInfo : public VostelTextML {
 public:
     void OnMouseMove(unsigned int flags, CPoint point) override;

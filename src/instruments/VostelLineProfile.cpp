@@ -80,7 +80,7 @@ ClassData2DIO<float> VostelLineProfile::Samples() const
     const PointTemplateBase<double>& to = ImagePoints[1];
     const float                      length =
         static_cast<float>(std::sqrt((from.x - to.x) * (from.x - to.x) + (from.y - to.y) * (from.y - to.y)));
-    // A line beyond any image is no measurement; the clamp keeps real ones inside.
+    // Longer than any image: not a measurement. The clamp keeps real lines inside.
     if (!(length >= ShortestLine) || length > 1e7f)
         return samples;
     const int    count = TruncToInt(std::floor(length));

@@ -6,7 +6,7 @@
 namespace vostel {
 
 // A line on the image with a plot window beside it: while the mouse moves, the samples under the line are
-// read from the image and plotted, one an image pixel of length from the first end on. The values are those
+// read from the image and plotted, one per image pixel of length, from the first end on. The values are those
 // of the data as it came, whatever the contrast.
 class VostelLineProfile : public VostelSingleLine {
 public:

@@ -5,7 +5,7 @@
 namespace vostel {
 
 // The angle between two lines given by two points each, at the point where they meet. Measured on client
-// points: at high zoom the third decimal differs from that of the three-point form.
+// points: at high zoom the third decimal differs from that of the angle of three points.
 class VostelMeasureAngle4Pts : public VostelMeasureAngle {
 public:
     CPoint Cross = CPoint(100, 100);    // client px; where the lines meet

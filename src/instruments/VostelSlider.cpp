@@ -13,7 +13,7 @@ constexpr COLORREF LowThumbColor = RGB(80, 80, 80);
 constexpr COLORREF HighThumbColor = RGB(220, 220, 220);
 constexpr UINT     CaptionFormat = DT_CENTER | DT_VCENTER | DT_SINGLELINE;
 
-// 32-bit quotient; a track without travel gives infinities, the clamps below bound them.
+// 32-bit quotient; a track without travel gives infinities; the clamps below bound them.
 float Fraction(int pixels, int travel)
 {
     return static_cast<float>(pixels) / static_cast<float>(travel);

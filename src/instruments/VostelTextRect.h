@@ -27,10 +27,10 @@ public:
     void    SetTextAt(CString& text, CPoint at) override;
     CString GetResultText() override;
 
-    // Turns the style fields into font, colour and flags of Kit.
+    // Turns the style fields into font, color and flags of Kit.
     void ApplyTextStyle();
 
-    // The corner of ClientBox closest to p; a tie between closest corners answers bottom right.
+    // The corner of ClientBox closest to p; bottom right if several are closest.
     CPoint NearestCorner(CPoint p) const;
 
 private:

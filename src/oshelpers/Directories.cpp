@@ -53,8 +53,8 @@ std::wstring Inside(const std::wstring& folder, const std::wstring& name)
     return folder + PathSeparator + name;
 }
 
-// Closed names the folders that the walk does not go into: the one that everything goes to, which may lie
-// inside the one that is copied, and those it is inside of, which links may lead back to.
+// Folders in closed are skipped: the target, which may lie inside the source, and those on the way to from,
+// which links may lead back to.
 bool CopyTree(const std::wstring& from, const std::wstring& to, std::vector<std::wstring>& closed)
 {
     bool result = false;
@@ -120,7 +120,7 @@ CString OSDIR::GetRawFileNoOverWritePrompt()
     return AskSaveName(L"raw", SaveFlags, RawFilter);
 }
 
-// The services bring room of their own for the answer, so bufferChars is not looked at.
+// The services make their own room for the names, so bufferChars is ignored.
 bool OSDIR::GetMultiFile(std::vector<CString>& names, int)
 {
     VostelFileRequest request;
@@ -182,7 +182,7 @@ bool OSDIR::Read(char* path, std::vector<CString>& list)
         return true;
     char line[1024] = "";
     while (!std::feof(file.get()) && !std::ferror(file.get())) {
-        // Without a line to read the one before stands, and is listed once more.
+        // If no line is left, line keeps the one before, which is then listed once more.
         [[maybe_unused]] const char* const read = std::fgets(line, sizeof line, file.get());
         CString                            text = WidenAnsi(line).c_str();
         text.Trim();

@@ -9,7 +9,7 @@ using namespace vostel;
 
 namespace {
 
-const unsigned long UnknownSize = 0xFFFFFFFFul;
+constexpr unsigned long UnknownSize = 0xFFFFFFFFul;
 
 int LastSeparator(const CString& text)
 {
@@ -30,8 +30,8 @@ char* gCStringToChar(CString* s)
 {
     const CString  empty;
     const CString& text = s ? *s : empty;
-    // Room is made for the ANSI form and the OEM form is stored, so that one is cut short where it is the
-    // longer. All of the buffer is cleared: where it is the shorter, the rest is zero.
+    // The buffer has the length of the ANSI text and takes the OEM text, cut short if that is longer and
+    // followed by zeros if it is shorter.
     const std::size_t size = NarrowAnsi(text.GetString(), text.GetLength()).size();
     const std::string narrow = NarrowOem(text.GetString(), text.GetLength());
     char* const       copy = new char[size + 1]();

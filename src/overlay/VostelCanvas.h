@@ -13,8 +13,8 @@ public:
     int                           PlotHeight = 0;
     float                         DataMin = 0.0f;
     float                         DataMax = 0.0f;
-    float                         XStep = 0.0f;     // data columns a plot column
-    float                         YScale = 0.0f;    // plot px a data unit
+    float                         XStep = 0.0f;     // data columns per plot column
+    float                         YScale = 0.0f;    // plot px per data unit
 
     void SetPlacement(float x, float y, float w, float h) override;
     void OnDraw(HDC dc) override;

@@ -4,7 +4,7 @@
 
 namespace vostel {
 
-// A drawing of several separate strokes with an adjustable pen, a mark that never reaches the label plane and
+// A drawing of several separate strokes with an adjustable pen, a mark that never reaches the label image and
 // may leave the image. It is hit by the box of its points.
 class VostelCrayonMStroke : public VostelMPoint {
 public:

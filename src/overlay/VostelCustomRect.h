@@ -4,7 +4,7 @@
 
 namespace vostel {
 
-// A box that is set by numbers and can only be moved, also off the image. No handle answers, Shift has no
+// A box that is set by numbers and can only be moved, also off the image. No handle reacts, Shift has no
 // meaning.
 class VostelCustomRect : public VostelRect {
 public:

@@ -14,11 +14,11 @@ namespace vostel {
 
 class ImageValues;
 
-// Kinds of overlay objects, as VostelObj::TypeCode tells them.
+// Kinds of overlay objects: values of VostelObj::TypeCode.
 enum OverlayKind : int {
     OverlayRect = 0,
     OverlayCustomRect = 1,
-    OverlayLine = 2,    // of no finished object: constructors of lines and angles pass through it
+    OverlayLine = 2,    // only while a line or angle is being constructed
     OverlayPolygon = 3,
     OverlaySpline = 4,
     OverlayOneStroke = 5,
@@ -51,7 +51,7 @@ public:
     int                                    StyleHeight = 0;    // px
     std::vector<CPoint>                    ClientPoints;       // client px, derived
     std::vector<PointTemplateBase<double>> ImagePoints;        // image px, the master copy
-    std::vector<CRect>                     HandleRects;        // client px, one square a client point
+    std::vector<CRect>                     HandleRects;        // client px, one square per client point
     int                                    ClientCount = 0;    // scratch of drawing code
     std::vector<int>                       StrokeStarts;       // indices where a new stroke begins
     CRect                                  StrokeBounds;       // client px

@@ -53,12 +53,12 @@ void VostelSingleLine::OnDraw(HDC dc)
         Kit.DrawLine(ClientPoints[0], ClientPoints[1], 0, LineColor(), PS_SOLID);
 }
 
-void VostelSingleLine::DrawBox(COLORREF colour)
+void VostelSingleLine::DrawBox(COLORREF color)
 {
     if (EllipseMode)
-        Kit.DrawEllipseOutline(ClientBox, colour);
+        Kit.DrawEllipseOutline(ClientBox, color);
     else
-        Kit.DrawRectOutline(ClientBox, colour);
+        Kit.DrawRectOutline(ClientBox, color);
 }
 
 }

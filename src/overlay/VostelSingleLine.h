@@ -18,7 +18,7 @@ public:
 
 protected:
     // The outline of ClientBox, as a rectangle or an ellipse.
-    void DrawBox(COLORREF colour);
+    void DrawBox(COLORREF color);
 };
 
 }

@@ -40,7 +40,7 @@ void VostelSpline::OnDraw(HDC dc)
         mB3Line(ClosedNodes, CurvePoints, ControlPoints);
         Kit.DrawClosedPolyline(CurvePoints, LineColor());
     }
-    // Always round, always shown and always in the line colour, unlike the handles of other shapes.
+    // Always round, always shown and always in the line color, unlike the handles of other shapes.
     Kit.DrawHandles(HandleRects, LineColor(), RoundHandles);
 }
 

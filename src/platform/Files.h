@@ -12,7 +12,7 @@ namespace vostel {
 bool      PathExists(const char* path);                    // a file or a directory; false for null
 bool      IsDirectory(const CString& path);                // an existing directory
 OwnedFile OpenFile(const char* path, const char* mode);    // null on failure, or for a null argument
-// Bytes of an open regular file whatever its size, -1 if it cannot be told; the position is kept.
+// Bytes of an open regular file whatever its size, -1 if it is unknown; the position is kept.
 long long FileLength(std::FILE* file);
 
 std::string  NarrowAnsi(const wchar_t* text, int length);    // system code page; UTF-8 off Windows

@@ -45,7 +45,7 @@ private:
     unsigned char*             Lowest = nullptr;
 };
 
-// Whether a picture of that size is accepted: at most 2^28 pixels, which is 1 GiB of colour.
+// Whether a picture of that size is accepted: at most 2^28 pixels, which is 1 GiB of color.
 bool IsSanePictureSize(long long width, long long height);
 
 }

@@ -18,7 +18,7 @@ unsigned int Gray(int value)
     return 0x010101u * static_cast<unsigned int>(value & 0xFF);
 }
 
-// The surface word of a colour image by planes of w x h: green is read one and blue two columns further on,
+// The surface word of a color image by planes of w x h: green is read one and blue two columns further on,
 // into the next row at the end of a row and as 0 behind the last.
 Frame SkewedFrame(const std::vector<unsigned char>& red, const std::vector<unsigned char>& green,
                   const std::vector<unsigned char>& blue, int w, int h)
@@ -93,7 +93,7 @@ TEST_CASE("the pointer form shows the same gray image and leaves the buffer the 
     CHECK(FrameDifference(host.Surface(), expected) == "");
 }
 
-TEST_CASE("a colour image has its green one and its blue two columns further left than its red")
+TEST_CASE("a color image has its green one and its blue two columns further left than its red")
 {
     HostCanvas host(0, 60, 40);
     for (const int width : {1, 2, 3, 17, 64, 71}) {
@@ -124,7 +124,7 @@ TEST_CASE("a colour image has its green one and its blue two columns further lef
     }
 }
 
-TEST_CASE("a colour image takes its size from the first plane; what the others lack reads as zero")
+TEST_CASE("a color image takes its size from the first plane; what the others lack reads as zero")
 {
     HostCanvas                   host(0, 60, 40);
     ClassData2DIO<unsigned char> red, green, blue;
@@ -169,7 +169,7 @@ TEST_CASE("the read-back of a gray image is its gray or, by rounding of the sum,
     CHECK(gCVSGetImaPixelValue(0, CPoint(left + 200, 20)) == 200.0f);
 }
 
-TEST_CASE("the read-back of a colour image weighs green 0.587, red 0.299 and blue 0.114")
+TEST_CASE("the read-back of a color image weighs green 0.587, red 0.299 and blue 0.114")
 {
     HostCanvas host(0, 60, 40);
     gCVSPrepareCanvas(0, 2, 1);

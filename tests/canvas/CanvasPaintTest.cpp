@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr COLORREF DeskColour = 0x998877;
+constexpr COLORREF DeskColor = 0x998877;
 constexpr COLORREF DeskLine = 0x808080;
 
 void SelectDrawDelete(HDC dc, HGDIOBJ pen, HGDIOBJ brush, const CRect& r)
@@ -23,7 +23,7 @@ void SelectDrawDelete(HDC dc, HGDIOBJ pen, HGDIOBJ brush, const CRect& r)
 void DrawDesk(HDC dc, const CRect& client)
 {
     const HPEN   pen = CreatePen(PS_SOLID, 1, DeskLine);
-    const HBRUSH ground = CreateSolidBrush(DeskColour);
+    const HBRUSH ground = CreateSolidBrush(DeskColor);
     const HBRUSH hatch = CreateHatchBrush(HS_DIAGCROSS, DeskLine);
     SetBkMode(dc, TRANSPARENT);
     SelectDrawDelete(dc, pen, ground, client);

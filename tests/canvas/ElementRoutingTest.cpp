@@ -346,9 +346,9 @@ TEST_CASE("objects are drawn from the lowest up, into the client surface, over t
     Probe* low = host.Add("low");
     Probe* high = host.Add("high");
     low->Fill = CRect(0, 60, 60, 100);
-    low->Colour = 0x0000FF;
+    low->Color = 0x0000FF;
     high->Fill = CRect(30, 80, 90, 100);
-    high->Colour = 0x00FF00;
+    high->Color = 0x00FF00;
     gCVSShowContrastCtrl(0, true);
     gCVSSetContrastCtrlRectPos(0, 0, 0, 300, 30);
     gCVSShowProgress(0, true);

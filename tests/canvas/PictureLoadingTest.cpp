@@ -18,12 +18,12 @@ void Put(std::vector<unsigned char>& bytes, unsigned int value, int count)
 template <typename F>
 std::vector<unsigned char> Bitmap(int width, int height, int depth, F&& valueAt, bool topDown = false)
 {
-    const int                  colours = depth <= 8 ? 1 << depth : 0;
+    const int                  colors = depth <= 8 ? 1 << depth : 0;
     const int                  stride = (width * depth + 31) / 32 * 4;
     std::vector<unsigned char> bytes = {'B', 'M'};
-    Put(bytes, static_cast<unsigned int>(54 + 4 * colours + stride * height), 4);
+    Put(bytes, static_cast<unsigned int>(54 + 4 * colors + stride * height), 4);
     Put(bytes, 0, 4);
-    Put(bytes, static_cast<unsigned int>(54 + 4 * colours), 4);
+    Put(bytes, static_cast<unsigned int>(54 + 4 * colors), 4);
     Put(bytes, 40, 4);
     Put(bytes, static_cast<unsigned int>(width), 4);
     Put(bytes, static_cast<unsigned int>(topDown ? -height : height), 4);
@@ -31,8 +31,8 @@ std::vector<unsigned char> Bitmap(int width, int height, int depth, F&& valueAt,
     Put(bytes, static_cast<unsigned int>(depth), 2);
     for (int i = 0; i < 6; ++i)
         Put(bytes, 0, 4);
-    for (int i = 0; i < colours; ++i)
-        Put(bytes, 0x010101u * static_cast<unsigned int>(255 - i * 255 / (colours - 1)), 4);
+    for (int i = 0; i < colors; ++i)
+        Put(bytes, 0x010101u * static_cast<unsigned int>(255 - i * 255 / (colors - 1)), 4);
     for (int row = 0; row < height; ++row) {
         const int                  y = topDown ? row : height - 1 - row;
         std::vector<unsigned char> line(static_cast<std::size_t>(stride), 0);
@@ -52,7 +52,7 @@ std::vector<unsigned char> Bitmap(int width, int height, int depth, F&& valueAt,
     return bytes;
 }
 
-unsigned int Colour(int x, int y)
+unsigned int Color(int x, int y)
 {
     return static_cast<unsigned int>(x * 40) << 16 | static_cast<unsigned int>(y * 50) << 8 |
            static_cast<unsigned int>(x * 7 + y * 3);
@@ -99,15 +99,15 @@ Frame FrameOf(int width, int height, unsigned int (*wordAt)(int, int))
 
 }
 
-TEST_CASE("a 24-bit picture shows its colours, top row first")
+TEST_CASE("a 24-bit picture shows its colors, top row first")
 {
     PictureCanvas host;
     for (const int width : {1, 2, 3, 5, 6}) {
-        CHECK(host.Read("a.bmp", Bitmap(width, 4, 24, Colour)));
+        CHECK(host.Read("a.bmp", Bitmap(width, 4, 24, Color)));
         CHECK(gCVSGetFileType(0) == FileTypeByte);
         CHECK(gCVSGetCanvasWidth(0) == width);
         CHECK(gCVSGetCanvasHeight(0) == 4);
-        CHECK(FrameDifference(host.Surface(), FrameOf(width, 4, Colour)) == "");
+        CHECK(FrameDifference(host.Surface(), FrameOf(width, 4, Color)) == "");
         for (int i = 0; i < width * 4; ++i)
             CHECK((gCVSGetCanvasPixelPtr(0)[i] & 0xFF000000) == 0);
     }
@@ -116,16 +116,16 @@ TEST_CASE("a 24-bit picture shows its colours, top row first")
 TEST_CASE("a picture stored top-down shows the same")
 {
     PictureCanvas host;
-    host.Read("a.bmp", Bitmap(5, 4, 24, Colour, true));
-    CHECK(FrameDifference(host.Surface(), FrameOf(5, 4, Colour)) == "");
+    host.Read("a.bmp", Bitmap(5, 4, 24, Color, true));
+    CHECK(FrameDifference(host.Surface(), FrameOf(5, 4, Color)) == "");
 }
 
 TEST_CASE("of a 32-bit picture the fourth byte is dropped")
 {
     PictureCanvas host;
-    host.Read("a.bmp", Bitmap(5, 4, 32, [](int x, int y) { return Colour(x, y) | 0xFF000000u; }));
+    host.Read("a.bmp", Bitmap(5, 4, 32, [](int x, int y) { return Color(x, y) | 0xFF000000u; }));
     CHECK(gCVSGetFileType(0) == FileTypeByte);
-    CHECK(FrameDifference(host.Surface(), FrameOf(5, 4, Colour)) == "");
+    CHECK(FrameDifference(host.Surface(), FrameOf(5, 4, Color)) == "");
     for (int i = 0; i < 20; ++i)
         CHECK((gCVSGetCanvasPixelPtr(0)[i] & 0xFF000000) == 0);
 }
@@ -158,7 +158,7 @@ TEST_CASE("a picture releases float data and leaves the scale")
 {
     PictureCanvas host;
     host.ShowFloat(4, 4, [](int x, int) { return x; });
-    host.Read("a.bmp", Bitmap(6, 4, 24, Colour));
+    host.Read("a.bmp", Bitmap(6, 4, 24, Color));
     CHECK(gCVSGetRawPtr1D(0) == nullptr);
     CHECK(gCVSGetRawOriPtr1D(0) == nullptr);
     CHECK(host.Region() == CRect(27, 18, 33, 22));
@@ -182,7 +182,7 @@ TEST_CASE("pictures saved by the platform's own class come back in 24 and 32 bit
                         static_cast<unsigned char*>(picture.GetBits()) + y * picture.GetPitch();
                     for (int x = 0; x < 5; ++x) {
                         for (int i = 0; i < 3; ++i)
-                            row[x * depth / 8 + i] = static_cast<unsigned char>(Colour(x, y) >> 8 * i);
+                            row[x * depth / 8 + i] = static_cast<unsigned char>(Color(x, y) >> 8 * i);
                         if (depth == 32)
                             row[4 * x + 3] = 0xFF;
                     }
@@ -191,7 +191,7 @@ TEST_CASE("pictures saved by the platform's own class come back in 24 and 32 bit
             }
             CHECK(host.Read(name));
             CHECK(gCVSGetFileType(0) == FileTypeByte);
-            CHECK(FrameDifference(host.Surface(), FrameOf(5, 4, Colour)) == "");
+            CHECK(FrameDifference(host.Surface(), FrameOf(5, 4, Color)) == "");
         }
     }
     CHECK(host.Asked == 0);
@@ -202,20 +202,20 @@ TEST_CASE("any extension but the raw ones is tried as a picture")
     PictureCanvas host;
     for (const char* name : {"a.dat", "a.txt", "a.BMP", "a.anything"}) {
         CAPTURE(name);
-        host.Read(name, Bitmap(5, 4, 24, Colour));
+        host.Read(name, Bitmap(5, 4, 24, Color));
         CHECK(gCVSGetFileType(0) == FileTypeByte);
         host.Read(name, {1, 2, 3, 4, 5});
         CHECK(gCVSGetFileType(0) == FileTypeNone);
     }
     CHECK(host.Asked == 0);
-    host.Read("a.raw", Bitmap(5, 4, 24, Colour));
+    host.Read("a.raw", Bitmap(5, 4, 24, Color));
     CHECK(host.Asked == 1);
 }
 
 TEST_CASE("a picture that cannot be read leaves the canvas and clears the type")
 {
     PictureCanvas                                 host;
-    const std::vector<unsigned char>              good = Bitmap(5, 4, 24, Colour);
+    const std::vector<unsigned char>              good = Bitmap(5, 4, 24, Color);
     const std::vector<std::vector<unsigned char>> bad = {
         {},
         {'B'},
@@ -269,9 +269,9 @@ TEST_CASE("a canvas that was never given a window still reads a picture")
     HostCanvas host(0, 60, 40);
     CRect      none(0, 0, 0, 0);
     gCVSSetClient(0, none, nullptr);
-    REQUIRE(WriteBytes(folder.Path("a.bmp"), Bitmap(5, 4, 24, Colour)));
+    REQUIRE(WriteBytes(folder.Path("a.bmp"), Bitmap(5, 4, 24, Color)));
     CString path = folder.WidePath("a.bmp");
     CHECK(gCVSReadFile(0, path, true));
     CHECK(gCVSGetFileType(0) == FileTypeByte);
-    CHECK(FrameDifference(host.Surface(), FrameOf(5, 4, Colour)) == "");
+    CHECK(FrameDifference(host.Surface(), FrameOf(5, 4, Color)) == "");
 }

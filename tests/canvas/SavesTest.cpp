@@ -125,7 +125,7 @@ TEST_CASE("the client area is saved as last painted, and comes back opaque in bo
     }
     const std::vector<unsigned char> png = ReadBytes(saving.Folder.Path("a.png"));
     REQUIRE(png.size() > 29);
-    CHECK((png[25] == 2 || png[25] == 6));    // colour type
+    CHECK((png[25] == 2 || png[25] == 6));    // color type
     if (png[25] == 6) {                       // with alpha: every pixel of it has to be full
         CImage picture;
         REQUIRE(picture.Load(saving.Folder.WidePath("a.png")) >= 0);
@@ -328,7 +328,7 @@ TEST_CASE("pictures go out in the format of their extension, in either case")
             std::filesystem::remove(saving.Folder.Path(format.File));
         }
     }
-    // A photograph comes back near its colours.
+    // A photograph comes back near its colors.
     saving.Host.ShowFlatGray(Width, Height, 120);
     saving.Host.Paint();
     CImage picture;

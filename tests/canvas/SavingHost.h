@@ -78,7 +78,7 @@ struct SavingHost {
     }
 };
 
-// Colours of a picture file; the depth goes to *depth. A picture with an alpha channel has to be opaque.
+// Colors of a picture file; the depth goes to *depth. A picture with an alpha channel has to be opaque.
 inline Frame Load(const std::string& path, int* depth = nullptr)
 {
     CImage        picture;

@@ -7,17 +7,17 @@
 
 using namespace bmp_test;
 
-TEST_CASE("a missing file is false for colour, which keeps its planes, and a 0 x 0 image for gray")
+TEST_CASE("a missing file is false for color, which keeps its planes, and a 0 x 0 image for gray")
 {
     const TempFolder folder;
     std::string      path = folder.Path("missing.bmp");
-    Colour           colour;
-    for (Plane* plane : {&colour.Red, &colour.Green, &colour.Blue, &colour.Alpha})
+    Color            color;
+    for (Plane* plane : {&color.Red, &color.Green, &color.Blue, &color.Alpha})
         plane->Allocate(2, 1);
-    colour.Red.Ptr1D[1] = 77;
-    CHECK_FALSE(colour.Read(path));
-    CHECK(colour.HasSizes(2, 1));
-    CHECK(colour.Red.Ptr1D[1] == 77);
+    color.Red.Ptr1D[1] = 77;
+    CHECK_FALSE(color.Read(path));
+    CHECK(color.HasSizes(2, 1));
+    CHECK(color.Red.Ptr1D[1] == 77);
     Plane gray;
     gray.Allocate(2, 1);
     CHECK(ZEKReadGrayBmp(Narrow(path), &gray));
@@ -52,13 +52,13 @@ TEST_CASE("null paths and null planes fail without a trace")
     CHECK_FALSE(ZEKSaveColorBmp(path.c_str(), &plane, &plane, nullptr));
     CHECK(ReadBytes(path).empty());
     REQUIRE(ZEKSaveGrayBmp(Narrow(path), plane));
-    Colour colour;
-    CHECK_FALSE(ZEKReadColorBmp(nullptr, &colour.Red, &colour.Green, &colour.Blue, &colour.Alpha));
-    CHECK_FALSE(ZEKReadColorBmp(Narrow(path), nullptr, &colour.Green, &colour.Blue, &colour.Alpha));
-    CHECK_FALSE(ZEKReadColorBmp(Narrow(path), &colour.Red, nullptr, &colour.Blue, &colour.Alpha));
-    CHECK_FALSE(ZEKReadColorBmp(Narrow(path), &colour.Red, &colour.Green, nullptr, &colour.Alpha));
-    CHECK_FALSE(ZEKReadColorBmp(Narrow(path), &colour.Red, &colour.Green, &colour.Blue, nullptr));
-    CHECK(colour.HasSizes(0, 0));
+    Color color;
+    CHECK_FALSE(ZEKReadColorBmp(nullptr, &color.Red, &color.Green, &color.Blue, &color.Alpha));
+    CHECK_FALSE(ZEKReadColorBmp(Narrow(path), nullptr, &color.Green, &color.Blue, &color.Alpha));
+    CHECK_FALSE(ZEKReadColorBmp(Narrow(path), &color.Red, nullptr, &color.Blue, &color.Alpha));
+    CHECK_FALSE(ZEKReadColorBmp(Narrow(path), &color.Red, &color.Green, nullptr, &color.Alpha));
+    CHECK_FALSE(ZEKReadColorBmp(Narrow(path), &color.Red, &color.Green, &color.Blue, nullptr));
+    CHECK(color.HasSizes(0, 0));
     CHECK(ZEKReadGrayBmp(Narrow(path), nullptr));
     CHECK(ZEKReadGrayBmp(nullptr, &gray));
     CHECK(HasSize(gray, 0, 0));
@@ -80,11 +80,11 @@ TEST_CASE("a header cut short is read, and zero from there")
         REQUIRE(
             WriteBytes(path, Bytes(header.begin(), header.begin() + static_cast<std::ptrdiff_t>(length))));
         const int width = length > 18 ? 3 : 0, height = length > 22 ? 2 : 0;    // the low bytes hold it all
-        Colour    colour;
-        colour.Red.Allocate(2, 2);
-        CHECK(colour.Read(path));
-        CHECK(colour.HasSizes(width, height));
-        CHECK((IsClear(colour.Red) && IsClear(colour.Green) && IsClear(colour.Blue)));
+        Color     color;
+        color.Red.Allocate(2, 2);
+        CHECK(color.Read(path));
+        CHECK(color.HasSizes(width, height));
+        CHECK((IsClear(color.Red) && IsClear(color.Green) && IsClear(color.Blue)));
         Plane gray;
         CHECK(ZEKReadGrayBmp(Narrow(path), &gray));
         CHECK((HasSize(gray, width, height) && IsClear(gray)));
@@ -101,12 +101,12 @@ TEST_CASE("images without pixels are saved and read back in their size")
     for (const auto& one : sizes) {
         CAPTURE(one.Width);
         CAPTURE(one.Height);
-        Plane  saved, gray;
-        Colour colour;
+        Plane saved, gray;
+        Color color;
         saved.Allocate(one.Width, one.Height);
         CHECK(ZEKSaveColorBmp(path.c_str(), &saved, &saved, &saved));
-        CHECK(colour.Read(path));
-        CHECK(colour.HasSizes(one.Width, one.Height));
+        CHECK(color.Read(path));
+        CHECK(color.HasSizes(one.Width, one.Height));
         CHECK(ZEKSaveGrayBmp(Narrow(path), saved));
         CHECK(ZEKReadGrayBmp(Narrow(path), &gray));
         CHECK(HasSize(gray, one.Width, one.Height));
@@ -136,10 +136,10 @@ TEST_CASE("sizes that no bitmap has are a failed read")
             Bytes bytes = NoisyHeader(random, one.Width, one.Height, bits);
             bytes.resize(bytes.size() + 100, 1);
             REQUIRE(WriteBytes(path, bytes));
-            Colour colour;
-            colour.Blue.Allocate(2, 2);
-            CHECK_FALSE(colour.Read(path));
-            CHECK(colour.AllEmpty());
+            Color color;
+            color.Blue.Allocate(2, 2);
+            CHECK_FALSE(color.Read(path));
+            CHECK(color.AllEmpty());
             Plane gray;
             CHECK(ZEKReadGrayBmp(Narrow(path), &gray));
             CHECK(HasSize(gray, 0, 0));
@@ -162,13 +162,13 @@ TEST_CASE("a file cut short reads as far as it goes and is zero from there")
             CAPTURE(length);
             const Bytes bytes(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length));
             REQUIRE(WriteBytes(path, bytes));
-            Colour colour;
-            REQUIRE(colour.Read(path));
-            REQUIRE(colour.HasSizes(37, 11));
-            CHECK(colour.Holds(bytes));
+            Color color;
+            REQUIRE(color.Read(path));
+            REQUIRE(color.HasSizes(37, 11));
+            CHECK(color.Holds(bytes));
             Plane gray, twoSteps;
             REQUIRE(ZEKReadGrayBmp(Narrow(path), &gray));
-            REQUIRE(ZEKColorToGray(&colour.Red, &colour.Green, &colour.Blue, &twoSteps));
+            REQUIRE(ZEKColorToGray(&color.Red, &color.Green, &color.Blue, &twoSteps));
             CHECK(SamePixels(gray, twoSteps));
         }
     }
@@ -256,25 +256,25 @@ TEST_CASE("files with bytes changed at random are read as their header says or n
         if (random() % 16 == 0)
             bytes.resize(random() % 60);
         REQUIRE(WriteBytes(path, bytes));
-        Colour colour;
-        Plane  gray;
-        if (colour.Read(path)) {
+        Color color;
+        Plane gray;
+        if (color.Read(path)) {
             ++readCount;
             bytes.resize(std::max<std::size_t>(bytes.size(), 54));    // a header cut short goes on with zeros
             const int width = static_cast<int>(Get(bytes, 18, 4)),
                       height = static_cast<int>(Get(bytes, 22, 4));
-            REQUIRE(colour.HasSizes(width, height));
+            REQUIRE(color.HasSizes(width, height));
             REQUIRE(ZEKReadGrayBmp(Narrow(path), &gray));
             REQUIRE(HasSize(gray, width, height));
             if (width * height > 10000)    // zero but for their first bytes, and slow to walk through
                 continue;
-            REQUIRE(colour.Holds(bytes));
+            REQUIRE(color.Holds(bytes));
             Plane twoSteps;
-            REQUIRE(ZEKColorToGray(&colour.Red, &colour.Green, &colour.Blue, &twoSteps));
+            REQUIRE(ZEKColorToGray(&color.Red, &color.Green, &color.Blue, &twoSteps));
             REQUIRE(SamePixels(gray, twoSteps));
         } else {
             ++refusedCount;
-            REQUIRE(colour.AllEmpty());
+            REQUIRE(color.AllEmpty());
             REQUIRE(ZEKReadGrayBmp(Narrow(path), &gray));
             REQUIRE(HasSize(gray, 0, 0));
         }
@@ -292,7 +292,7 @@ TEST_CASE("planes smaller than red count as zero where they end")
     blue.Allocate(3, 1);
     for (Plane* plane : {&red, &green, &blue})
         std::memset(plane->Ptr1D, 200, static_cast<std::size_t>(plane->Width * plane->Height));
-    const Bytes bytes = SavedColour(folder, red, green, blue);
+    const Bytes bytes = SavedColor(folder, red, green, blue);
     REQUIRE(bytes.size() == 54 + 24);
     CHECK(Bytes(bytes.begin() + 54, bytes.end()) ==
           Bytes({200, 200, 200, 200, 200, 200, 200, 0, 200, 0, 0, 0,
@@ -309,10 +309,10 @@ TEST_CASE("empty planes are saved as files without pixels and turned into a 0 x 
     const TempFolder folder;
     Plane            fresh, released, gray;
     CHECK(SavedGray(folder, fresh).size() == 1078);
-    CHECK(SavedColour(folder, fresh, fresh, fresh).size() == 54);
+    CHECK(SavedColor(folder, fresh, fresh, fresh).size() == 54);
     released.Release();
     CHECK(SavedGray(folder, released).size() == 1078);
-    CHECK(SavedColour(folder, released, released, released).size() == 54);
+    CHECK(SavedColor(folder, released, released, released).size() == 54);
     for (Plane* plane : {&fresh, &released}) {
         gray.Allocate(2, 2);
         CHECK(ZEKColorToGray(plane, plane, plane, &gray));

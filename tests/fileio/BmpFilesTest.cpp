@@ -30,7 +30,7 @@ TEST_CASE("a gray file's header holds the told value in every field")
     CHECK(Get(bytes, 50, 4) == 0);
 }
 
-TEST_CASE("a colour file's header holds the told value in every field")
+TEST_CASE("a color file's header holds the told value in every field")
 {
     const TempFolder folder;
     std::mt19937     random(2);
@@ -38,7 +38,7 @@ TEST_CASE("a colour file's header holds the told value in every field")
     FillRandom(red, 5, 3, random);
     FillRandom(green, 5, 3, random);
     FillRandom(blue, 5, 3, random);
-    const Bytes bytes = SavedColour(folder, red, green, blue);
+    const Bytes bytes = SavedColor(folder, red, green, blue);
     REQUIRE(bytes.size() == 54 + 3 * 16);
     CHECK(bytes[0] == 'B');
     CHECK(bytes[1] == 'M');
@@ -93,7 +93,7 @@ TEST_CASE("gray rows take a multiple of four bytes and the padding is zero")
     }
 }
 
-TEST_CASE("colour rows take a multiple of four bytes, hold blue, green, red and the padding is zero")
+TEST_CASE("color rows take a multiple of four bytes, hold blue, green, red and the padding is zero")
 {
     const TempFolder folder;
     std::mt19937     random(5);
@@ -107,7 +107,7 @@ TEST_CASE("colour rows take a multiple of four bytes, hold blue, green, red and 
         FillRandom(red, one.Width, 2, random);
         FillRandom(green, one.Width, 2, random);
         FillRandom(blue, one.Width, 2, random);
-        const Bytes bytes = SavedColour(folder, red, green, blue);
+        const Bytes bytes = SavedColor(folder, red, green, blue);
         REQUIRE(bytes.size() == 54 + 2 * one.RowBytes);
         for (std::size_t y = 0; y < 2; ++y) {
             const std::size_t row = 54 + y * one.RowBytes;
@@ -135,10 +135,10 @@ TEST_CASE("files of 8, 24 and 32 bits read as their bytes, first row first, what
             CAPTURE(width);
             const Bytes bytes = NoisyFile(random, width, 7, bits);
             REQUIRE(WriteBytes(path, bytes));
-            Colour colour;
-            REQUIRE(colour.Read(path));
-            REQUIRE(colour.HasSizes(width, 7));
-            CHECK(colour.Holds(bytes));
+            Color color;
+            REQUIRE(color.Read(path));
+            REQUIRE(color.HasSizes(width, 7));
+            CHECK(color.Holds(bytes));
         }
     }
 }
@@ -154,16 +154,16 @@ TEST_CASE("images larger than one transfer read and write every row")
             CAPTURE(width);
             const Bytes bytes = NoisyFile(random, width, 300, bits);
             REQUIRE(WriteBytes(path, bytes));
-            Colour colour;
-            REQUIRE(colour.Read(path));
-            REQUIRE(colour.HasSizes(width, 300));
-            CHECK(colour.Holds(bytes));
-            const Bytes saved = SavedColour(folder, colour.Red, colour.Green, colour.Blue);
+            Color color;
+            REQUIRE(color.Read(path));
+            REQUIRE(color.HasSizes(width, 300));
+            CHECK(color.Holds(bytes));
+            const Bytes saved = SavedColor(folder, color.Red, color.Green, color.Blue);
             REQUIRE(saved.size() == static_cast<std::size_t>(54 + 300 * RowBytesOf(24, width)));
-            CHECK(colour.Holds(saved));
-            const Bytes savedGray = SavedGray(folder, colour.Green);
+            CHECK(color.Holds(saved));
+            const Bytes savedGray = SavedGray(folder, color.Green);
             REQUIRE(savedGray.size() == static_cast<std::size_t>(1078 + 300 * RowBytesOf(8, width)));
-            CHECK(HoldsChannel(colour.Green, savedGray, 0));
+            CHECK(HoldsChannel(color.Green, savedGray, 0));
         }
     }
 }
@@ -175,11 +175,11 @@ TEST_CASE("a row longer than one transfer reads and writes whole")
     std::mt19937      random(8);
     const Bytes       bytes = NoisyFile(random, 200001, 2, 24);
     REQUIRE(WriteBytes(path, bytes));
-    Colour colour;
-    REQUIRE(colour.Read(path));
-    REQUIRE(colour.HasSizes(200001, 2));
-    CHECK(colour.Holds(bytes));
-    CHECK(colour.Holds(SavedColour(folder, colour.Red, colour.Green, colour.Blue)));
+    Color color;
+    REQUIRE(color.Read(path));
+    REQUIRE(color.HasSizes(200001, 2));
+    CHECK(color.Holds(bytes));
+    CHECK(color.Holds(SavedColor(folder, color.Red, color.Green, color.Blue)));
 }
 
 TEST_CASE("a 24-bit file read and saved keeps its pixel bytes and gets the writer's header")
@@ -189,9 +189,9 @@ TEST_CASE("a 24-bit file read and saved keeps its pixel bytes and gets the write
     std::mt19937      random(9);
     const Bytes       bytes = NoisyFile(random, 8, 5, 24);    // rows without padding
     REQUIRE(WriteBytes(path, bytes));
-    Colour colour;
-    REQUIRE(colour.Read(path));
-    const Bytes saved = SavedColour(folder, colour.Red, colour.Green, colour.Blue);
+    Color color;
+    REQUIRE(color.Read(path));
+    const Bytes saved = SavedColor(folder, color.Red, color.Green, color.Blue);
     REQUIRE(saved.size() == bytes.size());
     CHECK(Bytes(saved.begin() + 54, saved.end()) == Bytes(bytes.begin() + 54, bytes.end()));
     CHECK(Get(saved, 2, 4) == saved.size());
@@ -212,21 +212,21 @@ TEST_CASE("random images survive a save and a read")
         FillRandom(red, width, height, random);
         FillRandom(green, width, height, random);
         FillRandom(blue, width, height, random);
-        REQUIRE_FALSE(SavedColour(folder, red, green, blue).empty());
-        Colour colour;
-        REQUIRE(colour.Read(folder.Path("saved-colour.bmp")));
-        CHECK(SamePixels(colour.Red, red));
-        CHECK(SamePixels(colour.Green, green));
-        CHECK(SamePixels(colour.Blue, blue));
+        REQUIRE_FALSE(SavedColor(folder, red, green, blue).empty());
+        Color color;
+        REQUIRE(color.Read(folder.Path("saved-color.bmp")));
+        CHECK(SamePixels(color.Red, red));
+        CHECK(SamePixels(color.Green, green));
+        CHECK(SamePixels(color.Blue, blue));
         REQUIRE_FALSE(SavedGray(folder, red).empty());
-        REQUIRE(colour.Read(folder.Path("saved-gray.bmp")));
-        CHECK(SamePixels(colour.Red, red));
-        CHECK(SamePixels(colour.Green, red));
-        CHECK(SamePixels(colour.Blue, red));
+        REQUIRE(color.Read(folder.Path("saved-gray.bmp")));
+        CHECK(SamePixels(color.Red, red));
+        CHECK(SamePixels(color.Green, red));
+        CHECK(SamePixels(color.Blue, red));
     }
 }
 
-TEST_CASE("an 8-bit file with a palette of colours reads as its index values")
+TEST_CASE("an 8-bit file with a palette of colors reads as its index values")
 {
     const TempFolder  folder;
     const std::string path = folder.Path("palette.bmp");
@@ -234,9 +234,9 @@ TEST_CASE("an 8-bit file with a palette of colours reads as its index values")
     Bytes             bytes = NoisyHeader(random, 4, 1, 8);
     bytes.insert(bytes.end(), {0, 7, 128, 255});
     REQUIRE(WriteBytes(path, bytes));
-    Colour colour;
-    REQUIRE(colour.Read(path));
-    for (Plane* plane : {&colour.Red, &colour.Green, &colour.Blue}) {
+    Color color;
+    REQUIRE(color.Read(path));
+    for (Plane* plane : {&color.Red, &color.Green, &color.Blue}) {
         CHECK(plane->Ptr1D[0] == 0);
         CHECK(plane->Ptr1D[1] == 7);
         CHECK(plane->Ptr1D[2] == 128);
@@ -252,13 +252,13 @@ TEST_CASE("depths of 1, 4 and 16 bits give clear planes of the file's size and c
     for (const int bits : {0, 1, 4, 16}) {
         CAPTURE(bits);
         REQUIRE(WriteBytes(path, NoisyFile(random, 9, 3, bits)));
-        Colour colour;
-        CHECK(colour.Read(path));
-        CHECK(colour.HasSizes(9, 3));
-        CHECK(IsClear(colour.Red));
-        CHECK(IsClear(colour.Green));
-        CHECK(IsClear(colour.Blue));
-        CHECK(IsClear(colour.Alpha));
+        Color color;
+        CHECK(color.Read(path));
+        CHECK(color.HasSizes(9, 3));
+        CHECK(IsClear(color.Red));
+        CHECK(IsClear(color.Green));
+        CHECK(IsClear(color.Blue));
+        CHECK(IsClear(color.Alpha));
         Plane gray;
         CHECK(ZEKReadGrayBmp(Narrow(path), &gray));
         CHECK(HasSize(gray, 9, 3));
@@ -266,7 +266,7 @@ TEST_CASE("depths of 1, 4 and 16 bits give clear planes of the file's size and c
     }
 }
 
-TEST_CASE("reading gray equals reading colour and turning it into gray")
+TEST_CASE("reading gray equals reading color and turning it into gray")
 {
     const TempFolder folder;
     std::string      path = folder.Path("a.bmp");
@@ -279,10 +279,10 @@ TEST_CASE("reading gray equals reading colour and turning it into gray")
             CAPTURE(width);
             const Bytes bytes = NoisyFile(random, width, 60, bits);
             REQUIRE(WriteBytes(path, bytes));
-            Colour colour;
-            REQUIRE(colour.Read(path));
+            Color color;
+            REQUIRE(color.Read(path));
             Plane twoSteps, gray;
-            REQUIRE(ZEKColorToGray(&colour.Red, &colour.Green, &colour.Blue, &twoSteps));
+            REQUIRE(ZEKColorToGray(&color.Red, &color.Green, &color.Blue, &twoSteps));
             REQUIRE(ZEKReadGrayBmp(Narrow(path), &gray));
             REQUIRE(HasSize(gray, width, 60));
             CHECK(SamePixels(gray, twoSteps));
@@ -316,26 +316,26 @@ TEST_CASE("a gray file read as gray loses one level at 65 of the 256 levels")
     CHECK(gray.Ptr1D[255] == 255);
 }
 
-TEST_CASE("the gray of a colour is truncated")
+TEST_CASE("the gray of a color is truncated")
 {
     Plane               red, green, blue, gray;
-    const unsigned char colours[][3] = {{1, 1, 1}, {2, 2, 2},   {3, 3, 3},   {255, 255, 255},
-                                        {0, 0, 1}, {255, 0, 0}, {0, 255, 0}, {0, 0, 255}};
+    const unsigned char colors[][3] = {{1, 1, 1}, {2, 2, 2},   {3, 3, 3},   {255, 255, 255},
+                                       {0, 0, 1}, {255, 0, 0}, {0, 255, 0}, {0, 0, 255}};
     const unsigned char expected[] = {0, 1, 3, 255, 0, 76, 149, 29};
     const int           count = 8;
     for (Plane* plane : {&red, &green, &blue})
         plane->Allocate(count, 1);
     for (int i = 0; i < count; ++i) {
-        red.Ptr1D[i] = colours[i][0];
-        green.Ptr1D[i] = colours[i][1];
-        blue.Ptr1D[i] = colours[i][2];
+        red.Ptr1D[i] = colors[i][0];
+        green.Ptr1D[i] = colors[i][1];
+        blue.Ptr1D[i] = colors[i][2];
     }
     CHECK(ZEKColorToGray(&red, &green, &blue, &gray));
     REQUIRE(HasSize(gray, count, 1));
     for (int i = 0; i < count; ++i) {
         CAPTURE(i);
         CHECK(gray.Ptr1D[i] == expected[i]);
-        CHECK(GrayOf(colours[i][0], colours[i][1], colours[i][2]) == expected[i]);
+        CHECK(GrayOf(colors[i][0], colors[i][1], colors[i][2]) == expected[i]);
     }
 }
 
@@ -346,17 +346,17 @@ TEST_CASE("a save over an older file of any length leaves the bytes of a new fil
     Plane            gray;
     FillRandom(gray, 5, 4, random);
     const Bytes expected = SavedGray(folder, gray);
-    const Bytes expectedColour = SavedColour(folder, gray, gray, gray);
+    const Bytes expectedColor = SavedColor(folder, gray, gray, gray);
     REQUIRE(expected.size() == 1078 + 32);
-    REQUIRE(expectedColour.size() == 54 + 64);
+    REQUIRE(expectedColor.size() == 54 + 64);
     for (const std::size_t difference : {0, 1, 1000}) {
         CAPTURE(difference);
         REQUIRE(WriteBytes(folder.Path("saved-gray.bmp"), Bytes(expected.size() + difference, 0xEE)));
         CHECK(SavedGray(folder, gray) == expected);
         REQUIRE(WriteBytes(folder.Path("saved-gray.bmp"), Bytes(expected.size() - difference, 0xEE)));
         CHECK(SavedGray(folder, gray) == expected);
-        REQUIRE(WriteBytes(folder.Path("saved-colour.bmp"), Bytes(expectedColour.size() + difference, 0xEE)));
-        CHECK(SavedColour(folder, gray, gray, gray) == expectedColour);
+        REQUIRE(WriteBytes(folder.Path("saved-color.bmp"), Bytes(expectedColor.size() + difference, 0xEE)));
+        CHECK(SavedColor(folder, gray, gray, gray) == expectedColor);
     }
 }
 

@@ -102,7 +102,7 @@ inline bool IsEmpty(const Plane& plane)
     return !plane.Ptr1D && !plane.Ptr2D && HasSize(plane, -1, -1);
 }
 
-struct Colour {
+struct Color {
     Plane Red, Green, Blue, Alpha;
     bool  Read(std::string path) { return ZEKReadColorBmp(Narrow(path), &Red, &Green, &Blue, &Alpha); }
     bool  HasSizes(int width, int height) const
@@ -138,9 +138,9 @@ inline Bytes SavedGray(const TempFolder& folder, Plane& gray)
     return ZEKSaveGrayBmp(Narrow(path), gray) ? ReadBytes(path) : Bytes();
 }
 
-inline Bytes SavedColour(const TempFolder& folder, Plane& red, Plane& green, Plane& blue)
+inline Bytes SavedColor(const TempFolder& folder, Plane& red, Plane& green, Plane& blue)
 {
-    const std::string path = folder.Path("saved-colour.bmp");
+    const std::string path = folder.Path("saved-color.bmp");
     return ZEKSaveColorBmp(path.c_str(), &red, &green, &blue) ? ReadBytes(path) : Bytes();
 }
 

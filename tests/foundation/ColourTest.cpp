@@ -88,7 +88,7 @@ TEST_CASE("adding pixels wraps in 8 bits")
     CHECK(Is(c, 88, 0, 0, 1));
 }
 
-TEST_CASE("a colour holds blue first in memory and takes red first as arguments")
+TEST_CASE("a color holds blue first in memory and takes red first as arguments")
 {
     CHECK(offsetof(ClassRGB, b) == 0);
     CHECK(offsetof(ClassRGB, g) == 1);
@@ -104,7 +104,7 @@ TEST_CASE("a colour holds blue first in memory and takes red first as arguments"
     CHECK(Is(c, 7, 255, 255));
 }
 
-TEST_CASE("colours compare by their channels only")
+TEST_CASE("colors compare by their channels only")
 {
     ClassRGB a(1, 2, 3);
     ClassRGB b(1, 2, 3);
@@ -116,7 +116,7 @@ TEST_CASE("colours compare by their channels only")
     CHECK_FALSE(a == ClassRGB(1, 2, 0));
 }
 
-TEST_CASE("the difference of colours is the sum over the channels, whatever the order")
+TEST_CASE("the difference of colors is the sum over the channels, whatever the order")
 {
     const ClassRGB black(0, 0, 0);
     const ClassRGB white(255, 255, 255);
@@ -125,7 +125,7 @@ TEST_CASE("the difference of colours is the sum over the channels, whatever the 
     CHECK(ClassRGB(10, 20, 30).GetDif(ClassRGB(13, 15, 30)) == 8);
 }
 
-TEST_CASE("assigning a colour copies its ramp too")
+TEST_CASE("assigning a color copies its ramp too")
 {
     ClassRGB a(1, 2, 3);
     a.SetColorHandle(3, ClassRGB(0, 0, 0), ClassRGB(100, 50, 200));
@@ -139,7 +139,7 @@ TEST_CASE("assigning a colour copies its ramp too")
     CHECK(b.StepB == 100.0f);
 }
 
-TEST_CASE("every named colour sets its three channels and nothing else")
+TEST_CASE("every named color sets its three channels and nothing else")
 {
     struct Named {
         const char* Name;
@@ -215,7 +215,7 @@ TEST_CASE("the quotient of a ramp is formed in double and rounded to float")
     }
 }
 
-TEST_CASE("a ramp index is clamped, and the last colour can fall one short of the end")
+TEST_CASE("a ramp index is clamped, and the last color can fall one short of the end")
 {
     const ClassRGB start(5, 6, 7);
     ClassRGB       c(0, 0, 0);
@@ -234,7 +234,7 @@ TEST_CASE("a ramp index is clamped, and the last colour can fall one short of th
     CHECK(fellShort);
 }
 
-TEST_CASE("the end given to a ramp's colour is not used, the start is")
+TEST_CASE("the end given to a ramp's color is not used, the start is")
 {
     ClassRGB c(0, 0, 0);
     c.SetColorHandle(3, ClassRGB(0, 0, 0), ClassRGB(100, 100, 100));
@@ -242,7 +242,7 @@ TEST_CASE("the end given to a ramp's colour is not used, the start is")
     CHECK(Is(c.GetRangeColor(2, ClassRGB(200, 200, 200), ClassRGB(9, 9, 9)), 44, 44, 44));    // wraps
 }
 
-TEST_CASE("a ramp of one colour has steps that are no numbers, and asking it does no harm")
+TEST_CASE("a ramp of one color has steps that are no numbers, and asking it does no harm")
 {
     const ClassRGB black(0, 0, 0);
     ClassRGB       c(0, 0, 0);
@@ -259,7 +259,7 @@ TEST_CASE("a ramp of one colour has steps that are no numbers, and asking it doe
     CHECK(Is(c, 0, 0, 0));
 }
 
-TEST_CASE("a fresh table of colours has no list, although its count is 255")
+TEST_CASE("a fresh table of colors has no list, although its count is 255")
 {
     const ClassRGBArray table;
     CHECK(table.List == nullptr);
@@ -268,7 +268,7 @@ TEST_CASE("a fresh table of colours has no list, although its count is 255")
     CHECK(offsetof(ClassRGBArray, Count) == sizeof(void*));
 }
 
-TEST_CASE("a table of n colours has one more")
+TEST_CASE("a table of n colors has one more")
 {
     ClassRGBArray table;
     table.GenerateRGBArray(0);
@@ -308,7 +308,7 @@ TEST_CASE("assigning a table shares its list")
     other.List = nullptr;    // one of the two may be destroyed with it
 }
 
-TEST_CASE("a random colour is three draws, red first, the later channels raised a little")
+TEST_CASE("a random color is three draws, red first, the later channels raised a little")
 {
     ClassRGBArray table;
     for (unsigned seed = 1; seed < 300; ++seed) {
@@ -318,14 +318,14 @@ TEST_CASE("a random colour is three draws, red first, the later channels raised 
         const double green = std::rand();
         const double blue = std::rand();
         std::srand(seed);
-        const ClassRGB colour = table.ZEKrandom_rgb();
+        const ClassRGB color = table.ZEKrandom_rgb();
         const auto     low = [](double v) { return static_cast<int>(static_cast<long long>(v) & 255); };
-        REQUIRE(Is(colour, low(red * 255.0 / 32768.0), low((green * 255.0 + 80.0) / 32768.0),
+        REQUIRE(Is(color, low(red * 255.0 / 32768.0), low((green * 255.0 + 80.0) / 32768.0),
                    low((blue * 255.0 + 160.0) / 32768.0)));
     }
 }
 
-TEST_CASE("making a table moves the random sequence by three draws a colour")
+TEST_CASE("making a table moves the random sequence by three draws a color")
 {
     ClassRGBArray table;
     for (const int n : {0, 1, 20}) {

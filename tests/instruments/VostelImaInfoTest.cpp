@@ -34,7 +34,7 @@ TEST_CASE("a read-out is a panel of kind 14 with the canvas as its source")
     CHECK(scene.Canvas.Elements.size() == 2);
 }
 
-TEST_CASE("the read-out of a byte image tells position and the three colours")
+TEST_CASE("the read-out of a byte image tells position and the three colors")
 {
     OverlayScene scene;
     gCVSAddInfoWin(0);

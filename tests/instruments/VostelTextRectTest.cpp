@@ -145,12 +145,12 @@ TEST_CASE("an empty text has a box of no size, with 3 px around it")
     CHECK(scene.Count(scene.Whole(), 0xFFFFFF) == 36);
 }
 
-TEST_CASE("the five styles: colour of the letters and white box or none")
+TEST_CASE("the five styles: color of the letters and white box or none")
 {
     const struct {
         FontType     Font;
         int          BkMode;
-        unsigned int Colour;    // COLORREF
+        unsigned int Color;    // COLORREF
         bool         White;
         bool         Red;
     } styles[] = {
@@ -163,7 +163,7 @@ TEST_CASE("the five styles: colour of the letters and white box or none")
         CAPTURE(style.BkMode);
         OverlayScene scene;
         scene.ShowFlat(128);
-        gCVSAddTextOL(0, L"HELLO", 100, 100, style.Font, style.BkMode, style.Colour, 30);
+        gCVSAddTextOL(0, L"HELLO", 100, 100, style.Font, style.BkMode, style.Color, 30);
         scene.Host.Paint();
         const CRect        box = scene.Last<VostelTextRect>().ClientBox;
         const unsigned int ground = style.White ? 0xFFFFFF : 0x808080;
@@ -183,7 +183,7 @@ TEST_CASE("the five styles: colour of the letters and white box or none")
     }
 }
 
-TEST_CASE("the custom style takes any colour")
+TEST_CASE("the custom style takes any color")
 {
     OverlayScene scene;
     scene.ShowFlat(0);

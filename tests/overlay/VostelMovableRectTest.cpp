@@ -63,7 +63,7 @@ TEST_CASE("a hit in the frame selects it, left and top inclusive, right and bott
     CHECK(frame.HitTest(CPoint(69, 49)));
 }
 
-TEST_CASE("the frame is a hollow box of one colour, selected or not")
+TEST_CASE("the frame is a hollow box of one color, selected or not")
 {
     OverlayCanvas          host;
     VostelMovableRect&     frame = AddFrame(host);

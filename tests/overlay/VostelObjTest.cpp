@@ -33,7 +33,7 @@ public:
 
 }
 
-TEST_CASE("a fresh object is idle, empty, unselected and has the family's colours")
+TEST_CASE("a fresh object is idle, empty, unselected and has the family's colors")
 {
     const VostelObj object;
     CHECK(object.StyleFontType == FontPlain18);

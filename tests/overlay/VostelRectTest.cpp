@@ -218,7 +218,7 @@ TEST_CASE("the middle handle moves a line as a whole, while handles are round")
     CHECK_FALSE(moves(40, 30));
 }
 
-TEST_CASE("a line is drawn straight between its two points, in the colour of its selection")
+TEST_CASE("a line is drawn straight between its two points, in the color of its selection")
 {
     OverlayCanvas    host;
     VostelSingleLine line;

@@ -22,7 +22,7 @@ void GiveNodes(VostelSpline& spline, int count)
 
 }
 
-TEST_CASE("one node of a spline is a round handle in the line colour and no curve")
+TEST_CASE("one node of a spline is a round handle in the line color and no curve")
 {
     OverlayCanvas host;
     host.AddNodes(gCVSAddSpline, {CPoint(40, 40)});
@@ -69,7 +69,7 @@ TEST_CASE("a spline draws the curve that mB3Line gives for its closed client poi
     CHECK(spline.ControlPoints.size() == controls.size());
 }
 
-TEST_CASE("the nodes of a spline are round, shown and in the line colour whatever its handle fields say")
+TEST_CASE("the nodes of a spline are round, shown and in the line color whatever its handle fields say")
 {
     OverlayCanvas host;
     host.AddNodes(gCVSAddSpline, Nodes);

@@ -129,7 +129,7 @@ TEST_CASE("a dashed pen draws 18 pixels and leaves 6, a dotted one 3 and 3")
                            "rr...rrr...rrr...rrr...rrr...rrr...rrr...rrr...rrr\n");
 }
 
-TEST_CASE("the gaps of a broken line show the background colour when the mode is opaque")
+TEST_CASE("the gaps of a broken line show the background color when the mode is opaque")
 {
     TestBitmap    bitmap(14, 2);
     TestSelection pen(bitmap.Dc, CreatePen(PS_DOT, 1, testRed));

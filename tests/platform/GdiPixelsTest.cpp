@@ -1,4 +1,4 @@
-// Single pixels, colours and the arguments of messages.
+// Single pixels, colors and the arguments of messages.
 
 #include "support/TestBitmap.h"
 
@@ -46,12 +46,12 @@ TEST_CASE("a pixel's place counts from the viewport's origin")
     CHECK(GetPixel(bitmap.Dc, 3, 0) == CLR_INVALID);
 }
 
-TEST_CASE("a colour and a message's argument come apart as they were put together")
+TEST_CASE("a color and a message's argument come apart as they were put together")
 {
-    const COLORREF colour = RGB(10, 200, 255);
-    CHECK(GetRValue(colour) == 10);
-    CHECK(GetGValue(colour) == 200);
-    CHECK(GetBValue(colour) == 255);
+    const COLORREF color = RGB(10, 200, 255);
+    CHECK(GetRValue(color) == 10);
+    CHECK(GetGValue(color) == 200);
+    CHECK(GetBValue(color) == 255);
     const LPARAM place = MAKELPARAM(-3, 700);
     CHECK(place == 0x02BCFFFD);
     CHECK(static_cast<short>(LOWORD(place)) == -3);

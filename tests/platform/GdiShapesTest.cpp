@@ -204,7 +204,7 @@ TEST_CASE("a hatch keeps its place whatever the rectangle and the viewport origi
     DeleteObject(brush);
 }
 
-TEST_CASE("an opaque hatch fills its gaps with the background colour")
+TEST_CASE("an opaque hatch fills its gaps with the background color")
 {
     for (int bits : {24, 32}) {
         CAPTURE(bits);

@@ -27,7 +27,7 @@ const unsigned char* Row(const CImage& image, int y)
            static_cast<std::ptrdiff_t>(y) * image.GetPitch();
 }
 
-std::array<int, 3> ColourAt(const CImage& image, int x, int y)
+std::array<int, 3> ColorAt(const CImage& image, int x, int y)
 {
     const unsigned char* pixel = Row(image, y) + x * (image.GetBPP() / 8);
     return {pixel[0], pixel[1], pixel[2]};
@@ -45,9 +45,9 @@ void Paint(const CImage& image)
     const int bytes = image.GetBPP() / 8;
     for (int y = 0; y < image.GetHeight(); ++y)
         for (int x = 0; x < image.GetWidth(); ++x) {
-            const auto     colour = Painted(x, y);
+            const auto     color = Painted(x, y);
             unsigned char* pixel = const_cast<unsigned char*>(Row(image, y)) + x * bytes;
-            std::copy(colour.begin(), colour.end(), pixel);
+            std::copy(color.begin(), color.end(), pixel);
         }
 }
 
@@ -101,10 +101,10 @@ std::vector<Sample> Samples()
             {"i4.png", Png(Width, Height, 4, Indexed, CountedRows(4)), 4},
             {"i8.png", Png(Width, Height, 8, Indexed, CountedRows(8)), 8},
             {"g8.png", Png(Width, Height, 8, Gray, CountedRows(8)), GrayPngDepth},
-            {"c8.png", Png(Width, Height, 8, Colour, CountedRows(24)), 24},
-            {"a8.png", Png(Width, Height, 8, ColourAlpha, CountedRows(32)), 32},
+            {"c8.png", Png(Width, Height, 8, Color, CountedRows(24)), 24},
+            {"a8.png", Png(Width, Height, 8, ColorAlpha, CountedRows(32)), 32},
             {"g16.png", Png(Width, Height, 16, Gray, CountedRows(16)), 32},
-            {"c16.png", Png(Width, Height, 16, Colour, CountedRows(48)), 32},
+            {"c16.png", Png(Width, Height, 16, Color, CountedRows(48)), 32},
             {"ga8.png", Png(Width, Height, 8, GrayAlpha, CountedRows(16)), 32},
             {"it8.png", Png(Width, Height, 8, Indexed, CountedRows(8), true), 32},
             {"8.gif", Gif(Width, Height, CountedRows(8)), 8},
@@ -210,8 +210,8 @@ TEST_CASE("a picture's context draws into its rows, top row first")
         image.ReleaseDC();
         for (int y = 0; y < Height; ++y)
             for (int x = 0; x < Width; ++x)
-                CHECK(ColourAt(image, x, y) == (y == 1 && (x == 2 || x == 3) ? std::array<int, 3>{10, 20, 30}
-                                                                             : std::array<int, 3>{0, 0, 0}));
+                CHECK(ColorAt(image, x, y) == (y == 1 && (x == 2 || x == 3) ? std::array<int, 3>{10, 20, 30}
+                                                                            : std::array<int, 3>{0, 0, 0}));
     }
     REQUIRE(image.Create(4, 4, 8));
     CHECK(image.GetDC() == nullptr);
@@ -230,7 +230,7 @@ TEST_CASE("pictures keep the depth of their file")
     }
 }
 
-TEST_CASE("pictures with a palette keep their indices, true colour its bytes")
+TEST_CASE("pictures with a palette keep their indices, true color its bytes")
 {
     CImage image;
     for (const std::string name :
@@ -250,20 +250,20 @@ TEST_CASE("pictures with a palette keep their indices, true colour its bytes")
             }
 }
 
-TEST_CASE("colours arrive as blue, green, red")
+TEST_CASE("colors arrive as blue, green, red")
 {
     // One row: red 1, green 2, blue 3 and so on.
     const files::Bytes row = Counted(Width * Height * 3, 1);
     CImage             image;
     for (const std::string name : {"c.png", "c.tif"}) {
         CAPTURE(name);
-        const files::Bytes file = name[2] == 'p' ? files::Png(Width, Height, 8, files::Colour, row)
+        const files::Bytes file = name[2] == 'p' ? files::Png(Width, Height, 8, files::Color, row)
                                                  : files::Tiff(Width, Height, 8, 3, false, row);
         REQUIRE(LoadBytes(image, file, name) >= 0);
         for (int y = 0; y < Height; ++y)
             for (int x = 0; x < Width; ++x) {
                 const std::size_t at = static_cast<std::size_t>(y * Width + x) * 3;
-                CHECK(ColourAt(image, x, y) == std::array<int, 3>{row[at + 2], row[at + 1], row[at]});
+                CHECK(ColorAt(image, x, y) == std::array<int, 3>{row[at + 2], row[at + 1], row[at]});
             }
     }
 }
@@ -272,12 +272,12 @@ TEST_CASE("alpha arrives as the fourth byte")
 {
     const files::Bytes row = Counted(Width * Height * 4);
     CImage             image;
-    REQUIRE(LoadBytes(image, files::Png(Width, Height, 8, files::ColourAlpha, row), "a.png") >= 0);
+    REQUIRE(LoadBytes(image, files::Png(Width, Height, 8, files::ColorAlpha, row), "a.png") >= 0);
     REQUIRE(image.GetBPP() == 32);
     for (int y = 0; y < Height; ++y)
         for (int x = 0; x < Width; ++x) {
             const std::size_t at = static_cast<std::size_t>(y * Width + x) * 4;
-            CHECK(ColourAt(image, x, y) == std::array<int, 3>{row[at + 2], row[at + 1], row[at]});
+            CHECK(ColorAt(image, x, y) == std::array<int, 3>{row[at + 2], row[at + 1], row[at]});
             CHECK(Row(image, y)[x * 4 + 3] == row[at + 3]);
         }
 }
@@ -298,7 +298,7 @@ TEST_CASE("a gray photograph arrives with 8 bits")
     CHECK(std::abs(Row(image, 3)[3] - 100) <= 1);
 }
 
-TEST_CASE("pictures are saved in the format that their extension names and come back with their colours")
+TEST_CASE("pictures are saved in the format that their extension names and come back with their colors")
 {
     const TempFolder folder;
     CImage           image, back;
@@ -318,8 +318,8 @@ TEST_CASE("pictures are saved in the format that their extension names and come 
                     CHECK(back.GetBPP() == 24);
                 for (int y = 0; y < Height; ++y)
                     for (int x = 0; x < Width; ++x) {
-                        const auto colour = Painted(x, y);
-                        CHECK(ColourAt(back, x, y) == std::array<int, 3>{colour[0], colour[1], colour[2]});
+                        const auto color = Painted(x, y);
+                        CHECK(ColorAt(back, x, y) == std::array<int, 3>{color[0], color[1], color[2]});
                     }
             }
     const files::Bytes bmp = ReadBytes(folder.Path("a.bmp")), png = ReadBytes(folder.Path("a.png"));
@@ -330,7 +330,7 @@ TEST_CASE("pictures are saved in the format that their extension names and come 
     CHECK(((tif[0] == 'I' && tif[1] == 'I') || (tif[0] == 'M' && tif[1] == 'M')));
 }
 
-TEST_CASE("photographs come back near their colours with 24 bits")
+TEST_CASE("photographs come back near their colors with 24 bits")
 {
     const TempFolder folder;
     CImage           image, back;
@@ -346,10 +346,10 @@ TEST_CASE("photographs come back near their colours with 24 bits")
             REQUIRE(image.Save(folder.WidePath(name)) >= 0);
             REQUIRE(back.Load(folder.WidePath(name)) >= 0);
             CHECK(back.GetBPP() == 24);
-            const auto colour = ColourAt(back, 20, 15);
-            CHECK(std::abs(colour[0] - 40) <= 4);
-            CHECK(std::abs(colour[1] - 120) <= 4);
-            CHECK(std::abs(colour[2] - 200) <= 4);
+            const auto color = ColorAt(back, 20, 15);
+            CHECK(std::abs(color[0] - 40) <= 4);
+            CHECK(std::abs(color[1] - 120) <= 4);
+            CHECK(std::abs(color[2] - 200) <= 4);
             const files::Bytes file = ReadBytes(folder.Path(name));
             REQUIRE(file.size() > 2);
             CHECK((file[0] == 0xFF && file[1] == 0xD8));
@@ -384,7 +384,7 @@ TEST_CASE("a palette picture survives being saved without loss")
                 }
 }
 
-TEST_CASE("a colour picture is quantised when it is saved as GIF")
+TEST_CASE("a color picture is quantised when it is saved as GIF")
 {
     const TempFolder folder;
     CImage           image, back;
@@ -512,8 +512,8 @@ TEST_CASE("depths between are brought to their neighbours")
     // 16 bits a channel lose their low byte.
     REQUIRE(LoadBytes(image, files::Png(2, 1, 16, files::Gray, {0x12, 0x12, 0xFF, 0xFF}), "g16.png") >= 0);
     CHECK(image.GetBPP() == 32);
-    CHECK(ColourAt(image, 0, 0) == std::array<int, 3>{0x12, 0x12, 0x12});
-    CHECK(ColourAt(image, 1, 0) == std::array<int, 3>{255, 255, 255});
+    CHECK(ColorAt(image, 0, 0) == std::array<int, 3>{0x12, 0x12, 0x12});
+    CHECK(ColorAt(image, 1, 0) == std::array<int, 3>{255, 255, 255});
     REQUIRE(LoadBytes(image, files::Bmp(2, 1, 16, {0x1F, 0x7C, 0xE0, 0x03}), "16.bmp") >= 0);
     CHECK(image.GetBPP() == 16);
 }

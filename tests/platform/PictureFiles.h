@@ -30,7 +30,7 @@ inline void Append(Bytes& bytes, const Bytes& more)
 }
 
 // Blue, green, red of a palette entry: distinct, and gray nowhere.
-inline std::array<unsigned char, 3> EntryColour(int index)
+inline std::array<unsigned char, 3> EntryColor(int index)
 {
     return {static_cast<unsigned char>(255 - index), static_cast<unsigned char>(index * 7),
             static_cast<unsigned char>(index)};
@@ -44,9 +44,9 @@ inline std::size_t RowBytes(int width, int bits)
 // Rows top first, each of whole bytes. The file pads and turns them over.
 inline Bytes Bmp(int width, int height, int bits, const Bytes& rows)
 {
-    const int         colours = bits <= 8 ? 1 << bits : 0;
+    const int         colors = bits <= 8 ? 1 << bits : 0;
     const std::size_t row = RowBytes(width, bits), padded = (row + 3) / 4 * 4;
-    const std::size_t offset = 54 + 4 * static_cast<std::size_t>(colours);
+    const std::size_t offset = 54 + 4 * static_cast<std::size_t>(colors);
     Bytes             file = {'B', 'M'};
     Little(file, static_cast<std::uint32_t>(offset + padded * static_cast<std::size_t>(height)), 4);
     Little(file, 0, 4);
@@ -57,9 +57,9 @@ inline Bytes Bmp(int width, int height, int bits, const Bytes& rows)
     Little(file, 1, 2);
     Little(file, static_cast<std::uint32_t>(bits), 2);
     file.resize(54, 0);
-    for (int i = 0; i < colours; ++i) {
-        const auto colour = EntryColour(i);
-        Append(file, {colour[0], colour[1], colour[2], 0});
+    for (int i = 0; i < colors; ++i) {
+        const auto color = EntryColor(i);
+        Append(file, {color[0], color[1], color[2], 0});
     }
     for (int y = height - 1; y >= 0; --y) {
         for (std::size_t i = 0; i < padded; ++i)
@@ -104,7 +104,7 @@ inline Bytes Stored(const Bytes& content)
     return packed;
 }
 
-enum PngKind { Gray = 0, Colour = 2, Indexed = 3, GrayAlpha = 4, ColourAlpha = 6 };
+enum PngKind { Gray = 0, Color = 2, Indexed = 3, GrayAlpha = 4, ColorAlpha = 6 };
 
 // Rows top first, samples as the format stores them: red first, 16 bits with the high byte first.
 inline Bytes Png(int width, int height, int bits, PngKind kind, const Bytes& rows,
@@ -119,8 +119,8 @@ inline Bytes Png(int width, int height, int bits, PngKind kind, const Bytes& row
     if (kind == Indexed) {
         Bytes palette;
         for (int i = 0; i < 1 << bits; ++i) {
-            const auto colour = EntryColour(i);
-            Append(palette, {colour[2], colour[1], colour[0]});
+            const auto color = EntryColor(i);
+            Append(palette, {color[2], color[1], color[0]});
         }
         Chunk(file, "PLTE", palette);
         if (transparentEntry)
@@ -144,8 +144,8 @@ inline Bytes Tiff(int width, int height, int bits, int samples, bool indexed, co
     struct Entry {
         std::uint32_t Tag, Type, Count, Value;
     };
-    const std::uint32_t data = 8, colours = static_cast<std::uint32_t>(data + (rows.size() + 1) / 2 * 2);
-    const std::uint32_t each = colours + (indexed ? 6u << bits : 0), directory = each + 8;
+    const std::uint32_t data = 8, colors = static_cast<std::uint32_t>(data + (rows.size() + 1) / 2 * 2);
+    const std::uint32_t each = colors + (indexed ? 6u << bits : 0), directory = each + 8;
     std::vector<Entry>  entries = {
          {256, 3, 1, static_cast<std::uint32_t>(width)},
          {257, 3, 1, static_cast<std::uint32_t>(height)},
@@ -161,16 +161,16 @@ inline Bytes Tiff(int width, int height, int bits, int samples, bool indexed, co
          {279, 4, 1, static_cast<std::uint32_t>(rows.size())},
          {284, 3, 1, 1}};
     if (indexed)
-        entries.push_back({320, 3, 3u << bits, colours});
+        entries.push_back({320, 3, 3u << bits, colors});
     if (samples == 4)
         entries.push_back({338, 3, 1, 2});
     Bytes file = {'I', 'I', 42, 0};
     Little(file, directory, 4);
     Append(file, rows);
-    file.resize(colours, 0);
+    file.resize(colors, 0);
     for (int channel = 2; indexed && channel >= 0; --channel)
         for (int i = 0; i < 1 << bits; ++i)
-            Little(file, EntryColour(i)[static_cast<std::size_t>(channel)] * 257u, 2);
+            Little(file, EntryColor(i)[static_cast<std::size_t>(channel)] * 257u, 2);
     for (int i = 0; i < 4; ++i)
         Little(file, static_cast<std::uint32_t>(bits), 2);
     Little(file, static_cast<std::uint32_t>(entries.size()), 2);
@@ -192,8 +192,8 @@ inline Bytes Gif(int width, int height, const Bytes& indices)
     Little(file, static_cast<std::uint32_t>(height), 2);
     Append(file, {0xF7, 0, 0});
     for (int i = 0; i < 256; ++i) {
-        const auto colour = EntryColour(i);
-        Append(file, {colour[2], colour[1], colour[0]});
+        const auto color = EntryColor(i);
+        Append(file, {color[2], color[1], color[0]});
     }
     Append(file, {',', 0, 0, 0, 0});
     Little(file, static_cast<std::uint32_t>(width), 2);

@@ -195,7 +195,7 @@ TEST_CASE("an empty text has no extent and draws nothing")
     CHECK_FALSE(sheet.Untouched());
 }
 
-TEST_CASE("an opaque text fills its extent with the background colour and touches nothing else")
+TEST_CASE("an opaque text fills its extent with the background color and touches nothing else")
 {
     Sheet sheet(200, 60);
     SetBkMode(sheet.Dc, OPAQUE);
@@ -209,7 +209,7 @@ TEST_CASE("an opaque text fills its extent with the background colour and touche
     CHECK(sheet.At(11, 7) == 0x010203);
 }
 
-TEST_CASE("a transparent text leaves its background and draws in the text colour")
+TEST_CASE("a transparent text leaves its background and draws in the text color")
 {
     Sheet sheet(200, 60);
     SetBkMode(sheet.Dc, TRANSPARENT);

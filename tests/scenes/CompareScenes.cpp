@@ -39,7 +39,7 @@ struct Box {
     int Left = 1 << 30, Top = 1 << 30, Right = -1, Bottom = -1;    // right and bottom included
 };
 
-// Where a picture differs from its background, which is the colour of its last pixel.
+// Where a picture differs from its background, which is the color of its last pixel.
 Box InkBox(const Picture& picture)
 {
     Box                  box;

@@ -43,10 +43,10 @@ void FilledRects(HDC dc, int, int)
 {
     SceneRandom random(41);
     for (int i = 0; i < 90; ++i) {
-        HBRUSH brush = random.Between(0, 2) ? CreateSolidBrush(random.Colour())
-                                            : CreateHatchBrush(random.Between(0, 5), random.Colour());
+        HBRUSH brush = random.Between(0, 2) ? CreateSolidBrush(random.Color())
+                                            : CreateHatchBrush(random.Between(0, 5), random.Color());
         SetBkMode(dc, random.Between(0, 1) ? OPAQUE : TRANSPARENT);
-        SetBkColor(dc, random.Colour());
+        SetBkColor(dc, random.Color());
         RECT rect = {random.Between(-60, 460), random.Between(-60, 360), random.Between(-60, 460),
                      random.Between(-60, 360)};
         FillRect(dc, &rect, brush);

@@ -3,9 +3,9 @@
 namespace {
 
 // Every vector of up to 12 pixels each way, one to a cell: all octants and all ties.
-void Directions(HDC dc, int style, COLORREF colour)
+void Directions(HDC dc, int style, COLORREF color)
 {
-    Selected pen(dc, CreatePen(style, 1, colour));
+    Selected pen(dc, CreatePen(style, 1, color));
     for (int dy = -12; dy <= 12; ++dy)
         for (int dx = -12; dx <= 12; ++dx) {
             int x = (dx + 12) * 27 + 13;
@@ -57,10 +57,10 @@ void RandomLines(HDC dc, int count, unsigned seed, int style, int low, int high)
 {
     SceneRandom random(seed);
     for (int i = 0; i < count; ++i) {
-        Selected pen(dc, CreatePen(style, 1, random.Colour()));
+        Selected pen(dc, CreatePen(style, 1, random.Color()));
         int      x0 = random.Between(low, high), y0 = random.Between(low, high);
         int      x1 = random.Between(low, high), y1 = random.Between(low, high);
-        SetBkColor(dc, random.Colour());
+        SetBkColor(dc, random.Color());
         SetBkMode(dc, random.Between(0, 1) ? OPAQUE : TRANSPARENT);
         Segment(dc, x0, y0, x1, y1);
     }
@@ -96,7 +96,7 @@ void StyledPolylines(HDC dc, int style, unsigned seed)
         SetBkMode(dc, mode);
         SetBkColor(dc, RGB(90, 200, 240));
         for (int line = 0; line < 20; ++line) {
-            Selected pen(dc, CreatePen(style, 1, random.Colour()));
+            Selected pen(dc, CreatePen(style, 1, random.Color()));
             MoveTo(dc, random.Point(0, 400, 0, 300));
             for (int i = 0; i < 8; ++i)
                 LineTo(dc, random.Point(-60, 460, -60, 360));
@@ -112,7 +112,7 @@ void DottedPolylines(HDC dc, int, int)
     StyledPolylines(dc, PS_DOT, 17);
 }
 
-// What restarts the pattern: a move, another pen, another colour, another drawing call, or nothing.
+// What restarts the pattern: a move, another pen, another color, another drawing call, or nothing.
 void StyledRestarts(HDC dc, int, int)
 {
     for (int row = 0; row < 10; ++row) {

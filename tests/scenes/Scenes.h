@@ -24,7 +24,7 @@ struct Scene {
     void (*Draw)(HDC dc, int width, int height);
 };
 
-// A memory context with a section bitmap selected, filled with one colour at first.
+// A memory context with a section bitmap selected, filled with one color at first.
 class SceneBitmap {
 public:
     SceneBitmap(int width, int height, int bitsPerPixel, bool topDown, COLORREF background);
@@ -80,7 +80,7 @@ public:
         int x = Between(lowX, highX), y = Between(lowY, highY);
         return {x, y};
     }
-    COLORREF Colour()
+    COLORREF Color()
     {
         int red = Between(0, 255), green = Between(0, 255), blue = Between(0, 255);
         return RGB(red, green, blue);

@@ -66,11 +66,11 @@ void Corners(HDC dc, int, int)
 {
     SceneRandom random(31);
     for (int i = 0; i < 60; ++i) {
-        Selected pen(dc, CreatePen(random.Between(0, 5) ? PS_SOLID : PS_NULL, 1, random.Colour()));
-        Selected brush(dc, random.Between(0, 1) ? CreateSolidBrush(random.Colour())
-                                                : CreateHatchBrush(random.Between(0, 5), random.Colour()));
+        Selected pen(dc, CreatePen(random.Between(0, 5) ? PS_SOLID : PS_NULL, 1, random.Color()));
+        Selected brush(dc, random.Between(0, 1) ? CreateSolidBrush(random.Color())
+                                                : CreateHatchBrush(random.Between(0, 5), random.Color()));
         SetBkMode(dc, random.Between(0, 1) ? OPAQUE : TRANSPARENT);
-        SetBkColor(dc, random.Colour());
+        SetBkColor(dc, random.Color());
         int  x0 = random.Between(-60, 460), x1 = random.Between(-60, 460);
         int  y0 = random.Between(-60, 360), y1 = random.Between(-60, 360);
         bool rectangle = random.Between(0, 1) != 0 || HasBlankTips(std::abs(x1 - x0), std::abs(y1 - y0));
@@ -83,7 +83,7 @@ void LargeEllipses(HDC dc, int, int)
     SceneRandom random(32);
     SelectObject(dc, GetStockObject(NULL_BRUSH));
     for (int i = 0; i < 60; ++i) {
-        Selected pen(dc, CreatePen(PS_SOLID, 1, random.Colour()));
+        Selected pen(dc, CreatePen(PS_SOLID, 1, random.Color()));
         POINT    at = random.Point(-900, 900, -900, 900), size = random.Point(50, 1600, 50, 1600);
         Ellipse(dc, at.x, at.y, at.x + size.x, at.y + size.y);
     }
@@ -93,7 +93,7 @@ void LargeFilledEllipses(HDC dc, int, int)
     SceneRandom random(33);
     SelectObject(dc, GetStockObject(NULL_PEN));
     for (int i = 0; i < 60; ++i) {
-        Selected brush(dc, CreateSolidBrush(random.Colour()));
+        Selected brush(dc, CreateSolidBrush(random.Color()));
         POINT    at = random.Point(-900, 400, -900, 300), size = random.Point(50, 1600, 50, 1600);
         Ellipse(dc, at.x, at.y, at.x + size.x, at.y + size.y);
     }
@@ -105,7 +105,7 @@ void BrokenPens(HDC dc, int, int)
     for (int style : {PS_DASH, PS_DOT})
         for (int mode : {OPAQUE, TRANSPARENT})
             for (int i = 0; i < 16; ++i) {
-                Selected pen(dc, CreatePen(style, 1, random.Colour()));
+                Selected pen(dc, CreatePen(style, 1, random.Color()));
                 Selected brush(dc, CreateSolidBrush(RGB(230, 230, 100)));
                 SetBkMode(dc, mode);
                 SetBkColor(dc, RGB(0, 160, 160));

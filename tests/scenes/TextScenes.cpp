@@ -62,7 +62,7 @@ void Chinese(HDC dc, int, int)
 }
 
 // The platforms bring different fonts and rasterisers: glyph shapes and widths differ, while the place, the
-// colour and the line height of the text have to agree.
+// color and the line height of the text have to agree.
 std::vector<Scene> TextScenes()
 {
     return {

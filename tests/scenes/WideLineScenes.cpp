@@ -39,7 +39,7 @@ void AllWidths(HDC dc, int, int)
 {
     SceneRandom random(21);
     for (int width = 1; width <= 40; ++width) {
-        Selected pen(dc, CreatePen(PS_SOLID, width, random.Colour()));
+        Selected pen(dc, CreatePen(PS_SOLID, width, random.Color()));
         int      x = (width - 1) % 8 * 120 + 60, y = (width - 1) / 8 * 120 + 60;
         Segment(dc, x - 35, y - 35, x - 35, y - 35);
         Segment(dc, x + 30, y - 35, x + 31, y - 35);
@@ -52,7 +52,7 @@ void Polylines(HDC dc, int, int)
 {
     SceneRandom random(22);
     for (int width : {2, 3, 5, 8, 13, 20, 31, 40}) {
-        Selected pen(dc, CreatePen(PS_SOLID, width, random.Colour()));
+        Selected pen(dc, CreatePen(PS_SOLID, width, random.Color()));
         MoveTo(dc, random.Point(0, 500, 0, 400));
         for (int i = 0; i < 7; ++i)
             LineTo(dc, random.Point(-30, 530, -30, 430));
@@ -63,7 +63,7 @@ void Clipped(HDC dc, int, int)
 {
     SceneRandom random(23);
     for (int i = 0; i < 60; ++i) {
-        Selected pen(dc, CreatePen(PS_SOLID, 2 + i % 39, random.Colour()));
+        Selected pen(dc, CreatePen(PS_SOLID, 2 + i % 39, random.Color()));
         MoveTo(dc, random.Point(-3000, 3000, -3000, 3000));
         LineTo(dc, random.Point(-3000, 3000, -3000, 3000));
     }

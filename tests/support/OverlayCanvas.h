@@ -78,11 +78,11 @@ public:
         return static_cast<int>(std::count(plane.Ptr1D, plane.Ptr1D + plane.Width * plane.Height, label));
     }
 
-    // Frame pixels of a colour, 0x00RRGGBB.
-    int CountPixels(unsigned int colour)
+    // Frame pixels of a color, 0x00RRGGBB.
+    int CountPixels(unsigned int color)
     {
         const Frame frame = PaintAndCapture();
-        return static_cast<int>(std::count(frame.Words.begin(), frame.Words.end(), colour));
+        return static_cast<int>(std::count(frame.Words.begin(), frame.Words.end(), color));
     }
 };
 

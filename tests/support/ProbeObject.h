@@ -17,8 +17,8 @@ public:
     std::string                             Name;
     std::vector<std::string>&               Log;
     CRect                                   Hit;
-    CRect                                   Fill;    // what OnDraw fills with Colour
-    COLORREF                                Colour = 0;
+    CRect                                   Fill;    // what OnDraw fills with Color
+    COLORREF                                Color = 0;
     HDC                                     Target = nullptr;
     std::function<void(const std::string&)> OnEvent;    // "down", "up", "move", "key", "view", ...
     std::function<void()>                   OnEnd;
@@ -59,7 +59,7 @@ public:
     {
         Target = dc;
         if (!Fill.IsRectEmpty()) {
-            const HBRUSH brush = CreateSolidBrush(Colour);
+            const HBRUSH brush = CreateSolidBrush(Color);
             FillRect(dc, &Fill, brush);
             DeleteObject(brush);
         }

@@ -1,7 +1,7 @@
 #pragma once
 
 // A small section bitmap selected into a context of its own, and its pixels as text that a person can check:
-// a full stop for black, a letter for each colour of the legend, a question mark for anything else.
+// a full stop for black, a letter for each color of the legend, a question mark for anything else.
 
 #include <VostelObj.h>
 

@@ -21,8 +21,8 @@ long long Extent(LONG low, LONG high)
     return static_cast<long long>(high) - low;
 }
 
-// The quotient is rounded to float, then widened; the next resize depends on it. Without an extent there
-// is no fraction: the anchor stays.
+// The quotient is rounded to float, then widened; the next resize depends on it. Without an extent
+// the anchor stays.
 void RefreshAnchor(double& anchor, int centre, LONG low, LONG high)
 {
     const long long extent = Extent(low, high);

@@ -50,9 +50,9 @@ PaintKit::~PaintKit()
         DeleteObject(Font);
 }
 
-void PaintKit::DrawLine(const CPoint& a, const CPoint& b, int, COLORREF colour, int penStyle)
+void PaintKit::DrawLine(const CPoint& a, const CPoint& b, int, COLORREF color, int penStyle)
 {
-    const SelectedObject pen(Dc, CreatePen(penStyle, 1, colour));
+    const SelectedObject pen(Dc, CreatePen(penStyle, 1, color));
     MoveToEx(Dc, a.x, a.y, nullptr);
     LineTo(Dc, b.x, b.y);
 }
@@ -75,28 +75,28 @@ void PaintKit::DrawLabel(const CString& text, int x, int y)
     TextOutW(Dc, x, y, text, text.GetLength());
 }
 
-void PaintKit::SelectTextStyle(int height, int bkMode, COLORREF colour)
+void PaintKit::SelectTextStyle(int height, int bkMode, COLORREF color)
 {
     SelectObject(Dc, GetStockObject(DEFAULT_GUI_FONT));
     if (Font)
         DeleteObject(Font);
     Font = CreateCaptionFont(height);
     SelectObject(Dc, Font);
-    ::SetTextColor(Dc, colour);
+    ::SetTextColor(Dc, color);
     ::SetBkMode(Dc, bkMode);
 }
 
-void PaintKit::DrawEllipseOutline(const CRect& r, COLORREF colour)
+void PaintKit::DrawEllipseOutline(const CRect& r, COLORREF color)
 {
-    const SelectedObject pen(Dc, CreatePen(PS_SOLID, 1, colour));
+    const SelectedObject pen(Dc, CreatePen(PS_SOLID, 1, color));
     SelectObject(Dc, GetStockObject(NULL_BRUSH));
     Ellipse(Dc, r.left, r.top, r.right, r.bottom);
     SelectObject(Dc, GetStockObject(WHITE_BRUSH));
 }
 
-void PaintKit::DrawRectOutline(const CRect& r, COLORREF colour)
+void PaintKit::DrawRectOutline(const CRect& r, COLORREF color)
 {
-    const SelectedObject pen(Dc, CreatePen(PS_SOLID, 1, colour));
+    const SelectedObject pen(Dc, CreatePen(PS_SOLID, 1, color));
     SelectObject(Dc, GetStockObject(NULL_BRUSH));
     Rectangle(Dc, r.left, r.top, r.right, r.bottom);
     SelectObject(Dc, GetStockObject(WHITE_BRUSH));
@@ -155,11 +155,11 @@ void PaintKit::BindSurface(unsigned int* pixels)
 }
 
 template <typename Point>
-void PaintKit::DrawClosedPolyline(const std::vector<Point>& points, COLORREF colour)
+void PaintKit::DrawClosedPolyline(const std::vector<Point>& points, COLORREF color)
 {
     if (points.size() < 2)
         return;
-    const SelectedObject pen(Dc, CreatePen(PS_SOLID, 1, colour));
+    const SelectedObject pen(Dc, CreatePen(PS_SOLID, 1, color));
     MoveToEx(Dc, points[0].x, points[0].y, nullptr);
     for (std::size_t i = 1; i < points.size(); ++i)
         LineTo(Dc, points[i].x, points[i].y);
@@ -170,9 +170,9 @@ template void PaintKit::DrawClosedPolyline(const std::vector<CPoint>&, COLORREF)
 template void PaintKit::DrawClosedPolyline(const std::vector<PointTemplateBase<int>>&, COLORREF);
 
 void PaintKit::DrawSegments(const std::vector<CPoint>& points, const std::vector<int>& starts, int penWidth,
-                            COLORREF colour)
+                            COLORREF color)
 {
-    const SelectedObject pen(Dc, CreatePen(PS_SOLID, penWidth, colour));
+    const SelectedObject pen(Dc, CreatePen(PS_SOLID, penWidth, color));
     if (points.size() < 2 || starts.empty())
         return;
     std::size_t next = 0;
@@ -187,11 +187,11 @@ void PaintKit::DrawSegments(const std::vector<CPoint>& points, const std::vector
     }
 }
 
-void PaintKit::DrawHandles(const std::vector<CRect>& rects, COLORREF colour, int shape)
+void PaintKit::DrawHandles(const std::vector<CRect>& rects, COLORREF color, int shape)
 {
     if (shape != RoundHandles && shape != SquareHandles)
         return;
-    const SelectedObject pen(Dc, CreatePen(PS_SOLID, 1, colour));
+    const SelectedObject pen(Dc, CreatePen(PS_SOLID, 1, color));
     SelectObject(Dc, GetStockObject(NULL_BRUSH));
     for (const CRect& r : rects) {
         if (shape == SquareHandles)
@@ -202,9 +202,9 @@ void PaintKit::DrawHandles(const std::vector<CRect>& rects, COLORREF colour, int
     SelectObject(Dc, GetStockObject(WHITE_BRUSH));
 }
 
-void PaintKit::FillSolid(const CRect& r, COLORREF colour)
+void PaintKit::FillSolid(const CRect& r, COLORREF color)
 {
-    const HBRUSH brush = CreateSolidBrush(colour);
+    const HBRUSH brush = CreateSolidBrush(color);
     FillRect(Dc, &r, brush);
     DeleteObject(brush);
 }

@@ -18,7 +18,7 @@ HFONT CreateCaptionFont(int height);
 // few shapes of overlays. Each primitive makes its pen or brush, selects it, draws, restores and deletes,
 // so that no drawing leaves a foreign object selected.
 //
-// Colours are GDI values, 0x00BBGGRR; all coordinates are client px.
+// Colors are GDI values, 0x00BBGGRR; all coordinates are client px.
 class PaintKit {
 public:
     int           BkMode = 0;    // of text: TRANSPARENT, OPAQUE, or 0 for none set
@@ -42,14 +42,14 @@ public:
     PaintKit& operator=(const PaintKit&) = delete;
 
     // A one-pixel line; penStyle is a CreatePen style.
-    void DrawLine(const CPoint& a, const CPoint& b, int unused, COLORREF colour, int penStyle);
+    void DrawLine(const CPoint& a, const CPoint& b, int unused, COLORREF color, int penStyle);
     // Text centred on one line of r, which is first inflated by 3, for the caller too.
     void DrawTextBox(const CString& text, CRect& r);
     void DrawLabel(const CString& text, int x, int y);    // blue on nothing
-    // Makes and selects the font of the given height in px, and sets text colour and background mode.
-    void SelectTextStyle(int height, int bkMode, COLORREF colour);
-    void DrawEllipseOutline(const CRect& r, COLORREF colour);
-    void DrawRectOutline(const CRect& r, COLORREF colour);
+    // Makes and selects the font of the given height in px, and sets text color and background mode.
+    void SelectTextStyle(int height, int bkMode, COLORREF color);
+    void DrawEllipseOutline(const CRect& r, COLORREF color);
+    void DrawRectOutline(const CRect& r, COLORREF color);
     // The first row of data as a red curve growing upwards from x0, y0, one pixel per column.
     void DrawCurve(StructData2D<unsigned short>& data, int x0, int y0);
     // Background around the image. covered may be skipped; the image is blitted over it next.
@@ -58,13 +58,13 @@ public:
     void BindSurface(unsigned int* pixels);
     // Of CPoint or PointTemplateBase<int>.
     template <typename Point>
-    void DrawClosedPolyline(const std::vector<Point>& points, COLORREF colour);
+    void DrawClosedPolyline(const std::vector<Point>& points, COLORREF color);
     // Several strokes in one point list; starts holds the ascending indices where a stroke begins.
     void DrawSegments(const std::vector<CPoint>& points, const std::vector<int>& starts, int penWidth,
-                      COLORREF colour);
-    void DrawHandles(const std::vector<CRect>& rects, COLORREF colour, int shape);
+                      COLORREF color);
+    void DrawHandles(const std::vector<CRect>& rects, COLORREF color, int shape);
     // Fills without an outline, right and bottom edge left out.
-    void FillSolid(const CRect& r, COLORREF colour);
+    void FillSolid(const CRect& r, COLORREF color);
 };
 
 }

@@ -10,7 +10,7 @@ class GeneralParaDialog : public ParameterDialog {
 public:
     GeneralParaDialog(const std::wstring& section, const std::wstring& start);
 
-    std::wstring Value;    // what the field starts with, and the answer after a confirmed Ask
+    std::wstring Value;    // what the field starts with, and the result after a confirmed Ask
 
 protected:
     void Fill() override;

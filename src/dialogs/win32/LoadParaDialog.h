@@ -12,7 +12,7 @@ class LoadParaDialog : public ParameterDialog {
 public:
     explicit LoadParaDialog(const tagZEKImaLoadPara& start);
 
-    tagZEKImaLoadPara Para;    // what the fields start with, and the answer after a confirmed Ask
+    tagZEKImaLoadPara Para;    // what the fields start with, and the result after a confirmed Ask
 
     void Recall(const ParameterFile& file);    // fields the file does not know keep their values
     void Keep(const ParameterFile& file) const;

@@ -150,7 +150,7 @@ INT_PTR CALLBACK ParameterDialog::Procedure(HWND window, UINT message, WPARAM wP
         return TRUE;
     }
     ParameterDialog* dialog = reinterpret_cast<ParameterDialog*>(GetWindowLongPtrW(window, DWLP_USER));
-    // The first answer counts: a command may still arrive between it and the window's end.
+    // The first result counts: a command may still arrive between it and the window's end.
     if (message != WM_COMMAND || !dialog || !dialog->Window)
         return FALSE;
     if (LOWORD(wParam) == IDCANCEL || (LOWORD(wParam) == IDOK && dialog->Read())) {

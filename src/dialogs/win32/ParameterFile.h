@@ -1,6 +1,6 @@
 #pragma once
 
-// One section of an .ini file in which a dialog keeps its last answer. A bare file name means the folder
+// One section of an .ini file in which a dialog keeps its last values. A bare file name means the folder
 // VostelObj in the user's application data, a name with a folder or a drive stands for itself. The file is
 // made as Unicode text, so that Chinese values come back. What cannot be written is forgotten silently.
 

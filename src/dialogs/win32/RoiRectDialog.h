@@ -12,7 +12,7 @@ class RoiRectDialog : public ParameterDialog {
 public:
     explicit RoiRectDialog(const tagZEKImaROIRectPara& start);
 
-    tagZEKImaROIRectPara Para;    // what the fields start with, and the answer after a confirmed Ask
+    tagZEKImaROIRectPara Para;    // what the fields start with, and the result after a confirmed Ask
 
     void Recall(const ParameterFile& file);    // fields the file does not know keep their values
     void Keep(const ParameterFile& file) const;

@@ -3,7 +3,7 @@
 #include "dialogs/win32/LoadParaDialog.h"
 #include "dialogs/win32/RoiRectDialog.h"
 
-// Modal dialogs of the desktop. Each starts with the last confirmed answer: the file's, which other
+// Modal dialogs of the desktop. Each starts with the values confirmed last: the file's, which other
 // processes see too, and where that cannot be read or written, this process's own.
 
 namespace vostel::own {

@@ -255,10 +255,10 @@ bool DecodeBmp(const Bytes& file, PictureBuffer& picture)
 
 void EncodeBmpHead(const PictureBuffer& picture, Bytes& file)
 {
-    const std::uint32_t colours = picture.BitsPerPixel <= 8 ? 1u << picture.BitsPerPixel : 0;
+    const std::uint32_t colors = picture.BitsPerPixel <= 8 ? 1u << picture.BitsPerPixel : 0;
     // Alpha needs the long header with its masks.
     const std::uint32_t header = picture.HasAlpha ? 108 : 40;
-    const std::uint32_t offset = 14 + header + 4 * colours;
+    const std::uint32_t offset = 14 + header + 4 * colors;
     const std::uint64_t bits = std::uint64_t(picture.RowBytes) * std::uint64_t(picture.Height);
     Append(file, 0x4D42, 2);
     Append(file, static_cast<std::uint32_t>(offset + bits), 4);
@@ -271,7 +271,7 @@ void EncodeBmpHead(const PictureBuffer& picture, Bytes& file)
     Append(file, static_cast<std::uint32_t>(picture.BitsPerPixel), 2);
     Append(file, picture.HasAlpha ? BitFields : Plain, 4);
     Append(file, static_cast<std::uint32_t>(bits), 4);
-    Append(file, 3780, 4);    // 96 pixels an inch
+    Append(file, 3780, 4);    // 96 pixels per inch
     Append(file, 3780, 4);
     Append(file, 0, 4);
     Append(file, 0, 4);
@@ -281,9 +281,9 @@ void EncodeBmpHead(const PictureBuffer& picture, Bytes& file)
             Append(file, mask, 4);
         file.resize(file.size() + 48, 0);
     }
-    for (std::uint32_t i = 0; i < colours; ++i) {
-        const RGBQUAD colour = picture.Palette[i];
-        file.insert(file.end(), {colour.rgbBlue, colour.rgbGreen, colour.rgbRed, 0});
+    for (std::uint32_t i = 0; i < colors; ++i) {
+        const RGBQUAD color = picture.Palette[i];
+        file.insert(file.end(), {color.rgbBlue, color.rgbGreen, color.rgbRed, 0});
     }
 }
 

@@ -21,7 +21,7 @@ void IndexRow(const PictureBuffer& picture, int y, unsigned char* indices)
     }
 }
 
-void ColourRow(const PictureBuffer& picture, int y, unsigned char* triples)
+void ColorRow(const PictureBuffer& picture, int y, unsigned char* triples)
 {
     const unsigned char* row = picture.Row(y);
     if (picture.BitsPerPixel >= 24) {
@@ -46,10 +46,10 @@ void ColourRow(const PictureBuffer& picture, int y, unsigned char* triples)
     unsigned char* indices = triples + static_cast<std::size_t>(picture.Width) * 2;
     IndexRow(picture, y, indices);
     for (int x = 0; x < picture.Width; ++x, triples += 3) {
-        const RGBQUAD colour = picture.Palette[indices[x]];
-        triples[0] = colour.rgbBlue;
-        triples[1] = colour.rgbGreen;
-        triples[2] = colour.rgbRed;
+        const RGBQUAD color = picture.Palette[indices[x]];
+        triples[0] = color.rgbBlue;
+        triples[1] = color.rgbGreen;
+        triples[2] = color.rgbRed;
     }
 }
 

@@ -32,7 +32,7 @@ bool EncodeTiff(const PictureBuffer& picture, Bytes& file);
 bool EncodeGif(const PictureBuffer& picture, Bytes& file);
 
 // One row as blue, green, red triples whatever the depth.
-void ColourRow(const PictureBuffer& picture, int y, unsigned char* triples);
+void ColorRow(const PictureBuffer& picture, int y, unsigned char* triples);
 // One row of a picture of up to 8 bits as a byte per index.
 void IndexRow(const PictureBuffer& picture, int y, unsigned char* indices);
 

@@ -1,5 +1,5 @@
-// GIF by giflib: the first image of a file, 8 bits with its indices. Colour pictures are quantised to 256
-// colours when written.
+// GIF by giflib: the first image of a file, 8 bits with its indices. Color pictures are quantised to 256
+// colors when written.
 
 #include "platform/portable/PictureCodecs.h"
 
@@ -43,8 +43,8 @@ struct CloseReader {
 struct CloseWriter {
     void operator()(GifFileType* gif) const { EGifCloseFile(gif, nullptr); }
 };
-struct FreeColours {
-    void operator()(ColorMapObject* colours) const { GifFreeMapObject(colours); }
+struct FreeColors {
+    void operator()(ColorMapObject* colors) const { GifFreeMapObject(colors); }
 };
 
 // The image lies somewhere on the screen that the file declares; what it leaves free has the background's
@@ -59,12 +59,12 @@ bool ReadImage(GifFileType* gif, std::size_t fileBytes, PictureBuffer& picture)
     if (image.Width <= 0 || image.Height <= 0 || image.Left < 0 || image.Top < 0 ||
         !IsSanePictureSize(width, height) || !IsPlausible(width * height, fileBytes, 4096))
         return false;
-    const ColorMapObject* colours = image.ColorMap != nullptr ? image.ColorMap : gif->SColorMap;
-    if (colours == nullptr || !picture.Allocate(static_cast<int>(width), static_cast<int>(height), 8))
+    const ColorMapObject* colors = image.ColorMap != nullptr ? image.ColorMap : gif->SColorMap;
+    if (colors == nullptr || !picture.Allocate(static_cast<int>(width), static_cast<int>(height), 8))
         return false;
     std::memset(picture.Palette, 0, sizeof picture.Palette);
-    for (int i = 0; i < colours->ColorCount && i < 256; ++i)
-        picture.Palette[i] = {colours->Colors[i].Blue, colours->Colors[i].Green, colours->Colors[i].Red, 0};
+    for (int i = 0; i < colors->ColorCount && i < 256; ++i)
+        picture.Palette[i] = {colors->Colors[i].Blue, colors->Colors[i].Green, colors->Colors[i].Red, 0};
     if (width != image.Width || height != image.Height)
         for (int y = 0; y < picture.Height; ++y)
             std::fill_n(picture.Row(y), picture.Width, static_cast<unsigned char>(gif->SBackGroundColor));
@@ -78,8 +78,8 @@ bool ReadImage(GifFileType* gif, std::size_t fileBytes, PictureBuffer& picture)
     return true;
 }
 
-// The indices of a picture of up to 8 bits, or those of the nearest of 256 chosen colours.
-bool Quantise(const PictureBuffer& picture, Bytes& indices, ColorMapObject& colours)
+// The indices of a picture of up to 8 bits, or those of the nearest of 256 chosen colors.
+bool Quantise(const PictureBuffer& picture, Bytes& indices, ColorMapObject& colors)
 {
     const std::size_t width = static_cast<std::size_t>(picture.Width);
     const std::size_t count = width * static_cast<std::size_t>(picture.Height);
@@ -87,14 +87,14 @@ bool Quantise(const PictureBuffer& picture, Bytes& indices, ColorMapObject& colo
     if (picture.BitsPerPixel <= 8) {
         for (int y = 0; y < picture.Height; ++y)
             IndexRow(picture, y, indices.data() + static_cast<std::size_t>(y) * width);
-        for (int i = 0; i < colours.ColorCount; ++i)
-            colours.Colors[i] = {picture.Palette[i].rgbRed, picture.Palette[i].rgbGreen,
-                                 picture.Palette[i].rgbBlue};
+        for (int i = 0; i < colors.ColorCount; ++i)
+            colors.Colors[i] = {picture.Palette[i].rgbRed, picture.Palette[i].rgbGreen,
+                                picture.Palette[i].rgbBlue};
         return true;
     }
     Bytes planes(count * 3), triples(width * 3);
     for (int y = 0; y < picture.Height; ++y) {
-        ColourRow(picture, y, triples.data());
+        ColorRow(picture, y, triples.data());
         const std::size_t first = static_cast<std::size_t>(y) * width;
         for (std::size_t x = 0; x < width; ++x) {
             planes[first + x] = triples[x * 3 + 2];
@@ -102,10 +102,10 @@ bool Quantise(const PictureBuffer& picture, Bytes& indices, ColorMapObject& colo
             planes[2 * count + first + x] = triples[x * 3];
         }
     }
-    int size = colours.ColorCount;
+    int size = colors.ColorCount;
     return GifQuantizeBuffer(static_cast<unsigned>(picture.Width), static_cast<unsigned>(picture.Height),
                              &size, planes.data(), planes.data() + count, planes.data() + 2 * count,
-                             indices.data(), colours.Colors) != GIF_ERROR;
+                             indices.data(), colors.Colors) != GIF_ERROR;
 }
 
 }
@@ -141,17 +141,17 @@ bool EncodeGif(const PictureBuffer& picture, Bytes& file)
 {
     if (picture.Width > 65535 || picture.Height > 65535)
         return false;
-    const int colourBits = picture.BitsPerPixel <= 8 ? picture.BitsPerPixel : 8;
-    const std::unique_ptr<ColorMapObject, FreeColours> colours(GifMakeMapObject(1 << colourBits, nullptr));
-    Bytes                                              indices;
-    int                                                error = 0;
-    if (colours == nullptr || !Quantise(picture, indices, *colours))
+    const int colorBits = picture.BitsPerPixel <= 8 ? picture.BitsPerPixel : 8;
+    const std::unique_ptr<ColorMapObject, FreeColors> colors(GifMakeMapObject(1 << colorBits, nullptr));
+    Bytes                                             indices;
+    int                                               error = 0;
+    if (colors == nullptr || !Quantise(picture, indices, *colors))
         return false;
     std::unique_ptr<GifFileType, CloseWriter> gif(EGifOpen(&file, WriteBytes, &error));
     if (gif == nullptr)
         return false;
     EGifSetGifVersion(gif.get(), false);
-    if (EGifPutScreenDesc(gif.get(), picture.Width, picture.Height, colourBits, 0, colours.get()) ==
+    if (EGifPutScreenDesc(gif.get(), picture.Width, picture.Height, colorBits, 0, colors.get()) ==
             GIF_ERROR ||
         EGifPutImageDesc(gif.get(), 0, 0, picture.Width, picture.Height, false, nullptr) == GIF_ERROR)
         return false;

@@ -44,7 +44,7 @@ jpeg_error_mgr* Quiet(Errors& errors)
     return &errors.Manager;
 }
 
-// Press colours, stored inverted by every known writer, to blue, green, red.
+// Press colors, stored inverted by every known writer, to blue, green, red.
 void FromPress(const unsigned char* press, unsigned char* triples, int count)
 {
     for (int i = 0; i < count; ++i, press += 4, triples += 3) {
@@ -100,7 +100,7 @@ void Write(jpeg_compress_struct& codec, const PictureBuffer& picture, unsigned c
     for (int y = 0; y < picture.Height; ++y) {
         JSAMPROW row = const_cast<JSAMPROW>(picture.Row(y));
         if (!gray && picture.BitsPerPixel != 24) {
-            ColourRow(picture, y, scratch[0]);
+            ColorRow(picture, y, scratch[0]);
             row = scratch[0];
         }
         jpeg_write_scanlines(&codec, &row, 1);

@@ -1,4 +1,4 @@
-// PNG by libpng. Palette and gray pictures of 1, 4 and 8 bits keep them, 2 bits become 8; 16 bits a
+// PNG by libpng. Palette and gray pictures of 1, 4 and 8 bits keep them, 2 bits become 8; 16 bits per
 // channel, and everything with transparency, become 32.
 
 #include "platform/portable/PictureCodecs.h"
@@ -61,7 +61,7 @@ bool Prepare(png_structp png, png_infop info, std::size_t fileBytes, PictureBuff
         return false;
 
     const bool transparent = (kind & PNG_COLOR_MASK_ALPHA) || png_get_valid(png, info, PNG_INFO_tRNS);
-    const bool colour = (kind & PNG_COLOR_MASK_COLOR) && kind != PNG_COLOR_TYPE_PALETTE;
+    const bool color = (kind & PNG_COLOR_MASK_COLOR) && kind != PNG_COLOR_TYPE_PALETTE;
     int        bits = depth;
     if (depth == 16 || transparent) {
         bits = 32;
@@ -71,7 +71,7 @@ bool Prepare(png_structp png, png_infop info, std::size_t fileBytes, PictureBuff
         png_set_bgr(png);
         if (!transparent)
             png_set_filler(png, 0xFF, PNG_FILLER_AFTER);
-    } else if (colour) {
+    } else if (color) {
         bits = 24;
         png_set_bgr(png);
     } else if (depth == 2) {

@@ -1,5 +1,5 @@
 // TIFF by libtiff. Gray and palette pictures of 1, 4 and 8 bits keep them, 2 bits become 8; everything
-// with alpha or 16 bits a channel becomes 32, every other colour 24. The first page counts.
+// with alpha or 16 bits per channel becomes 32, every other color 24. The first page counts.
 
 #include "platform/portable/PictureCodecs.h"
 
@@ -188,18 +188,18 @@ bool ReadIndices(TIFF* tiff, const Layout& layout, PictureBuffer& picture)
     return true;
 }
 
-// Everything else through the library's own conversion to red, green, blue, alpha words.
-bool ReadColours(TIFF* tiff, const Layout& layout, PictureBuffer& picture)
+// Everything else through the library's own conversion to red, green, blue, alpha pixels.
+bool ReadColors(TIFF* tiff, const Layout& layout, PictureBuffer& picture)
 {
     char why[1024];
     if (!TIFFRGBAImageOK(tiff, why))
         return false;
-    std::vector<std::uint32_t> words(std::size_t{layout.Width} * layout.Height);
-    if (!TIFFReadRGBAImageOriented(tiff, layout.Width, layout.Height, words.data(), ORIENTATION_TOPLEFT, 1))
+    std::vector<std::uint32_t> pixels(std::size_t{layout.Width} * layout.Height);
+    if (!TIFFReadRGBAImageOriented(tiff, layout.Width, layout.Height, pixels.data(), ORIENTATION_TOPLEFT, 1))
         return false;
     const int bytes = picture.BitsPerPixel / 8;
     for (int y = 0; y < picture.Height; ++y) {
-        const std::uint32_t* source = words.data() + static_cast<std::size_t>(y) * layout.Width;
+        const std::uint32_t* source = pixels.data() + static_cast<std::size_t>(y) * layout.Width;
         unsigned char*       row = picture.Row(y);
         for (int x = 0; x < picture.Width; ++x, row += bytes) {
             row[0] = static_cast<unsigned char>(TIFFGetB(source[x]));
@@ -231,13 +231,13 @@ bool Describe(TIFF* tiff, const PictureBuffer& picture)
         good = good && TIFFSetField(tiff, TIFFTAG_EXTRASAMPLES, 1, &kind);
     }
     if (indexed && !gray) {
-        std::uint16_t colours[3][256];
+        std::uint16_t colors[3][256];
         for (int i = 0; i < 256; ++i) {
-            colours[0][i] = static_cast<std::uint16_t>(picture.Palette[i].rgbRed * 257);
-            colours[1][i] = static_cast<std::uint16_t>(picture.Palette[i].rgbGreen * 257);
-            colours[2][i] = static_cast<std::uint16_t>(picture.Palette[i].rgbBlue * 257);
+            colors[0][i] = static_cast<std::uint16_t>(picture.Palette[i].rgbRed * 257);
+            colors[1][i] = static_cast<std::uint16_t>(picture.Palette[i].rgbGreen * 257);
+            colors[2][i] = static_cast<std::uint16_t>(picture.Palette[i].rgbBlue * 257);
         }
-        good = good && TIFFSetField(tiff, TIFFTAG_COLORMAP, colours[0], colours[1], colours[2]);
+        good = good && TIFFSetField(tiff, TIFFTAG_COLORMAP, colors[0], colors[1], colors[2]);
     }
     return good && TIFFSetField(tiff, TIFFTAG_ROWSPERSTRIP, TIFFDefaultStripSize(tiff, 0));
 }
@@ -256,7 +256,8 @@ bool DecodeTiff(const Bytes& file, PictureBuffer& picture)
     const long long rowBytes = (static_cast<long long>(layout.Width) * layout.Samples * layout.Bits + 7) / 8;
     if (!IsSanePictureSize(layout.Width, layout.Height))
         return false;
-    // Plain data has to be there; fax codes of blank pages know no bound, and one bit a pixel is no burden.
+    // Plain data has to be there. CCITT-coded blank pages compress without limit; at 1 bit per pixel that is
+    // cheap.
     const long long factor = layout.Compression == COMPRESSION_NONE ? 1 : 65536;
     if (!(layout.Bits == 1 && layout.Samples == 1 && factor > 1) &&
         !IsPlausible(rowBytes * layout.Height, file.size(), factor))
@@ -269,7 +270,7 @@ bool DecodeTiff(const Bytes& file, PictureBuffer& picture)
     if (!picture.Allocate(width, height, alpha || layout.Bits == 16 ? 32 : 24))
         return false;
     picture.HasAlpha = alpha;
-    return ReadColours(tiff.get(), layout, picture);
+    return ReadColors(tiff.get(), layout, picture);
 }
 
 bool EncodeTiff(const PictureBuffer& picture, Bytes& file)

@@ -14,7 +14,7 @@ namespace {
 
 // The largest image that a header can state: its size is a 32-bit field.
 constexpr std::int64_t imageLimit = 0xFFFFFFFF;
-constexpr DWORD        bitFields = 3;    // what a header query answers for 32 bits
+constexpr DWORD        bitFields = 3;    // what a header query returns for 32 bits
 
 }
 

@@ -1,5 +1,5 @@
-// Copies. SRCCOPY is the one raster operation; any other fails. There is no clipping region: what clips is
-// the bitmap. All depths that bitmaps can have go into each other. The high byte of 32-bit pixels is
+// Copies. SRCCOPY is the one raster operation; any other fails. There is no clipping region: the
+// bitmap clips. Every depth converts to every other. The high byte of 32-bit pixels is
 // copied; it is 0 where the source has none.
 
 #include "platform/portable/PortableContext.h"

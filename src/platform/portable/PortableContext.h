@@ -13,7 +13,7 @@
 
 namespace vostel::gdi {
 
-// A bitmap of 1 (the default bitmap of a context), 24 or 32 bits a pixel.
+// A bitmap of 1 (the default bitmap of a context), 24 or 32 bits per pixel.
 struct Bitmap {
     int            Width = 0;     // pixels
     int            Height = 0;    // pixels, always positive
@@ -33,14 +33,14 @@ struct Bitmap {
 struct Pen {
     int      Style = PS_SOLID;
     int      Width = 1;    // pixels
-    COLORREF Colour = 0;
+    COLORREF Color = 0;
 };
 
 struct Brush {
     enum class Kind { Null, Solid, Hatch };
     Kind     Fill = Kind::Solid;
     int      Hatch = 0;    // HS_ value
-    COLORREF Colour = 0;
+    COLORREF Color = 0;
 };
 
 struct Font {
@@ -81,10 +81,10 @@ Font*    FindFont(HFONT font);
 // Makes the handle of a new bitmap, which owns its bits from then on; null when there is no room.
 HBITMAP InsertBitmap(std::unique_ptr<Bitmap> bitmap);
 
-// The pixel word 0x00RRGGBB of a GDI colour.
-inline std::uint32_t PixelOf(COLORREF colour)
+// The pixel 0x00RRGGBB of a GDI color.
+inline std::uint32_t PixelOf(COLORREF color)
 {
-    return (colour & 0xFFu) << 16 | (colour & 0xFF00u) | (colour >> 16 & 0xFFu);
+    return (color & 0xFFu) << 16 | (color & 0xFF00u) | (color >> 16 & 0xFFu);
 }
 
 }

@@ -1,4 +1,4 @@
-// Files by their UTF-8 names. Bytes of a name that are no UTF-8 stand as U+DC80 to U+DCFF in wide text, so
+// Files by their UTF-8 names. Bytes of a name that are not UTF-8 stand as U+DC80 to U+DCFF in wide text, so
 // that every name survives the way there and back.
 
 #include "platform/Files.h"

@@ -100,11 +100,11 @@ void FillOpenHatch(const Bitmap& surface, const Paint& paint, const Box& box)
 
 }
 
-Paint Paint::Solid(COLORREF colour)
+Paint Paint::Solid(COLORREF color)
 {
     Paint paint;
     paint.Draws = true;
-    paint.Pixel = PixelOf(colour);
+    paint.Pixel = PixelOf(color);
     return paint;
 }
 
@@ -112,7 +112,7 @@ Paint Paint::OfBrush(const Context& context, const Brush& brush)
 {
     if (brush.Fill == Brush::Kind::Null)
         return Paint();
-    Paint paint = Solid(brush.Colour);
+    Paint paint = Solid(brush.Color);
     paint.Hatched = brush.Fill == Brush::Kind::Hatch;
     paint.Hatch = brush.Hatch;
     paint.FillsGaps = context.BkMode == OPAQUE;
@@ -123,7 +123,7 @@ Paint Paint::OfBrush(const Context& context, const Brush& brush)
 Paint Paint::OfPen(const Context& context)
 {
     const Pen& pen = *context.SelectedPen;
-    return pen.Style == PS_NULL ? Paint() : Solid(pen.Colour);
+    return pen.Style == PS_NULL ? Paint() : Solid(pen.Color);
 }
 
 void FillBox(const Bitmap& surface, const Paint& paint, std::int64_t left, std::int64_t top,

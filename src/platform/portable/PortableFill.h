@@ -10,10 +10,10 @@ namespace vostel::gdi {
 // left corner, whatever the viewport origin.
 class Paint {
 public:
-    static Paint Solid(COLORREF colour);
-    // A hatch takes the context's background: its colour fills the gaps if the mode is opaque.
+    static Paint Solid(COLORREF color);
+    // A hatch takes the context's background: its color fills the gaps if the mode is opaque.
     static Paint OfBrush(const Context& context, const Brush& brush);
-    // The pen's own colour, whatever its style.
+    // The pen's own color, whatever its style.
     static Paint OfPen(const Context& context);
 
     bool          Draws = false;    // false: the null brush, the null pen
@@ -25,7 +25,7 @@ public:
 };
 
 // Pixels left..right-1 of rows top..bottom-1, clipped to the bitmap. Coordinates are device coordinates,
-// wide enough for any sum of two 32-bit ones. Bitmaps of other depths than 24 and 32 bits keep as they are.
+// wide enough for any sum of two 32-bit ones. Bitmaps of other depths than 24 and 32 bits are left alone.
 void        FillBox(const Bitmap& surface, const Paint& paint, std::int64_t left, std::int64_t top,
                     std::int64_t right, std::int64_t bottom);
 inline void FillRow(const Bitmap& surface, const Paint& paint, std::int64_t y, std::int64_t left,

@@ -12,19 +12,19 @@ using namespace vostel;
 
 namespace {
 
-constexpr long long LargestFile = 1LL << 31;
+constexpr long long MaxFileBytes = 1LL << 31;
 
 bool ReadWholeFile(const std::string& path, pictures::Bytes& bytes)
 {
     const OwnedFile file = OpenFile(path.c_str(), "rb");
     const long long length = file ? FileLength(file.get()) : -1;
-    if (length <= 0 || length > LargestFile)
+    if (length <= 0 || length > MaxFileBytes)
         return false;
     bytes.resize(static_cast<std::size_t>(length));
     return std::fread(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();
 }
 
-// A file that could not be written whole is taken away again.
+// Removes a file that could not be written completely.
 bool WriteWholeFile(const std::string& path, const pictures::Bytes& bytes, const unsigned char* rows,
                     std::size_t rowBytes)
 {
@@ -39,7 +39,7 @@ bool WriteWholeFile(const std::string& path, const pictures::Bytes& bytes, const
     return good;
 }
 
-// The contents tell the format; extensions of pictures lie often.
+// The format is recognised by the contents; extensions are often wrong.
 bool Decode(const pictures::Bytes& file, PictureBuffer& picture)
 {
     return pictures::DecodePng(file, picture) || pictures::DecodeJpeg(file, picture) ||
@@ -47,13 +47,13 @@ bool Decode(const pictures::Bytes& file, PictureBuffer& picture)
            pictures::DecodeTiff(file, picture);
 }
 
-// No format but one takes five bits a channel; they are written as 24 bits.
+// Only one of the formats stores five bits per channel; all are given 24 bits.
 bool CopyAsTriples(const PictureBuffer& picture, PictureBuffer& copy)
 {
     if (!copy.Allocate(picture.Width, picture.Height, 24))
         return false;
     for (int y = 0; y < picture.Height; ++y)
-        pictures::ColourRow(picture, y, copy.Row(y));
+        pictures::ColorRow(picture, y, copy.Row(y));
     return true;
 }
 

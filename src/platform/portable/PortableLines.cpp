@@ -36,7 +36,7 @@ void WalkPixels(unsigned char* target, std::ptrdiff_t majorStep, std::ptrdiff_t 
 {
     const std::int64_t step = 2 * shorter, full = 2 * longer;
     std::ptrdiff_t     offset = 0;
-    remainder -= full;    // below 0: its sign tells whether to turn
+    remainder -= full;    // below 0: its sign says whether to turn
     for (;;) {
         put(target + offset);
         if (--count == 0)
@@ -149,8 +149,8 @@ private:
     }
 };
 
-// Lines with both ends on a bitmap of 32 bits a pixel, the many short ones of outlines: as ThinLine has them,
-// with the eight directions told apart by masks in place of branches.
+// Lines with both ends on a bitmap of 32 bits per pixel, the many short ones of outlines: as ThinLine has
+// them, with the eight directions distinguished by masks instead of branches.
 void DrawInside(const Bitmap& surface, std::uint32_t pixel, int x, int y, int dx, int dy)
 {
     const int signX = dx >> 31, signY = dy >> 31;    // all ones or none
@@ -300,7 +300,7 @@ BOOL LineTo(HDC dc, int x, int y)
         return TRUE;
     }
     if (pen.Style == PS_SOLID) {
-        DrawUnbroken(*context->Surface, PixelOf(pen.Colour), from, to);
+        DrawUnbroken(*context->Surface, PixelOf(pen.Color), from, to);
         return TRUE;
     }
     Dashes dashes = DashesOfPen(*context);

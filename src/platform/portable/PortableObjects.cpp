@@ -183,7 +183,7 @@ void Release(Table& table, const void* handle)
     }
 }
 
-// Puts an object in a member of a context and its handle beside it; answers the handle before.
+// Puts an object in a member of a context and its handle beside it; returns the previous handle.
 template <typename Handle, typename Object>
 HGDIOBJ Exchange(Table& table, Slot& slot, HGDIOBJ handle, Handle& heldHandle, Object*& held)
 {
@@ -328,7 +328,7 @@ HGDIOBJ GetCurrentObject(HDC dc, UINT kind)
     }
 }
 
-HPEN CreatePen(int style, int width, COLORREF colour)
+HPEN CreatePen(int style, int width, COLORREF color)
 {
     Table& table = Objects();
     if (style == PS_NULL)
@@ -338,22 +338,22 @@ HPEN CreatePen(int style, int width, COLORREF colour)
         // An unknown style draws solid. The width counts without its sign.
         pen->Style = style > PS_NULL || style < PS_SOLID ? PS_SOLID : style;
         pen->Width = width == INT32_MIN ? INT32_MAX : std::abs(width);
-        pen->Colour = colour;
+        pen->Color = color;
     }
     return static_cast<HPEN>(InsertObject(table, Kind::Pen, std::move(pen), false));
 }
 
-HBRUSH CreateSolidBrush(COLORREF colour)
+HBRUSH CreateSolidBrush(COLORREF color)
 {
-    std::unique_ptr<Brush> brush(new (std::nothrow) Brush{Brush::Kind::Solid, 0, colour});
+    std::unique_ptr<Brush> brush(new (std::nothrow) Brush{Brush::Kind::Solid, 0, color});
     return static_cast<HBRUSH>(InsertObject(Objects(), Kind::Brush, std::move(brush), false));
 }
 
-HBRUSH CreateHatchBrush(int style, COLORREF colour)
+HBRUSH CreateHatchBrush(int style, COLORREF color)
 {
     if (style < HS_HORIZONTAL || style > HS_DIAGCROSS)
         return nullptr;
-    std::unique_ptr<Brush> brush(new (std::nothrow) Brush{Brush::Kind::Hatch, style, colour});
+    std::unique_ptr<Brush> brush(new (std::nothrow) Brush{Brush::Kind::Hatch, style, color});
     return static_cast<HBRUSH>(InsertObject(Objects(), Kind::Brush, std::move(brush), false));
 }
 

@@ -1,4 +1,4 @@
-// Single pixels.
+// GetPixel and SetPixel.
 
 #include "platform/portable/PixelRows.h"
 #include "platform/portable/PortableContext.h"
@@ -49,11 +49,11 @@ COLORREF GetPixel(HDC dc, int x, int y)
                           : CLR_INVALID;    // the exchange of red and blue undoes itself
 }
 
-COLORREF SetPixel(HDC dc, int x, int y, COLORREF colour)
+COLORREF SetPixel(HDC dc, int x, int y, COLORREF color)
 {
     const PixelPlace place(dc, x, y);
     if (!place.Exists())
         return CLR_INVALID;
-    place.Store(PixelOf(colour));
-    return colour & 0xFFFFFF;
+    place.Store(PixelOf(color));
+    return color & 0xFFFFFF;
 }

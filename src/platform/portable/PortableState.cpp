@@ -1,4 +1,4 @@
-// The settings of a context. A setter answers the value before, or its failure value for a bad handle or a
+// The settings of a context. A setter returns the previous value, or its failure value for a bad handle or a
 // mode that GDI does not know.
 
 #include "platform/portable/PortableContext.h"
@@ -15,16 +15,16 @@ int SetBkMode(HDC dc, int mode)
                : std::exchange(context->BkMode, mode);
 }
 
-COLORREF SetBkColor(HDC dc, COLORREF colour)
+COLORREF SetBkColor(HDC dc, COLORREF color)
 {
     Context* context = FindContext(dc);
-    return context == nullptr ? CLR_INVALID : std::exchange(context->BkColor, colour);
+    return context == nullptr ? CLR_INVALID : std::exchange(context->BkColor, color);
 }
 
-COLORREF SetTextColor(HDC dc, COLORREF colour)
+COLORREF SetTextColor(HDC dc, COLORREF color)
 {
     Context* context = FindContext(dc);
-    return context == nullptr ? CLR_INVALID : std::exchange(context->TextColor, colour);
+    return context == nullptr ? CLR_INVALID : std::exchange(context->TextColor, color);
 }
 
 BOOL SetViewportOrgEx(HDC dc, int x, int y, POINT* before)

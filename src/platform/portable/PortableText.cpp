@@ -33,9 +33,9 @@ bool IsEmpty(const Box& box)
     return box.Left >= box.Right || box.Top >= box.Bottom;
 }
 
-void Fill(Bitmap& bitmap, const Box& box, COLORREF colour)
+void Fill(Bitmap& bitmap, const Box& box, COLORREF color)
 {
-    const std::uint32_t pixel = PixelOf(colour);
+    const std::uint32_t pixel = PixelOf(color);
     for (long long y = box.Top; y < box.Bottom; ++y) {
         unsigned char* row = bitmap.Row(static_cast<int>(y));
         if (bitmap.BitsPerPixel == 32) {
@@ -58,12 +58,12 @@ inline unsigned Mix(unsigned below, unsigned above, unsigned coverage)
 
 // The image's upper left corner comes to left, top.
 void Blend(Bitmap& bitmap, const Box& clip, const TextImage& image, long long left, long long top,
-           COLORREF colour)
+           COLORREF color)
 {
     const Box box = Shared(clip, {left, top, left + image.Width, top + image.Height});
     if (IsEmpty(box))
         return;
-    const unsigned red = colour & 0xFFu, green = colour >> 8 & 0xFFu, blue = colour >> 16 & 0xFFu;
+    const unsigned red = color & 0xFFu, green = color >> 8 & 0xFFu, blue = color >> 16 & 0xFFu;
     const int      bytes = bitmap.BitsPerPixel / 8;
     const int      count = static_cast<int>(box.Right - box.Left);
     for (long long y = box.Top; y < box.Bottom; ++y) {

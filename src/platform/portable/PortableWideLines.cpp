@@ -1,4 +1,4 @@
-// Lines of wide pens: a four-cornered body and two round ends. All of it is one colour, so the parts are
+// Lines of wide pens: a four-cornered body and two round ends. All of it is one color, so the parts are
 // painted over one another instead of being joined first.
 
 #include "platform/portable/PortableEllipse.h"

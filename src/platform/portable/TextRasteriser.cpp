@@ -16,7 +16,7 @@ namespace vostel::gdi {
 namespace {
 
 constexpr int         DefaultHeight = 16;      // of CreateFontW's height 0: twelve points on a desktop
-constexpr int         LargestHeight = 2000;    // taller cells are drawn this tall: they leave every screen
+constexpr int         MaxHeight = 2000;    // taller cells are drawn this tall: they leave every screen
 constexpr double      ProbeSize = 1024.0;      // em at which the proportions of a face are read
 constexpr std::size_t FontBudget = 64;
 constexpr std::size_t PieceBudget = 4u << 20;    // bytes kept over all pieces
@@ -83,7 +83,7 @@ std::string FamilyList(const std::wstring& face)
     return list + "Noto Sans CJK SC,Noto Sans SC,Source Han Sans SC,WenQuanYi Micro Hei,sans-serif";
 }
 
-// What CreateFontW's arguments came to; the number tells fonts apart in the keys of pieces.
+// A face as CreateFontW asked for it; its number is part of the keys of pieces.
 struct Face {
     unsigned                    Number = 0;
     Owned<PangoFontDescription> Description;
@@ -182,7 +182,7 @@ TextRasteriser::~TextRasteriser() = default;
 Face& TextRasteriser::State::FaceOf(const Font& font)
 {
     const int height =
-        std::clamp(font.Height == 0 ? DefaultHeight : font.Height, -LargestHeight, LargestHeight);
+        std::clamp(font.Height == 0 ? DefaultHeight : font.Height, -MaxHeight, MaxHeight);
     auto       key = std::make_tuple(height, font.Weight, font.Italic, font.Face);
     const auto known = Faces.find(key);
     if (known != Faces.end())

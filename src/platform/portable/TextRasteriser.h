@@ -23,10 +23,10 @@ struct TextImage {
     int                        Top = 0;     // of the coverage, from the base line
     int                        Width = 0;
     int                        Height = 0;
-    std::vector<unsigned char> Coverage;    // Width bytes a row, no padding
+    std::vector<unsigned char> Coverage;    // Width bytes per row, no padding
 };
 
-// Safe to call from several threads. Everything answered stays valid while the caller holds it.
+// Safe to call from several threads. What is returned stays valid while the caller holds it.
 class TextRasteriser {
 public:
     static TextRasteriser& Shared();

@@ -133,13 +133,13 @@ void TakePalette(Gdiplus::Bitmap& source, PictureBuffer& picture)
         source.GetPalette(palette, bytes) != Gdiplus::Ok)
         return;
     for (UINT i = 0; i < palette->Count && i < 256; ++i) {
-        const Gdiplus::ARGB colour = palette->Entries[i];
-        picture.Palette[i] = {static_cast<BYTE>(colour), static_cast<BYTE>(colour >> 8),
-                              static_cast<BYTE>(colour >> 16), 0};
+        const Gdiplus::ARGB color = palette->Entries[i];
+        picture.Palette[i] = {static_cast<BYTE>(color), static_cast<BYTE>(color >> 8),
+                              static_cast<BYTE>(color >> 16), 0};
     }
 }
 
-// Colours are decoded straight into the picture. Indices are taken as they lie in the decoder: on the way
+// Colors are decoded straight into the picture. Indices are taken as they lie in the decoder: on the way
 // through a buffer of ours the last half byte of an odd row can get lost.
 bool TakePixels(Gdiplus::Bitmap& source, PictureBuffer& picture)
 {
@@ -175,8 +175,8 @@ bool SetPalette(const PictureBuffer& picture, Gdiplus::Bitmap& target)
     auto*                      palette = reinterpret_cast<Gdiplus::ColorPalette*>(memory.data());
     palette->Count = count;
     for (UINT i = 0; i < count; ++i) {
-        const RGBQUAD& colour = picture.Palette[i];
-        palette->Entries[i] = Gdiplus::Color::MakeARGB(255, colour.rgbRed, colour.rgbGreen, colour.rgbBlue);
+        const RGBQUAD& color = picture.Palette[i];
+        palette->Entries[i] = Gdiplus::Color::MakeARGB(255, color.rgbRed, color.rgbGreen, color.rgbBlue);
     }
     return target.SetPalette(palette) == Gdiplus::Ok;
 }

@@ -17,7 +17,7 @@ constexpr COLORREF     Blue = 0xFF0000;    // as GDI tells it
 constexpr unsigned int BlueWord = 0x0000FF;
 constexpr unsigned int Paper = 0x335577;
 
-// A kit that draws into a window of one colour.
+// A kit that draws into a window of one color.
 struct Board {
     TestDesktop  Desktop;
     MemoryWindow Window;
@@ -41,11 +41,11 @@ Frame DrawnBy(int width, int height, const std::function<void(HDC)>& draw)
 }
 
 // By plain GDI with a pen and no brush.
-Frame PennedBy(int width, int height, int style, int penWidth, COLORREF colour,
+Frame PennedBy(int width, int height, int style, int penWidth, COLORREF color,
                const std::function<void(HDC)>& draw)
 {
     return DrawnBy(width, height, [&](HDC dc) {
-        const HPEN    pen = CreatePen(style, penWidth, colour);
+        const HPEN    pen = CreatePen(style, penWidth, color);
         const HGDIOBJ before = SelectObject(dc, pen);
         SelectObject(dc, GetStockObject(NULL_BRUSH));
         draw(dc);
@@ -233,7 +233,7 @@ TEST_CASE("a label is drawn transparent in blue and leaves these settings")
     CHECK(SetTextColor(board.Window.Dc, 0) == 0xFF0000);
 }
 
-TEST_CASE("a text style makes a font in place of the one before, and sets colour and mode")
+TEST_CASE("a text style makes a font in place of the one before, and sets color and mode")
 {
     Board board(20, 10);
     board.Kit.SelectTextStyle(18, OPAQUE, 0x123456);
