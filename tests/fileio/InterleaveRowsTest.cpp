@@ -1,6 +1,6 @@
 #include "fileio/InterleaveRows.h"
 
-#include "base/CpuVariants.h"
+#include "support/EveryVariant.h"
 
 #include <doctest/doctest.h>
 
@@ -15,26 +15,20 @@ namespace {
 
 using Bytes = std::vector<unsigned char>;
 
-const std::size_t MaxLength = 140;    // past two of the widest vectors
-const std::size_t Margin = 8;         // guards on both sides of a target
-const unsigned    Seed = 20240611;
+constexpr std::size_t MaxLength = 140;    // past two of the widest vectors
+constexpr std::size_t Margin = 8;         // guards on both sides of a target
+constexpr unsigned    Seed = 20240611;
 
 struct NamedRecord {
     const char*              Name;
     const InterleaveVariant* Functions;
 };
 
-// The variants that this processor runs.
+// Those of this machine, plain first.
 std::vector<NamedRecord> Variants()
 {
-    std::vector<NamedRecord> variants = {{"plain", &InterleavePlain}};
-    const CpuVariant         before = ActiveCpuVariant();
-    for (const CpuVariant variant : {CpuVariant::Baseline, CpuVariant::Avx2, CpuVariant::Avx512}) {
-        const char* const names[] = {"plain", "baseline", "avx2", "avx512"};
-        if (ForceCpuVariant(variant) == variant)
-            variants.push_back({names[static_cast<int>(variant)], &ActiveInterleaveVariant()});
-    }
-    ForceCpuVariant(before);
+    std::vector<NamedRecord> variants;
+    InEveryVariant([&](const char* name) { variants.push_back({name, &ActiveInterleaveVariant()}); });
     return variants;
 }
 
@@ -108,10 +102,8 @@ void CheckDeinterleaved(Deinterleave deinterleave, std::size_t bytes, std::size_
 
 TEST_CASE("the variant in use follows a forced one")
 {
-    const CpuVariant before = ActiveCpuVariant();
-    ForceCpuVariant(CpuVariant::Plain);
+    const VariantScope plain(CpuVariant::Plain);
     CHECK(&ActiveInterleaveVariant() == &InterleavePlain);
-    ForceCpuVariant(before);
 }
 
 TEST_CASE(

@@ -331,9 +331,10 @@ TEST_CASE("a surface larger than the caches is drawn like a small one")
     const auto         table = TableOf(map);
     const RemapRule    rule = MakeRemapRule(-1000.0f, 66500.0f, 0.0f, 65535.0f);
     std::vector<float> expectedRaw(all);
-    ForceCpuVariant(CpuVariant::Plain);
-    RemapFloats(rule, source.data(), expectedRaw.data(), all);
-    ForceCpuVariant(BestCpuVariant());
+    {
+        const VariantScope plain(CpuVariant::Plain);
+        RemapFloats(rule, source.data(), expectedRaw.data(), all);
+    }
     GuardedRun<unsigned> pixels(all, 5, kGuard);
     GuardedRun<int>      label(all, 3, -7);
     GuardedRun<float>    raw(all, 7, 77.0f);

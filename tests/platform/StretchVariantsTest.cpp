@@ -1,6 +1,6 @@
-#include "base/CpuVariants.h"
 #include "platform/portable/PortableStretch.h"
 #include "platform/portable/StretchRows.h"
+#include "support/EveryVariant.h"
 
 #include <doctest/doctest.h>
 
@@ -19,31 +19,11 @@ namespace {
 using Wide = long long;
 constexpr std::uint32_t Guard = 0xDEADBEEF;
 
-// Back to the best variant however a test ends.
-struct VariantGuard {
-    ~VariantGuard() { ForceCpuVariant(BestCpuVariant()); }
-};
-
-const char* NameOf(CpuVariant variant)
-{
-    const char* names[] = {"plain", "baseline", "AVX2", "AVX-512"};
-    return names[static_cast<int>(variant)];
-}
-
-// The variants of this machine beyond the plain one.
-std::vector<CpuVariant> FastVariants()
-{
-    std::vector<CpuVariant> variants;
-    for (int variant = 1; variant <= static_cast<int>(BestCpuVariant()); ++variant)
-        variants.push_back(static_cast<CpuVariant>(variant));
-    return variants;
-}
-
 // A bitmap with a guard behind its last byte.
-struct Picture : gdi::Bitmap {
+struct GuardedBitmap : gdi::Bitmap {
     std::vector<unsigned char> Memory;
 
-    Picture(int width, int height, int bits, bool topDown)
+    GuardedBitmap(int width, int height, int bits, bool topDown)
     {
         Width = width;
         Height = height;
@@ -53,8 +33,8 @@ struct Picture : gdi::Bitmap {
         Memory.assign(static_cast<std::size_t>(RowBytes) * static_cast<std::size_t>(height) + 64, 0xB7);
         Bits = Memory.data();
     }
-    Picture(const Picture&) = delete;
-    Picture& operator=(const Picture&) = delete;
+    GuardedBitmap(const GuardedBitmap&) = delete;
+    GuardedBitmap& operator=(const GuardedBitmap&) = delete;
 
     void Randomise(std::mt19937& random)
     {
@@ -103,7 +83,7 @@ std::string Text(const gdi::StretchAxis& axis)
            std::to_string(axis.SourceExtent) + " of " + std::to_string(axis.SourceSize) + "; ";
 }
 
-void Stretch(Picture& target, const Picture& source, const gdi::StretchAxis& columns,
+void Stretch(GuardedBitmap& target, const GuardedBitmap& source, const gdi::StretchAxis& columns,
              const gdi::StretchAxis& rows, int mode)
 {
     gdi::PixelCopy copy;
@@ -152,14 +132,13 @@ std::vector<double> RealWeights(const gdi::StretchAxis& axis, int target)
 
 TEST_CASE("row copies of every variant equal the reference for all lengths from 0 to 70 and odd starts")
 {
-    VariantGuard  guard;
     std::mt19937  random(11);
     std::uint32_t source[80], ahead[80];
     for (int i = 0; i < 80; ++i)
         source[i] = ahead[i] = static_cast<std::uint32_t>(random());
-    for (CpuVariant variant : FastVariants()) {
-        ForceCpuVariant(variant);
-        const std::string name = NameOf(variant);
+    for (const CpuVariant variant : FastVariants()) {
+        const VariantScope scope(variant);
+        const std::string  name = NameOf(variant);
         CAPTURE(name);
         for (int count = 0; count <= 70; ++count)
             for (int start = 0; start < 4; ++start) {
@@ -183,11 +162,10 @@ TEST_CASE("row copies of every variant equal the reference for all lengths from 
 
 TEST_CASE("picked and repeated pixels of every variant equal the reference for all lengths from 0 to 70")
 {
-    VariantGuard guard;
     std::mt19937 random(12);
-    for (CpuVariant variant : FastVariants()) {
-        ForceCpuVariant(variant);
-        const std::string name = NameOf(variant);
+    for (const CpuVariant variant : FastVariants()) {
+        const VariantScope scope(variant);
+        const std::string  name = NameOf(variant);
         CAPTURE(name);
         for (int count = 0; count <= 70; ++count)
             for (int width : {1, 2, 7, 8, 9, 15, 16, 17, 40, 90}) {
@@ -232,11 +210,10 @@ TEST_CASE("picked and repeated pixels of every variant equal the reference for a
 
 TEST_CASE("blended rows of every variant equal the reference for all lengths from 0 to 280 bytes")
 {
-    VariantGuard guard;
     std::mt19937 random(13);
-    for (CpuVariant variant : FastVariants()) {
-        ForceCpuVariant(variant);
-        const std::string name = NameOf(variant);
+    for (const CpuVariant variant : FastVariants()) {
+        const VariantScope scope(variant);
+        const std::string  name = NameOf(variant);
         CAPTURE(name);
         for (int count = 0; count <= 280; ++count) {
             const int                              rowCount = 2 * Between(random, 1, 4);
@@ -275,11 +252,10 @@ TEST_CASE("blended rows of every variant equal the reference for all lengths fro
 
 TEST_CASE("blended columns of every variant equal the reference for all lengths from 0 to 70")
 {
-    VariantGuard guard;
     std::mt19937 random(14);
-    for (CpuVariant variant : FastVariants()) {
-        ForceCpuVariant(variant);
-        const std::string name = NameOf(variant);
+    for (const CpuVariant variant : FastVariants()) {
+        const VariantScope scope(variant);
+        const std::string  name = NameOf(variant);
         CAPTURE(name);
         for (int count = 0; count <= 70; ++count)
             for (int pairsEach = 1; pairsEach <= 4; ++pairsEach) {
@@ -320,29 +296,31 @@ TEST_CASE("blended columns of every variant equal the reference for all lengths 
 
 TEST_CASE("stretches of every mode, depth and direction give the same bits in every variant")
 {
-    VariantGuard   guard;
     const unsigned seed = 4711;
     std::mt19937   random(seed);
     CAPTURE(seed);
     int changed = 0;
     for (int round = 0; round < 600; ++round) {
-        const int bits[] = {24, 32, 32};
-        Picture source(Between(random, 1, 90), Between(random, 1, 50), bits[random() % 3], random() % 2 != 0);
-        const int  targetBits = bits[random() % 3];
-        const int  width = Between(random, 1, 140), height = Between(random, 1, 60);
-        const bool topDown = random() % 2 != 0;
+        const int     bits[] = {24, 32, 32};
+        GuardedBitmap source(Between(random, 1, 90), Between(random, 1, 50), bits[random() % 3],
+                             random() % 2 != 0);
+        const int     targetBits = bits[random() % 3];
+        const int     width = Between(random, 1, 140), height = Between(random, 1, 60);
+        const bool    topDown = random() % 2 != 0;
         source.Randomise(random);
         const gdi::StretchAxis columns = RandomAxis(random, width, source.Width);
         const gdi::StretchAxis rows = RandomAxis(random, height, source.Height);
         const int              mode = round % 3 == 0 ? 4 : 1 + round % 4;
-        ForceCpuVariant(CpuVariant::Plain);
-        Picture expected(width, height, targetBits, topDown);
-        Stretch(expected, source, columns, rows, mode);
+        GuardedBitmap          expected(width, height, targetBits, topDown);
+        {
+            const VariantScope plain(CpuVariant::Plain);
+            Stretch(expected, source, columns, rows, mode);
+        }
         changed += std::count(expected.Memory.begin(), expected.Memory.end(), 0xB7) !=
                    static_cast<std::ptrdiff_t>(expected.Memory.size());
-        for (CpuVariant variant : FastVariants()) {
-            ForceCpuVariant(variant);
-            Picture target(width, height, targetBits, topDown);
+        for (const CpuVariant variant : FastVariants()) {
+            const VariantScope scope(variant);
+            GuardedBitmap      target(width, height, targetBits, topDown);
             Stretch(target, source, columns, rows, mode);
             const std::string what = NameOf(variant) + std::string(": ") + Text(columns) + Text(rows);
             CAPTURE(what);
@@ -355,17 +333,16 @@ TEST_CASE("stretches of every mode, depth and direction give the same bits in ev
 
 TEST_CASE("copies and enlargements too large for the caches give the same bits in every variant")
 {
-    VariantGuard guard;
     std::mt19937 random(31);
     const int    width = 1201, height = 1001;    // more pixels than are kept in the caches
     static_assert(std::int64_t{width - 13} * (height - 9) >= gdi::StreamedPixels);
-    Picture source(1300, 1010, 32, false);
+    GuardedBitmap source(1300, 1010, 32, false);
     source.Randomise(random);
     for (const bool topDown : {false, true})
         for (const int extent : {width - 13, 2 * width, 3 * width})
-            for (CpuVariant variant : FastVariants()) {
-                ForceCpuVariant(variant);
-                Picture                target(width, height, 32, topDown);
+            for (const CpuVariant variant : FastVariants()) {
+                const VariantScope     scope(variant);
+                GuardedBitmap          target(width, height, 32, topDown);
                 const gdi::StretchAxis columns = AxisOf(13, extent, 7, width - 13, width, 1300);
                 const gdi::StretchAxis rows = AxisOf(9, extent, 3, width - 13, height, 1010);
                 gdi::PixelCopy         copy;
@@ -403,9 +380,9 @@ TEST_CASE("the smooth stretch is within one of the average in real numbers, wher
     CAPTURE(seed);
     int drawn = 0;
     for (int round = 0; round < 150; ++round) {
-        Picture source(Between(random, 1, 40), Between(random, 1, 40), round % 2 != 0 ? 24 : 32,
-                       random() % 2 != 0);
-        Picture target(Between(random, 1, 30), Between(random, 1, 30), 32, random() % 2 != 0);
+        GuardedBitmap source(Between(random, 1, 40), Between(random, 1, 40), round % 2 != 0 ? 24 : 32,
+                             random() % 2 != 0);
+        GuardedBitmap target(Between(random, 1, 30), Between(random, 1, 30), 32, random() % 2 != 0);
         source.Randomise(random);
         const gdi::StretchAxis columns = RandomAxis(random, target.Width, source.Width);
         const gdi::StretchAxis rows = RandomAxis(random, target.Height, source.Height);
@@ -445,8 +422,8 @@ TEST_CASE("the smooth stretch is within one of the average in real numbers, wher
 
 TEST_CASE("shrinking 4 x 2 pixels to 2 x 1 averages four by four")
 {
-    Picture             source(4, 2, 32, true);
-    Picture             target(2, 1, 32, true);
+    GuardedBitmap       source(4, 2, 32, true);
+    GuardedBitmap       target(2, 1, 32, true);
     const std::uint32_t words[2][4] = {{0x000010, 0x000020, 0xFF0000, 0x00FF00},
                                        {0x000030, 0x000043, 0, 0x000004}};
     for (int y = 0; y < 2; ++y)
@@ -459,8 +436,8 @@ TEST_CASE("shrinking 4 x 2 pixels to 2 x 1 averages four by four")
 
 TEST_CASE("shrinking 9 pixels to 3 and 5 pixels to 1 averages threes and fives")
 {
-    Picture source(9, 5, 32, false);
-    Picture target(3, 1, 32, false);
+    GuardedBitmap source(9, 5, 32, false);
+    GuardedBitmap target(3, 1, 32, false);
     for (int y = 0; y < 5; ++y)
         for (int x = 0; x < 9; ++x)
             source.Word(x, y) = static_cast<std::uint32_t>((x == 1 && y == 2) || x >= 6 ? 255 : 30 * (x / 3));
@@ -472,8 +449,8 @@ TEST_CASE("shrinking 9 pixels to 3 and 5 pixels to 1 averages threes and fives")
 
 TEST_CASE("shrinking 3 pixels to 2 shares the middle one")
 {
-    Picture source(3, 1, 32, true);
-    Picture target(2, 1, 32, true);
+    GuardedBitmap source(3, 1, 32, true);
+    GuardedBitmap target(2, 1, 32, true);
     source.Word(0, 0) = 90;
     source.Word(1, 0) = 30;
     source.Word(2, 0) = 0;
@@ -484,8 +461,8 @@ TEST_CASE("shrinking 3 pixels to 2 shares the middle one")
 
 TEST_CASE("enlarging 2 pixels to 4 goes over from centre to centre and keeps the ends")
 {
-    Picture source(2, 1, 32, true);
-    Picture target(4, 1, 32, true);
+    GuardedBitmap source(2, 1, 32, true);
+    GuardedBitmap target(4, 1, 32, true);
     source.Word(0, 0) = 0;
     source.Word(1, 0) = 200;
     Stretch(target, source, AxisOf(0, 4, 0, 2, 4, 2), AxisOf(0, 1, 0, 1, 1, 1), HALFTONE);
@@ -497,13 +474,13 @@ TEST_CASE("enlarging 2 pixels to 4 goes over from centre to centre and keeps the
 
 TEST_CASE("a whole surface smoothly stretched beyond every side shows the same pixels as the large target")
 {
-    std::mt19937 random(99);
-    Picture      source(64, 48, 32, false);
+    std::mt19937  random(99);
+    GuardedBitmap source(64, 48, 32, false);
     source.Randomise(random);
     for (int extent : {40, 64, 150, 300}) {
-        const int rowExtent = extent * 3 / 4;
-        Picture   whole(extent, rowExtent, 32, false);
-        Picture   window(30, 20, 32, false);
+        const int     rowExtent = extent * 3 / 4;
+        GuardedBitmap whole(extent, rowExtent, 32, false);
+        GuardedBitmap window(30, 20, 32, false);
         Stretch(whole, source, AxisOf(0, extent, 0, 64, extent, 64),
                 AxisOf(0, rowExtent, 0, 48, rowExtent, 48), HALFTONE);
         Stretch(window, source, AxisOf(-5, extent, 0, 64, 30, 64), AxisOf(-7, rowExtent, 0, 48, 20, 48),

@@ -14,17 +14,47 @@
 
 namespace vostel {
 
-// Runs body(name of the variant) once per variant that this processor has, and restores the variant in use.
+inline const char* NameOf(CpuVariant variant)
+{
+    const char* const names[] = {"plain", "baseline", "AVX2", "AVX-512"};
+    return names[static_cast<int>(variant)];
+}
+
+// A variant in use for the length of a scope, however it ends.
+class VariantScope {
+public:
+    explicit VariantScope(CpuVariant variant) : Before(ActiveCpuVariant()) { ForceCpuVariant(variant); }
+    ~VariantScope() { ForceCpuVariant(Before); }
+    VariantScope(const VariantScope&) = delete;
+    VariantScope& operator=(const VariantScope&) = delete;
+
+private:
+    CpuVariant Before;
+};
+
+// The variants of this machine from one on, in rising order.
+inline std::vector<CpuVariant> VariantsFrom(CpuVariant first)
+{
+    std::vector<CpuVariant> variants;
+    for (int number = static_cast<int>(first); number <= static_cast<int>(BestCpuVariant()); ++number)
+        variants.push_back(static_cast<CpuVariant>(number));
+    return variants;
+}
+
+// Those that are compared with the plain one.
+inline std::vector<CpuVariant> FastVariants()
+{
+    return VariantsFrom(CpuVariant::Baseline);
+}
+
+// Runs body(name of the variant) once per variant of this machine.
 template <typename Body>
 void InEveryVariant(Body body)
 {
-    const CpuVariant  before = ActiveCpuVariant();
-    const char* const names[] = {"plain", "baseline", "AVX2", "AVX-512"};
-    for (int variant = 0; variant <= static_cast<int>(BestCpuVariant()); ++variant) {
-        ForceCpuVariant(static_cast<CpuVariant>(variant));
-        body(names[variant]);
+    for (const CpuVariant variant : VariantsFrom(CpuVariant::Plain)) {
+        const VariantScope scope(variant);
+        body(NameOf(variant));
     }
-    ForceCpuVariant(before);
 }
 
 // Elements at any distance from a cache line, with known ones before and behind.
