@@ -1,7 +1,7 @@
 #include "instruments/VostelMeasureAngle3Pts.h"
 #include "instruments/VostelMeasureAngle4Pts.h"
 
-#include "instruments/OverlayScene.h"
+#include "support/OverlayScene.h"
 
 #include <climits>
 #include <cmath>
@@ -10,33 +10,31 @@ using namespace vostel;
 
 namespace {
 
-constexpr unsigned int Shift = OverlayScene::Shift;
-
 // A window paints what is added before the next press, which gives the caption its context.
 VostelMeasureAngle3Pts& Place3(OverlayScene& scene, CPoint at)
 {
     gCVSAddMeasureAngle3Pts(0);
-    scene.Host.Paint();
-    scene.Host.Move(at.x, at.y);
-    scene.Host.Drag(at, at, Shift);
-    scene.Host.Paint();
+    scene.Paint();
+    scene.Move(at.x, at.y);
+    scene.Drag(at, at, DrawFlags);
+    scene.Paint();
     return scene.Last<VostelMeasureAngle3Pts>();
 }
 
 VostelMeasureAngle4Pts& Place4(OverlayScene& scene, CPoint at)
 {
     gCVSAddMeasureAngle4Pts(0);
-    scene.Host.Paint();
-    scene.Host.Move(at.x, at.y);
-    scene.Host.Drag(at, at, Shift);
-    scene.Host.Paint();
+    scene.Paint();
+    scene.Move(at.x, at.y);
+    scene.Drag(at, at, DrawFlags);
+    scene.Paint();
     return scene.Last<VostelMeasureAngle4Pts>();
 }
 
 void DragHandle(OverlayScene& scene, CPoint from, CPoint to)
 {
-    scene.Host.Drag(from, to);
-    scene.Host.Paint();
+    scene.Drag(from, to);
+    scene.Paint();
 }
 
 CRect SizeOf(const wchar_t* text)
@@ -66,8 +64,8 @@ TEST_CASE("the angle measures are numbered, selected and free of the image's edg
     CHECK(four.CrossBox == CRect());
     CHECK(four.SerialNo == 1);
     CHECK(four.TypeSerial == 0);
-    CHECK(scene.Canvas.Angle3Count == 1);
-    CHECK(scene.Canvas.Angle4Count == 1);
+    CHECK(scene.Canvas().Angle3Count == 1);
+    CHECK(scene.Canvas().Angle4Count == 1);
     CHECK(three.GetResultText() == L"NULL");    // only length measures give their text away
     CHECK(four.GetResultText() == L"NULL");
 }
@@ -151,7 +149,7 @@ TEST_CASE("the caption of an angle is dragged as a box, and the shape stays")
     CHECK(angle.Label.ClientBox.top == box.top + 150);
     CHECK(angle.ClientPoints[0] == CPoint(120, 200));
     CHECK(angle.ClientPoints[2] == CPoint(270, 200));
-    scene.Host.Move(0, 0);
+    scene.Move(0, 0);
     CHECK(angle.Label.ClientBox.left == box.left + 160);
 }
 
@@ -164,15 +162,15 @@ TEST_CASE("the arms are blue after the Shift press that lays them, and red once 
     CHECK_FALSE(angle.Selected);    // the press clears the flag, and nothing asks for a hit
     CHECK(scene.Count(upright, 0x0000FF) == 130);
     CHECK(scene.Count(level, 0x0000FF) == 130);
-    CHECK(scene.Host.Pixel(150, 96) == 0x0000FF);    // a handle at the end of the arm
-    scene.Host.Drag(CPoint(150, 250), CPoint(150, 250));
-    scene.Host.Paint();
+    CHECK(scene.Pixel(150, 96) == 0x0000FF);    // a handle at the end of the arm
+    scene.Drag(CPoint(150, 250), CPoint(150, 250));
+    scene.Paint();
     CHECK(scene.Count(upright, 0xFF0000) == 130);
     CHECK(scene.Count(level, 0xFF0000) == 130);
-    CHECK(scene.Host.Pixel(150, 96) == 0xFF0000);
-    scene.Host.Press(395, 5);    // beside everything
-    scene.Host.Release(395, 5);
-    scene.Host.Paint();
+    CHECK(scene.Pixel(150, 96) == 0xFF0000);
+    scene.Press(395, 5);    // beside everything
+    scene.Release(395, 5);
+    scene.Paint();
     CHECK(scene.Count(upright, 0x0000FF) == 130);
 }
 
@@ -195,7 +193,7 @@ TEST_CASE("a further Shift press starts the shape over and places the caption an
     OverlayScene            scene;
     VostelMeasureAngle3Pts& angle = Place3(scene, CPoint(120, 200));
     DragHandle(scene, CPoint(270, 200), CPoint(270, 50));
-    scene.Host.Drag(CPoint(220, 240), CPoint(220, 240), Shift);
+    scene.Drag(CPoint(220, 240), CPoint(220, 240), DrawFlags);
     REQUIRE(angle.ImagePoints.size() == 3);
     CHECK(angle.ImagePoints[2].x == 370.0);
     CHECK(angle.Label.Text == L"角度 = 90.000 度");
@@ -209,7 +207,7 @@ TEST_CASE("an arm without length gives an angle that is no number, printed as su
     VostelMeasureAngle3Pts& angle = Place3(scene, CPoint(120, 200));
     DragHandle(scene, CPoint(270, 200), CPoint(120, 200));
     CHECK(angle.Label.Text == L"角度 = nan 度");
-    scene.Host.Paint();
+    scene.Paint();
 }
 
 TEST_CASE("two arms on each other are 0 degrees or no number, never anything else")
@@ -224,11 +222,11 @@ TEST_CASE("an angle's caption that has not been painted yet measures nothing")
 {
     OverlayScene scene;
     gCVSAddMeasureAngle3Pts(0);
-    scene.Host.Move(120, 200);
-    scene.Host.Press(120, 200, Shift);
+    scene.Move(120, 200);
+    scene.Press(120, 200, DrawFlags);
     VostelMeasureAngle3Pts& angle = scene.Last<VostelMeasureAngle3Pts>();
     CHECK(angle.Label.ClientBox == CRect(17, 97, 23, 103));
-    scene.Host.Release(120, 200);
+    scene.Release(120, 200);
 }
 
 TEST_CASE("a Shift press without a view is told and starts at 0, 0")
@@ -236,16 +234,16 @@ TEST_CASE("a Shift press without a view is told and starts at 0, 0")
     for (const bool three : {true, false}) {
         OverlayScene scene;
         three ? gCVSAddMeasureAngle3Pts(0) : gCVSAddMeasureAngle4Pts(0);
-        scene.Host.Press(120, 200, Shift);
+        scene.Press(120, 200, DrawFlags);
         REQUIRE_FALSE(scene.Messages().empty());
         for (const CString& message : scene.Messages())
             CHECK(message == NoView);
-        const VostelObj& angle = *scene.Canvas.Elements.back();
+        const VostelObj& angle = *scene.Canvas().Elements.back();
         REQUIRE(angle.ImagePoints.size() == (three ? 3 : 4));
         CHECK(angle.ImagePoints[0].x == 0.0);
-        scene.Host.Release(120, 200);
-        scene.Host.Move(50, 50);
-        scene.Host.Paint();
+        scene.Release(120, 200);
+        scene.Move(50, 50);
+        scene.Paint();
     }
 }
 
@@ -262,16 +260,16 @@ TEST_CASE("a Shift press lays two lines near and far of the point, and the capti
     const CRect size = SizeOf(L"角度 = 90.000 度");
     CHECK(angle.Label.ClientBox == CRect(97, 197, 100 + size.Width() + 3, 200 + size.Height() + 3));
     // The crossing's yellow grip, the lines to it, the connector from the first point.
-    CHECK(scene.Host.Pixel(296, 299) == 0xFFFF00);
-    CHECK(scene.Host.Pixel(300, 150) == 0x0000FF);
-    CHECK(scene.Host.Pixel(300, 250) == 0x0000FF);    // from the near end on to the crossing
-    CHECK(scene.Host.Pixel(350, 300) == 0x0000FF);
-    CHECK(scene.Host.Pixel(450, 300) == 0x0000FF);
-    scene.Host.Drag(CPoint(300, 300), CPoint(300, 300));    // a press on the grip selects the shape
-    scene.Host.Paint();
-    CHECK(scene.Host.Pixel(300, 150) == 0xFF0000);
-    CHECK(scene.Host.Pixel(450, 300) == 0xFF0000);
-    CHECK(scene.Host.Pixel(296, 299) == 0xFFFF00);
+    CHECK(scene.Pixel(296, 299) == 0xFFFF00);
+    CHECK(scene.Pixel(300, 150) == 0x0000FF);
+    CHECK(scene.Pixel(300, 250) == 0x0000FF);    // from the near end on to the crossing
+    CHECK(scene.Pixel(350, 300) == 0x0000FF);
+    CHECK(scene.Pixel(450, 300) == 0x0000FF);
+    scene.Drag(CPoint(300, 300), CPoint(300, 300));    // a press on the grip selects the shape
+    scene.Paint();
+    CHECK(scene.Pixel(300, 150) == 0xFF0000);
+    CHECK(scene.Pixel(450, 300) == 0xFF0000);
+    CHECK(scene.Pixel(296, 299) == 0xFFFF00);
     const CRect between(angle.Label.ClientBox.right + 1, 190, 296, 230);
     const int   black = scene.Count(between, 0x000000);
     CHECK(black > 10);
@@ -300,10 +298,10 @@ TEST_CASE("the crossing is found anew after each change of the view")
 {
     OverlayScene            scene(600, 400);
     VostelMeasureAngle4Pts& angle = Place4(scene, CPoint(300, 300));
-    scene.Host.Pan(20, -10);
+    scene.Pan(20, -10);
     CHECK(angle.Cross == CPoint(320, 290));
     CHECK(angle.CrossBox == CRect(316, 286, 324, 294));
-    scene.Host.Pan(-20, 10);
+    scene.Pan(-20, 10);
     scene.Zoom(3);
     CHECK(angle.Cross == CPoint(angle.ClientPoints[0].x, angle.ClientPoints[2].y));
 }
@@ -315,9 +313,9 @@ TEST_CASE("parallel lines put the crossing where the truncation of an infinite v
     DragHandle(scene, CPoint(500, 300), CPoint(400, 100));    // both lines upright
     CHECK(angle.ClientPoints[3] == CPoint(400, 100));
     CHECK(angle.Cross == CPoint(INT_MIN, INT_MIN));
-    scene.Host.Paint();
-    scene.Host.Press(10, 10);
-    scene.Host.Release(10, 10);
+    scene.Paint();
+    scene.Press(10, 10);
+    scene.Release(10, 10);
     // And out of it again.
     DragHandle(scene, CPoint(400, 100), CPoint(500, 300));
     CHECK(angle.Cross == CPoint(300, 300));
@@ -330,7 +328,7 @@ TEST_CASE("a line without length in the four-point form has no direction, and th
     VostelMeasureAngle4Pts& angle = Place4(scene, CPoint(300, 300));
     DragHandle(scene, CPoint(300, 100), CPoint(300, 200));
     CHECK(angle.Cross == CPoint(INT_MIN, INT_MIN));
-    scene.Host.Paint();
+    scene.Paint();
 }
 
 TEST_CASE("the four-point form measures on whole client pixels, the three-point form on the image")
@@ -345,7 +343,7 @@ TEST_CASE("the four-point form measures on whole client pixels, the three-point 
     four.ImagePoints = {PointTemplateBase<double>(103.3, 71.7),
                         PointTemplateBase<double>(100.0 + 2 * 3.3, 100.0 - 2 * 28.3),
                         PointTemplateBase<double>(140.1, 100.9), PointTemplateBase<double>(180.2, 101.8)};
-    scene.Host.Move(590, 390);
+    scene.Move(590, 390);
     const auto degrees = [](double ax, double ay, double bx, double by) {
         return std::acos((by * ay + bx * ax) / std::sqrt((by * by + bx * bx) * (ay * ay + ax * ax))) *
                57.295780490442965;
@@ -353,8 +351,8 @@ TEST_CASE("the four-point form measures on whole client pixels, the three-point 
     wchar_t expected[40];
     std::swprintf(expected, 40, L"角度 = %3.3f 度",
                   degrees(100.0 - 103.3, 100.0 - 71.7, 100.0 - 140.1, 100.0 - 100.9));
-    scene.Canvas.SelIndex = 0;
-    scene.Host.Move(590, 390);
+    scene.Canvas().SelIndex = 0;
+    scene.Move(590, 390);
     CHECK(three.Label.Text == expected);
     const CPoint cross = four.Cross;
     std::swprintf(expected, 40, L"角度 = %3.3f 度",
@@ -372,5 +370,5 @@ TEST_CASE("angles of canvases that do not exist are not made")
         gCVSAddMeasureAngle4Pts(number);
         gCVSAddMeasureLine(number, 1.0);
     }
-    CHECK(scene.Canvas.Elements.empty());
+    CHECK(scene.Canvas().Elements.empty());
 }

@@ -1,6 +1,6 @@
 #include "instruments/VostelLineProfile.h"
 
-#include "instruments/OverlayScene.h"
+#include "support/OverlayScene.h"
 
 #include <cmath>
 
@@ -8,15 +8,13 @@ using namespace vostel;
 
 namespace {
 
-constexpr unsigned int Shift = OverlayScene::Shift;
-
 // The plot stands at 30,30 to 542,180; lines are drawn below it.
 VostelLineProfile& Draw(OverlayScene& scene, CPoint from, CPoint to)
 {
     gCVSAddLineProfile(0);
-    scene.Host.Move(from.x, from.y);
-    scene.Host.Drag(from, to, Shift);
-    scene.Host.Paint();
+    scene.Move(from.x, from.y);
+    scene.Drag(from, to, DrawFlags);
+    scene.Paint();
     return scene.Last<VostelLineProfile>();
 }
 
@@ -25,14 +23,14 @@ void SetEnds(OverlayScene& scene, VostelLineProfile& profile, PointTemplateBase<
              PointTemplateBase<double> to)
 {
     profile.ImagePoints = {from, to};
-    scene.Host.Move(1, 1);
+    scene.Move(1, 1);
 }
 
 struct ProfileScene : OverlayScene {
     ProfileScene() : OverlayScene(600, 400) {}
     void ShowRamp(bool kept = true)
     {
-        Host.ShowFloat(
+        ShowFloat(
             600, 400, [](int x, int y) { return 1000 * y + x; }, kept);
     }
 };
@@ -53,8 +51,8 @@ TEST_CASE("a profile is a two-point line held inside the image, with its plot in
     CHECK_FALSE(profile.PlotHit);
     CHECK(profile.ImagePoints.empty());
     CHECK(profile.ProfilePlot.ClientBox == CRect(30, 30, 542, 180));
-    CHECK(profile.ProfilePlot.View == &scene.Canvas.View);
-    CHECK(profile.OwnerImage == &scene.Canvas);
+    CHECK(profile.ProfilePlot.View == &scene.Canvas().View);
+    CHECK(profile.OwnerImage == &scene.Canvas());
     CHECK(profile.SerialNo == 0);
     CHECK(profile.TypeSerial == 0);
 }
@@ -127,7 +125,7 @@ TEST_CASE("values are those of the data as it came, whatever the contrast")
     VostelLineProfile& profile = Draw(scene, CPoint(100, 300), CPoint(120, 300));
     CHECK(profile.ProfilePlot.Data.Ptr1D[3] == 300103.0f);
     gCVSSetFileType(0, FileTypeRawPlain);    // hosts set it for data that has no contrast window
-    scene.Host.Move(1, 1);
+    scene.Move(1, 1);
     CHECK(profile.ProfilePlot.Data.Ptr1D[3] == 300103.0f);
 }
 
@@ -147,13 +145,13 @@ TEST_CASE("without an image the plot is neither filled nor drawn")
     VostelLineProfile& profile = Draw(scene, CPoint(100, 300), CPoint(120, 300));
     REQUIRE(profile.ProfilePlot.Data.Width == 20);
     const unsigned int frame = 0xDAA569;
-    CHECK(scene.Host.Pixel(30, 100) == frame);
+    CHECK(scene.Pixel(30, 100) == frame);
     gCVSSetFileType(0, FileTypeNone);
-    scene.Host.Move(1, 1);
+    scene.Move(1, 1);
     CHECK(profile.ProfilePlot.Data.Width == 1);
-    scene.Host.Paint();
+    scene.Paint();
     CHECK(scene.Count(CRect(0, 0, 600, 290), 0x646464) == 600 * 290);
-    CHECK(scene.Host.Pixel(110, 300) != 0x646464);    // the line itself stays
+    CHECK(scene.Pixel(110, 300) != 0x646464);    // the line itself stays
 }
 
 TEST_CASE(
@@ -165,8 +163,8 @@ TEST_CASE(
         gCVSGetCanvasPixelPtr(0)[(399 - 300) * 600 + x] =
             static_cast<unsigned int>(x < 350 ? 10 : 200) * 0x10101u;
     VostelLineProfile& profile = Draw(scene, CPoint(100, 300), CPoint(580, 300));
-    CHECK(scene.Host.Pixel(30, 100) == 0xDAA569);
-    CHECK(scene.Host.Pixel(541, 100) == 0xDAA569);
+    CHECK(scene.Pixel(30, 100) == 0xDAA569);
+    CHECK(scene.Pixel(541, 100) == 0xDAA569);
     // The curve: at the bottom in the dark half, at the top in the light one, upright between.
     CHECK(scene.Count(CRect(31, 31, 541, 179), 0xFF0000) > 100);
     CHECK(scene.Count(CRect(31, 60, 541, 150), 0xFF0000) >= 90);
@@ -174,9 +172,9 @@ TEST_CASE(
         return BlueOf(word) > RedOf(word) + 40;
     }) > 50);    // the caption is blue
     SetEnds(scene, profile, {100.0, 300.0}, {105.0, 300.0});
-    scene.Host.Paint();
+    scene.Paint();
     CHECK(scene.Count(CRect(31, 31, 541, 179), 0x646464) == 510 * 148);
-    CHECK(scene.Host.Pixel(30, 100) == 0xDAA569);
+    CHECK(scene.Pixel(30, 100) == 0xDAA569);
 }
 
 TEST_CASE("the selected profile samples at every move, one that is not selected keeps its curve")
@@ -185,14 +183,14 @@ TEST_CASE("the selected profile samples at every move, one that is not selected 
     scene.ShowRamp();
     VostelLineProfile& profile = Draw(scene, CPoint(100, 300), CPoint(120, 300));
     gCVSGetRawOriPtr2D(0)[300][105] = -7.0f;
-    scene.Host.Move(1, 1);    // no button
+    scene.Move(1, 1);    // no button
     CHECK(profile.ProfilePlot.Data.Ptr1D[5] == -7.0f);
     CHECK(profile.ProfilePlot.DataMin == -7.0f);
-    scene.Host.Press(590, 390);    // beside everything
-    scene.Host.Release(590, 390);
-    REQUIRE(scene.Canvas.SelIndex == -1);
+    scene.Press(590, 390);    // beside everything
+    scene.Release(590, 390);
+    REQUIRE(scene.Canvas().SelIndex == -1);
     gCVSGetRawOriPtr2D(0)[300][105] = -9.0f;
-    scene.Host.Move(2, 2);
+    scene.Move(2, 2);
     CHECK(profile.ProfilePlot.Data.Ptr1D[5] == -7.0f);
 }
 
@@ -202,13 +200,13 @@ TEST_CASE("a drag in the plot moves the plot, leaves the line and samples it aga
     scene.ShowRamp();
     VostelLineProfile& profile = Draw(scene, CPoint(100, 300), CPoint(120, 300));
     gCVSGetRawOriPtr2D(0)[300][105] = -7.0f;
-    scene.Host.Drag(CPoint(100, 100), CPoint(110, 120));
+    scene.Drag(CPoint(100, 100), CPoint(110, 120));
     CHECK(profile.PlotHit);
     CHECK(profile.ProfilePlot.ClientBox == CRect(40, 50, 552, 200));
     CHECK(profile.ClientPoints[0] == CPoint(100, 300));
     CHECK(profile.ClientPoints[1] == CPoint(120, 300));
     CHECK(profile.ProfilePlot.Data.Ptr1D[5] == -7.0f);
-    scene.Host.Move(300, 300);
+    scene.Move(300, 300);
     CHECK(profile.ProfilePlot.ClientBox == CRect(40, 50, 552, 200));
 }
 
@@ -216,12 +214,12 @@ TEST_CASE("a release after a press in the plot ends the plot's drag and leaves t
 {
     ProfileScene       scene;
     VostelLineProfile& profile = Draw(scene, CPoint(100, 300), CPoint(200, 300));
-    scene.Host.Press(203, 303);    // an end; its release is lost
+    scene.Press(203, 303);    // an end; its release is lost
     REQUIRE(profile.ActiveNode == 1);
-    scene.Host.Press(100, 100);
+    scene.Press(100, 100);
     CHECK(profile.PlotHit);
     CHECK(profile.ProfilePlot.ButtonDown);
-    scene.Host.Release(100, 100);
+    scene.Release(100, 100);
     CHECK_FALSE(profile.ProfilePlot.ButtonDown);
     CHECK(profile.ActiveNode == 1);
     CHECK(profile.ButtonDown);
@@ -231,12 +229,12 @@ TEST_CASE("after a drag of the plot a Shift press draws no line until a press ha
 {
     ProfileScene       scene;
     VostelLineProfile& profile = Draw(scene, CPoint(100, 300), CPoint(200, 300));
-    scene.Host.Drag(CPoint(100, 100), CPoint(110, 110));
-    scene.Host.Drag(CPoint(300, 350), CPoint(400, 350), Shift);    // Shift asks nobody for a hit
+    scene.Drag(CPoint(100, 100), CPoint(110, 110));
+    scene.Drag(CPoint(300, 350), CPoint(400, 350), DrawFlags);    // Shift asks nobody for a hit
     CHECK(profile.ImagePoints[0].x == 100.0);
     CHECK(profile.ImagePoints[1].x == 200.0);
-    scene.Host.Drag(CPoint(200, 300), CPoint(200, 300));
-    scene.Host.Drag(CPoint(300, 350), CPoint(400, 350), Shift);
+    scene.Drag(CPoint(200, 300), CPoint(200, 300));
+    scene.Drag(CPoint(300, 350), CPoint(400, 350), DrawFlags);
     CHECK(profile.ImagePoints[0].x == 300.0);
     CHECK(profile.ImagePoints[1].x == 400.0);
 }
@@ -246,14 +244,14 @@ TEST_CASE("ends are dragged by their handles and stop at the image's edge, the m
     ProfileScene scene;
     scene.ShowRamp();
     VostelLineProfile& profile = Draw(scene, CPoint(100, 300), CPoint(200, 300));
-    scene.Host.Drag(CPoint(200, 300), CPoint(900, 300));
-    scene.Host.Paint();
+    scene.Drag(CPoint(200, 300), CPoint(900, 300));
+    scene.Paint();
     CHECK(profile.ImagePoints[1].x == 599.0);
     CHECK(profile.ProfilePlot.Data.Width == 499);
     CHECK(profile.ProfilePlot.Data.Ptr1D[498] == 300598.0f);
-    scene.Host.Move(1, 1);
-    scene.Host.Paint();
-    scene.Host.Drag(profile.MidPoint, CPoint(profile.MidPoint.x - 10, profile.MidPoint.y + 20));
+    scene.Move(1, 1);
+    scene.Paint();
+    scene.Drag(profile.MidPoint, CPoint(profile.MidPoint.x - 10, profile.MidPoint.y + 20));
     CHECK(profile.ImagePoints[0].x == 90.0);
     CHECK(profile.ImagePoints[0].y == 320.0);
     CHECK(profile.ImagePoints[1].x == 589.0);
@@ -284,12 +282,12 @@ TEST_CASE("a smaller image under a line reads as zero outside itself")
         VostelLineProfile& profile = Draw(scene, CPoint(100, 300), CPoint(300, 300));
         profile.PlotHit = true;    // as after a press in the plot: the line's own move would pull it in
         if (bytes)
-            scene.Host.ShowGray(
+            scene.ShowGray(
                 150, 310, [](int, int) { return 9; }, false);
         else
-            scene.Host.ShowFloat(
+            scene.ShowFloat(
                 150, 310, [](int, int y) { return y < 300 ? 0.0f : 9.0f; }, true, false);
-        scene.Host.Move(1, 1);
+        scene.Move(1, 1);
         REQUIRE(profile.ProfilePlot.Data.Width == 200);
         CHECK(profile.ProfilePlot.Data.Ptr1D[49] == 9.0f);
         CHECK(profile.ProfilePlot.Data.Ptr1D[50] == 0.0f);
@@ -305,10 +303,10 @@ TEST_CASE("a profile without a canvas or without a line samples nothing")
     CHECK(profile.ProfilePlot.Data.Width == 1);
     ProfileScene scene;
     gCVSAddLineProfile(0);
-    scene.Host.Move(100, 300);
-    scene.Host.Paint();
+    scene.Move(100, 300);
+    scene.Paint();
     CHECK(scene.Last<VostelLineProfile>().ProfilePlot.Data.Width == 1);
     gCVSAddLineProfile(5);
-    CHECK(scene.Canvas.Elements.size() == 1);
+    CHECK(scene.Canvas().Elements.size() == 1);
     CHECK(scene.Messages().empty());
 }

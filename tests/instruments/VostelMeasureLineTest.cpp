@@ -1,6 +1,6 @@
 #include "instruments/VostelMeasureLine.h"
 
-#include "instruments/OverlayScene.h"
+#include "support/OverlayScene.h"
 
 #include <cmath>
 #include <limits>
@@ -9,19 +9,17 @@ using namespace vostel;
 
 namespace {
 
-constexpr unsigned int Shift = OverlayScene::Shift;
-
 // A line drawn as a user does: the window is painted while the button is down.
 VostelMeasureLine& Draw(OverlayScene& scene, CPoint from, CPoint to)
 {
     gCVSAddMeasureLine(0, 0.0);
-    scene.Host.Move(from.x, from.y);
-    scene.Host.Press(from.x, from.y, Shift);
-    scene.Host.Paint();
-    scene.Host.Move(to.x, to.y, Shift);
-    scene.Host.Paint();
-    scene.Host.Release(to.x, to.y);
-    scene.Host.Paint();
+    scene.Move(from.x, from.y);
+    scene.Press(from.x, from.y, DrawFlags);
+    scene.Paint();
+    scene.Move(to.x, to.y, DrawFlags);
+    scene.Paint();
+    scene.Release(to.x, to.y);
+    scene.Paint();
     return scene.Last<VostelMeasureLine>();
 }
 
@@ -38,9 +36,9 @@ TEST_CASE("a new length measure is the selected index, and its flag is not set")
     gCVSAddPoly(0);
     gCVSAddMeasureLine(0, 7.5);
     VostelMeasureLine& line = scene.Last<VostelMeasureLine>();
-    CHECK(scene.Canvas.SelIndex == 1);
+    CHECK(scene.Canvas().SelIndex == 1);
     CHECK_FALSE(line.Selected);
-    CHECK(scene.Canvas.Elements[0]->Selected);    // nobody took the polygon's
+    CHECK(scene.Canvas().Elements[0]->Selected);    // nobody took the polygon's
     CHECK(line.TypeCode == 8);
     CHECK(line.SerialNo == 1);
     CHECK(line.TypeSerial == 0);
@@ -61,17 +59,17 @@ TEST_CASE("a drawn line tells its length with three decimals, live and after the
     gCVSAddMeasureLine(0, 0.0);
     VostelMeasureLine& line = scene.Last<VostelMeasureLine>();
     CHECK(line.GetResultText() == L"");
-    scene.Host.Move(50, 200);
-    scene.Host.Press(50, 200, Shift);
+    scene.Move(50, 200);
+    scene.Press(50, 200, DrawFlags);
     CHECK(line.MeasureArmed);
     CHECK(line.GetResultText() == L"");
-    scene.Host.Paint();
+    scene.Paint();
     // The caption is formed after the line's move.
-    scene.Host.Move(80, 240, Shift);
+    scene.Move(80, 240, DrawFlags);
     CHECK(line.GetResultText() == L"长度 = 50.000 mm");
-    scene.Host.Move(60, 201, Shift);
+    scene.Move(60, 201, DrawFlags);
     CHECK(line.GetResultText() == L"长度 = 10.050 mm");
-    scene.Host.Release(60, 201);
+    scene.Release(60, 201);
     CHECK(line.GetResultText() == L"长度 = 10.050 mm");
     CHECK_FALSE(line.LabelUnplaced);
 }
@@ -93,9 +91,9 @@ TEST_CASE("the line is drawn with its handles, and a dotted black connector lead
     VostelMeasureLine& line = Draw(scene, CPoint(50, 200), CPoint(110, 200));
     CHECK(line.Selected);
     for (int x = 60; x < 74; ++x)
-        CHECK(scene.Host.Pixel(x, 200) == 0xFF0000);
-    CHECK(scene.Host.Pixel(50, 196) == 0xFF0000);    // top of an end handle
-    CHECK(scene.Host.Pixel(80, 196) == 0xFF0000);    // and of the middle one
+        CHECK(scene.Pixel(x, 200) == 0xFF0000);
+    CHECK(scene.Pixel(50, 196) == 0xFF0000);    // top of an end handle
+    CHECK(scene.Pixel(80, 196) == 0xFF0000);    // and of the middle one
     const CPoint corner = line.Label.NearestCorner(CPoint(80, 200));
     CHECK(corner == CPoint(line.Label.ClientBox.left, line.Label.ClientBox.bottom));
     const CRect between(85, corner.y + 2, corner.x, 195);
@@ -104,23 +102,23 @@ TEST_CASE("the line is drawn with its handles, and a dotted black connector lead
     const int steps = std::max(between.Width(), between.Height());
     CHECK(black < steps);
     CHECK(scene.Count(between, 0x646464) + black == between.Width() * between.Height());
-    scene.Host.Press(390, 290);    // a press beside everything
-    scene.Host.Release(390, 290);
-    scene.Host.Paint();
-    CHECK(scene.Host.Pixel(65, 200) == 0x0000FF);
+    scene.Press(390, 290);    // a press beside everything
+    scene.Release(390, 290);
+    scene.Paint();
+    CHECK(scene.Pixel(65, 200) == 0x0000FF);
 }
 
 TEST_CASE("before the release there is no connector")
 {
     MeasureScene scene;
     gCVSAddMeasureLine(0, 0.0);
-    scene.Host.Move(50, 200);
-    scene.Host.Press(50, 200, Shift);
-    scene.Host.Move(110, 200, Shift);
-    scene.Host.Paint();
+    scene.Move(50, 200);
+    scene.Press(50, 200, DrawFlags);
+    scene.Move(110, 200, DrawFlags);
+    scene.Paint();
     CHECK(scene.Count(CRect(0, 20, 400, 190), 0x000000) == 0);
-    scene.Host.Release(110, 200);
-    scene.Host.Paint();
+    scene.Release(110, 200);
+    scene.Paint();
     CHECK(scene.Count(CRect(0, 20, 400, 190), 0x000000) > 10);
 }
 
@@ -141,8 +139,8 @@ TEST_CASE("the scale of the canvas counts for lines made later, and leaves older
     CHECK(old.Label.Text == L"长度 = 50.000 mm");
     CHECK(old.MeasureScale == 1.0);
     // Also when the old one is dragged again.
-    scene.Host.Move(80, 240);
-    scene.Host.Drag(CPoint(80, 240), CPoint(80, 250));
+    scene.Move(80, 240);
+    scene.Drag(CPoint(80, 240), CPoint(80, 250));
     CHECK(old.Label.Text == L"长度 = 58.310 mm");
 }
 
@@ -175,7 +173,7 @@ TEST_CASE("the scale's dialog is asked under its section, and its text read as a
     accept = false;
     answer = L"5";
     gCVSSetMeasureScale(0);
-    CHECK(scene.Canvas.MeasureScale == 9.0);
+    CHECK(scene.Canvas().MeasureScale == 9.0);
     asked = L"";
     gCVSSetMeasureScale(-1);
     gCVSSetMeasureScale(5, 3.0);
@@ -187,8 +185,8 @@ TEST_CASE("a caption is dragged as a box: the line stays, and the connector foll
     MeasureScene       scene;
     VostelMeasureLine& line = Draw(scene, CPoint(50, 200), CPoint(110, 200));
     const CRect        box = line.Label.ClientBox;
-    scene.Host.Drag(CPoint(box.left + 10, box.top + 10), CPoint(box.left - 20, box.top + 150));
-    scene.Host.Paint();
+    scene.Drag(CPoint(box.left + 10, box.top + 10), CPoint(box.left - 20, box.top + 150));
+    scene.Paint();
     CHECK(line.LabelHit);
     CHECK(line.Selected);
     CHECK(line.Label.ClientBox == CRect(box.left - 30, box.top + 140, box.right - 30, box.bottom + 140));
@@ -196,8 +194,8 @@ TEST_CASE("a caption is dragged as a box: the line stays, and the connector foll
     CHECK(line.ClientPoints[1] == CPoint(110, 200));
     // The caption's place is the user's: another drag of the line leaves it there.
     const CRect placed = line.Label.ClientBox;
-    scene.Host.Drag(CPoint(110, 200), CPoint(120, 190));
-    scene.Host.Paint();
+    scene.Drag(CPoint(110, 200), CPoint(120, 190));
+    scene.Paint();
     CHECK(line.ClientPoints[1] == CPoint(120, 190));
     CHECK(line.Label.ClientBox == placed);
     CHECK(line.Label.Text == L"长度 = 70.711 mm");
@@ -208,12 +206,12 @@ TEST_CASE("a caption that sits over a handle takes the drag")
     MeasureScene       scene;
     VostelMeasureLine& line = Draw(scene, CPoint(50, 200), CPoint(110, 200));
     const CRect        box = line.Label.ClientBox;
-    scene.Host.Drag(CPoint(box.left + 10, box.top + 10), CPoint(110, 200));    // over the second end
-    scene.Host.Paint();
+    scene.Drag(CPoint(box.left + 10, box.top + 10), CPoint(110, 200));    // over the second end
+    scene.Paint();
     const CRect over = line.Label.ClientBox;
     REQUIRE(PtInRect(&over, CPoint(110, 200)));
-    scene.Host.Drag(CPoint(110, 200), CPoint(150, 250));
-    scene.Host.Paint();
+    scene.Drag(CPoint(110, 200), CPoint(150, 250));
+    scene.Paint();
     CHECK(line.ClientPoints[1] == CPoint(110, 200));
     CHECK(line.Label.ClientBox.left == over.left + 40);
     CHECK(line.Label.ClientBox.top == over.top + 50);
@@ -223,12 +221,12 @@ TEST_CASE("the middle handle moves the line, an end handle stretches it")
 {
     MeasureScene       scene;
     VostelMeasureLine& line = Draw(scene, CPoint(50, 200), CPoint(110, 200));
-    scene.Host.Drag(CPoint(81, 199), CPoint(91, 219));
-    scene.Host.Paint();
+    scene.Drag(CPoint(81, 199), CPoint(91, 219));
+    scene.Paint();
     CHECK(line.ClientPoints[0] == CPoint(60, 220));
     CHECK(line.ClientPoints[1] == CPoint(120, 220));
     CHECK(line.Label.Text == L"长度 = 60.000 mm");
-    scene.Host.Drag(CPoint(60, 220), CPoint(40, 220));
+    scene.Drag(CPoint(60, 220), CPoint(40, 220));
     CHECK(line.Label.Text == L"长度 = 80.000 mm");
 }
 
@@ -239,7 +237,7 @@ TEST_CASE("lengths count image pixels at any zoom, and ends outside the image")
     CHECK(line.ImagePoints[1].x == 450.0);    // beyond the image's 400 columns
     CHECK(line.Label.Text == L"长度 = 350.000 mm");
     scene.Zoom(2);
-    scene.Host.Move(5, 5);
+    scene.Move(5, 5);
     CHECK(line.Label.Text == L"长度 = 350.000 mm");
 }
 
@@ -248,8 +246,8 @@ TEST_CASE("a further Shift press restarts the line and leaves the caption where 
     MeasureScene       scene;
     VostelMeasureLine& line = Draw(scene, CPoint(50, 200), CPoint(110, 200));
     const CRect        box = line.Label.ClientBox;
-    scene.Host.Drag(CPoint(200, 250), CPoint(203, 254), Shift);
-    scene.Host.Paint();
+    scene.Drag(CPoint(200, 250), CPoint(203, 254), DrawFlags);
+    scene.Paint();
     CHECK(line.ImagePoints[0].x == 200.0);
     CHECK(line.Label.Text == L"长度 = 5.000 mm");
     CHECK(line.Label.ClientBox == box);
@@ -259,13 +257,13 @@ TEST_CASE("a release before the line was ever painted measures the caption as no
 {
     MeasureScene scene;
     gCVSAddMeasureLine(0, 0.0);
-    scene.Host.Move(50, 200);
-    scene.Host.Drag(CPoint(50, 200), CPoint(80, 240), Shift);
+    scene.Move(50, 200);
+    scene.Drag(CPoint(50, 200), CPoint(80, 240), DrawFlags);
     VostelMeasureLine& line = scene.Last<VostelMeasureLine>();
     CHECK(line.Label.TextWidth == 0);
     CHECK(line.Label.ClientBox == CRect(97, -103, 103, -97));    // from a middle of 0, 0
     CHECK(line.Label.Text == L"长度 = 50.000 mm");
-    scene.Host.Paint();
+    scene.Paint();
     CHECK(scene.Messages().empty());
 }
 
@@ -273,12 +271,12 @@ TEST_CASE("a release before the line has its points places no caption")
 {
     MeasureScene scene;
     gCVSAddMeasureLine(0, 0.0);
-    scene.Host.Move(50, 200);
-    scene.Host.Release(50, 200);
+    scene.Move(50, 200);
+    scene.Release(50, 200);
     VostelMeasureLine& line = scene.Last<VostelMeasureLine>();
     CHECK(line.LabelUnplaced);
     CHECK(line.Label.Text.IsEmpty());
-    scene.Host.Drag(CPoint(50, 200), CPoint(80, 240), Shift);
+    scene.Drag(CPoint(50, 200), CPoint(80, 240), DrawFlags);
     CHECK_FALSE(line.LabelUnplaced);
     CHECK(line.Label.Text == L"长度 = 50.000 mm");
 }
@@ -287,7 +285,7 @@ TEST_CASE("a press before any mouse move tells that the view is missing and star
 {
     MeasureScene scene;
     gCVSAddMeasureLine(0, 0.0);
-    scene.Host.Press(50, 200, Shift);
+    scene.Press(50, 200, DrawFlags);
     VostelMeasureLine& line = scene.Last<VostelMeasureLine>();
     REQUIRE_FALSE(scene.Messages().empty());
     for (const CString& message : scene.Messages())
@@ -295,8 +293,8 @@ TEST_CASE("a press before any mouse move tells that the view is missing and star
     REQUIRE(line.ImagePoints.size() == 2);
     CHECK(line.ImagePoints[0].x == 0.0);
     CHECK(line.ImagePoints[1].y == 0.0);
-    scene.Host.Release(50, 200);
-    scene.Host.Paint();
+    scene.Release(50, 200);
+    scene.Paint();
 }
 
 TEST_CASE("scales that are no numbers print without a sign, and infinite ones as such")

@@ -1,6 +1,6 @@
 #include "instruments/VostelTextML.h"
 
-#include "instruments/OverlayScene.h"
+#include "support/OverlayScene.h"
 
 #include <algorithm>
 
@@ -47,13 +47,13 @@ TEST_CASE("a paint sizes the panel to its widest line and keeps its upper left c
     std::vector<CString> lines = {L"a", L"the widest line of all", L"bcd"};
     gCVSAddTextML(0, lines, 40, 50);
     const VostelTextML& panel = scene.Last<VostelTextML>();
-    scene.Host.Paint();
+    scene.Paint();
     const CRect widest = LineSize(L"the widest line of all");
     CHECK(panel.ClientBox.left == 40);
     CHECK(panel.ClientBox.top == 50);
     CHECK(panel.ClientBox.right == 40 + widest.Width() + 10);
     CHECK(panel.ClientBox.bottom == 50 + 5 + 3 * (5 + LineSize(L"bcd").Height()));
-    scene.Host.Paint();
+    scene.Paint();
     CHECK(panel.ClientBox.right == 40 + widest.Width() + 10);    // no growth from paint to paint
 }
 
@@ -63,7 +63,7 @@ TEST_CASE("the lines are red, each centred on its own row, without frame or fill
     std::vector<CString> lines = {L"III", L"a much wider line", L"III"};
     gCVSAddTextML(0, lines, 40, 50);
     const VostelTextML& panel = scene.Last<VostelTextML>();
-    scene.Host.Paint();
+    scene.Paint();
     const CRect& box = panel.ClientBox;
     const int    pitch = 5 + LineSize(L"III").Height();
     for (int k = 0; k < 3; ++k) {
@@ -91,8 +91,8 @@ TEST_CASE("the lines stand to the pixel where the system centres them between th
     OverlayScene         scene;
     std::vector<CString> lines = {L"III", L"a much wider line", L"I"};
     const CRect          widest = LineSize(L"a much wider line");
-    scene.Host.Paint();
-    const HDC     dc = scene.Host.Window.Dc;
+    scene.Paint();
+    const HDC     dc = scene.Window.Dc;
     const HFONT   font = CreateFontW(20, 0, 0, 0, 400, 0, 0, 0, 134, 8, 1, 0, 48, L"微软雅黑");
     const HGDIOBJ before = SelectObject(dc, font);
     const int     modeBefore = SetBkMode(dc, TRANSPARENT);
@@ -107,9 +107,9 @@ TEST_CASE("the lines stand to the pixel where the system centres them between th
     DeleteObject(font);
     SetBkMode(dc, modeBefore);
     SetTextColor(dc, 0);
-    const Frame expected = scene.Host.Window.Capture();
+    const Frame expected = scene.Window.Capture();
     gCVSAddTextML(0, lines, 40, 50);
-    CHECK(FrameDifference(scene.Host.PaintAndCapture(), expected) == "");
+    CHECK(FrameDifference(scene.PaintAndCapture(), expected) == "");
 }
 
 TEST_CASE("the pitch of all lines comes from the one measured last")
@@ -118,7 +118,7 @@ TEST_CASE("the pitch of all lines comes from the one measured last")
     std::vector<CString> lines = {L"one", L""};
     gCVSAddTextML(0, lines, 40, 50);
     const VostelTextML& panel = scene.Last<VostelTextML>();
-    scene.Host.Paint();
+    scene.Paint();
     // The empty line has no height, so the box holds one height and the rows are a margin apart.
     CHECK(panel.ClientBox.Height() == 5 + 5 + LineSize(L"one").Height() + 5);
 }
@@ -129,18 +129,18 @@ TEST_CASE("a panel without lines keeps its last box and draws nothing")
     std::vector<CString> lines = {L"one"};
     gCVSAddTextML(0, lines, 40, 50);
     VostelTextML& panel = scene.Last<VostelTextML>();
-    scene.Host.Paint();
+    scene.Paint();
     const CRect box = panel.ClientBox;
     CHECK(scene.Count(box, IsInk) > 0);
     panel.ClearLines();
     CHECK(panel.Lines.empty());
-    scene.Host.Paint();
+    scene.Paint();
     CHECK(panel.ClientBox == box);
     CHECK(scene.Count(scene.Whole(), IsInk) == 0);
 
     std::vector<CString> none;
     gCVSAddTextML(0, none, 90, 90);
-    scene.Host.Paint();
+    scene.Paint();
     CHECK(scene.Last<VostelTextML>().ClientBox == CRect(90, 90, 90, 90));
 }
 
@@ -157,28 +157,28 @@ TEST_CASE("lines are appended one by one, and a new list replaces all of them")
     CHECK(panel.Lines == lines);
 }
 
-TEST_CASE("a panel is dragged in client pixels, with or without Shift, and neither pans nor zooms")
+TEST_CASE("a panel is dragged in client pixels, with or without DrawFlags, and neither pans nor zooms")
 {
     OverlayScene         scene;
     std::vector<CString> lines = {L"a line to take hold of"};
     gCVSAddTextML(0, lines, 40, 50);
     const VostelTextML& panel = scene.Last<VostelTextML>();
-    scene.Host.Paint();
-    scene.Host.Drag(CPoint(45, 55), CPoint(65, 45));
+    scene.Paint();
+    scene.Drag(CPoint(45, 55), CPoint(65, 45));
     CHECK(panel.ClientBox.left == 60);
     CHECK(panel.ClientBox.top == 40);
-    scene.Host.Drag(CPoint(65, 45), CPoint(60, 50), OverlayScene::Shift);
+    scene.Drag(CPoint(65, 45), CPoint(60, 50), DrawFlags);
     CHECK(panel.ClientBox.left == 55);
     CHECK(panel.ClientBox.top == 45);
-    scene.Host.Move(300, 200);
+    scene.Move(300, 200);
     CHECK(panel.ClientBox.left == 55);
     const CRect box = panel.ClientBox;
     scene.Zoom(3);
     CHECK(panel.ClientBox == box);
-    scene.Host.Press(399, 299);    // outside
-    scene.Host.Move(200, 200, MK_LBUTTON);
+    scene.Press(399, 299);    // outside
+    scene.Move(200, 200, MK_LBUTTON);
     CHECK(panel.ClientBox == box);
-    scene.Host.Release(200, 200);
+    scene.Release(200, 200);
 }
 
 TEST_CASE("a panel takes presses and moves while another object is the selected one")
@@ -187,12 +187,12 @@ TEST_CASE("a panel takes presses and moves while another object is the selected 
     std::vector<CString> lines = {L"a line to take hold of"};
     gCVSAddTextML(0, lines, 40, 50);
     const VostelTextML& panel = scene.Last<VostelTextML>();
-    scene.Host.Paint();
+    scene.Paint();
     gCVSAddPoly(0);
-    scene.Host.Move(45, 55);
-    scene.Host.Drag(CPoint(45, 55), CPoint(65, 65),
-                    OverlayScene::Shift);    // a node, and a drag of the panel
-    CHECK(scene.Canvas.Elements.back()->ImagePoints.size() == 1);
+    scene.Move(45, 55);
+    scene.Drag(CPoint(45, 55), CPoint(65, 65),
+               DrawFlags);    // a node, and a drag of the panel
+    CHECK(scene.Canvas().Elements.back()->ImagePoints.size() == 1);
     CHECK(panel.ClientBox.left == 60);
     CHECK(panel.ClientBox.top == 60);
 }
@@ -203,7 +203,7 @@ TEST_CASE("lines of thousands of letters and thousands of lines are painted")
     std::vector<CString> lines(300, CString(L'W', 3000));
     gCVSAddTextML(0, lines, 5, 5);
     const VostelTextML& panel = scene.Last<VostelTextML>();
-    scene.Host.Paint();
+    scene.Paint();
     CHECK(panel.ClientBox.Width() > 1000 * 5);    // some systems take the first thousand letters of a line
     CHECK(panel.ClientBox.Height() == 5 + 300 * (5 + LineSize(L"W").Height()));
     CHECK(scene.Count(scene.Whole(), IsInk) > 1000);
@@ -215,5 +215,5 @@ TEST_CASE("a text panel of a canvas that does not exist is not made")
     std::vector<CString> lines = {L"one"};
     gCVSAddTextML(-1, lines, 0, 0);
     gCVSAddTextML(5, lines, 0, 0);
-    CHECK(scene.Canvas.Elements.empty());
+    CHECK(scene.Canvas().Elements.empty());
 }

@@ -1,6 +1,6 @@
 #include "instruments/VostelTextRect.h"
 
-#include "instruments/OverlayScene.h"
+#include "support/OverlayScene.h"
 
 #include <climits>
 
@@ -70,23 +70,23 @@ TEST_CASE("the size of a text starts at 0, 0 and grows with the text and the fon
     CHECK(SizeOf(L"text", FontCustom, 18) == plain);
     CHECK(gCVSGetTextRectOL(0, L"text", 77, -5, FontPlain18, 2, 255, 99) == plain);    // x, y play no part
     CHECK(SizeOf(L"", FontPlain18) == CRect(0, 0, 0, 0));
-    CHECK(scene.Canvas.Elements.empty());
+    CHECK(scene.Canvas().Elements.empty());
 }
 
 TEST_CASE("asking for the size of a text moves the selection to the last object")
 {
     OverlayScene scene;
     SizeOf(L"text", FontPlain18);
-    CHECK(scene.Canvas.SelIndex == -1);
+    CHECK(scene.Canvas().SelIndex == -1);
     gCVSAddPoly(0);
     gCVSAddPoly(0);
     gCVSAddPoly(0);
-    scene.Host.Press(5, 5);    // hits nothing
-    scene.Host.Release(5, 5);
-    REQUIRE(scene.Canvas.SelIndex == -1);
+    scene.Press(5, 5);    // hits nothing
+    scene.Release(5, 5);
+    REQUIRE(scene.Canvas().SelIndex == -1);
     SizeOf(L"text", FontPlain18);
-    CHECK(scene.Canvas.SelIndex == 2);
-    for (const VostelObj* object : scene.Canvas.Elements)
+    CHECK(scene.Canvas().SelIndex == 2);
+    for (const VostelObj* object : scene.Canvas().Elements)
         CHECK_FALSE(object->Selected);
 }
 
@@ -100,7 +100,7 @@ TEST_CASE("a size is asked for in vain of a canvas that does not exist or has no
     CHECK(SizeOf(L"text", FontPlain18) == CRect());
     gCVSAddTextOL(0, L"text", 10, 10, FontPlain18, 1, 0, 0);
     CHECK(scene.Last<VostelTextRect>().TextWidth == 0);
-    scene.Host.SetClient(400, 300);
+    scene.SetClient(400, 300);
     CHECK(SizeOf(L"text", FontPlain18).right > 10);
 }
 
@@ -115,7 +115,7 @@ TEST_CASE("a text command makes a numbered, selected box of the text's size, 3 p
     CHECK(box.SerialNo == 2);
     CHECK(box.TypeSerial == 1);
     CHECK(box.Selected);
-    CHECK(scene.Canvas.SelIndex == 2);
+    CHECK(scene.Canvas().SelIndex == 2);
     CHECK(box.Anchor == CPoint(100, 120));
     CHECK(box.TextWidth == size.Width());
     CHECK(box.TextHeight == size.Height());
@@ -127,7 +127,7 @@ TEST_CASE("a text command makes a numbered, selected box of the text's size, 3 p
     CHECK(box.ImagePoints[1].y == 120.0 + size.Height());
     CHECK(scene.Messages().empty());
     // The paint leaves the box as it measured it: its own 3 px come back with the drawing.
-    scene.Host.Paint();
+    scene.Paint();
     CHECK(box.ClientBox == BoxAt(100, 120, size));
 }
 
@@ -139,7 +139,7 @@ TEST_CASE("an empty text has a box of no size, with 3 px around it")
     CHECK(box.TextWidth == 0);
     CHECK(box.TextHeight == 0);
     CHECK(box.ClientBox == CRect(97, 97, 103, 103));
-    scene.Host.Paint();
+    scene.Paint();
     CHECK(box.ClientBox == CRect(97, 97, 103, 103));
     CHECK(scene.Count(CRect(97, 97, 103, 103), 0xFFFFFF) == 36);
     CHECK(scene.Count(scene.Whole(), 0xFFFFFF) == 36);
@@ -164,7 +164,7 @@ TEST_CASE("the five styles: color of the letters and white box or none")
         OverlayScene scene;
         scene.ShowFlat(128);
         gCVSAddTextOL(0, L"HELLO", 100, 100, style.Font, style.BkMode, style.Color, 30);
-        scene.Host.Paint();
+        scene.Paint();
         const CRect        box = scene.Last<VostelTextRect>().ClientBox;
         const unsigned int ground = style.White ? 0xFFFFFF : 0x808080;
         const int          area = box.Width() * box.Height();
@@ -188,7 +188,7 @@ TEST_CASE("the custom style takes any color")
     OverlayScene scene;
     scene.ShowFlat(0);
     gCVSAddTextOL(0, L"HELLO", 100, 100, FontCustom, 1, 0x00FF00, 40);
-    scene.Host.Paint();
+    scene.Paint();
     const CRect box = scene.Last<VostelTextRect>().ClientBox;
     CHECK(scene.Count(box, 0x00FF00) > 20);
     CHECK(scene.Count(box, [](unsigned int word) { return RedOf(word) || BlueOf(word); }) == 0);
@@ -246,7 +246,7 @@ TEST_CASE("the white box lies over the outline that the framed style asks for")
 {
     OverlayScene scene;
     gCVSAddTextOL(0, L"HELLO", 100, 100, FontRed22Framed, 1, 0, 0);
-    scene.Host.Paint();
+    scene.Paint();
     const CRect box = scene.Last<VostelTextRect>().ClientBox;
     // The outline went 3 px inside the white box; its corners would stand clear of the letters.
     CHECK(scene.Count(CRect(box.left, box.top, box.left + 4, box.top + 6), 0xFFFFFF) == 24);
@@ -264,7 +264,7 @@ TEST_CASE("image coordinates place a box once; from there it follows the image a
     VostelTextRect& box = scene.Last<VostelTextRect>();
     CHECK(box.Anchor == CPoint(x, y));
     const CRect size = box.ClientBox;
-    scene.Host.Paint();
+    scene.Paint();
     const PointTemplateBase<double> image = box.ImagePoints[0];
     const auto                      follows = [&] {
         CPoint corner;
@@ -272,10 +272,10 @@ TEST_CASE("image coordinates place a box once; from there it follows the image a
         CHECK(box.ClientBox == BoxAt(corner.x, corner.y, SizeOf(L"text", FontPlain18)));
     };
     follows();
-    scene.Host.Pan(17, -5);
-    scene.Host.Paint();
+    scene.Pan(17, -5);
+    scene.Paint();
     follows();
-    scene.Host.Pan(-17, 5);
+    scene.Pan(-17, 5);
     scene.Zoom(-3);
     follows();
     CHECK(box.ImagePoints[0].x == image.x);
@@ -287,24 +287,24 @@ TEST_CASE("a text box is dragged by a press inside it, beyond the image too, and
     OverlayScene scene;
     gCVSAddTextOL(0, L"text", 100, 100, FontPlain18, 1, 0, 0);
     VostelTextRect& box = scene.Last<VostelTextRect>();
-    scene.Host.Paint();
+    scene.Paint();
     const CRect before = box.ClientBox;
-    scene.Host.Drag(CPoint(before.left, before.top), CPoint(before.left + 30, before.top - 20));
-    scene.Host.Paint();
+    scene.Drag(CPoint(before.left, before.top), CPoint(before.left + 30, before.top - 20));
+    scene.Paint();
     CHECK(box.ClientBox.left == before.left + 30);
     CHECK(box.ClientBox.top == before.top - 20);
     CHECK(box.Selected);
-    scene.Host.Move(300, 200);    // the release has ended it
-    scene.Host.Paint();
+    scene.Move(300, 200);    // the release has ended it
+    scene.Paint();
     CHECK(box.ClientBox.left == before.left + 30);
-    scene.Host.Drag(CPoint(box.ClientBox.left + 5, box.ClientBox.top + 5), CPoint(-200, 500));
-    scene.Host.Paint();
+    scene.Drag(CPoint(box.ClientBox.left + 5, box.ClientBox.top + 5), CPoint(-200, 500));
+    scene.Paint();
     CHECK(box.ImagePoints[0].x < -100.0);
     CHECK(box.ImagePoints[0].y > 400.0);
-    scene.Host.Press(200, 200);
+    scene.Press(200, 200);
     CHECK_FALSE(box.Selected);
-    CHECK(scene.Canvas.SelIndex == -1);
-    scene.Host.Release(200, 200);
+    CHECK(scene.Canvas().SelIndex == -1);
+    scene.Release(200, 200);
 }
 
 TEST_CASE("a new text without a new fit leaves the box at the old size")
@@ -317,7 +317,7 @@ TEST_CASE("a new text without a new fit leaves the box at the old size")
     box.SetText(longer);
     CHECK(box.GetResultText() == longer);
     CHECK(box.ClientBox == before);
-    scene.Host.Paint();
+    scene.Paint();
     CHECK(box.ClientBox == before);
     box.SetTextAndFit(longer);
     CHECK(box.ClientBox.Width() > before.Width());
@@ -361,14 +361,14 @@ TEST_CASE("a text box whose context is gone measures nothing until it is painted
     gCVSAddTextOL(0, L"text", 100, 100, FontPlain18, 1, 0, 0);
     VostelTextRect& box = scene.Last<VostelTextRect>();
     const int       width = box.TextWidth;
-    scene.Host.Resize(500, 300);
+    scene.Resize(500, 300);
     CString text = L"text";
     box.SetTextAndFit(text);
     CHECK((box.TextWidth == 0 || box.TextWidth == width));    // a system may use the handle again
-    scene.Host.Paint();
+    scene.Paint();
     box.SetTextAndFit(text);
     CHECK(box.TextWidth == width);
-    scene.Host.Resize(400, 300);
+    scene.Resize(400, 300);
 }
 
 TEST_CASE("each conversion without a view is told, and goes on with zeros")
@@ -411,15 +411,15 @@ TEST_CASE("key T gives every text box the test text in the same place, key I the
     OverlayScene scene;
     gCVSAddTextOL(0, L"one", 100, 100, FontPlain18, 1, 0, 0);
     gCVSAddTextOL(0, L"two", 200, 200, FontPlain18, 1, 0, 0);
-    scene.Host.Key('T');
+    scene.Key('T');
     const CRect size = SizeOf(L"这是一个测试", FontPlain18);
-    for (VostelObj* object : scene.Canvas.Elements) {
+    for (VostelObj* object : scene.Canvas().Elements) {
         CHECK(object->GetResultText() == L"这是一个测试");
         CHECK(object->ClientBox == BoxAt(50, 50, size));
     }
-    scene.Host.Key('I');
-    scene.Host.Paint();
-    for (VostelObj* object : scene.Canvas.Elements) {
+    scene.Key('I');
+    scene.Paint();
+    for (VostelObj* object : scene.Canvas().Elements) {
         CHECK(object->GetResultText() == L"这是一个测试");
         CHECK(object->ClientBox == CRect(47, 47, 103, 103));
     }
@@ -468,9 +468,9 @@ TEST_CASE("the dialog form asks for the text under its section and places it fra
     const TestDialogs installed(dialogs);
     gCVSAddTextOL(0);
     CHECK(asked == L"TextInfo|TextInfo.ini");
-    CHECK(scene.Canvas.Elements.empty());
-    CHECK(scene.Canvas.ElementSerial == 0);
-    CHECK(scene.Canvas.TextCount == 0);
+    CHECK(scene.Canvas().Elements.empty());
+    CHECK(scene.Canvas().ElementSerial == 0);
+    CHECK(scene.Canvas().TextCount == 0);
     accept = true;
     gCVSAddTextOL(0);
     const VostelTextRect& box = scene.Last<VostelTextRect>();
@@ -478,7 +478,7 @@ TEST_CASE("the dialog form asks for the text under its section and places it fra
     CHECK(box.Text == L"typed");
     CHECK(box.ClientBox == BoxAt(200, 200, SizeOf(L"typed", FontRed22)));
     CHECK(box.Selected);
-    CHECK(scene.Canvas.TextCount == 1);
+    CHECK(scene.Canvas().TextCount == 1);
     asked = L"";
     gCVSAddTextOL(5);
     CHECK(asked == L"");
@@ -491,12 +491,12 @@ TEST_CASE("texts of thousands of letters are measured and painted, clipped to th
     gCVSAddTextOL(0, text, 10, 10, FontPlain18, 1, 0, 0);
     const VostelTextRect& box = scene.Last<VostelTextRect>();
     CHECK(box.TextWidth > 5 * 1000);    // some systems take the first thousand letters of a line
-    scene.Host.Paint();
+    scene.Paint();
     CHECK(scene.Count(CRect(10, 7, 400, 10), 0xFFFFFF) == 390 * 3);    // the box goes beyond the right edge
     CHECK(scene.Count(CRect(10, 10, 400, 40),
                       [](unsigned int word) { return IsGray(word) && word < 0x404040; }) > 100);
     gCVSAddTextOL(0, text, -3000, 60, FontPlain18, 1, 0, 0);
-    scene.Host.Paint();
+    scene.Paint();
     CHECK(scene.Count(CRect(0, 57, 400, 60), 0xFFFFFF) == 400 * 3);
     CHECK(scene.Messages().empty());
 }
@@ -506,12 +506,12 @@ TEST_CASE("absurd heights and places neither fail nor hang")
     OverlayScene scene;
     for (const int height : {0, -30, 1000, -1000}) {
         gCVSAddTextOL(0, L"text", 10, 10, FontCustom, 2, 0, height);
-        scene.Host.Paint();
+        scene.Paint();
     }
     for (const int place : {INT_MIN, INT_MAX, -1000000}) {
         gCVSAddTextOL(0, L"text", place, place, FontPlain18, 1, 0, 0);
         gCVSAddTextOLV2(0, L"text", place, place, FontRed22Framed, 1, 0, 0);
-        scene.Host.Paint();
+        scene.Paint();
     }
-    CHECK(scene.Canvas.Elements.size() == 10);
+    CHECK(scene.Canvas().Elements.size() == 10);
 }

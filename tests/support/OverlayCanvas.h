@@ -1,41 +1,25 @@
 #pragma once
 
 // A canvas with a gray image of 100 x 80 in the middle of a window of 200 x 160, at scale 1: image point
-// (x, y) lies at client point (x + 50, y + 40). Gestures go through the exports; the objects can be looked
-// at. Inner tests only.
+// (x, y) lies at client point (x + 50, y + 40). Gestures go through the exports. Inner tests only.
 
-#include "canvas/exports/CanvasTable.h"
-#include "support/HostCanvas.h"
+#include "support/ObjectCanvas.h"
 
 #include <algorithm>
 
 namespace vostel {
 
-constexpr unsigned int DrawFlags = MK_LBUTTON | MK_SHIFT;
-
-class OverlayCanvas : public HostCanvas {
+class OverlayCanvas : public ObjectCanvas {
 public:
     static constexpr int ImageLeft = 50;
     static constexpr int ImageTop = 40;
 
-    explicit OverlayCanvas(int number = 0) : HostCanvas(number, 200, 160)
+    explicit OverlayCanvas(int number = 0) : ObjectCanvas(number, 200, 160)
     {
         ShowFlatGray(100, 80, 0x40);
         REQUIRE(IsScaleOne());
         REQUIRE(Region().left == ImageLeft);
         REQUIRE(Region().top == ImageTop);
-    }
-
-    VostelImage& Canvas() { return gCanvasTable[Number]; }
-
-    // The newest object, as what it is.
-    template <typename T = VostelObj>
-    T& Last()
-    {
-        REQUIRE_FALSE(Canvas().Elements.empty());
-        T* const object = dynamic_cast<T*>(Canvas().Elements.back());
-        REQUIRE(object != nullptr);
-        return *object;
     }
 
     // Image points as client points.
@@ -70,7 +54,7 @@ public:
             Node(node.x, node.y);
     }
 
-    // Pixels of the label plane, of selected objects or all.
+    // Pixels of the label image, of selected objects or all.
     int CountLabels(int label, bool selectedOnly = false)
     {
         gCVSGenerateLabel(Number, selectedOnly);
