@@ -1,8 +1,9 @@
 // Whole frames: what a host waits for between an event and the screen. A canvas of 4096 x 4096 pixels in a
-// client area of 1920 x 1080, with desk, outline, slider and progress bar, beside QPainter doing the same: a
-// hatched fill, an outline, the image, the controls and the copy to the screen. And a mouse move over many
-// objects, beside a loop that touches the same fields.
+// client area of 1920 x 1080, with background, outline, slider and progress bar, beside QPainter doing the
+// same: a hatched fill, an outline, the image, the controls and the copy to the screen. And a mouse move over
+// many objects, beside a loop that touches the same fields.
 
+#include "common/MemoryBitmap.h"
 #include "support/PeerBench.h"
 
 #include "canvas/exports/CanvasTable.h"
@@ -32,34 +33,13 @@ constexpr int ClientWidth = 1920;
 constexpr int ClientHeight = 1080;
 
 // The host's screen.
-struct Screen {
-    HDC                  Dc = CreateCompatibleDC(nullptr);
-    HBITMAP              Bitmap = nullptr;
-    HGDIOBJ              Displaced = nullptr;
-    const std::uint32_t* Bits = nullptr;
+class Screen : public MemoryBitmap {
+public:
+    Screen() : MemoryBitmap(ClientWidth, ClientHeight) {}
 
-    Screen()
-    {
-        BITMAPINFO info = {};
-        info.bmiHeader.biSize = sizeof info.bmiHeader;
-        info.bmiHeader.biWidth = ClientWidth;
-        info.bmiHeader.biHeight = ClientHeight;
-        info.bmiHeader.biPlanes = 1;
-        info.bmiHeader.biBitCount = 32;
-        void* bits = nullptr;
-        Bitmap = CreateDIBSection(Dc, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-        Displaced = SelectObject(Dc, Bitmap);
-        Bits = static_cast<const std::uint32_t*>(bits);
-    }
-    ~Screen()
-    {
-        SelectObject(Dc, Displaced);
-        DeleteObject(Bitmap);
-        DeleteDC(Dc);
-    }
     std::vector<std::uint32_t> Copy() const
     {
-        return std::vector<std::uint32_t>(Bits, Bits + static_cast<std::size_t>(ClientWidth) * ClientHeight);
+        return std::vector<std::uint32_t>(Pixels(), Pixels() + PixelCount());
     }
 };
 

@@ -3,6 +3,7 @@
 
 #include "base/PixelFill.h"
 #include "canvas/exports/CanvasTable.h"
+#include "common/MemoryBitmap.h"
 #include "overlay/VostelSpline.h"
 #include "support/PeerBench.h"
 
@@ -326,19 +327,9 @@ public:
         : Scene(0, 0, ViewWidth, ViewHeight), View(&Scene),
           Target(ViewWidth, ViewHeight, QImage::Format_RGB32)
     {
-        BITMAPINFO info = {};
-        info.bmiHeader.biSize = sizeof info.bmiHeader;
-        info.bmiHeader.biWidth = ViewWidth;
-        info.bmiHeader.biHeight = ViewHeight;
-        info.bmiHeader.biPlanes = 1;
-        info.bmiHeader.biBitCount = 32;
-        void* bits = nullptr;
-        Window = CreateCompatibleDC(nullptr);
-        Bitmap = CreateDIBSection(Window, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-        Before = SelectObject(Window, Bitmap);
         std::vector<unsigned char> gray(static_cast<std::size_t>(ViewWidth) * ViewHeight, 64);
         CRect                      client(0, 0, ViewWidth, ViewHeight);
-        gCVSSetClient(Number, client, Window);
+        gCVSSetClient(Number, client, Window.Dc);
         gCVSShowUCGray(Number, gray.data(), ViewWidth, ViewHeight, true);
 
         View.setFrameStyle(0);
@@ -383,9 +374,6 @@ public:
         gCVSDelAllElement(Number);
         CRect client(0, 0, ViewWidth, ViewHeight);
         gCVSSetClient(Number, client, nullptr);
-        SelectObject(Window, Before);
-        DeleteObject(Bitmap);
-        DeleteDC(Window);
     }
     Shapes(const Shapes&) = delete;
     Shapes& operator=(const Shapes&) = delete;
@@ -414,9 +402,7 @@ private:
     QGraphicsScene Scene;
     QGraphicsView  View;
     QImage         Target;
-    HDC            Window = nullptr;
-    HBITMAP        Bitmap = nullptr;
-    HGDIOBJ        Before = nullptr;
+    MemoryBitmap   Window{ViewWidth, ViewHeight};
 };
 
 void ComparePaints(bench::PeerBench& peers)

@@ -2,6 +2,7 @@
 // client area of 1920 x 1080, everybody on one thread and for the same visible region. Where the picture is
 // smaller than the client area only its own part is worked on.
 
+#include "common/MemoryBitmap.h"
 #include "support/PeerBench.h"
 
 #include "platform/portable/StretchAxis.h"
@@ -29,44 +30,6 @@ namespace {
 constexpr int CanvasSize = 4096;
 constexpr int ClientWidth = 1920;
 constexpr int ClientHeight = 1080;
-
-// A context with a 32-bit section bitmap, bottom-up as the canvas surface is.
-struct Surface {
-    Surface(int width, int height) : Width(width), Height(height)
-    {
-        BITMAPINFO info{};
-        info.bmiHeader.biSize = sizeof(BITMAPINFOHEADER);
-        info.bmiHeader.biWidth = width;
-        info.bmiHeader.biHeight = height;
-        info.bmiHeader.biPlanes = 1;
-        info.bmiHeader.biBitCount = 32;
-        Dc = CreateCompatibleDC(nullptr);
-        void* bits = nullptr;
-        Section = CreateDIBSection(Dc, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-        Bits = static_cast<std::uint32_t*>(bits);
-        Before = SelectObject(Dc, Section);
-    }
-    ~Surface()
-    {
-        SelectObject(Dc, Before);
-        DeleteObject(Section);
-        DeleteDC(Dc);
-    }
-    Surface(const Surface&) = delete;
-    Surface& operator=(const Surface&) = delete;
-
-    std::uint32_t At(int x, int y) const
-    {
-        return Bits[static_cast<std::size_t>(Height - 1 - y) * static_cast<std::size_t>(Width) +
-                    static_cast<std::size_t>(x)];
-    }
-
-    int            Width, Height;
-    HDC            Dc = nullptr;
-    HBITMAP        Section = nullptr;
-    HGDIOBJ        Before = nullptr;
-    std::uint32_t* Bits = nullptr;
-};
 
 // What the engine asks for at a scale around the middle: the visible part, or the whole for the smooth one.
 struct View {
@@ -129,8 +92,8 @@ public:
                 const unsigned      green = (static_cast<unsigned>(y) / 20 + (noise >> 8 & 31u)) & 255u;
                 const unsigned      blue = (static_cast<unsigned>(x + y) / 40 + (noise >> 16 & 31u)) & 255u;
                 const std::uint32_t word = 0xFF000000u | red << 16 | green << 8 | blue;
-                Canvas.Bits[static_cast<std::size_t>(CanvasSize - 1 - y) * CanvasSize +
-                            static_cast<std::size_t>(x)] = word;
+                Canvas.Pixels()[static_cast<std::size_t>(CanvasSize - 1 - y) * CanvasSize +
+                                static_cast<std::size_t>(x)] = word;
                 std::memcpy(Images.Source.ptr(y) + static_cast<std::ptrdiff_t>(x) * 4, &word, 4);
             }
         SourceImage =
@@ -196,7 +159,7 @@ public:
         // The plain form is the reference of the others; the tests hold it against the formula.
         contest.Check = [this] {
             if (ActiveCpuVariant() == CpuVariant::Plain)
-                Reference.assign(Client.Bits, Client.Bits + ClientWidth * ClientHeight);
+                Reference.assign(Client.Pixels(), Client.Pixels() + Client.PixelCount());
             return std::memcmp(Reference.data(), Client.Bits, Reference.size() * 4) == 0;
         };
         const std::string text = ScaleText(scale);
@@ -221,7 +184,7 @@ public:
 
     void Copy()
     {
-        Surface        from(ClientWidth, ClientHeight);
+        MemoryBitmap   from(ClientWidth, ClientHeight);
         bench::Contest contest;
         std::memcpy(from.Bits, Canvas.Bits, static_cast<std::size_t>(ClientWidth) * ClientHeight * 4);
         contest.Title = "copy 1920x1080";
@@ -273,9 +236,9 @@ private:
             return false;
         for (int y = 0; y < rows.Count; ++y)
             for (int x = 0; x < columns.Count; ++x)
-                if (Client.At(columns.Target + x, rows.Target + y) !=
-                    Canvas.At(columns.Far[static_cast<std::size_t>(x)],
-                              rows.Near[static_cast<std::size_t>(y)]))
+                if (Client.PixelAt(columns.Target + x, rows.Target + y) !=
+                    Canvas.PixelAt(columns.Far[static_cast<std::size_t>(x)],
+                                   rows.Near[static_cast<std::size_t>(y)]))
                     return false;
         return true;
     }
@@ -355,7 +318,7 @@ private:
     }
 
     bench::PeerBench&          Bench;
-    Surface                    Canvas, Client;
+    MemoryBitmap               Canvas, Client;
     PeerImages                 Images;
     QImage                     SourceImage, TargetImage;
     cairo_surface_t*           SourceCairo = nullptr;

@@ -8,25 +8,10 @@ CString NameOf(const std::filesystem::path& path)
     return path.c_str();
 }
 
-Host::Host(int canvas, int width, int height) : Canvas(canvas), Client(0, 0, width, height)
+Host::Host(int canvas, int width, int height) : Canvas(canvas), Screen(width, height)
 {
-    Screen = CreateCompatibleDC(nullptr);
-    BITMAPINFO info = {};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = width;
-    info.bmiHeader.biHeight = height;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    Frame = CreateDIBSection(Screen, &info, DIB_RGB_COLORS, &Bits, nullptr, 0);
-    Displaced = SelectObject(Screen, Frame);
-    gCVSSetClient(Canvas, Client, Screen);
-}
-
-Host::~Host()
-{
-    SelectObject(Screen, Displaced);
-    DeleteObject(Frame);
-    DeleteDC(Screen);
+    CRect client(0, 0, width, height);
+    gCVSSetClient(Canvas, client, Screen.Dc);
 }
 
 void Host::Move(CPoint at)
@@ -76,7 +61,7 @@ void Host::Key(char key)
 
 void Host::Paint()
 {
-    gCVSOnDraw(Canvas, Screen);
+    gCVSOnDraw(Canvas, Screen.Dc);
 }
 
 CPoint Host::At(double imageX, double imageY) const
@@ -91,16 +76,13 @@ bool Host::WriteFrame(const std::string& path)
     Paint();
     GdiFlush();
     CImage picture;
-    if (!picture.Create(Client.Width(), Client.Height(), 24))
+    if (!picture.Create(Screen.Width, Screen.Height, 24))
         return false;
-    for (int y = 0; y < Client.Height(); ++y) {
-        // The frame's rows run bottom-up, four bytes per pixel.
-        const unsigned char* source =
-            static_cast<const unsigned char*>(Bits) +
-            static_cast<std::ptrdiff_t>(Client.Height() - 1 - y) * Client.Width() * 4;
-        unsigned char* target = static_cast<unsigned char*>(picture.GetBits()) +
+    for (int y = 0; y < Screen.Height; ++y) {
+        const unsigned char* source = Screen.Row(y);
+        unsigned char*       target = static_cast<unsigned char*>(picture.GetBits()) +
                                 static_cast<std::ptrdiff_t>(y) * picture.GetPitch();
-        for (int x = 0; x < Client.Width(); ++x)
+        for (int x = 0; x < Screen.Width; ++x)
             std::memcpy(target + 3 * x, source + 4 * x, 3);
     }
     return picture.Save(NameOf(path)) >= 0;

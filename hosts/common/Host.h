@@ -1,5 +1,7 @@
 #pragma once
 
+#include "common/MemoryBitmap.h"
+
 #include <VostelObj.h>
 
 #include <filesystem>
@@ -9,12 +11,11 @@
 // A file name as the library takes it. Not through the locale, which may know ASCII only.
 CString NameOf(const std::filesystem::path& path);
 
-// A host without a window: a memory bitmap takes the place of the screen. It owns the bitmap and its context,
-// hands the canvas the events that a window would get, and writes frames as pictures.
+// A host without a window: a memory bitmap takes the place of the screen. It hands the canvas the events that
+// a window would get, and writes frames as pictures.
 class Host {
 public:
     Host(int canvas, int width, int height);
-    ~Host();
     Host(const Host&) = delete;
     Host& operator=(const Host&) = delete;
 
@@ -30,16 +31,12 @@ public:
     // Client px of an image position.
     CPoint At(double imageX, double imageY) const;
 
-    HDC Context() const { return Screen; }    // what the last paint left
+    HDC Context() const { return Screen.Dc; }    // what the last paint left
 
     // Paints and writes the frame; false when the file cannot be written.
     bool WriteFrame(const std::string& path);
 
 private:
-    int     Canvas;
-    CRect   Client;
-    HDC     Screen = nullptr;
-    HBITMAP Frame = nullptr;
-    HGDIOBJ Displaced = nullptr;
-    void*   Bits = nullptr;
+    int          Canvas;
+    MemoryBitmap Screen;
 };

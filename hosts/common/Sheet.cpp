@@ -1,5 +1,7 @@
 #include "common/Sheet.h"
 
+#include "common/SelectedObject.h"
+
 Sheet::Sheet(int width, int height)
 {
     if (!Page.Create(width, height, 24))
@@ -21,15 +23,12 @@ void Sheet::Place(const Host& host, int x, int y, int width, int height, const w
 {
     GdiFlush();
     BitBlt(Context, x, y, width, height, host.Context(), 0, 0, SRCCOPY);
-    const HFONT font =
-        CreateFontW(20, 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0, 0, 0, 0, L"DejaVu Sans");
-    const HGDIOBJ before = SelectObject(Context, font);
+    const SelectedObject font(
+        Context, CreateFontW(20, 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0, 0, 0, 0, L"DejaVu Sans"));
     SetBkMode(Context, TRANSPARENT);
     SetTextColor(Context, RGB(40, 40, 40));
     const CString text(name);
     TextOutW(Context, x, y + height + 4, text, text.GetLength());
-    SelectObject(Context, before);
-    DeleteObject(font);
 }
 
 bool Sheet::Save(const std::string& path)

@@ -36,8 +36,8 @@ std::vector<POINT> PixelsOfLine(int x0, int y0, int x1, int y1)
 
 TEST_CASE("a line leaves out its end point, whichever way it runs")
 {
-    TestBitmap    bitmap(7, 3);
-    TestSelection pen(bitmap.Dc, CreatePen(PS_SOLID, 1, testRed));
+    TestBitmap     bitmap(7, 3);
+    SelectedObject pen(bitmap.Dc, CreatePen(PS_SOLID, 1, TestRed));
     Line(bitmap.Dc, 1, 0, 5, 0);
     Line(bitmap.Dc, 5, 2, 1, 2);
     CHECK(bitmap.Text() == ".rrrr..\n"
@@ -53,8 +53,8 @@ TEST_CASE("a line leaves out its end point, whichever way it runs")
 
 TEST_CASE("a line of no length draws nothing")
 {
-    TestBitmap    bitmap(5, 5);
-    TestSelection pen(bitmap.Dc, CreatePen(PS_SOLID, 1, testRed));
+    TestBitmap     bitmap(5, 5);
+    SelectedObject pen(bitmap.Dc, CreatePen(PS_SOLID, 1, TestRed));
     Line(bitmap.Dc, 2, 2, 2, 2);
     CHECK(bitmap.Count(0) == 25);
     Line(bitmap.Dc, 2, 2, 3, 2);
@@ -63,8 +63,8 @@ TEST_CASE("a line of no length draws nothing")
 
 TEST_CASE("a line halfway between two rows takes the upper one, to the right and to the left")
 {
-    TestBitmap    bitmap(5, 3);
-    TestSelection pen(bitmap.Dc, CreatePen(PS_SOLID, 1, testRed));
+    TestBitmap     bitmap(5, 3);
+    SelectedObject pen(bitmap.Dc, CreatePen(PS_SOLID, 1, TestRed));
     Line(bitmap.Dc, 0, 0, 4, 2);    // at x = 1 it is at y = 0.5, at x = 3 at 1.5
     CHECK(bitmap.Text() == "rr...\n"
                            "..rr.\n"
@@ -78,8 +78,8 @@ TEST_CASE("a line halfway between two rows takes the upper one, to the right and
 
 TEST_CASE("a line halfway between two columns takes the left one")
 {
-    TestBitmap    bitmap(3, 5);
-    TestSelection pen(bitmap.Dc, CreatePen(PS_SOLID, 1, testRed));
+    TestBitmap     bitmap(3, 5);
+    SelectedObject pen(bitmap.Dc, CreatePen(PS_SOLID, 1, TestRed));
     Line(bitmap.Dc, 0, 0, 2, 4);
     CHECK(bitmap.Text() == "r..\n"
                            "r..\n"
@@ -97,9 +97,9 @@ TEST_CASE("a line halfway between two columns takes the left one")
 
 TEST_CASE("the current point is where the last line ended and MoveToEx answers it")
 {
-    TestBitmap    bitmap(6, 3);
-    TestSelection pen(bitmap.Dc, CreatePen(PS_SOLID, 1, testRed));
-    POINT         before = {-1, -1};
+    TestBitmap     bitmap(6, 3);
+    SelectedObject pen(bitmap.Dc, CreatePen(PS_SOLID, 1, TestRed));
+    POINT          before = {-1, -1};
     CHECK(MoveToEx(bitmap.Dc, 1, 1, &before));
     CHECK(before.x == 0);
     CHECK(before.y == 0);
@@ -118,11 +118,11 @@ TEST_CASE("a dashed pen draws 18 pixels and leaves 6, a dotted one 3 and 3")
     TestBitmap bitmap(50, 2);
     SetBkMode(bitmap.Dc, TRANSPARENT);
     {
-        TestSelection pen(bitmap.Dc, CreatePen(PS_DASH, 1, testRed));
+        SelectedObject pen(bitmap.Dc, CreatePen(PS_DASH, 1, TestRed));
         Line(bitmap.Dc, 0, 0, 50, 0);
     }
     {
-        TestSelection pen(bitmap.Dc, CreatePen(PS_DOT, 1, testRed));
+        SelectedObject pen(bitmap.Dc, CreatePen(PS_DOT, 1, TestRed));
         Line(bitmap.Dc, 49, 1, -1, 1);
     }
     CHECK(bitmap.Text() == "rrrrrrrrrrrrrrrrrr......rrrrrrrrrrrrrrrrrr......rr\n"
@@ -131,9 +131,9 @@ TEST_CASE("a dashed pen draws 18 pixels and leaves 6, a dotted one 3 and 3")
 
 TEST_CASE("the gaps of a broken line show the background color when the mode is opaque")
 {
-    TestBitmap    bitmap(14, 2);
-    TestSelection pen(bitmap.Dc, CreatePen(PS_DOT, 1, testRed));
-    SetBkColor(bitmap.Dc, testGreen);
+    TestBitmap     bitmap(14, 2);
+    SelectedObject pen(bitmap.Dc, CreatePen(PS_DOT, 1, TestRed));
+    SetBkColor(bitmap.Dc, TestGreen);
     SetBkMode(bitmap.Dc, OPAQUE);
     Line(bitmap.Dc, 0, 0, 14, 0);
     SetBkMode(bitmap.Dc, TRANSPARENT);
@@ -144,8 +144,8 @@ TEST_CASE("the gaps of a broken line show the background color when the mode is 
 
 TEST_CASE("a line that enters from far outside keeps the dashes of its whole length")
 {
-    TestBitmap    bitmap(14, 1);
-    TestSelection pen(bitmap.Dc, CreatePen(PS_DOT, 1, testRed));
+    TestBitmap     bitmap(14, 1);
+    SelectedObject pen(bitmap.Dc, CreatePen(PS_DOT, 1, TestRed));
     SetBkMode(bitmap.Dc, TRANSPARENT);
     Line(bitmap.Dc, -6000002, 0, 100, 0);    // 6000002 is 2 more than a multiple of 6
     CHECK(bitmap.Text() == "r...rrr...rrr.\n");
@@ -153,8 +153,8 @@ TEST_CASE("a line that enters from far outside keeps the dashes of its whole len
 
 TEST_CASE("lines of nearly the whole coordinate range draw their visible pixels")
 {
-    TestBitmap    bitmap(8, 8);
-    TestSelection pen(bitmap.Dc, CreatePen(PS_SOLID, 1, testRed));
+    TestBitmap     bitmap(8, 8);
+    SelectedObject pen(bitmap.Dc, CreatePen(PS_SOLID, 1, TestRed));
     Line(bitmap.Dc, INT_MIN, 3, INT_MAX, 3);
     CHECK(bitmap.Count(0xFF0000) == 8);
     bitmap.Clear();
@@ -163,15 +163,15 @@ TEST_CASE("lines of nearly the whole coordinate range draw their visible pixels"
     bitmap.Clear();
     Line(bitmap.Dc, -1000000000, -1000000000, 1000000000, 1000000000);
     for (int i = 0; i < 8; ++i)
-        CHECK(bitmap.Word(i, i) == 0xFF0000);
+        CHECK(bitmap.PixelAt(i, i) == 0xFF0000);
     CHECK(bitmap.Count(0xFF0000) == 8);
 }
 
 TEST_CASE("the viewport origin is added to every coordinate and answered by the next call")
 {
-    TestBitmap    bitmap(6, 4);
-    TestSelection pen(bitmap.Dc, CreatePen(PS_SOLID, 1, testRed));
-    POINT         before = {7, 7};
+    TestBitmap     bitmap(6, 4);
+    SelectedObject pen(bitmap.Dc, CreatePen(PS_SOLID, 1, TestRed));
+    POINT          before = {7, 7};
     CHECK(SetViewportOrgEx(bitmap.Dc, 2, 3, &before));
     CHECK(before.x == 0);
     CHECK(before.y == 0);
@@ -187,8 +187,8 @@ TEST_CASE("the viewport origin is added to every coordinate and answered by the 
 
 TEST_CASE("a line of width 3 has round ends and its end point inside")
 {
-    TestBitmap    bitmap(9, 5);
-    TestSelection pen(bitmap.Dc, CreatePen(PS_SOLID, 3, testRed));
+    TestBitmap     bitmap(9, 5);
+    SelectedObject pen(bitmap.Dc, CreatePen(PS_SOLID, 3, TestRed));
     Line(bitmap.Dc, 2, 2, 6, 2);
     CHECK(bitmap.Text() == ".........\n"
                            "..rrrrr..\n"
@@ -199,8 +199,8 @@ TEST_CASE("a line of width 3 has round ends and its end point inside")
 
 TEST_CASE("a wide line of no length is a round dot")
 {
-    TestBitmap    bitmap(7, 7);
-    TestSelection pen(bitmap.Dc, CreatePen(PS_SOLID, 4, testRed));
+    TestBitmap     bitmap(7, 7);
+    SelectedObject pen(bitmap.Dc, CreatePen(PS_SOLID, 4, TestRed));
     Line(bitmap.Dc, 3, 3, 3, 3);
     CHECK(bitmap.Text() == ".......\n"
                            "..rr...\n"
@@ -215,18 +215,18 @@ TEST_CASE("a broken style of a wide pen draws solid")
 {
     TestBitmap bitmap(60, 2);
     SetBkMode(bitmap.Dc, TRANSPARENT);
-    TestSelection pen(bitmap.Dc, CreatePen(PS_DASH, 2, testRed));
+    SelectedObject pen(bitmap.Dc, CreatePen(PS_DASH, 2, TestRed));
     Line(bitmap.Dc, -5, 1, 70, 1);
     CHECK(bitmap.Count(0xFF0000) == 120);
 }
 
 TEST_CASE("the null pen draws nothing and moves the current point")
 {
-    TestBitmap    bitmap(6, 2);
-    TestSelection pen(bitmap.Dc, CreatePen(PS_NULL, 1, testRed));
+    TestBitmap     bitmap(6, 2);
+    SelectedObject pen(bitmap.Dc, CreatePen(PS_NULL, 1, TestRed));
     Line(bitmap.Dc, 0, 0, 3, 0);
     CHECK(bitmap.Count(0) == 12);
-    TestSelection red(bitmap.Dc, CreatePen(PS_SOLID, 1, testRed));
+    SelectedObject red(bitmap.Dc, CreatePen(PS_SOLID, 1, TestRed));
     LineTo(bitmap.Dc, 5, 0);
     CHECK(bitmap.Text() == "...rr.\n"
                            "......\n");
@@ -236,12 +236,12 @@ TEST_CASE("drawing clears the fourth byte of a 32-bit pixel and leaves the other
 {
     TestBitmap bitmap(4, 1);
     bitmap.Clear(0xAB);
-    TestSelection pen(bitmap.Dc, CreatePen(PS_SOLID, 1, testRed));
+    SelectedObject pen(bitmap.Dc, CreatePen(PS_SOLID, 1, TestRed));
     Line(bitmap.Dc, 1, 0, 3, 0);
-    CHECK(bitmap.Word(0, 0) == 0xABABABABu);
-    CHECK(bitmap.Word(1, 0) == 0x00FF0000u);
-    CHECK(bitmap.Word(2, 0) == 0x00FF0000u);
-    CHECK(bitmap.Word(3, 0) == 0xABABABABu);
+    CHECK(bitmap.PixelAt(0, 0) == 0xABABABABu);
+    CHECK(bitmap.PixelAt(1, 0) == 0x00FF0000u);
+    CHECK(bitmap.PixelAt(2, 0) == 0x00FF0000u);
+    CHECK(bitmap.PixelAt(3, 0) == 0xABABABABu);
 }
 
 TEST_CASE("24-bit and top-down bitmaps get the same picture")
@@ -250,8 +250,8 @@ TEST_CASE("24-bit and top-down bitmaps get the same picture")
         for (bool topDown : {false, true}) {
             CAPTURE(bits);
             CAPTURE(topDown);
-            TestBitmap    bitmap(5, 3, bits, topDown);
-            TestSelection pen(bitmap.Dc, CreatePen(PS_SOLID, 1, testBlue));
+            TestBitmap     bitmap(5, 3, bits, topDown);
+            SelectedObject pen(bitmap.Dc, CreatePen(PS_SOLID, 1, TestBlue));
             Line(bitmap.Dc, 0, 2, 5, 0);
             CHECK(bitmap.Text() == "....b\n"
                                    "..bb.\n"
@@ -268,7 +268,7 @@ TEST_CASE(
         const int  width = 1 + static_cast<int>(random() % 60), height = 1 + static_cast<int>(random() % 60);
         TestBitmap bitmap(width, height, random() % 2 == 0 ? 32 : 24, random() % 2 == 0);
         const bool dotted = random() % 4 == 0;
-        TestSelection     pen(bitmap.Dc, CreatePen(dotted ? PS_DOT : PS_SOLID, 1, testRed));
+        SelectedObject    pen(bitmap.Dc, CreatePen(dotted ? PS_DOT : PS_SOLID, 1, TestRed));
         std::vector<bool> expected(static_cast<std::size_t>(width * height));
         const auto        place = [&](int extent) {
             const int reach = random() % 3 == 0 ? 2 * extent : 0;
@@ -292,7 +292,7 @@ TEST_CASE(
         int wrong = 0;
         for (int row = 0; row < height; ++row)
             for (int column = 0; column < width; ++column)
-                wrong += bitmap.Word(column, row) !=
+                wrong += bitmap.PixelAt(column, row) !=
                          (expected[static_cast<std::size_t>(row * width + column)] ? 0xFF0000u : 0u);
         CHECK(wrong == 0);
     }

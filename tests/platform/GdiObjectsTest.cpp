@@ -119,8 +119,8 @@ TEST_CASE("asking for a header fills it with the layout of the bitmap and touche
     CHECK(info.bmiHeader.biPlanes == 1);
     CHECK(info.bmiHeader.biBitCount == 24);
     CHECK(info.bmiHeader.biSizeImage == 4 * 28);
-    CHECK(bitmap.Word(0, 0) == 0x5A5A5A);
-    CHECK(bitmap.Word(8, 3) == 0x5A5A5A);
+    CHECK(bitmap.PixelAt(0, 0) == 0x5A5A5A);
+    CHECK(bitmap.PixelAt(8, 3) == 0x5A5A5A);
     // A header that is already filled in keeps its fields.
     CHECK(GetDIBits(bitmap.Dc, bitmap.Bitmap, 0, 0, nullptr, &info, DIB_RGB_COLORS) != 0);
     CHECK(info.bmiHeader.biWidth == 9);
@@ -154,17 +154,17 @@ TEST_CASE("a new context holds the stock objects and answers them when others di
     CHECK(record.bmWidth == 1);
     CHECK(record.bmHeight == 1);
     CHECK(record.bmBitsPixel == 1);
-    HPEN pen = CreatePen(PS_SOLID, 1, testRed);
+    HPEN pen = CreatePen(PS_SOLID, 1, TestRed);
     CHECK(SelectObject(dc, pen) == GetStockObject(BLACK_PEN));
     CHECK(GetCurrentObject(dc, OBJ_PEN) == pen);
     CHECK(SelectObject(dc, GetStockObject(BLACK_PEN)) == pen);
     CHECK(DeleteObject(pen));
     CHECK(SetBkMode(dc, TRANSPARENT) == OPAQUE);
     CHECK(SetBkMode(dc, OPAQUE) == TRANSPARENT);
-    CHECK(SetBkColor(dc, testRed) == testWhite);
-    CHECK(SetBkColor(dc, testRed) == testRed);
-    CHECK(SetTextColor(dc, testBlue) == 0);
-    CHECK(SetTextColor(dc, 0) == testBlue);
+    CHECK(SetBkColor(dc, TestRed) == TestWhite);
+    CHECK(SetBkColor(dc, TestRed) == TestRed);
+    CHECK(SetTextColor(dc, TestBlue) == 0);
+    CHECK(SetTextColor(dc, 0) == TestBlue);
     CHECK(DeleteDC(dc));
 }
 
@@ -200,7 +200,7 @@ TEST_CASE("a bitmap is selected into one context at a time")
 TEST_CASE("an object that is selected stays usable when it is deleted")
 {
     TestBitmap bitmap(4, 1);
-    HPEN       pen = CreatePen(PS_SOLID, 1, testRed);
+    HPEN       pen = CreatePen(PS_SOLID, 1, TestRed);
     HGDIOBJ    before = SelectObject(bitmap.Dc, pen);
     DeleteObject(pen);
     CHECK(GetCurrentObject(bitmap.Dc, OBJ_PEN) == pen);
@@ -224,7 +224,7 @@ TEST_CASE("stock objects cannot be deleted and no others are made of their numbe
     }
     CHECK(GetStockObject(-1) == nullptr);
     CHECK(GetStockObject(1000) == nullptr);
-    CHECK(CreatePen(PS_NULL, 3, testRed) == GetStockObject(NULL_PEN));
+    CHECK(CreatePen(PS_NULL, 3, TestRed) == GetStockObject(NULL_PEN));
 }
 
 TEST_CASE("calls with null, foreign or stale handles fail and change nothing")
@@ -232,7 +232,7 @@ TEST_CASE("calls with null, foreign or stale handles fail and change nothing")
     TestBitmap bitmap(4, 4);
     HDC        stale = CreateCompatibleDC(nullptr);
     REQUIRE(DeleteDC(stale));
-    HPEN stalePen = CreatePen(PS_SOLID, 1, testRed);
+    HPEN stalePen = CreatePen(PS_SOLID, 1, TestRed);
     REQUIRE(DeleteObject(stalePen));
     const HDC contexts[] = {nullptr, stale, HandleOf<HDC>(0x1234), HandleOf<HDC>(UINTPTR_MAX),
                             static_cast<HDC>(GetStockObject(WHITE_BRUSH))};
@@ -274,9 +274,9 @@ TEST_CASE("calls with null, foreign or stale handles fail and change nothing")
 
 TEST_CASE("a handle is not answered again while it may still be held by someone")
 {
-    HPEN first = CreatePen(PS_SOLID, 1, testRed);
+    HPEN first = CreatePen(PS_SOLID, 1, TestRed);
     CHECK(DeleteObject(first));
-    HPEN second = CreatePen(PS_SOLID, 1, testRed);
+    HPEN second = CreatePen(PS_SOLID, 1, TestRed);
     CHECK(first != second);
     CHECK_FALSE(DeleteObject(first));
     CHECK(DeleteObject(second));
@@ -288,9 +288,9 @@ TEST_CASE("modes and hatches that do not exist are refused")
     CHECK(SetBkMode(bitmap.Dc, 0) == 0);
     CHECK(SetBkMode(bitmap.Dc, 3) == 0);
     CHECK(SetBkMode(bitmap.Dc, TRANSPARENT) == OPAQUE);
-    CHECK(CreateHatchBrush(-1, testRed) == nullptr);
-    CHECK(CreateHatchBrush(100, testRed) == nullptr);
-    HBRUSH brush = CreateHatchBrush(HS_CROSS, testRed);
+    CHECK(CreateHatchBrush(-1, TestRed) == nullptr);
+    CHECK(CreateHatchBrush(100, TestRed) == nullptr);
+    HBRUSH brush = CreateHatchBrush(HS_CROSS, TestRed);
     CHECK(brush != nullptr);
     DeleteObject(brush);
 }
@@ -300,9 +300,9 @@ TEST_CASE("10,000 rounds of making, selecting and deleting leave the count of ob
     TestBitmap bitmap(8, 8);    // the first context of a process makes objects that stay
     unsigned   before = GdiObjectCount();
     for (int i = 0; i < 10000; ++i) {
-        TestSelection pen(bitmap.Dc, CreatePen(i % 3, 1 + i % 2, testRed));
-        TestSelection brush(bitmap.Dc,
-                            i & 1 ? CreateSolidBrush(testGreen) : CreateHatchBrush(i % 6, testGreen));
+        SelectedObject pen(bitmap.Dc, CreatePen(i % 3, 1 + i % 2, TestRed));
+        SelectedObject brush(bitmap.Dc,
+                             i & 1 ? CreateSolidBrush(TestGreen) : CreateHatchBrush(i % 6, TestGreen));
         Rectangle(bitmap.Dc, 0, 0, 8, 8);
         if (i % 100 == 0) {
             TestBitmap other(5, 5);

@@ -12,12 +12,12 @@ TEST_CASE("a pixel that was set is read back, in any row order and depth")
             CAPTURE(topDown);
             TestBitmap bitmap(5, 4, bitsPerPixel, topDown);
             CHECK(SetPixel(bitmap.Dc, 4, 3, RGB(1, 2, 3)) == RGB(1, 2, 3));
-            CHECK(SetPixel(bitmap.Dc, 0, 0, testRed) == testRed);
+            CHECK(SetPixel(bitmap.Dc, 0, 0, TestRed) == TestRed);
             CHECK(GetPixel(bitmap.Dc, 4, 3) == RGB(1, 2, 3));
-            CHECK(GetPixel(bitmap.Dc, 0, 0) == testRed);
+            CHECK(GetPixel(bitmap.Dc, 0, 0) == TestRed);
             CHECK(GetPixel(bitmap.Dc, 1, 0) == 0);
-            CHECK(bitmap.Word(4, 3) == 0x010203);
-            CHECK(bitmap.Word(0, 0) == 0xFF0000);
+            CHECK(bitmap.PixelAt(4, 3) == 0x010203);
+            CHECK(bitmap.PixelAt(0, 0) == 0xFF0000);
         }
     }
 }
@@ -28,10 +28,10 @@ TEST_CASE("there is no pixel outside the bitmap or without a context")
     const int  outside[][2] = {{-1, 0}, {0, -1}, {5, 0}, {0, 4}, {-2147483647 - 1, 2147483647}};
     for (const auto& place : outside) {
         CHECK(GetPixel(bitmap.Dc, place[0], place[1]) == CLR_INVALID);
-        SetPixel(bitmap.Dc, place[0], place[1], testRed);
+        SetPixel(bitmap.Dc, place[0], place[1], TestRed);
     }
     CHECK(GetPixel(nullptr, 0, 0) == CLR_INVALID);
-    CHECK(SetPixel(nullptr, 0, 0, testRed) == CLR_INVALID);
+    CHECK(SetPixel(nullptr, 0, 0, TestRed) == CLR_INVALID);
     CHECK(bitmap.Count(0) == 20);
 }
 
@@ -39,9 +39,9 @@ TEST_CASE("a pixel's place counts from the viewport's origin")
 {
     TestBitmap bitmap(5, 4);
     SetViewportOrgEx(bitmap.Dc, 2, 1, nullptr);
-    CHECK(SetPixel(bitmap.Dc, 1, 2, testGreen) == testGreen);
-    CHECK(GetPixel(bitmap.Dc, 1, 2) == testGreen);
-    CHECK(bitmap.Word(3, 3) == 0x00FF00);
+    CHECK(SetPixel(bitmap.Dc, 1, 2, TestGreen) == TestGreen);
+    CHECK(GetPixel(bitmap.Dc, 1, 2) == TestGreen);
+    CHECK(bitmap.PixelAt(3, 3) == 0x00FF00);
     CHECK(GetPixel(bitmap.Dc, -2, -1) == 0);
     CHECK(GetPixel(bitmap.Dc, 3, 0) == CLR_INVALID);
 }

@@ -6,9 +6,9 @@
 
 TEST_CASE("a rectangle leaves out its right and bottom edge")
 {
-    TestBitmap    bitmap(6, 5);
-    TestSelection pen(bitmap.Dc, CreatePen(PS_SOLID, 1, testRed));
-    TestSelection brush(bitmap.Dc, CreateSolidBrush(testGreen));
+    TestBitmap     bitmap(6, 5);
+    SelectedObject pen(bitmap.Dc, CreatePen(PS_SOLID, 1, TestRed));
+    SelectedObject brush(bitmap.Dc, CreateSolidBrush(TestGreen));
     Rectangle(bitmap.Dc, 1, 1, 5, 4);
     CHECK(bitmap.Text() == "......\n"
                            ".rrrr.\n"
@@ -30,7 +30,7 @@ TEST_CASE("without a pen a rectangle is one pixel smaller")
 {
     TestBitmap bitmap(6, 5);
     SelectObject(bitmap.Dc, GetStockObject(NULL_PEN));
-    TestSelection brush(bitmap.Dc, CreateSolidBrush(testGreen));
+    SelectedObject brush(bitmap.Dc, CreateSolidBrush(TestGreen));
     Rectangle(bitmap.Dc, 1, 1, 5, 4);
     CHECK(bitmap.Text() == "......\n"
                            ".ggg..\n"
@@ -43,7 +43,7 @@ TEST_CASE("the null brush leaves the inside alone")
 {
     TestBitmap bitmap(4, 4);
     SelectObject(bitmap.Dc, GetStockObject(NULL_BRUSH));
-    TestSelection pen(bitmap.Dc, CreatePen(PS_SOLID, 1, testRed));
+    SelectedObject pen(bitmap.Dc, CreatePen(PS_SOLID, 1, TestRed));
     Rectangle(bitmap.Dc, 0, 0, 4, 4);
     CHECK(bitmap.Text() == "rrrr\n"
                            "r..r\n"
@@ -53,8 +53,8 @@ TEST_CASE("the null brush leaves the inside alone")
 
 TEST_CASE("an empty box draws nothing and a box of one pixel neither, one of two does")
 {
-    TestBitmap    bitmap(6, 6);
-    TestSelection pen(bitmap.Dc, CreatePen(PS_SOLID, 1, testRed));
+    TestBitmap     bitmap(6, 6);
+    SelectedObject pen(bitmap.Dc, CreatePen(PS_SOLID, 1, TestRed));
     CHECK(Rectangle(bitmap.Dc, 2, 2, 2, 5));
     CHECK(Ellipse(bitmap.Dc, 2, 2, 5, 2));
     CHECK(Rectangle(bitmap.Dc, 2, 2, 3, 3));
@@ -65,9 +65,9 @@ TEST_CASE("an empty box draws nothing and a box of one pixel neither, one of two
 
 TEST_CASE("an ellipse leaves out its right and bottom edge")
 {
-    TestBitmap    bitmap(8, 8);
-    TestSelection pen(bitmap.Dc, CreatePen(PS_SOLID, 1, testRed));
-    TestSelection brush(bitmap.Dc, CreateSolidBrush(testGreen));
+    TestBitmap     bitmap(8, 8);
+    SelectedObject pen(bitmap.Dc, CreatePen(PS_SOLID, 1, TestRed));
+    SelectedObject brush(bitmap.Dc, CreateSolidBrush(TestGreen));
     Ellipse(bitmap.Dc, 1, 1, 7, 7);
     CHECK(bitmap.Text() == "........\n"
                            "...rr...\n"
@@ -83,7 +83,7 @@ TEST_CASE("a handle of 8 by 8 pixels is a round ring")
 {
     TestBitmap bitmap(8, 8);
     SelectObject(bitmap.Dc, GetStockObject(NULL_BRUSH));
-    TestSelection pen(bitmap.Dc, CreatePen(PS_SOLID, 1, testRed));
+    SelectedObject pen(bitmap.Dc, CreatePen(PS_SOLID, 1, TestRed));
     Ellipse(bitmap.Dc, 0, 0, 8, 8);
     CHECK(bitmap.Text() == "..rrrr..\n"
                            ".r....r.\n"
@@ -99,7 +99,7 @@ TEST_CASE("an ellipse of one or two columns is a bar")
 {
     TestBitmap bitmap(5, 6);
     SelectObject(bitmap.Dc, GetStockObject(NULL_BRUSH));
-    TestSelection pen(bitmap.Dc, CreatePen(PS_SOLID, 1, testRed));
+    SelectedObject pen(bitmap.Dc, CreatePen(PS_SOLID, 1, TestRed));
     Ellipse(bitmap.Dc, 0, 1, 1, 5);
     Ellipse(bitmap.Dc, 2, 1, 4, 5);
     CHECK(bitmap.Text() == ".....\n"
@@ -114,7 +114,7 @@ TEST_CASE("a wide pen draws a rectangle around the edge, half of it outside")
 {
     TestBitmap bitmap(10, 9);
     SelectObject(bitmap.Dc, GetStockObject(NULL_BRUSH));
-    TestSelection pen(bitmap.Dc, CreatePen(PS_SOLID, 3, testRed));
+    SelectedObject pen(bitmap.Dc, CreatePen(PS_SOLID, 3, TestRed));
     Rectangle(bitmap.Dc, 2, 2, 8, 7);
     CHECK(bitmap.Text() == "..........\n"
                            "..rrrrrr..\n"
@@ -129,8 +129,8 @@ TEST_CASE("a wide pen draws a rectangle around the edge, half of it outside")
 
 TEST_CASE("shapes of nearly the whole coordinate range end quickly")
 {
-    TestBitmap    bitmap(6, 6);
-    TestSelection brush(bitmap.Dc, CreateSolidBrush(testGreen));
+    TestBitmap     bitmap(6, 6);
+    SelectedObject brush(bitmap.Dc, CreateSolidBrush(TestGreen));
     SelectObject(bitmap.Dc, GetStockObject(NULL_PEN));
     CHECK(Rectangle(bitmap.Dc, INT_MIN / 2, INT_MIN / 2, INT_MAX / 2, INT_MAX / 2));
     CHECK(bitmap.Count(0x00FF00) == 36);
@@ -139,7 +139,7 @@ TEST_CASE("shapes of nearly the whole coordinate range end quickly")
 TEST_CASE("FillRect fills its rectangle without right and bottom, whatever the pen")
 {
     TestBitmap bitmap(6, 4);
-    HBRUSH     brush = CreateSolidBrush(testGreen);
+    HBRUSH     brush = CreateSolidBrush(TestGreen);
     RECT       rect = {1, 1, 4, 3};
     CHECK(FillRect(bitmap.Dc, &rect, brush) != 0);
     CHECK(bitmap.Text() == "......\n"
@@ -155,7 +155,7 @@ TEST_CASE("FillRect fills its rectangle without right and bottom, whatever the p
 TEST_CASE("FillRect with its sides exchanged fills from the first side down to the one after the last")
 {
     TestBitmap bitmap(7, 1);
-    HBRUSH     brush = CreateSolidBrush(testGreen);
+    HBRUSH     brush = CreateSolidBrush(TestGreen);
     RECT       rect = {5, 0, 2, 1};
     FillRect(bitmap.Dc, &rect, brush);
     CHECK(bitmap.Text() == "...ggg.\n");
@@ -179,7 +179,7 @@ TEST_CASE("the hatches repeat every 8 pixels from the corner of the bitmap")
         CAPTURE(hatch.Style);
         TestBitmap bitmap(8, 8);
         SetBkMode(bitmap.Dc, TRANSPARENT);
-        HBRUSH brush = CreateHatchBrush(hatch.Style, testRed);
+        HBRUSH brush = CreateHatchBrush(hatch.Style, TestRed);
         RECT   rect = {0, 0, 8, 8};
         FillRect(bitmap.Dc, &rect, brush);
         CHECK(bitmap.Text() == hatch.Rows);
@@ -190,7 +190,7 @@ TEST_CASE("the hatches repeat every 8 pixels from the corner of the bitmap")
 TEST_CASE("a hatch keeps its place whatever the rectangle and the viewport origin")
 {
     TestBitmap whole(40, 30), parts(40, 30);
-    HBRUSH     brush = CreateHatchBrush(HS_DIAGCROSS, testRed);
+    HBRUSH     brush = CreateHatchBrush(HS_DIAGCROSS, TestRed);
     SetBkMode(whole.Dc, TRANSPARENT);
     SetBkMode(parts.Dc, TRANSPARENT);
     RECT all = {0, 0, 40, 30};
@@ -210,16 +210,16 @@ TEST_CASE("an opaque hatch fills its gaps with the background color")
         CAPTURE(bits);
         TestBitmap bitmap(21, 35, bits);
         SetBkMode(bitmap.Dc, OPAQUE);
-        SetBkColor(bitmap.Dc, testGreen);
-        HBRUSH brush = CreateHatchBrush(HS_VERTICAL, testRed);
+        SetBkColor(bitmap.Dc, TestGreen);
+        HBRUSH brush = CreateHatchBrush(HS_VERTICAL, TestRed);
         RECT   rect = {1, 0, 21, 34};
         FillRect(bitmap.Dc, &rect, brush);
         DeleteObject(brush);
         for (int y = 0; y < 34; ++y)
             for (int x = 0; x < 21; ++x)
-                REQUIRE(bitmap.Word(x, y) == (x == 0 ? 0u : x % 8 == 4 ? 0xFF0000u : 0x00FF00u));
+                REQUIRE(bitmap.PixelAt(x, y) == (x == 0 ? 0u : x % 8 == 4 ? 0xFF0000u : 0x00FF00u));
         for (int x = 0; x < 21; ++x)
-            CHECK(bitmap.Word(x, 34) == 0u);
+            CHECK(bitmap.PixelAt(x, 34) == 0u);
     }
 }
 

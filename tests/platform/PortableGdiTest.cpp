@@ -25,7 +25,7 @@ TEST_CASE("FillRect fails without a context, a rectangle or a brush")
 TEST_CASE("an object that is selected cannot be deleted until no context holds it")
 {
     HDC  first = CreateCompatibleDC(nullptr), second = CreateCompatibleDC(nullptr);
-    HPEN pen = CreatePen(PS_SOLID, 1, testRed);
+    HPEN pen = CreatePen(PS_SOLID, 1, TestRed);
     SelectObject(first, pen);
     SelectObject(second, pen);
     CHECK_FALSE(DeleteObject(pen));
@@ -77,11 +77,11 @@ TEST_CASE("a full table of objects fails with null and works again after a delet
 
 TEST_CASE("lines, shapes and fills over the whole range of coordinates end quickly and stay on the bitmap")
 {
-    TestBitmap    bitmap(6, 6);
-    TestSelection brush(bitmap.Dc, CreateSolidBrush(testGreen));
+    TestBitmap     bitmap(6, 6);
+    SelectedObject brush(bitmap.Dc, CreateSolidBrush(TestGreen));
     for (int width : {1, 2, 7, INT_MAX})
         for (int style : {PS_SOLID, PS_DASH, PS_NULL}) {
-            TestSelection pen(bitmap.Dc, CreatePen(style, width, testRed));
+            SelectedObject pen(bitmap.Dc, CreatePen(style, width, TestRed));
             for (int origin : {0, INT_MIN, INT_MAX}) {
                 SetViewportOrgEx(bitmap.Dc, origin, origin, nullptr);
                 for (int from : {INT_MIN, -1, 0, 5, INT_MAX})
@@ -117,14 +117,14 @@ TEST_CASE("an ellipse too large to be walked lies within a pixel of one that is 
     Ellipse(measured.Dc, -3, -bound / 2 - 1, -3 + bound + 2, bound / 2 + 1);
     for (int y = 0; y < 40; ++y) {
         int left = 0, right = 0;
-        while (left < 300 && walked.Word(left, y) == 0)
+        while (left < 300 && walked.PixelAt(left, y) == 0)
             ++left;
-        while (right < 300 && measured.Word(right, y) == 0)
+        while (right < 300 && measured.PixelAt(right, y) == 0)
             ++right;
         CAPTURE(y);
         CHECK(left - right <= 1);
         CHECK(right - left <= 1);
-        CHECK(walked.Word(299, y) == 0xFFFFFF);
-        CHECK(measured.Word(299, y) == 0xFFFFFF);
+        CHECK(walked.PixelAt(299, y) == 0xFFFFFF);
+        CHECK(measured.PixelAt(299, y) == 0xFFFFFF);
     }
 }

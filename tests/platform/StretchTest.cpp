@@ -1,3 +1,5 @@
+#include "common/MemoryBitmap.h"
+
 #include <VostelObj.h>
 
 #include <doctest/doctest.h>
@@ -13,72 +15,22 @@ namespace {
 
 using Wide = long long;
 
-// A context with a section bitmap, whichever way its rows run; y counts from the top.
-class Canvas {
+// A bitmap whose rows run either way.
+class Canvas : public MemoryBitmap {
 public:
     Canvas(int width, int height, int bits = 32, bool topDown = true)
-        : Width(width), Height(height), BytesEach(bits / 8), RowBytes((width * bits + 31) / 32 * 4),
-          TopDown(topDown)
+        : MemoryBitmap(width, height, bits, topDown)
     {
-        BITMAPINFO info{};
-        info.bmiHeader.biSize = sizeof(BITMAPINFOHEADER);
-        info.bmiHeader.biWidth = width;
-        info.bmiHeader.biHeight = topDown ? -height : height;
-        info.bmiHeader.biPlanes = 1;
-        info.bmiHeader.biBitCount = static_cast<WORD>(bits);
-        Dc = CreateCompatibleDC(nullptr);
-        void* memory = nullptr;
-        Section = CreateDIBSection(Dc, &info, DIB_RGB_COLORS, &memory, nullptr, 0);
-        Memory = static_cast<unsigned char*>(memory);
-        Before = SelectObject(Dc, Section);
     }
-    ~Canvas()
-    {
-        SelectObject(Dc, Before);
-        DeleteObject(Section);
-        DeleteDC(Dc);
-    }
-    Canvas(const Canvas&) = delete;
-    Canvas& operator=(const Canvas&) = delete;
 
-    std::uint32_t Get(int x, int y) const
-    {
-        std::uint32_t word = 0;
-        std::memcpy(&word, Place(x, y), static_cast<std::size_t>(BytesEach));
-        return word;
-    }
-    void Set(int x, int y, std::uint32_t word)
-    {
-        std::memcpy(Place(x, y), &word, static_cast<std::size_t>(BytesEach));
-    }
-    void Fill(std::uint32_t word)
-    {
-        for (int y = 0; y < Height; ++y)
-            for (int x = 0; x < Width; ++x)
-                Set(x, y, word);
-    }
-    // Every pixel of its own colour, and with a high byte.
+    // Every pixel of its own color, and with a high byte.
     void Number()
     {
         for (int y = 0; y < Height; ++y)
             for (int x = 0; x < Width; ++x)
-                Set(x, y, 0xA5000000u | static_cast<unsigned>(y + 1) << 8 | static_cast<unsigned>(x + 1));
+                SetPixelAt(x, y,
+                           0xA5000000u | static_cast<unsigned>(y + 1) << 8 | static_cast<unsigned>(x + 1));
     }
-
-    HDC Dc = nullptr;
-    int Width, Height;
-
-private:
-    unsigned char* Place(int x, int y) const
-    {
-        return Memory + static_cast<std::ptrdiff_t>(TopDown ? y : Height - 1 - y) * RowBytes + x * BytesEach;
-    }
-
-    int            BytesEach, RowBytes;
-    bool           TopDown;
-    HBITMAP        Section = nullptr;
-    HGDIOBJ        Before = nullptr;
-    unsigned char* Memory = nullptr;
 };
 
 // One axis of a stretch.
@@ -122,11 +74,11 @@ std::uint32_t Expected(const Canvas& source, const Axis& columns, const Axis& ro
     if (across.empty() || down.empty())
         return before;
     if (mode == COLORONCOLOR)
-        return source.Get(across.back(), down.front());
-    std::uint32_t joined = source.Get(across.front(), down.front());
+        return source.PixelAt(across.back(), down.front());
+    std::uint32_t joined = source.PixelAt(across.front(), down.front());
     for (int row : down)
         for (int column : across)
-            joined = mode == 1 ? joined & source.Get(column, row) : joined | source.Get(column, row);
+            joined = mode == 1 ? joined & source.PixelAt(column, row) : joined | source.PixelAt(column, row);
     return joined;
 }
 
@@ -154,7 +106,7 @@ int CountWrong(const Canvas& target, const Canvas& source, const Axis& columns, 
     int wrong = 0;
     for (int y = 0; y < target.Height; ++y)
         for (int x = 0; x < target.Width; ++x)
-            wrong += target.Get(x, y) != Expected(source, columns, rows, x, y, mode, before);
+            wrong += target.PixelAt(x, y) != Expected(source, columns, rows, x, y, mode, before);
     return wrong;
 }
 
@@ -202,7 +154,7 @@ void CheckRandomStretches(int mode, int count, unsigned seed)
             CHECK(CountWrong(target, source, columns, rows, mode, 0x11223344) == 0);
             for (int y = 0; y < target.Height; ++y)
                 for (int x = 0; x < target.Width; ++x)
-                    drawn += target.Get(x, y) != 0x11223344;
+                    drawn += target.PixelAt(x, y) != 0x11223344;
         }
         CHECK(drawn > count * 10);
     }
@@ -222,9 +174,9 @@ TEST_CASE("the fast stretch keeps the last column and the first row of those tha
     const int rows[] = {0, 3, 7};
     for (int y = 0; y < 3; ++y)
         for (int x = 0; x < 3; ++x)
-            CHECK(target.Get(x, y) == source.Get(columns[x], rows[y]));
-    CHECK(target.Get(3, 0) == 0);
-    CHECK(target.Get(0, 3) == 0);
+            CHECK(target.PixelAt(x, y) == source.PixelAt(columns[x], rows[y]));
+    CHECK(target.PixelAt(3, 0) == 0);
+    CHECK(target.PixelAt(0, 3) == 0);
 }
 
 TEST_CASE("the fast stretch enlarges 2 pixels to 5 as 3 and 2")
@@ -237,7 +189,7 @@ TEST_CASE("the fast stretch enlarges 2 pixels to 5 as 3 and 2")
     GdiFlush();
     for (int y = 0; y < 5; ++y)
         for (int x = 0; x < 5; ++x)
-            CHECK(target.Get(x, y) == source.Get(x < 3 ? 0 : 1, y < 3 ? 0 : 1));
+            CHECK(target.PixelAt(x, y) == source.PixelAt(x < 3 ? 0 : 1, y < 3 ? 0 : 1));
 }
 
 TEST_CASE("a negative extent starts at its corner and mirrors")
@@ -248,10 +200,10 @@ TEST_CASE("a negative extent starts at its corner and mirrors")
     SetStretchBltMode(target.Dc, COLORONCOLOR);
     CHECK(StretchBlt(target.Dc, 4, 0, -4, 1, source.Dc, 0, 0, 4, 1, SRCCOPY));
     GdiFlush();
-    CHECK(target.Get(0, 0) == 0);
+    CHECK(target.PixelAt(0, 0) == 0);
     for (int x = 0; x < 4; ++x)
-        CHECK(target.Get(4 - x, 0) == source.Get(x, 0));
-    CHECK(target.Get(5, 0) == 0);
+        CHECK(target.PixelAt(4 - x, 0) == source.PixelAt(x, 0));
+    CHECK(target.PixelAt(5, 0) == 0);
 }
 
 TEST_CASE("fast stretches of any size, place and direction follow GDI's rule")
@@ -285,7 +237,7 @@ TEST_CASE("a target of millions of pixels is stretched where it can be seen")
         const std::string what = Text(view[0], view[1]);
         CAPTURE(what);
         CHECK(CountWrong(target, source, view[0], view[1], COLORONCOLOR, 0x55667788) == 0);
-        CHECK(target.Get(63, 47) != 0x55667788);
+        CHECK(target.PixelAt(63, 47) != 0x55667788);
     }
 }
 
@@ -308,7 +260,7 @@ TEST_CASE("stretches and copies with the largest coordinates end and stay inside
     GdiFlush();
     for (int y = 0; y < 4; ++y)
         for (int x = 0; x < 4; ++x)
-            CHECK(target.Get(x, y) == source.Get(x, y));
+            CHECK(target.PixelAt(x, y) == source.PixelAt(x, y));
 }
 
 TEST_CASE("an extent of zero copies nothing and is no failure")
@@ -321,10 +273,10 @@ TEST_CASE("an extent of zero copies nothing and is no failure")
     CHECK(StretchBlt(target.Dc, 0, 0, 4, 4, source.Dc, 0, 0, 4, 0, SRCCOPY));
     CHECK(BitBlt(target.Dc, 0, 0, 4, 0, source.Dc, 0, 0, SRCCOPY));
     GdiFlush();
-    CHECK(target.Get(0, 0) == 0);
+    CHECK(target.PixelAt(0, 0) == 0);
     CHECK(StretchBlt(target.Dc, 0, 0, 4, 4, source.Dc, 0, 0, 3, 3, SRCCOPY));
     GdiFlush();
-    CHECK(target.Get(0, 0) == source.Get(0, 0));
+    CHECK(target.PixelAt(0, 0) == source.PixelAt(0, 0));
 }
 
 TEST_CASE("copies with a context that is none fail and change nothing")
@@ -338,10 +290,10 @@ TEST_CASE("copies with a context that is none fail and change nothing")
     CHECK_FALSE(StretchBlt(target.Dc, 0, 0, 4, 4, nullptr, 0, 0, 2, 2, SRCCOPY));
     CHECK(SetStretchBltMode(nullptr, COLORONCOLOR) == 0);
     GdiFlush();
-    CHECK(target.Get(0, 0) == 0);
+    CHECK(target.PixelAt(0, 0) == 0);
     CHECK(BitBlt(target.Dc, 0, 0, 4, 4, source.Dc, 0, 0, SRCCOPY));
     GdiFlush();
-    CHECK(target.Get(3, 3) == source.Get(3, 3));
+    CHECK(target.PixelAt(3, 3) == source.PixelAt(3, 3));
 }
 
 TEST_CASE("SetStretchBltMode answers the mode before and takes 1 to 4 only")
@@ -393,8 +345,8 @@ TEST_CASE("BitBlt within one bitmap reads every pixel before it is overwritten")
                     for (int y = 0; y < 8; ++y)
                         for (int x = 0; x < 9; ++x) {
                             const bool inside = x >= 2 + dx && x < 7 + dx && y >= 2 + dy && y < 6 + dy;
-                            wrong +=
-                                canvas.Get(x, y) != (inside ? before.Get(x - dx, y - dy) : before.Get(x, y));
+                            wrong += canvas.PixelAt(x, y) !=
+                                     (inside ? before.PixelAt(x - dx, y - dy) : before.PixelAt(x, y));
                         }
                     CAPTURE(bits);
                     CAPTURE(dx);
@@ -416,8 +368,8 @@ TEST_CASE("StretchBlt within one bitmap reads the picture as it was before")
     int wrong = 0;
     for (int y = 0; y < 6; ++y)
         for (int x = 0; x < 8; ++x)
-            wrong +=
-                canvas.Get(x, y) != Expected(before, columns, rows, x, y, COLORONCOLOR, before.Get(x, y));
+            wrong += canvas.PixelAt(x, y) !=
+                     Expected(before, columns, rows, x, y, COLORONCOLOR, before.PixelAt(x, y));
     CHECK(wrong == 0);
 }
 
@@ -428,12 +380,12 @@ TEST_CASE("32-bit pixels are copied with their high byte")
     source.Number();
     CHECK(BitBlt(target.Dc, 0, 0, 3, 3, source.Dc, 0, 0, SRCCOPY));
     GdiFlush();
-    CHECK(target.Get(1, 2) == 0xA5000302u);
+    CHECK(target.PixelAt(1, 2) == 0xA5000302u);
     SetStretchBltMode(target.Dc, COLORONCOLOR);
     target.Fill(0);
     CHECK(StretchBlt(target.Dc, 0, 0, 6, 6, source.Dc, 0, 0, 3, 3, SRCCOPY));
     GdiFlush();
-    CHECK(target.Get(5, 0) == 0xA5000103u);
+    CHECK(target.PixelAt(5, 0) == 0xA5000103u);
 }
 
 TEST_CASE("pixels of 24 bits become 32 with a high byte of zero, and back lose it")
@@ -447,13 +399,13 @@ TEST_CASE("pixels of 24 bits become 32 with a high byte of zero, and back lose i
         SetStretchBltMode(wide.Dc, mode);
         CHECK(BitBlt(wide.Dc, 0, 0, 5, 4, narrow.Dc, 0, 0, SRCCOPY));
         GdiFlush();
-        CHECK(wide.Get(4, 3) == 0x000405u);
+        CHECK(wide.PixelAt(4, 3) == 0x000405u);
         wide.Number();
         SetStretchBltMode(narrow.Dc, mode);
         CHECK(BitBlt(narrow.Dc, 0, 0, 4, 4, wide.Dc, 1, 0, SRCCOPY));
         GdiFlush();
-        CHECK(narrow.Get(3, 3) == 0x000405u);
-        CHECK(narrow.Get(4, 3) == 0x000405u);
+        CHECK(narrow.PixelAt(3, 3) == 0x000405u);
+        CHECK(narrow.PixelAt(4, 3) == 0x000405u);
     }
     Canvas narrow(5, 4, 24, false);
     Canvas wide(10, 8);
@@ -462,13 +414,13 @@ TEST_CASE("pixels of 24 bits become 32 with a high byte of zero, and back lose i
     SetStretchBltMode(wide.Dc, COLORONCOLOR);
     CHECK(StretchBlt(wide.Dc, 0, 0, 10, 8, narrow.Dc, 0, 0, 5, 4, SRCCOPY));
     GdiFlush();
-    CHECK(wide.Get(9, 7) == 0x000405u);
+    CHECK(wide.PixelAt(9, 7) == 0x000405u);
     wide.Number();
     SetStretchBltMode(narrow.Dc, COLORONCOLOR);
     CHECK(StretchBlt(narrow.Dc, 4, 0, -5, 4, wide.Dc, 0, 0, 10, 8, SRCCOPY));
     GdiFlush();
-    CHECK(narrow.Get(0, 0) == 0x00010Au);
-    CHECK(narrow.Get(4, 3) == 0x000702u);
+    CHECK(narrow.PixelAt(0, 0) == 0x00010Au);
+    CHECK(narrow.PixelAt(4, 3) == 0x000702u);
 }
 
 TEST_CASE("the pixel of a fresh context shows in text colour, and takes the background's colour as 1")
@@ -480,15 +432,15 @@ TEST_CASE("the pixel of a fresh context shows in text colour, and takes the back
     SetBkColor(canvas.Dc, 0x445566);
     CHECK(BitBlt(canvas.Dc, 0, 0, 2, 2, fresh, 0, 0, SRCCOPY));
     GdiFlush();
-    CHECK(canvas.Get(0, 0) == 0x332211u);
-    CHECK(canvas.Get(1, 0) == 0x01020304u);
-    canvas.Set(0, 0, 0x665544);    // the background of this context
+    CHECK(canvas.PixelAt(0, 0) == 0x332211u);
+    CHECK(canvas.PixelAt(1, 0) == 0x01020304u);
+    canvas.SetPixelAt(0, 0, 0x665544);    // the background of this context
     CHECK(BitBlt(fresh, 0, 0, 1, 1, canvas.Dc, 0, 0, SRCCOPY));
     canvas.Fill(0);
     SetStretchBltMode(canvas.Dc, COLORONCOLOR);
     CHECK(StretchBlt(canvas.Dc, 0, 0, 2, 2, fresh, 0, 0, 1, 1, SRCCOPY));
     GdiFlush();
-    CHECK(canvas.Get(1, 1) == 0x665544u);
+    CHECK(canvas.PixelAt(1, 1) == 0x665544u);
     DeleteDC(fresh);
 }
 
@@ -501,12 +453,12 @@ TEST_CASE("copies count from the viewport origins of both contexts")
     SetViewportOrgEx(target.Dc, 1, 3, nullptr);
     CHECK(BitBlt(target.Dc, 0, 0, 1, 1, source.Dc, 0, 0, SRCCOPY));
     GdiFlush();
-    CHECK(target.Get(1, 3) == source.Get(2, 1));
+    CHECK(target.PixelAt(1, 3) == source.PixelAt(2, 1));
     SetStretchBltMode(target.Dc, COLORONCOLOR);
     CHECK(StretchBlt(target.Dc, 1, -3, 2, 1, source.Dc, -2, -1, 1, 1, SRCCOPY));
     GdiFlush();
-    CHECK(target.Get(2, 0) == source.Get(0, 0));
-    CHECK(target.Get(3, 0) == source.Get(0, 0));
+    CHECK(target.PixelAt(2, 0) == source.PixelAt(0, 0));
+    CHECK(target.PixelAt(3, 0) == source.PixelAt(0, 0));
 }
 
 TEST_CASE("the smooth stretch of an even colour gives that colour, with a high byte of zero")
@@ -524,7 +476,7 @@ TEST_CASE("the smooth stretch of an even colour gives that colour, with a high b
             int wrong = 0;
             for (int y = 0; y < target.Height; ++y)
                 for (int x = 0; x < target.Width; ++x)
-                    wrong += target.Get(x, y) != (x < size[0] && y < size[1] ? colour : 0x12345678u);
+                    wrong += target.PixelAt(x, y) != (x < size[0] && y < size[1] ? colour : 0x12345678u);
             CAPTURE(size[0]);
             CAPTURE(size[1]);
             CHECK(wrong == 0);

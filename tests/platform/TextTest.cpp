@@ -1,3 +1,5 @@
+#include "common/MemoryBitmap.h"
+
 #include <VostelObj.h>
 
 #include <doctest/doctest.h>
@@ -11,38 +13,22 @@
 
 namespace {
 
-constexpr std::uint32_t Ground = 0x112233;
+constexpr std::uint32_t Background = 0x112233;
 
-// A memory context on a top-down section of 32 bits, a font of the engine's kind in it.
-class Sheet {
+// A bitmap of 32 bits, top row first, with a font of the engine's kind in its context.
+class TextSheet : public MemoryBitmap {
 public:
-    Sheet(int width, int height, int fontHeight = 20) : Width(width), Height(height)
+    TextSheet(int width, int height, int fontHeight = 20) : MemoryBitmap(width, height, 32, true)
     {
-        BITMAPINFO info = {};
-        info.bmiHeader.biSize = sizeof info.bmiHeader;
-        info.bmiHeader.biWidth = width;
-        info.bmiHeader.biHeight = -height;
-        info.bmiHeader.biPlanes = 1;
-        info.bmiHeader.biBitCount = 32;
-        void* bits = nullptr;
-        Dc = CreateCompatibleDC(nullptr);
-        Bitmap = CreateDIBSection(Dc, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-        Pixels = static_cast<std::uint32_t*>(bits);
-        BeforeBitmap = SelectObject(Dc, Bitmap);
         BeforeFont = SelectObject(Dc, GetStockObject(DEFAULT_GUI_FONT));
         SelectFont(fontHeight);
         Clear();
     }
-    ~Sheet()
+    ~TextSheet()
     {
         SelectObject(Dc, BeforeFont);
-        SelectObject(Dc, BeforeBitmap);
-        DeleteDC(Dc);
-        DeleteObject(Bitmap);
         DeleteObject(Font);
     }
-    Sheet(const Sheet&) = delete;
-    Sheet& operator=(const Sheet&) = delete;
 
     void SelectFont(int height)
     {
@@ -55,18 +41,18 @@ public:
     void Clear()
     {
         GdiFlush();
-        std::fill_n(Pixels, static_cast<std::size_t>(Width) * static_cast<std::size_t>(Height), Ground);
+        std::fill_n(Pixels(), PixelCount(), Background);
     }
-    std::uint32_t At(int x, int y) const { return Pixels[y * Width + x]; }
+    std::uint32_t At(int x, int y) const { return Pixels()[y * Width + x]; }
 
-    // The bounds of all pixels that are not the ground.
+    // The bounds of all pixels that are not background.
     RECT Touched() const
     {
         GdiFlush();
         RECT box = {Width, Height, 0, 0};
         for (int y = 0; y < Height; ++y)
             for (int x = 0; x < Width; ++x)
-                if (At(x, y) != Ground) {
+                if (At(x, y) != Background) {
                     box.left = std::min<LONG>(box.left, x);
                     box.top = std::min<LONG>(box.top, y);
                     box.right = std::max<LONG>(box.right, x + 1);
@@ -78,12 +64,12 @@ public:
     int  Count(std::uint32_t pixel) const
     {
         GdiFlush();
-        return static_cast<int>(std::count(Pixels, Pixels + Width * Height, pixel));
+        return static_cast<int>(std::count(Pixels(), Pixels() + PixelCount(), pixel));
     }
     std::vector<std::uint32_t> Copy() const
     {
         GdiFlush();
-        return std::vector<std::uint32_t>(Pixels, Pixels + Width * Height);
+        return std::vector<std::uint32_t>(Pixels(), Pixels() + PixelCount());
     }
     RECT Measure(const wchar_t* text, UINT format = 0) const
     {
@@ -92,14 +78,9 @@ public:
         return rect;
     }
 
-    int            Width, Height;
-    HDC            Dc = nullptr;
-    std::uint32_t* Pixels = nullptr;
-
 private:
-    HBITMAP Bitmap = nullptr;
     HFONT   Font = nullptr;
-    HGDIOBJ BeforeBitmap = nullptr, BeforeFont = nullptr;
+    HGDIOBJ BeforeFont = nullptr;
 };
 
 bool IsBox(const RECT& box, LONG left, LONG top, LONG right, LONG bottom)
@@ -111,8 +92,8 @@ bool IsBox(const RECT& box, LONG left, LONG top, LONG right, LONG bottom)
 
 TEST_CASE("a measured text keeps left and top and is as high as its font")
 {
-    Sheet sheet(8, 8, 20);
-    RECT  rect = {10, 20, 11, 21};
+    TextSheet sheet(8, 8, 20);
+    RECT      rect = {10, 20, 11, 21};
     CHECK(DrawTextW(sheet.Dc, L"Hello", 5, &rect, DT_CALCRECT) == 20);
     CHECK(rect.left == 10);
     CHECK(rect.top == 20);
@@ -123,7 +104,7 @@ TEST_CASE("a measured text keeps left and top and is as high as its font")
 
 TEST_CASE("measures grow with the text and with the font")
 {
-    Sheet      sheet(8, 8, 20);
+    TextSheet  sheet(8, 8, 20);
     const RECT one = sheet.Measure(L"W"), two = sheet.Measure(L"WW"), three = sheet.Measure(L"WWW");
     CHECK(one.right > 0);
     CHECK(two.right == 2 * one.right);
@@ -139,7 +120,7 @@ TEST_CASE("measures grow with the text and with the font")
 
 TEST_CASE("a negative font height is the em and gives a cell at least as high")
 {
-    Sheet sheet(8, 8, -20);
+    TextSheet sheet(8, 8, -20);
     CHECK(sheet.Measure(L"W").bottom > 20);
     CHECK(sheet.Measure(L"W").bottom < 40);
     sheet.SelectFont(0);
@@ -148,7 +129,7 @@ TEST_CASE("a negative font height is the em and gives a cell at least as high")
 
 TEST_CASE("lines are measured by their widest and their number, whichever way they break")
 {
-    Sheet      sheet(8, 8);
+    TextSheet  sheet(8, 8);
     const RECT wide = sheet.Measure(L"Hello");
     for (const wchar_t* text : {L"Hello\nHi", L"Hello\r\nHi", L"Hi\rHello", L"Hi\n\rHello"}) {
         const RECT both = sheet.Measure(text);
@@ -162,14 +143,14 @@ TEST_CASE("lines are measured by their widest and their number, whichever way th
 
 TEST_CASE("a single line does not break")
 {
-    Sheet sheet(8, 8);
+    TextSheet sheet(8, 8);
     CHECK(sheet.Measure(L"Hello\nHi", DT_SINGLELINE).bottom == 20);
     CHECK(sheet.Measure(L"Hello\nHi", DT_SINGLELINE).right > sheet.Measure(L"HelloHi").right);
 }
 
 TEST_CASE("word breaking changes nothing on a single line")
 {
-    Sheet      sheet(8, 8);
+    TextSheet  sheet(8, 8);
     const RECT plain = sheet.Measure(L"Hello world", DT_SINGLELINE);
     const RECT caption =
         sheet.Measure(L"Hello world", DT_WORDBREAK | DT_SINGLELINE | DT_EDITCONTROL | DT_EXTERNALLEADING);
@@ -179,8 +160,8 @@ TEST_CASE("word breaking changes nothing on a single line")
 
 TEST_CASE("an empty text has no extent and draws nothing")
 {
-    Sheet sheet(40, 40);
-    RECT  rect = {0, 0, 0, 0};
+    TextSheet sheet(40, 40);
+    RECT      rect = {0, 0, 0, 0};
     CHECK(DrawTextW(sheet.Dc, L"", -1, &rect, DT_CALCRECT) == 20);
     CHECK(IsBox(rect, 0, 0, 0, 0));
 #if !defined(_WIN32)    // desktops do not agree about the height of no characters at all
@@ -197,7 +178,7 @@ TEST_CASE("an empty text has no extent and draws nothing")
 
 TEST_CASE("an opaque text fills its extent with the background color and touches nothing else")
 {
-    Sheet sheet(200, 60);
+    TextSheet sheet(200, 60);
     SetBkMode(sheet.Dc, OPAQUE);
     SetBkColor(sheet.Dc, RGB(1, 2, 3));
     SetTextColor(sheet.Dc, RGB(255, 0, 0));
@@ -205,19 +186,19 @@ TEST_CASE("an opaque text fills its extent with the background color and touches
     CHECK(TextOutW(sheet.Dc, 11, 7, L"Hello", 5) != 0);
     CHECK(IsBox(sheet.Touched(), 11, 7, 11 + extent.right, 7 + 20));
     CHECK(sheet.Count(0x010203) > extent.right * 20 / 2);
-    CHECK(sheet.Count(Ground) == 200 * 60 - extent.right * 20);
+    CHECK(sheet.Count(Background) == 200 * 60 - extent.right * 20);
     CHECK(sheet.At(11, 7) == 0x010203);
 }
 
 TEST_CASE("a transparent text leaves its background and draws in the text color")
 {
-    Sheet sheet(200, 60);
+    TextSheet sheet(200, 60);
     SetBkMode(sheet.Dc, TRANSPARENT);
     SetTextColor(sheet.Dc, RGB(0, 255, 0));
     CHECK(TextOutW(sheet.Dc, 10, 10, L"HH", 2) != 0);
     CHECK(sheet.Count(0x00FF00) > 0);
     CHECK(sheet.Count(0xFFFFFF) == 0);
-    CHECK(sheet.Count(Ground) > 200 * 60 - 60 * 20);
+    CHECK(sheet.Count(Background) > 200 * 60 - 60 * 20);
     // Strokes are mixed of text and ground: green never falls below the ground's, red never rises above it.
     for (const std::uint32_t pixel : sheet.Copy()) {
         CHECK((pixel >> 8 & 0xFF) >= 0x22);
@@ -228,8 +209,8 @@ TEST_CASE("a transparent text leaves its background and draws in the text color"
 
 TEST_CASE("the viewport origin moves text and rectangles")
 {
-    Sheet here(120, 60), there(120, 60);
-    RECT  rect = {5, 5, 90, 40};
+    TextSheet here(120, 60), there(120, 60);
+    RECT      rect = {5, 5, 90, 40};
     TextOutW(here.Dc, 17, 13, L"Ab", 2);
     SetViewportOrgEx(there.Dc, 7, 9, nullptr);
     TextOutW(there.Dc, 10, 4, L"Ab", 2);
@@ -246,7 +227,7 @@ TEST_CASE("the viewport origin moves text and rectangles")
 
 TEST_CASE("flags place the text at the left, the centre, the right, the middle and the bottom")
 {
-    Sheet      sheet(200, 100);
+    TextSheet  sheet(200, 100);
     const LONG width = sheet.Measure(L"Hello").right;
     const auto placed = [&](RECT rect, UINT format, LONG left, LONG top, int result) {
         sheet.Clear();
@@ -271,7 +252,7 @@ TEST_CASE("flags place the text at the left, the centre, the right, the middle a
 
 TEST_CASE("text is clipped to its rectangle unless told otherwise")
 {
-    Sheet      sheet(200, 100);
+    TextSheet  sheet(200, 100);
     const LONG width = sheet.Measure(L"Hello").right;
     RECT       rect = {50, 20, 70, 30};
     DrawTextW(sheet.Dc, L"Hello", 5, &rect, 37);
@@ -287,7 +268,7 @@ TEST_CASE("text is clipped to its rectangle unless told otherwise")
 
 TEST_CASE("text is clipped to the bitmap on every side")
 {
-    Sheet sheet(40, 30);
+    TextSheet sheet(40, 30);
     for (const POINT at : {POINT{-12, 5}, POINT{20, 5}, POINT{5, -9}, POINT{5, 20}, POINT{-12, -9}}) {
         sheet.Clear();
         CHECK(TextOutW(sheet.Dc, at.x, at.y, L"Hello", 5) != 0);
@@ -302,19 +283,19 @@ TEST_CASE("text is clipped to the bitmap on every side")
 
 TEST_CASE("lines stand one below the other, each centred by itself")
 {
-    Sheet      sheet(200, 100);
+    TextSheet  sheet(200, 100);
     const LONG wide = sheet.Measure(L"Hello").right, narrow = sheet.Measure(L"Hi").right;
     RECT       rect = {10, 20, 110, 90};
     CHECK(DrawTextW(sheet.Dc, L"Hello\nHi", -1, &rect, DT_CENTER) == 40);
     CHECK(IsBox(sheet.Touched(), (120 - wide) / 2, 20, (120 - wide) / 2 + wide, 60));
-    CHECK(sheet.At((120 - wide) / 2, 20) != Ground);
-    CHECK(sheet.At((120 - wide) / 2, 40) == Ground);
-    CHECK(sheet.At((120 - narrow) / 2, 40) != Ground);
+    CHECK(sheet.At((120 - wide) / 2, 20) != Background);
+    CHECK(sheet.At((120 - wide) / 2, 40) == Background);
+    CHECK(sheet.At((120 - narrow) / 2, 40) != Background);
 }
 
 TEST_CASE("a prefix mark takes no room, underlines the next character, and a double one is one mark")
 {
-    Sheet sheet(200, 60);
+    TextSheet sheet(200, 60);
     CHECK(sheet.Measure(L"&Hello").right == sheet.Measure(L"Hello").right);
     CHECK(sheet.Measure(L"He&llo").right == sheet.Measure(L"Hello").right);
     CHECK(sheet.Measure(L"&&Hello").right == sheet.Measure(L"&Hello", DT_NOPREFIX).right);
@@ -342,7 +323,7 @@ TEST_CASE("a prefix mark takes no room, underlines the next character, and a dou
 
 TEST_CASE("Chinese text has glyphs of its own")
 {
-    Sheet      sheet(100, 60, 40);
+    TextSheet  sheet(100, 60, 40);
     const auto drawn = [&](const wchar_t* text) {
         sheet.Clear();
         TextOutW(sheet.Dc, 5, 5, text, static_cast<int>(std::wcslen(text)));
@@ -359,7 +340,7 @@ TEST_CASE("Chinese text has glyphs of its own")
 
 TEST_CASE("the same text is drawn the same whenever it is drawn")
 {
-    Sheet      sheet(300, 40);
+    TextSheet  sheet(300, 40);
     const auto draw = [&] {
         sheet.Clear();
         TextOutW(sheet.Dc, 3, 4, L"W = 12.5, 阈值", 12);
@@ -375,7 +356,7 @@ TEST_CASE("the same text is drawn the same whenever it is drawn")
 
 TEST_CASE("a long text draws its visible part quickly")
 {
-    Sheet              sheet(200, 40);
+    TextSheet          sheet(200, 40);
     const std::wstring text(100000, L'x');
     RECT               rect = {0, 0, 0, 0};
     const auto         start = std::chrono::steady_clock::now();
@@ -397,7 +378,7 @@ TEST_CASE("a long text draws its visible part quickly")
 
 TEST_CASE("a huge font neither crashes nor draws outside the bitmap")
 {
-    Sheet sheet(50, 50, 1500);
+    TextSheet sheet(50, 50, 1500);
     CHECK(sheet.Measure(L"W").right > 300);
     TextOutW(sheet.Dc, -400, -600, L"WWW", 3);
     CHECK_FALSE(sheet.Untouched());
@@ -405,8 +386,8 @@ TEST_CASE("a huge font neither crashes nor draws outside the bitmap")
 
 TEST_CASE("bad handles and missing rectangles fail and draw nothing")
 {
-    Sheet sheet(50, 50);
-    RECT  rect = {0, 0, 50, 50};
+    TextSheet sheet(50, 50);
+    RECT      rect = {0, 0, 50, 50};
     CHECK(TextOutW(nullptr, 1, 1, L"Hello", 5) == 0);
     CHECK(DrawTextW(nullptr, L"Hello", 5, &rect, 0) == 0);
     CHECK(sheet.Untouched());
@@ -417,8 +398,8 @@ TEST_CASE("bad handles and missing rectangles fail and draw nothing")
 #if !defined(_WIN32)
 TEST_CASE("no text, no rectangle and lengths below -1 are refused without harm")
 {
-    Sheet sheet(50, 50);
-    RECT  rect = {0, 0, 50, 50};
+    TextSheet sheet(50, 50);
+    RECT      rect = {0, 0, 50, 50};
     CHECK(TextOutW(sheet.Dc, 1, 1, nullptr, 5) == 0);
     CHECK(TextOutW(sheet.Dc, 1, 1, L"Hello", -7) == 0);
     CHECK(DrawTextW(sheet.Dc, nullptr, 5, &rect, 0) == 0);
@@ -440,14 +421,14 @@ TEST_CASE("24 bits a pixel take text as 32 do")
     info.bmiHeader.biHeight = 30;
     info.bmiHeader.biPlanes = 1;
     info.bmiHeader.biBitCount = 24;
-    void*   bits = nullptr;
-    HDC     dc = CreateCompatibleDC(nullptr);
-    HBITMAP bitmap = CreateDIBSection(dc, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-    HGDIOBJ before = SelectObject(dc, bitmap);
-    HFONT   font = CreateFontW(20, 0, 0, 0, 400, 0, 0, 0, 134, 8, 1, 0, 48, L"微软雅黑");
-    HGDIOBJ beforeFont = SelectObject(dc, font);
-    Sheet   sheet(61, 30);
-    std::fill_n(sheet.Pixels, 61 * 30, 0u);
+    void*     bits = nullptr;
+    HDC       dc = CreateCompatibleDC(nullptr);
+    HBITMAP   bitmap = CreateDIBSection(dc, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+    HGDIOBJ   before = SelectObject(dc, bitmap);
+    HFONT     font = CreateFontW(20, 0, 0, 0, 400, 0, 0, 0, 134, 8, 1, 0, 48, L"微软雅黑");
+    HGDIOBJ   beforeFont = SelectObject(dc, font);
+    TextSheet sheet(61, 30);
+    std::fill_n(sheet.Pixels(), 61 * 30, 0u);
     for (HDC target : {dc, sheet.Dc}) {
         SetBkColor(target, RGB(10, 20, 30));
         SetTextColor(target, RGB(200, 100, 50));

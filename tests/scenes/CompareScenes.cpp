@@ -13,12 +13,12 @@
 
 namespace {
 
-struct Picture {
+struct SceneImage {
     int                        Width = 0, Height = 0;
     std::vector<unsigned char> Body;    // red, green, blue
 };
 
-bool ReadPicture(const std::filesystem::path& path, Picture& picture)
+bool ReadPicture(const std::filesystem::path& path, SceneImage& picture)
 {
     std::FILE* file = std::fopen(path.string().c_str(), "rb");
     if (file == nullptr)
@@ -40,7 +40,7 @@ struct Box {
 };
 
 // Where a picture differs from its background, which is the color of its last pixel.
-Box InkBox(const Picture& picture)
+Box InkBox(const SceneImage& picture)
 {
     Box                  box;
     const unsigned char* ground = picture.Body.data() + picture.Body.size() - 3;
@@ -57,7 +57,7 @@ Box InkBox(const Picture& picture)
 }
 
 // How far a picture is from its background, over all channels.
-double Ink(const Picture& picture)
+double Ink(const SceneImage& picture)
 {
     const unsigned char* ground = picture.Body.data() + picture.Body.size() - 3;
     double               sum = 0;
@@ -72,7 +72,7 @@ struct Difference {
     double    Mean = 0;    // of all channels, 0..255
 };
 
-Difference Compare(const Picture& a, const Picture& b)
+Difference Compare(const SceneImage& a, const SceneImage& b)
 {
     Difference difference;
     double     sum = 0;
@@ -100,7 +100,8 @@ constexpr double glyphRatio = 1.7;    // of the two amounts of ink
 constexpr double qualityMean = 0.5;
 constexpr int    qualityLargest = 4;
 
-bool KeepsBound(const std::string& name, const Picture& a, const Picture& b, const Difference& difference)
+bool KeepsBound(const std::string& name, const SceneImage& a, const SceneImage& b,
+                const Difference& difference)
 {
     if (name.ends_with(".glyphs.ppm")) {
         Box    p = InkBox(a), q = InkBox(b);
@@ -147,7 +148,7 @@ int main(int argc, char** argv)
             ++failures;
             continue;
         }
-        Picture a, b;
+        SceneImage a, b;
         if (!ReadPicture(path, a) || !ReadPicture(other->second, b) || a.Width != b.Width ||
             a.Height != b.Height) {
             std::printf("%-48s unreadable or of another size\n", name.c_str());

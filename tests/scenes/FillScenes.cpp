@@ -12,7 +12,7 @@ void Hatches(HDC dc, int, int)
             SetBkMode(dc, mode);
             RECT rect = {style * 61 + 3, (mode - 1) * 101 + 5, style * 61 + 53, (mode - 1) * 101 + 86};
             FillRect(dc, &rect, brush);
-            Selected selected(dc, brush);
+            SelectedObject selected(dc, brush);
             Rectangle(dc, style * 61 + 13, (mode - 1) * 101 + 220, style * 61 + 58, (mode - 1) * 101 + 307);
         }
 }
@@ -22,20 +22,20 @@ void ShiftedHatches(HDC dc, int width, int height)
     SetViewportOrgEx(dc, 5, 3, nullptr);
     Hatches(dc, width, height);
     SetViewportOrgEx(dc, -11, 13, nullptr);
-    Selected brush(dc, CreateHatchBrush(HS_DIAGCROSS, RGB(255, 255, 255)));
+    SelectedObject brush(dc, CreateHatchBrush(HS_DIAGCROSS, RGB(255, 255, 255)));
     Ellipse(dc, 20, 20, 300, 200);
     SetViewportOrgEx(dc, 0, 0, nullptr);
 }
 
 void Desk(HDC dc, int width, int height)
 {
-    Selected pen(dc, CreatePen(PS_SOLID, 1, 0x808080));
+    SelectedObject pen(dc, CreatePen(PS_SOLID, 1, 0x808080));
     SetBkMode(dc, TRANSPARENT);
     {
-        Selected solid(dc, CreateSolidBrush(0x998877));
+        SelectedObject solid(dc, CreateSolidBrush(0x998877));
         Rectangle(dc, 0, 0, width, height);
     }
-    Selected hatch(dc, CreateHatchBrush(HS_DIAGCROSS, 0x808080));
+    SelectedObject hatch(dc, CreateHatchBrush(HS_DIAGCROSS, 0x808080));
     Rectangle(dc, 0, 0, width, height);
 }
 

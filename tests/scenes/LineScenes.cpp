@@ -5,7 +5,7 @@ namespace {
 // Every vector of up to 12 pixels each way, one to a cell: all octants and all ties.
 void Directions(HDC dc, int style, COLORREF color)
 {
-    Selected pen(dc, CreatePen(style, 1, color));
+    SelectedObject pen(dc, CreatePen(style, 1, color));
     for (int dy = -12; dy <= 12; ++dy)
         for (int dx = -12; dx <= 12; ++dx) {
             int x = (dx + 12) * 27 + 13;
@@ -35,8 +35,8 @@ void DottedDirections(HDC dc, int, int)
 void Fan(HDC dc, int width, int height, int reach)
 {
     for (int i = -40; i <= 40; ++i) {
-        Selected pen(dc, CreatePen(PS_SOLID, 1, RGB(3 * i + 128, 128 - 3 * i, (i & 7) * 30)));
-        int      x = width / 2, y = height / 2, step = i * reach / 40;
+        SelectedObject pen(dc, CreatePen(PS_SOLID, 1, RGB(3 * i + 128, 128 - 3 * i, (i & 7) * 30)));
+        int            x = width / 2, y = height / 2, step = i * reach / 40;
         Segment(dc, x, y, x + step, y - reach);
         Segment(dc, x, y, x + step, y + reach);
         Segment(dc, x, y, x - reach, y + step);
@@ -57,9 +57,9 @@ void RandomLines(HDC dc, int count, unsigned seed, int style, int low, int high)
 {
     SceneRandom random(seed);
     for (int i = 0; i < count; ++i) {
-        Selected pen(dc, CreatePen(style, 1, random.Color()));
-        int      x0 = random.Between(low, high), y0 = random.Between(low, high);
-        int      x1 = random.Between(low, high), y1 = random.Between(low, high);
+        SelectedObject pen(dc, CreatePen(style, 1, random.Color()));
+        int            x0 = random.Between(low, high), y0 = random.Between(low, high);
+        int            x1 = random.Between(low, high), y1 = random.Between(low, high);
         SetBkColor(dc, random.Color());
         SetBkMode(dc, random.Between(0, 1) ? OPAQUE : TRANSPARENT);
         Segment(dc, x0, y0, x1, y1);
@@ -96,7 +96,7 @@ void StyledPolylines(HDC dc, int style, unsigned seed)
         SetBkMode(dc, mode);
         SetBkColor(dc, RGB(90, 200, 240));
         for (int line = 0; line < 20; ++line) {
-            Selected pen(dc, CreatePen(style, 1, random.Color()));
+            SelectedObject pen(dc, CreatePen(style, 1, random.Color()));
             MoveTo(dc, random.Point(0, 400, 0, 300));
             for (int i = 0; i < 8; ++i)
                 LineTo(dc, random.Point(-60, 460, -60, 360));
@@ -116,8 +116,8 @@ void DottedPolylines(HDC dc, int, int)
 void StyledRestarts(HDC dc, int, int)
 {
     for (int row = 0; row < 10; ++row) {
-        Selected pen(dc, CreatePen(row & 1 ? PS_DOT : PS_DASH, 1, RGB(255, 40, 10)));
-        int      y = 10 + row * 20;
+        SelectedObject pen(dc, CreatePen(row & 1 ? PS_DOT : PS_DASH, 1, RGB(255, 40, 10)));
+        int            y = 10 + row * 20;
         SetBkMode(dc, row & 2 ? OPAQUE : TRANSPARENT);
         MoveToEx(dc, 5, y, nullptr);
         LineTo(dc, 12, y);
@@ -140,7 +140,7 @@ void StyledRestarts(HDC dc, int, int)
 
 void NullPen(HDC dc, int, int)
 {
-    Selected pen(dc, CreatePen(PS_NULL, 1, RGB(255, 0, 0)));
+    SelectedObject pen(dc, CreatePen(PS_NULL, 1, RGB(255, 0, 0)));
     Segment(dc, 5, 5, 50, 50);
     LineTo(dc, 60, 10);
     SelectObject(dc, GetStockObject(WHITE_PEN));
@@ -152,7 +152,7 @@ void ShiftedOrigin(HDC dc, int width, int height)
     SetViewportOrgEx(dc, 57, -31, nullptr);
     Fan(dc, width, height, 100);
     SetBkColor(dc, RGB(0, 255, 0));
-    Selected pen(dc, CreatePen(PS_DASH, 1, RGB(0, 0, 0)));
+    SelectedObject pen(dc, CreatePen(PS_DASH, 1, RGB(0, 0, 0)));
     MoveToEx(dc, 0, 60, nullptr);
     SetViewportOrgEx(dc, 60, 40, nullptr);    // the current point moves with it
     LineTo(dc, 300, 90);

@@ -8,53 +8,20 @@
 #include <cstring>
 #include <string>
 
-SceneBitmap::SceneBitmap(int width, int height, int bitsPerPixel, bool topDown, COLORREF background)
-    : Width(width), Height(height), bytesPerPixel(bitsPerPixel / 8),
-      rowBytes((width * bytesPerPixel + 3) & ~3), topDown(topDown)
-{
-    BITMAPINFO info = {};
-    info.bmiHeader.biSize = sizeof(info.bmiHeader);
-    info.bmiHeader.biWidth = width;
-    info.bmiHeader.biHeight = topDown ? -height : height;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = static_cast<WORD>(bitsPerPixel);
-    void* bits = nullptr;
-    Dc = CreateCompatibleDC(nullptr);
-    bitmap = CreateDIBSection(Dc, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-    Bits = static_cast<unsigned char*>(bits);
-    before = SelectObject(Dc, bitmap);
-    RECT   all = {0, 0, width, height};
-    HBRUSH brush = CreateSolidBrush(background);
-    FillRect(Dc, &all, brush);
-    DeleteObject(brush);
-}
-
-SceneBitmap::~SceneBitmap()
-{
-    SelectObject(Dc, before);
-    DeleteObject(bitmap);
-    DeleteDC(Dc);
-}
-
-const unsigned char* SceneBitmap::Pixel(int x, int y) const
-{
-    std::ptrdiff_t row = topDown ? y : Height - 1 - y;
-    return Bits + row * rowBytes + x * bytesPerPixel;
-}
-
 namespace {
 
 bool WritePicture(const SceneBitmap& picture, const std::string& path)
 {
     std::vector<unsigned char> body(static_cast<std::size_t>(picture.Width) * picture.Height * 3);
     unsigned char*             target = body.data();
-    for (int y = 0; y < picture.Height; ++y)
-        for (int x = 0; x < picture.Width; ++x, target += 3) {
-            const unsigned char* pixel = picture.Pixel(x, y);
+    for (int y = 0; y < picture.Height; ++y) {
+        const unsigned char* pixel = picture.Row(y);
+        for (int x = 0; x < picture.Width; ++x, pixel += picture.BitsPerPixel / 8, target += 3) {
             target[0] = pixel[2];
             target[1] = pixel[1];
             target[2] = pixel[0];
         }
+    }
     std::FILE* file = std::fopen(path.c_str(), "wb");
     if (file == nullptr)
         return false;

@@ -3,6 +3,9 @@
 // Pictures drawn with the calls that the engine makes, the same source on both back ends. A scene is drawn
 // into a section bitmap of its own; what it leaves there is written to a file and compared.
 
+#include "common/MemoryBitmap.h"
+#include "common/SelectedObject.h"
+
 #include <VostelObj.h>
 
 #include <cstdint>
@@ -24,42 +27,17 @@ struct Scene {
     void (*Draw)(HDC dc, int width, int height);
 };
 
-// A memory context with a section bitmap selected, filled with one color at first.
-class SceneBitmap {
+// A memory bitmap filled with one color at first.
+class SceneBitmap : public MemoryBitmap {
 public:
-    SceneBitmap(int width, int height, int bitsPerPixel, bool topDown, COLORREF background);
-    ~SceneBitmap();
-    SceneBitmap(const SceneBitmap&) = delete;
-    SceneBitmap& operator=(const SceneBitmap&) = delete;
-
-    const unsigned char* Pixel(int x, int y) const;    // blue, green, red; y from the top
-
-    HDC            Dc = nullptr;
-    int            Width, Height;
-    unsigned char* Bits = nullptr;
-
-private:
-    int     bytesPerPixel, rowBytes;
-    bool    topDown;
-    HBITMAP bitmap = nullptr;
-    HGDIOBJ before = nullptr;
-};
-
-// Selects an object that it deletes at the end of the block.
-class Selected {
-public:
-    Selected(HDC dc, HGDIOBJ object) : dc(dc), object(object), before(SelectObject(dc, object)) {}
-    ~Selected()
+    SceneBitmap(int width, int height, int bitsPerPixel, bool topDown, COLORREF background)
+        : MemoryBitmap(width, height, bitsPerPixel, topDown)
     {
-        SelectObject(dc, before);
-        DeleteObject(object);
+        const RECT   all = {0, 0, width, height};
+        const HBRUSH brush = CreateSolidBrush(background);
+        FillRect(Dc, &all, brush);
+        DeleteObject(brush);
     }
-    Selected(const Selected&) = delete;
-    Selected& operator=(const Selected&) = delete;
-
-private:
-    HDC     dc;
-    HGDIOBJ object, before;
 };
 
 // The same numbers on every platform.

@@ -39,20 +39,20 @@ void EllipseFills(HDC dc, int, int)
 }
 void EllipsesWithBoth(HDC dc, int, int)
 {
-    Selected pen(dc, CreatePen(PS_SOLID, 1, RGB(255, 0, 0)));
-    Selected brush(dc, CreateSolidBrush(RGB(0, 200, 255)));
+    SelectedObject pen(dc, CreatePen(PS_SOLID, 1, RGB(255, 0, 0)));
+    SelectedObject brush(dc, CreateSolidBrush(RGB(0, 200, 255)));
     Sizes(dc, Ellipse, 0, 40, true);
 }
 void RectanglesWithBoth(HDC dc, int, int)
 {
-    Selected pen(dc, CreatePen(PS_SOLID, 1, RGB(255, 0, 0)));
-    Selected brush(dc, CreateSolidBrush(RGB(0, 200, 255)));
+    SelectedObject pen(dc, CreatePen(PS_SOLID, 1, RGB(255, 0, 0)));
+    SelectedObject brush(dc, CreateSolidBrush(RGB(0, 200, 255)));
     Sizes(dc, Rectangle, 0, 12, true);
 }
 void RectanglesWithoutPen(HDC dc, int, int)
 {
     SelectObject(dc, GetStockObject(NULL_PEN));
-    Selected brush(dc, CreateSolidBrush(RGB(0, 100, 255)));
+    SelectedObject brush(dc, CreateSolidBrush(RGB(0, 100, 255)));
     Sizes(dc, Rectangle, 0, 12, true);
 }
 void RectangleOutlines(HDC dc, int, int)
@@ -66,9 +66,10 @@ void Corners(HDC dc, int, int)
 {
     SceneRandom random(31);
     for (int i = 0; i < 60; ++i) {
-        Selected pen(dc, CreatePen(random.Between(0, 5) ? PS_SOLID : PS_NULL, 1, random.Color()));
-        Selected brush(dc, random.Between(0, 1) ? CreateSolidBrush(random.Color())
-                                                : CreateHatchBrush(random.Between(0, 5), random.Color()));
+        SelectedObject pen(dc, CreatePen(random.Between(0, 5) ? PS_SOLID : PS_NULL, 1, random.Color()));
+        SelectedObject brush(dc, random.Between(0, 1)
+                                     ? CreateSolidBrush(random.Color())
+                                     : CreateHatchBrush(random.Between(0, 5), random.Color()));
         SetBkMode(dc, random.Between(0, 1) ? OPAQUE : TRANSPARENT);
         SetBkColor(dc, random.Color());
         int  x0 = random.Between(-60, 460), x1 = random.Between(-60, 460);
@@ -83,8 +84,8 @@ void LargeEllipses(HDC dc, int, int)
     SceneRandom random(32);
     SelectObject(dc, GetStockObject(NULL_BRUSH));
     for (int i = 0; i < 60; ++i) {
-        Selected pen(dc, CreatePen(PS_SOLID, 1, random.Color()));
-        POINT    at = random.Point(-900, 900, -900, 900), size = random.Point(50, 1600, 50, 1600);
+        SelectedObject pen(dc, CreatePen(PS_SOLID, 1, random.Color()));
+        POINT          at = random.Point(-900, 900, -900, 900), size = random.Point(50, 1600, 50, 1600);
         Ellipse(dc, at.x, at.y, at.x + size.x, at.y + size.y);
     }
 }
@@ -93,8 +94,8 @@ void LargeFilledEllipses(HDC dc, int, int)
     SceneRandom random(33);
     SelectObject(dc, GetStockObject(NULL_PEN));
     for (int i = 0; i < 60; ++i) {
-        Selected brush(dc, CreateSolidBrush(random.Color()));
-        POINT    at = random.Point(-900, 400, -900, 300), size = random.Point(50, 1600, 50, 1600);
+        SelectedObject brush(dc, CreateSolidBrush(random.Color()));
+        POINT          at = random.Point(-900, 400, -900, 300), size = random.Point(50, 1600, 50, 1600);
         Ellipse(dc, at.x, at.y, at.x + size.x, at.y + size.y);
     }
 }
@@ -105,8 +106,8 @@ void BrokenPens(HDC dc, int, int)
     for (int style : {PS_DASH, PS_DOT})
         for (int mode : {OPAQUE, TRANSPARENT})
             for (int i = 0; i < 16; ++i) {
-                Selected pen(dc, CreatePen(style, 1, random.Color()));
-                Selected brush(dc, CreateSolidBrush(RGB(230, 230, 100)));
+                SelectedObject pen(dc, CreatePen(style, 1, random.Color()));
+                SelectedObject brush(dc, CreateSolidBrush(RGB(230, 230, 100)));
                 SetBkMode(dc, mode);
                 SetBkColor(dc, RGB(0, 160, 160));
                 int x = i % 8 * 100 + random.Between(2, 9),
@@ -120,10 +121,10 @@ void WidePens(HDC dc, Shape shape, bool hollow)
 {
     for (int width = 2; width <= 17; ++width)
         for (int i = 0; i < 8; ++i) {
-            Selected pen(dc, CreatePen(PS_SOLID, width, RGB(180, 60, width * 9)));
-            Selected brush(dc, CreateSolidBrush(RGB(200, 240, 180)));
-            HGDIOBJ  filled = hollow ? SelectObject(dc, GetStockObject(NULL_BRUSH)) : nullptr;
-            int      x = i * 90 + 20, y = (width - 2) * 70 + 14;
+            SelectedObject pen(dc, CreatePen(PS_SOLID, width, RGB(180, 60, width * 9)));
+            SelectedObject brush(dc, CreateSolidBrush(RGB(200, 240, 180)));
+            HGDIOBJ        filled = hollow ? SelectObject(dc, GetStockObject(NULL_BRUSH)) : nullptr;
+            int            x = i * 90 + 20, y = (width - 2) * 70 + 14;
             shape(dc, x, y, x + i * 7 + i % 2, y + (i * 5) % 39 + i / 2);
             if (hollow)
                 SelectObject(dc, filled);

@@ -11,7 +11,7 @@ public:
         SceneRandom random(51);
         for (int y = 0; y < height; ++y)
             for (int x = 0; x < width; ++x) {
-                unsigned char* pixel = const_cast<unsigned char*>(Bitmap.Pixel(x, y));
+                unsigned char* pixel = Bitmap.Row(y) + x * bitsPerPixel / 8;
                 pixel[0] = static_cast<unsigned char>(x * 5 + (y & 1) * 40);
                 pixel[1] = static_cast<unsigned char>(y * 6 + (x & 1) * 40);
                 pixel[2] = static_cast<unsigned char>(random.Between(0, 255));
@@ -112,7 +112,7 @@ void Smoothed(HDC dc, int, int)
     SceneBitmap source(200, 150, 32, false, RGB(30, 60, 90));
     for (int y = 0; y < 150; ++y)
         for (int x = 0; x < 200; ++x) {
-            unsigned char* pixel = const_cast<unsigned char*>(source.Pixel(x, y));
+            unsigned char* pixel = source.Row(y) + 4 * x;
             pixel[0] = static_cast<unsigned char>(x);
             pixel[1] = static_cast<unsigned char>(y);
             pixel[2] = static_cast<unsigned char>((x + y) / 2);

@@ -13,7 +13,7 @@ void Sizes(HDC dc, int, int)
     SetTextColor(dc, RGB(160, 0, 20));
     int y = 5;
     for (int height : {12, 16, 18, 20, 22, 24, 32, 48}) {
-        Selected font(dc, FontOf(height));
+        SelectedObject font(dc, FontOf(height));
         TextOutW(dc, 10, y, L"Sphinx 0123456789", 17);
         y += height + 6;
     }
@@ -24,8 +24,8 @@ void Boxes(HDC dc, UINT format, int mode)
     SetBkMode(dc, mode);
     SetBkColor(dc, RGB(255, 255, 255));
     SetTextColor(dc, RGB(0, 0, 200));
-    Selected font(dc, FontOf(18));
-    RECT     outer = {4, 4, 300, 60};
+    SelectedObject font(dc, FontOf(18));
+    RECT           outer = {4, 4, 300, 60};
     DrawTextW(dc, L"Length 12.50 mm", -1, &outer, format);
 }
 void Centred(HDC dc, int, int)
@@ -44,8 +44,8 @@ void RightBottom(HDC dc, int, int)
 void Wrapped(HDC dc, int, int)
 {
     SetBkMode(dc, TRANSPARENT);
-    Selected font(dc, FontOf(20));
-    RECT     rect = {10, 10, 180, 190};
+    SelectedObject font(dc, FontOf(20));
+    RECT           rect = {10, 10, 180, 190};
     DrawTextW(dc, L"One line, broken where\nit has to be", -1, &rect, DT_WORDBREAK | DT_LEFT);
 }
 
@@ -54,7 +54,7 @@ void Chinese(HDC dc, int, int)
     SetBkMode(dc, TRANSPARENT);
     SetTextColor(dc, RGB(0, 90, 0));
     for (int i = 0; i < 3; ++i) {
-        Selected font(dc, FontOf(18 + i * 8));
+        SelectedObject font(dc, FontOf(18 + i * 8));
         TextOutW(dc, 10, 10 + i * 40, L"阈值 长度 角度", 8);
     }
 }

@@ -5,8 +5,8 @@ namespace {
 // One line of each direction to a cell.
 void Directions(HDC dc, int width, int reach)
 {
-    Selected pen(dc, CreatePen(PS_SOLID, width, RGB(30, 20, 200)));
-    int      cell = 2 * reach + width + 5, index = 0;
+    SelectedObject pen(dc, CreatePen(PS_SOLID, width, RGB(30, 20, 200)));
+    int            cell = 2 * reach + width + 5, index = 0;
     for (int dy = -reach; dy <= reach; dy += 2)
         for (int dx = -reach; dx <= reach; dx += 3, ++index) {
             int x = index % 16 * cell + cell / 2, y = index / 16 * cell + cell / 2;
@@ -39,8 +39,8 @@ void AllWidths(HDC dc, int, int)
 {
     SceneRandom random(21);
     for (int width = 1; width <= 40; ++width) {
-        Selected pen(dc, CreatePen(PS_SOLID, width, random.Color()));
-        int      x = (width - 1) % 8 * 120 + 60, y = (width - 1) / 8 * 120 + 60;
+        SelectedObject pen(dc, CreatePen(PS_SOLID, width, random.Color()));
+        int            x = (width - 1) % 8 * 120 + 60, y = (width - 1) / 8 * 120 + 60;
         Segment(dc, x - 35, y - 35, x - 35, y - 35);
         Segment(dc, x + 30, y - 35, x + 31, y - 35);
         MoveToEx(dc, x - 30, y + 30, nullptr);
@@ -52,7 +52,7 @@ void Polylines(HDC dc, int, int)
 {
     SceneRandom random(22);
     for (int width : {2, 3, 5, 8, 13, 20, 31, 40}) {
-        Selected pen(dc, CreatePen(PS_SOLID, width, random.Color()));
+        SelectedObject pen(dc, CreatePen(PS_SOLID, width, random.Color()));
         MoveTo(dc, random.Point(0, 500, 0, 400));
         for (int i = 0; i < 7; ++i)
             LineTo(dc, random.Point(-30, 530, -30, 430));
@@ -63,7 +63,7 @@ void Clipped(HDC dc, int, int)
 {
     SceneRandom random(23);
     for (int i = 0; i < 60; ++i) {
-        Selected pen(dc, CreatePen(PS_SOLID, 2 + i % 39, random.Color()));
+        SelectedObject pen(dc, CreatePen(PS_SOLID, 2 + i % 39, random.Color()));
         MoveTo(dc, random.Point(-3000, 3000, -3000, 3000));
         LineTo(dc, random.Point(-3000, 3000, -3000, 3000));
     }
@@ -77,8 +77,8 @@ void BrokenStyles(HDC dc, int, int)
         for (int width = 0; width <= 12; ++width)
             for (int mode : {OPAQUE, TRANSPARENT}) {
                 SetBkMode(dc, mode);
-                Selected pen(dc, CreatePen(style, width, RGB(40, 10, 90)));
-                int      x = style * 130 + (mode - 1) * 60 + 20, y = width * 24 + 20;
+                SelectedObject pen(dc, CreatePen(style, width, RGB(40, 10, 90)));
+                int            x = style * 130 + (mode - 1) * 60 + 20, y = width * 24 + 20;
                 MoveToEx(dc, x, y, nullptr);
                 LineTo(dc, x + 40, y + 3);
                 LineTo(dc, x + 10, y + 11);
@@ -92,8 +92,8 @@ void WholeOffsets(HDC dc, int, int)
     int           index = 0;
     for (auto& triple : triples)
         for (int width = 5; width <= 30; width += 5, ++index) {
-            Selected pen(dc, CreatePen(PS_SOLID, width, RGB(index * 6, 100, 30)));
-            int      x = index % 6 * 110 + 55, y = index / 6 * 110 + 55;
+            SelectedObject pen(dc, CreatePen(PS_SOLID, width, RGB(index * 6, 100, 30)));
+            int            x = index % 6 * 110 + 55, y = index / 6 * 110 + 55;
             Segment(dc, x, y, x + triple[0] * (40 / triple[1]), y + triple[1] * (40 / triple[1]));
             Segment(dc, x, y, x - triple[1] * (40 / triple[1]), y + triple[0] * (40 / triple[1]));
         }

@@ -17,12 +17,14 @@
 //    REQUIRE(host.IsScaleOne()).
 //  - The slider's on and off by Tab: a test presses it an even number of times.
 
+#include "common/MemoryBitmap.h"
 #include "support/Frame.h"
 
 #include <VostelObj.h>
 
 #include <doctest/doctest.h>
 
+#include <algorithm>
 #include <climits>
 #include <functional>
 #include <set>
@@ -87,70 +89,17 @@ void FillPlane(ClassData2DIO<T>& plane, int width, int height, F&& valueAt)
             plane.Ptr2D[y][x] = static_cast<T>(valueAt(x, y));
 }
 
-// A memory context with a 32-bit bottom-up bitmap, as a window's paint context would be.
-class MemoryWindow {
+// What a window's paint context would be. A window without extent still has a pixel.
+class MemoryWindow : public MemoryBitmap {
 public:
-    HDC           Dc = nullptr;
-    unsigned int* Pixels = nullptr;
-    int           Width = 0;
-    int           Height = 0;
+    MemoryWindow(int width, int height) : MemoryBitmap(std::max(width, 1), std::max(height, 1)) {}
 
-    MemoryWindow(int width, int height) { Make(width, height); }
-    ~MemoryWindow() { Drop(); }
-    MemoryWindow(const MemoryWindow&) = delete;
-    MemoryWindow& operator=(const MemoryWindow&) = delete;
-
-    void Resize(int width, int height)
-    {
-        Drop();
-        Make(width, height);
-    }
-
-    // y counts from the top.
-    unsigned int& PixelAt(int x, int y) const
-    {
-        return Pixels[static_cast<std::size_t>(Height - 1 - y) * static_cast<std::size_t>(Width) +
-                      static_cast<std::size_t>(x)];
-    }
-
-    void Fill(unsigned int word)
-    {
-        GdiFlush();
-        for (std::size_t i = 0; i < static_cast<std::size_t>(Width) * static_cast<std::size_t>(Height); ++i)
-            Pixels[i] = word;
-    }
+    void Resize(int width, int height) { MemoryBitmap::Resize(std::max(width, 1), std::max(height, 1)); }
 
     Frame Capture() const
     {
         GdiFlush();
-        return FrameOfSurface(Pixels, Width, Height);
-    }
-
-private:
-    HBITMAP Bitmap = nullptr;
-    HGDIOBJ Before = nullptr;
-
-    void Make(int width, int height)
-    {
-        Width = width > 0 ? width : 1;
-        Height = height > 0 ? height : 1;
-        BITMAPINFO info = {};
-        info.bmiHeader.biSize = sizeof info.bmiHeader;
-        info.bmiHeader.biWidth = Width;
-        info.bmiHeader.biHeight = Height;
-        info.bmiHeader.biPlanes = 1;
-        info.bmiHeader.biBitCount = 32;
-        Dc = CreateCompatibleDC(nullptr);
-        void* bits = nullptr;
-        Bitmap = CreateDIBSection(Dc, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-        Pixels = static_cast<unsigned int*>(bits);
-        Before = SelectObject(Dc, Bitmap);
-    }
-    void Drop()
-    {
-        SelectObject(Dc, Before);
-        DeleteObject(Bitmap);
-        DeleteDC(Dc);
+        return FrameOfSurface(Pixels(), Width, Height);
     }
 };
 

@@ -8,6 +8,8 @@
 #include "FramePainter.h"
 #include "VostelWidget.h"
 
+#include "common/MemoryBitmap.h"
+
 #include <VostelObj.h>
 
 #include <benchmark/benchmark.h>
@@ -168,27 +170,15 @@ void PresentFrame(benchmark::State& state)
 // A context of the host with a top-down bitmap, which the canvas copies to, drawn as one image.
 void PresentByTopDownBitmap(benchmark::State& state)
 {
-    BITMAPINFO info = {};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = Width;
-    info.bmiHeader.biHeight = -Height;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    void*         bits = nullptr;
-    const HDC     context = CreateCompatibleDC(nullptr);
-    const HBITMAP bitmap = CreateDIBSection(context, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-    const HGDIOBJ displaced = SelectObject(context, bitmap);
-    QImage        window(Width, Height, QImage::Format_RGB32);
+    const MemoryBitmap bitmap(Width, Height, 32, true);
+    QImage             window(Width, Height, QImage::Format_RGB32);
     for (auto _ : state) {
-        BitBlt(context, 0, 0, Width, Height, gCVSGetClientMemDC(Canvas), 0, 0, SRCCOPY);
+        BitBlt(bitmap.Dc, 0, 0, Width, Height, gCVSGetClientMemDC(Canvas), 0, 0, SRCCOPY);
         QPainter painter(&window);
-        painter.drawImage(0, 0, QImage(static_cast<const uchar*>(bits), Width, Height, QImage::Format_RGB32));
+        painter.drawImage(0, 0, QImage(bitmap.Bits, Width, Height, QImage::Format_RGB32));
         painter.end();
         benchmark::ClobberMemory();
     }
-    SelectObject(context, displaced);
-    DeleteObject(bitmap);
-    DeleteDC(context);
 }
 
 // The client surface as one image, turned over by the painter.
