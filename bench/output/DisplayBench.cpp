@@ -1,5 +1,5 @@
 // Showing data and changing its contrast, through the exports, beside the same steps in OpenCV into matrices
-// that are used again. OpenCV draws no label plane and keeps no mapping.
+// that are used again. OpenCV draws no label image and keeps no mapping.
 
 #include "support/PeerBench.h"
 
@@ -164,7 +164,7 @@ void CompareAll(bench::PeerBench& peers, int side, bool bounded)
 
     // 0.1 and 0.9 of 65535, truncated.
     gCVSShowRawFloat(kCanvas, images.Floats, true, true);
-    bench::Contest contrast = contest("contrast change with label plane", 0.95);
+    bench::Contest contrast = contest("contrast change with label image", 0.95);
     contrast.Run = [&] { gCVSSetLutPara(kCanvas, 0.1f, 0.9f); };
     contrast.Check = [&] { return plain.OnCanvas(6553, 58981); };
     contrast.Peers.push_back(peer([&] {

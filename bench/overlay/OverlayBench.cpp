@@ -1,4 +1,4 @@
-// Overlay objects: fills of a label plane, the label image, the spline's system, and paints, mouse moves and
+// Overlay objects: fills of a plane, the label image, the spline's system, and paints, mouse moves and
 // hit tests of many shapes beside a scene of the same outlines.
 
 #include "base/PixelFill.h"
@@ -60,7 +60,7 @@ Points Star(std::mt19937& random, int count, double x, double y, double radius, 
     return points;
 }
 
-// The fill from its description, with the library's sort for the two told ones.
+// The fill from its description, with the library's sort in place of its two.
 void FillPlainly(Plane& plane, const Points& points, int value)
 {
     constexpr int Ends[8][8] = {{0, 0, 0, 0, 1, 1, 1, 1}, {1, 1, 1, 1, 0, 2, 2, 2}, {1, 1, 1, 1, 0, 0, 2, 2},

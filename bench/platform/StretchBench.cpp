@@ -91,10 +91,10 @@ public:
                 const unsigned      red = (static_cast<unsigned>(x) / 20 + (noise & 31u)) & 255u;
                 const unsigned      green = (static_cast<unsigned>(y) / 20 + (noise >> 8 & 31u)) & 255u;
                 const unsigned      blue = (static_cast<unsigned>(x + y) / 40 + (noise >> 16 & 31u)) & 255u;
-                const std::uint32_t word = 0xFF000000u | red << 16 | green << 8 | blue;
+                const std::uint32_t pixel = 0xFF000000u | red << 16 | green << 8 | blue;
                 Canvas.Pixels()[static_cast<std::size_t>(CanvasSize - 1 - y) * CanvasSize +
-                                static_cast<std::size_t>(x)] = word;
-                std::memcpy(Images.Source.ptr(y) + static_cast<std::ptrdiff_t>(x) * 4, &word, 4);
+                                static_cast<std::size_t>(x)] = pixel;
+                std::memcpy(Images.Source.ptr(y) + static_cast<std::ptrdiff_t>(x) * 4, &pixel, 4);
             }
         SourceImage =
             QImage(Images.Source.data, CanvasSize, CanvasSize, CanvasSize * 4, QImage::Format_RGB32);
@@ -122,8 +122,8 @@ public:
     Arena& operator=(const Arena&) = delete;
 
     // Between two paints of a host other work passes through the caches. Again, for comparison, is for a
-    // picture and a target that still lie there: large frames are streamed past the caches, which pays only
-    // when they do not.
+    // picture and a target that still lie there: large frames are streamed by non-temporal stores, which pays
+    // only when they do not.
     void Fast(double scale, double atMost, bool again)
     {
         const View     view = ViewAt(scale);

@@ -73,10 +73,10 @@ std::string Machine()
     return model + ", " + std::to_string(processors) + " processors";
 }
 
-// One who takes part: ours in a form, or a peer.
+// One who takes part: ours in a variant, or a peer.
 struct Runner {
     std::string                  Name;
-    CpuVariant                   Form = CpuVariant::Plain;
+    CpuVariant                   Variant = CpuVariant::Plain;
     bool                         Ours = false;
     const std::function<void()>* Prepare = nullptr;
     const std::function<void()>* Run = nullptr;
@@ -87,9 +87,9 @@ struct Runner {
 
 }
 
-const char* NameOf(CpuVariant form)
+const char* NameOf(CpuVariant variant)
 {
-    switch (form) {
+    switch (variant) {
     case CpuVariant::Plain:
         return "plain";
     case CpuVariant::Baseline:
@@ -129,19 +129,19 @@ bool PeerBench::Compare(const Contest& contest)
 
     std::vector<Runner> runners;
     for (int number = 0; number <= static_cast<int>(BestCpuVariant()); ++number) {
-        const CpuVariant form = ForceCpuVariant(static_cast<CpuVariant>(number));
+        const CpuVariant variant = ForceCpuVariant(static_cast<CpuVariant>(number));
         SecondsOf(contest.Prepare, contest.Run, 1);
         if (contest.Check && !contest.Check()) {
-            std::printf("%-28s %-7s WRONG RESULT, not timed\n", contest.Title.c_str(), NameOf(form));
+            std::printf("%-28s %-7s WRONG RESULT, not timed\n", contest.Title.c_str(), NameOf(variant));
             Failed = true;
             ForceCpuVariant(BestCpuVariant());
             return false;
         }
-        if (form == CpuVariant::Plain && contest.PlainIsSlow)
+        if (variant == CpuVariant::Plain && contest.PlainIsSlow)
             continue;
         Runner runner;
-        runner.Name = NameOf(form);
-        runner.Form = form;
+        runner.Name = NameOf(variant);
+        runner.Variant = variant;
         runner.Ours = true;
         runner.Prepare = &contest.Prepare;
         runner.Run = &contest.Run;
@@ -165,7 +165,7 @@ bool PeerBench::Compare(const Contest& contest)
 
     for (Runner& runner : runners) {
         if (runner.Ours)
-            ForceCpuVariant(runner.Form);
+            ForceCpuVariant(runner.Variant);
         runner.Once = SecondsOf(*runner.Prepare, *runner.Run, 1);
         for (int again = 0; again < 3 && runner.Once < WarmSeconds; ++again)
             runner.Once = std::min(runner.Once, SecondsOf(*runner.Prepare, *runner.Run, 1));
@@ -181,7 +181,7 @@ bool PeerBench::Compare(const Contest& contest)
         for (const std::size_t turn : turns) {
             Runner& runner = runners[turn];
             if (runner.Ours)
-                ForceCpuVariant(runner.Form);
+                ForceCpuVariant(runner.Variant);
             // Short work runs once unmeasured first: it shall find the caches as it leaves them itself, not
             // as its neighbour does.
             if (contest.ColdCaches)
@@ -213,13 +213,13 @@ bool PeerBench::Compare(const Contest& contest)
             continue;
         Row row;
         row.Title = contest.Title;
-        row.Form = runner.Name;
+        row.Variant = runner.Name;
         const double median = Quantile(runner.Seconds, 0.5);
         row.Ours = median * 1e3;
         row.Spread = (Quantile(runner.Seconds, 0.75) - Quantile(runner.Seconds, 0.25)) * 0.5 / median;
-        if (runner.Form == CpuVariant::Avx2)
+        if (runner.Variant == CpuVariant::Avx2)
             row.AtMost = contest.AtMost;
-        if (runner.Form == CpuVariant::Avx512)
+        if (runner.Variant == CpuVariant::Avx512)
             row.AtMost = contest.AtMostAvx512 > 0.0 ? contest.AtMostAvx512 : contest.AtMost;
         std::string line = Formatted("%9.3f ms", row.Ours);
         if (best != nullptr) {
@@ -233,7 +233,7 @@ bool PeerBench::Compare(const Contest& contest)
                         (row.Ours / row.Theirs > row.AtMost ? "   OVER" : "");
             line += Formatted("   of minima %.3f", row.Quietest);
         }
-        std::printf("%-28s %-7s %s   spread %.0f %%\n", row.Title.c_str(), row.Form.c_str(), line.c_str(),
+        std::printf("%-28s %-7s %s   spread %.0f %%\n", row.Title.c_str(), row.Variant.c_str(), line.c_str(),
                     row.Spread * 100.0);
         Rows.push_back(row);
     }
@@ -259,10 +259,10 @@ std::string PeerBench::Table() const
     std::ostringstream out;
     out << "\n### " << Program << ", " << Machine() << ", " << date << "\n\n"
         << "Medians of runs in turns, one machine, same run. Ratio: our time over the best peer's.\n\n"
-        << "| Work | Form | Ours | Best peer | Ratio | At most | Ratio of minima "
+        << "| Work | Variant | Ours | Best peer | Ratio | At most | Ratio of minima "
            "|\n|---|---|---|---|---|---|---|\n";
     for (const Row& row : Rows) {
-        out << "| " << row.Title << " | " << row.Form << " | " << Formatted("%.3f ms", row.Ours) << " | ";
+        out << "| " << row.Title << " | " << row.Variant << " | " << Formatted("%.3f ms", row.Ours) << " | ";
         if (row.Peer.empty())
             out << "| | | |\n";
         else

@@ -1,6 +1,6 @@
 #pragma once
 
-// Times work of this library beside other libraries that do the same work. Ours in each processor form and
+// Times work of this library beside other libraries that do the same work. Ours in each processor variant and
 // all peers run in turns, so that a busy machine hits everybody alike; what counts is the ratio of medians.
 //
 //     int main(int argc, char** argv)
@@ -38,14 +38,14 @@ struct Peer {
 
 struct Contest {
     std::string           Title;
-    std::function<void()> Run;        // ours; the form to use has been forced before
+    std::function<void()> Run;        // ours; the variant to use has been forced before
     std::function<void()> Prepare;    // not timed; called before each run; may be empty
     std::function<bool()> Check;      // after a run: the result equals the plain reference, byte for byte
-    std::vector<Peer>     Peers;      // none: only times and the ratio to the plain form are printed
-    double                AtMost = 0.0;    // bound of the ratio to the best peer in the AVX2 form; 0: none
+    std::vector<Peer>     Peers;      // none: only times and the ratio to the plain variant are printed
+    double                AtMost = 0.0;    // bound of the ratio to the best peer in the AVX2 variant; 0: none
     double                AtMostAvx512 = 0.0;     // the same for AVX-512; 0: as AtMost
     bool                  ColdCaches = false;     // before each run other memory sweeps the caches, untimed
-    bool                  PlainIsSlow = false;    // the plain form is checked but not timed
+    bool                  PlainIsSlow = false;    // the plain variant is checked but not timed
     int                   Rounds = 0;             // samples of each; 0: as the flag says
 };
 
@@ -53,19 +53,19 @@ class PeerBench {
 public:
     PeerBench(int& argc, char** argv);
 
-    // Checks, times and prints one line per form. False when a check failed: then nothing is timed.
+    // Checks, times and prints one line per variant. False when a check failed: then nothing is timed.
     bool Compare(const Contest& contest);
 
-    // For results that are no comparison of times, kept for the table.
+    // For results that are not a comparison of times, kept for the table.
     void Note(const std::string& line);
 
-    // Prints the table with machine and date and answers the program's exit code.
+    // Prints the table with machine and date and returns the program's exit code.
     int Finish();
 
 private:
     struct Row {
         std::string Title;
-        std::string Form;
+        std::string Variant;
         std::string Peer;            // the best one; empty without peers
         double      Ours = 0.0;      // ms
         double      Theirs = 0.0;    // ms
@@ -92,6 +92,6 @@ private:
 };
 
 // "plain", "sse2", "avx2", "avx512".
-const char* NameOf(vostel::CpuVariant form);
+const char* NameOf(vostel::CpuVariant variant);
 
 }

@@ -167,7 +167,7 @@ TEST_CASE("the key of a message is the low 32 bits")
     CHECK(host.Pixel(19, 100 - 20 - 1 - 1) != 0xB4B4B4);
 }
 
-TEST_CASE("every other message answers true and does nothing")
+TEST_CASE("every other message returns true and does nothing")
 {
     HostCanvas host(0, 100, 100);
     host.ShowFlatGray(20, 20, 7);
@@ -178,7 +178,7 @@ TEST_CASE("every other message answers true and does nothing")
             message == UpMessage || message == WheelMessage)
             continue;
         if (!Send(0, message, Words(MK_LBUTTON | MK_CONTROL, 120), Words(30, 30)))
-            FAIL("message " << message << " answers false");
+            FAIL("message " << message << " returns false");
     }
     host.Move(50, 50, MK_CONTROL);    // would pan after a press
     CHECK(host.Region() == before);
@@ -186,7 +186,7 @@ TEST_CASE("every other message answers true and does nothing")
     CHECK(FrameDifference(host.PaintAndCapture(), frame) == "");
 }
 
-TEST_CASE("no message and no canvas answer true and do nothing")
+TEST_CASE("no message and no canvas return true and do nothing")
 {
     HostCanvas host(0, 100, 100);
     CHECK(gCVSRespondToMessage(nullptr, 0));
@@ -213,7 +213,7 @@ TEST_CASE("gCVSPrepareCanvas gives a black surface of the size and leaves centre
     CHECK(gCVSGetFileType(0) == FileTypeByte);
 }
 
-TEST_CASE("gCVSSetCanvasColor stores the word as it stands into every pixel")
+TEST_CASE("gCVSSetCanvasColor stores its value as it is in every pixel")
 {
     HostCanvas host(0, 100, 100);
     gCVSPrepareCanvas(0, 5, 3);

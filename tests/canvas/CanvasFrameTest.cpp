@@ -44,7 +44,7 @@ TEST_CASE("the region of a zoomed image follows the scale")
     CHECK(host.Region() == CRect(40, 52, 160, 148));
 }
 
-TEST_CASE("both forms of gCVSGetOriPt divide the distance from the region by the scale")
+TEST_CASE("both overloads of gCVSGetOriPt divide the distance from the region by the scale")
 {
     ZoomedCanvas              host;
     PointTemplateBase<double> point;
@@ -71,7 +71,7 @@ TEST_CASE("an image point outside the image is neither rounded nor clamped")
     CHECK(y == 69948.0 / 1.2);
 }
 
-TEST_CASE("both forms of gCVSGetDisplayPt truncate towards zero, also left of the origin")
+TEST_CASE("both overloads of gCVSGetDisplayPt truncate towards zero, also left of the origin")
 {
     ZoomedCanvas host;
     CPoint       point(5, 5);
@@ -301,7 +301,7 @@ TEST_CASE("a number that names no canvas reads as one without anything")
     CHECK(gCVSGetClientMemDC(0) != nullptr);
 }
 
-TEST_CASE("what a host writes through an answer for no canvas is gone at the next call")
+TEST_CASE("what a host writes through the reference for no canvas is gone at the next call")
 {
     gCVSGetRaw(9).Allocate(3, 3);
     CHECK(gCVSGetRawPtr1D(9) == nullptr);

@@ -18,7 +18,7 @@ unsigned int Gray(int value)
     return 0x010101u * static_cast<unsigned int>(value & 0xFF);
 }
 
-// The surface word of a color image by planes of w x h: green is read one and blue two columns further on,
+// The surface pixel of a color image by planes of w x h: green is read one and blue two columns further on,
 // into the next row at the end of a row and as 0 behind the last.
 Frame SkewedFrame(const std::vector<unsigned char>& red, const std::vector<unsigned char>& green,
                   const std::vector<unsigned char>& blue, int w, int h)
@@ -77,7 +77,7 @@ TEST_CASE("a gray image lies on the surface with its row 0 at the bottom end of 
     }
 }
 
-TEST_CASE("the pointer form shows the same gray image and leaves the buffer the host's")
+TEST_CASE("the pointer call shows the same gray image and leaves the buffer the host's")
 {
     HostCanvas                 host(0, 60, 40);
     std::vector<unsigned char> data = NoisePlane(33, 7, 5);
@@ -252,7 +252,7 @@ TEST_CASE("float data that was not kept reads back as -1")
     CHECK(gCVSGetRawPtr1D(0) != nullptr);
 }
 
-TEST_CASE("the pointer form shows float data in the same way and leaves the buffer the host's")
+TEST_CASE("the pointer call shows float data in the same way and leaves the buffer the host's")
 {
     HostCanvas         host(0, 60, 40);
     std::vector<float> data;
@@ -369,7 +369,7 @@ TEST_CASE("a window beyond 0 and 1 is cut to it")
     CHECK(FrameDifference(host.Surface(), whole) == "");
 }
 
-TEST_CASE("windows that are no numbers leave the limits")
+TEST_CASE("windows that are not numbers leave the limits")
 {
     HostCanvas host(0, 60, 40);
     host.ShowFloat(256, 1, [](int x, int) { return x; });

@@ -1,8 +1,8 @@
-// The label plane as a host reads it while a canvas has no objects. Objects stand in ElementRoutingTest.
+// The label image as a host reads it while a canvas has no objects. Objects stand in ElementRoutingTest.
 
 #include "support/HostCanvas.h"
 
-TEST_CASE("without objects every label is 1, and so is the answer")
+TEST_CASE("without objects every label is 1, and so is the result")
 {
     HostCanvas host(0, 60, 40);
     host.ShowFlatGray(7, 5, 0);
@@ -16,7 +16,7 @@ TEST_CASE("without objects every label is 1, and so is the answer")
     }
 }
 
-TEST_CASE("the pointer exports answer the label container's own pointers")
+TEST_CASE("the pointer exports return the label container's own pointers")
 {
     HostCanvas host(0, 60, 40);
     host.ShowFlatGray(7, 5, 0);
@@ -56,7 +56,7 @@ TEST_CASE("showing float data and every change of its contrast generate labels a
     CHECK(gCVSGetLabelIma(0).Ptr2D[3][5] == 1);
 }
 
-TEST_CASE("a host that releases or resizes the label plane harms nothing")
+TEST_CASE("a host that releases or resizes the label image harms nothing")
 {
     HostCanvas host(0, 60, 40);
     host.ShowFloat(6, 4, [](int x, int) { return x; });
@@ -80,7 +80,7 @@ TEST_CASE("labels of an image without pixels are none")
     CHECK(gCVSGetLabelIma(0).Height == 0);
 }
 
-TEST_CASE("a number that names no canvas answers 1 and makes no labels")
+TEST_CASE("a number that names no canvas gives 1 and makes no labels")
 {
     CHECK(gCVSGenerateLabel(-1, false) == 1);
     CHECK(gCVSGenerateLabel(5, true) == 1);

@@ -23,7 +23,7 @@ std::vector<unsigned char> BytesOf(const std::vector<T>& values, std::size_t hea
     return bytes;
 }
 
-// A canvas whose load dialog answers Layout; Asked counts the dialogs.
+// A canvas whose load dialog returns Layout; Asked counts the dialogs.
 struct LoadingCanvas : HostCanvas {
     TempFolder        Folder;
     tagZEKImaLoadPara Layout;
@@ -69,8 +69,8 @@ struct LoadingCanvas : HostCanvas {
     std::vector<int> Grays() const
     {
         std::vector<int> grays;
-        for (const unsigned int word : Surface().Words)
-            grays.push_back(word == 0x010101u * (word & 0xFF) ? static_cast<int>(word & 0xFF) : -1);
+        for (const unsigned int pixel : Surface().Pixels)
+            grays.push_back(pixel == 0x010101u * (pixel & 0xFF) ? static_cast<int>(pixel & 0xFF) : -1);
         return grays;
     }
 
@@ -204,7 +204,7 @@ TEST_CASE("float data is kept as it came only on request")
     CHECK(gCVSGetRawPtr1D(0) != nullptr);
 }
 
-TEST_CASE("a missing file is told and shown as zeros, whatever the element type")
+TEST_CASE("a missing file is reported and shown as zeros, whatever the element type")
 {
     LoadingCanvas host;
     for (const int type : {UShort, Float, Short, Byte}) {
@@ -357,7 +357,7 @@ TEST_CASE("input limits in the wrong order clamp at their own ends, off the ramp
     CHECK(host.Grays() == std::vector<int>{0, 0, 100, 200, 200});
 }
 
-TEST_CASE("limits that are no numbers are taken without a crash")
+TEST_CASE("limits that are not numbers are taken without a crash")
 {
     LoadingCanvas host;
     const float   nan = std::nanf("");
@@ -399,7 +399,7 @@ TEST_CASE("sizes that a file cannot have show nothing and take no memory")
     CHECK(gCVSGetFileType(0) == FileTypeRaw);
 }
 
-TEST_CASE("a missing file is told also at a size that is not shown as zeros")
+TEST_CASE("a missing file is reported also at a size that is not shown as zeros")
 {
     LoadingCanvas host;
     host.ShowFlatGray(3, 3, 100);
@@ -448,7 +448,7 @@ TEST_CASE("a file whose name is not of this alphabet is found")
     CHECK(host.Original() == std::vector<float>{4.0f, 5.0f});
 }
 
-TEST_CASE("empty and odd paths are answered without a crash")
+TEST_CASE("empty and odd paths do not crash")
 {
     LoadingCanvas host;
     host.Describe(2, 1, Byte);
@@ -457,14 +457,14 @@ TEST_CASE("empty and odd paths are answered without a crash")
         CString path(text);
         CHECK(gCVSReadFile(0, path, true));
     }
-    CString path = host.Folder.WidePath();    // a folder without extension is no raw file
+    CString path = host.Folder.WidePath();    // a folder without extension is not a raw file
     host.Asked = 0;
     CHECK(gCVSReadFile(0, path, true));
     CHECK(host.Asked == 0);
     CHECK(gCVSGetFileType(0) == FileTypeNone);
 }
 
-TEST_CASE("a number that names no canvas asks nobody and answers true")
+TEST_CASE("a number that names no canvas asks nobody and returns true")
 {
     LoadingCanvas host;
     host.Write("a.raw", std::vector<unsigned char>{1, 2});

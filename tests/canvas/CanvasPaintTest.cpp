@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr COLORREF DeskColor = 0x998877;
+constexpr COLORREF BackgroundColor = 0x998877;
 constexpr COLORREF DeskLine = 0x808080;
 
 void SelectDrawDelete(HDC dc, HGDIOBJ pen, HGDIOBJ brush, const CRect& r)
@@ -23,13 +23,13 @@ void SelectDrawDelete(HDC dc, HGDIOBJ pen, HGDIOBJ brush, const CRect& r)
 void DrawDesk(HDC dc, const CRect& client)
 {
     const HPEN   pen = CreatePen(PS_SOLID, 1, DeskLine);
-    const HBRUSH ground = CreateSolidBrush(DeskColor);
+    const HBRUSH background = CreateSolidBrush(BackgroundColor);
     const HBRUSH hatch = CreateHatchBrush(HS_DIAGCROSS, DeskLine);
     SetBkMode(dc, TRANSPARENT);
-    SelectDrawDelete(dc, pen, ground, client);
+    SelectDrawDelete(dc, pen, background, client);
     SelectDrawDelete(dc, pen, hatch, client);
     DeleteObject(pen);
-    DeleteObject(ground);
+    DeleteObject(background);
     DeleteObject(hatch);
 }
 
@@ -101,7 +101,7 @@ int Noise(int x, int y)
 
 }
 
-TEST_CASE("a canvas without an image paints the hatched desk with a gray rim")
+TEST_CASE("a canvas without an image paints the hatched background with a gray rim")
 {
     HostCanvas  host(0, 40, 24);
     const Frame frame = host.PaintAndCapture();
@@ -110,17 +110,17 @@ TEST_CASE("a canvas without an image paints the hatched desk with a gray rim")
         CHECK(frame.At(x, 0) == 0x808080);
         CHECK(frame.At(x, 23) == 0x808080);
     }
-    int ground = 0;
-    for (const unsigned int word : frame.Words) {
-        if (word == 0x778899)
-            ++ground;
-        else if (word != 0x808080)
-            FAIL_CHECK("a pixel of " << word << " on the desk");
+    int background = 0;
+    for (const unsigned int pixel : frame.Pixels) {
+        if (pixel == 0x778899)
+            ++background;
+        else if (pixel != 0x808080)
+            FAIL_CHECK("a pixel of " << pixel << " on the background");
     }
-    CHECK(ground > 40 * 24 / 2);
+    CHECK(background > 40 * 24 / 2);
 }
 
-TEST_CASE("the image lies over the desk and its outline, row 0 at the top")
+TEST_CASE("the image lies over the background and its outline, row 0 at the top")
 {
     HostCanvas host(0, 60, 40);
     host.ShowGray(20, 10, Noise);
@@ -200,7 +200,7 @@ TEST_CASE("fast display shows pixels of the image only, quality display mixes th
         host.Wheel(50, 50, 1);
 }
 
-TEST_CASE("a surface that cannot be made leaves the image's blue outline on the desk")
+TEST_CASE("a surface that cannot be made leaves the image's blue outline on the background")
 {
     HostCanvas host(0, 60, 40);
     gCVSPrepareCanvas(0, 20, 10);

@@ -72,7 +72,7 @@ struct Limits {
     }
 };
 
-unsigned int WordOf(float raw, const Limits& limits)
+unsigned int PixelOf(float raw, const Limits& limits)
 {
     const int i = Trunc(raw) & 0xFFFF;
     int       g = 0;
@@ -119,7 +119,7 @@ std::string Compare(HostCanvas& host, const std::vector<float>& data, int width,
         }
         Frame expected(width, height);
         for (int i = 0; i < width * height; ++i)
-            expected.Words[static_cast<std::size_t>(i)] = WordOf(raw[static_cast<std::size_t>(i)], limits);
+            expected.Pixels[static_cast<std::size_t>(i)] = PixelOf(raw[static_cast<std::size_t>(i)], limits);
         const std::string difference = FrameDifference(host.Surface(), expected);
         if (!difference.empty())
             return "window " + std::to_string(w) + ": " + difference;
@@ -144,7 +144,7 @@ std::vector<float> Spread(const std::vector<float>& values, int count)
 
 }
 
-TEST_CASE("a ramp of floats shows as the told grays through every window")
+TEST_CASE("a ramp of floats shows as the expected grays through every window")
 {
     HostCanvas         host(0, 60, 40);
     std::vector<float> data;
@@ -260,6 +260,6 @@ TEST_CASE("the slider's window is applied to a new image after the whole range")
     limits.Take({0.25f, 1.0f});
     Frame expected(64, 8);
     for (int i = 0; i < 64 * 8; ++i)
-        expected.Words[static_cast<std::size_t>(i)] = WordOf(gCVSGetRawPtr1D(0)[i], limits);
+        expected.Pixels[static_cast<std::size_t>(i)] = PixelOf(gCVSGetRawPtr1D(0)[i], limits);
     CHECK(FrameDifference(host.Surface(), expected) == "");
 }

@@ -402,7 +402,7 @@ TEST_CASE("after random additions and deletions the regions are numbered without
 }
 
 TEST_CASE(
-    "labels with objects that are no regions: none without a selection, ones only where nothing is selected")
+    "labels with objects that are not regions: none without a selection, ones only where nothing is selected")
 {
     OwnCanvas    host;
     VostelImage& canvas = *host.Canvas;

@@ -1,4 +1,4 @@
-// Who gets which event, and what becomes of objects: seen through objects that write down what they are told.
+// Who gets which event, and what becomes of objects: seen through objects that write down their calls.
 
 #include "canvas/exports/CanvasTable.h"
 #include "support/HostCanvas.h"

@@ -248,7 +248,7 @@ TEST_CASE("a byte image has no float plane, and its file is empty")
     CHECK(saving.Exists("a.raw"));
 }
 
-TEST_CASE("the label plane holds all regions as integers, the bottom row of the image first")
+TEST_CASE("the label image holds all regions as integers, the bottom row of the image first")
 {
     SavingHost saving;
     saving.Host.ShowFlatGray(Width, Height, 9);

@@ -1,4 +1,4 @@
-// gCVSReadFile on pictures: depths, extensions, files that are none.
+// gCVSReadFile on pictures: depths, extensions, files that are not pictures.
 
 #include "support/HostCanvas.h"
 #include "support/TempFolder.h"

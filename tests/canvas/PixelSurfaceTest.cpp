@@ -32,15 +32,15 @@ struct Placed {
     // y counts from the top.
     unsigned int At(int x, int y) const { return Surface.PixelAt(x, Surface.Height - 1 - y); }
 
-    // Every pixel its own word: 0x00yyxx7F from the top left on.
+    // Every pixel its own value: 0x00yyxx7F from the top left on.
     void Number()
     {
         GdiFlush();
         for (int y = 0; y < Surface.Height; ++y)
             for (int x = 0; x < Surface.Width; ++x)
-                Surface.Pixels[(Surface.Height - 1 - y) * Surface.Width + x] = WordOf(x, y);
+                Surface.Pixels[(Surface.Height - 1 - y) * Surface.Width + x] = PixelOf(x, y);
     }
-    static unsigned int WordOf(int x, int y)
+    static unsigned int PixelOf(int x, int y)
     {
         return static_cast<unsigned int>(y) << 16 | static_cast<unsigned int>(x) << 8 | 0x7F;
     }
@@ -121,12 +121,12 @@ TEST_CASE("a section bitmap of the helper has 32 bits, no padding and rows from 
     CHECK(facts.bmHeight == 2);
     CHECK(facts.bmWidthBytes == 12);
     CHECK(facts.bmBitsPixel == 32);
-    unsigned int* const words = static_cast<unsigned int*>(bits);
+    unsigned int* const pixels = static_cast<unsigned int*>(bits);
     for (int i = 0; i < 6; ++i)
-        CHECK(words[i] == 0);
-    // The first word is the lower left pixel: copy it into a window and look.
-    words[0] = 0x112233;
-    words[5] = 0x445566;
+        CHECK(pixels[i] == 0);
+    // The first pixel is the lower left pixel: copy it into a window and look.
+    pixels[0] = 0x112233;
+    pixels[5] = 0x445566;
     const HDC     dc = CreateCompatibleDC(nullptr);
     const HGDIOBJ before = SelectObject(dc, bitmap);
     MemoryWindow  window(3, 2);
@@ -241,7 +241,7 @@ TEST_CASE("a surface without rows has an empty table")
     CHECK(surface.CreateRowTable() != nullptr);
 }
 
-TEST_CASE("rows of one, three and four bytes a pixel become words, turned over")
+TEST_CASE("rows of one, three and four bytes per pixel become pixels, turned over")
 {
     const Bytes bytes = {1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 12,    //
                          21, 22, 23, 24, 25, 26, 27, 28, 29, 30, 31, 32};
@@ -398,7 +398,7 @@ TEST_CASE(
         Frame expected(20, 10, 0x010203);
         for (int y = 0; y < 4; ++y)
             for (int x = 0; x < 6; ++x)
-                expected.At(7 + x, 3 + y) = Placed::WordOf(x, y);
+                expected.At(7 + x, 3 + y) = Placed::PixelOf(x, y);
         CHECK(placed.View.DisplayRect == CRect(7, 3, 13, 7));
         CHECK(FrameDifference(window.Capture(), expected) == "");
         CHECK(placed.View.SourceRect == CRect(0, 0, 6, 4));
@@ -420,7 +420,7 @@ TEST_CASE("an image twice the size takes its visible part alone")
     Frame expected(40, 20);
     for (int y = 0; y < 20; ++y)
         for (int x = 0; x < 40; ++x)
-            expected.At(x, y) = Placed::WordOf(10 + x / 2, 5 + y / 2);
+            expected.At(x, y) = Placed::PixelOf(10 + x / 2, 5 + y / 2);
     CHECK(FrameDifference(window.Capture(), expected) == "");
     CHECK(placed.View.SourceRect.left > 0);
     CHECK(placed.View.SourceRect.right < 40);
@@ -438,7 +438,7 @@ TEST_CASE("an image that overhangs one corner is cut there")
     Frame expected(20, 20, 0x010203);
     for (int y = 0; y < 6; ++y)
         for (int x = 0; x < 6; ++x)
-            expected.At(x, 14 + y) = Placed::WordOf(2 + x, y);
+            expected.At(x, 14 + y) = Placed::PixelOf(2 + x, y);
     CHECK(FrameDifference(window.Capture(), expected) == "");
 }
 
@@ -513,7 +513,7 @@ TEST_CASE("an empty display rectangle copies nothing and keeps the source rectan
     }
 }
 
-TEST_CASE("a stretch mode that is neither copies nothing but tells what is visible")
+TEST_CASE("a stretch mode that is neither copies nothing but notes what is visible")
 {
     for (const int mode : {1, 2, 0, 5, -1}) {
         Placed placed(6, 4, 20, 10);
@@ -580,12 +580,12 @@ TEST_CASE("zooming in at the centre shrinks the source until four rows are left,
     CHECK(lastRows >= 1);
 }
 
-TEST_CASE("a word is read by its memory row, and outside the surface it is 0")
+TEST_CASE("a pixel is read by its memory row, and outside the surface it is 0")
 {
     Placed placed(3, 2, 10, 10);
     placed.Number();
-    CHECK(placed.Surface.PixelAt(2, 0) == Placed::WordOf(2, 1));
-    CHECK(placed.Surface.PixelAt(0, 1) == Placed::WordOf(0, 0));
+    CHECK(placed.Surface.PixelAt(2, 0) == Placed::PixelOf(2, 1));
+    CHECK(placed.Surface.PixelAt(0, 1) == Placed::PixelOf(0, 0));
     for (const CPoint out :
          {CPoint(-1, 0), CPoint(3, 0), CPoint(0, -1), CPoint(0, 2), CPoint(INT_MIN, INT_MAX)})
         CHECK(placed.Surface.PixelAt(out.x, out.y) == 0);

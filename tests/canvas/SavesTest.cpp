@@ -44,7 +44,7 @@ TEST_CASE("each save asks once, by the dialog for pictures or the one for raw pl
     }
 }
 
-TEST_CASE("a cancelled dialog writes nothing, tells nothing and leaves the canvas as it was")
+TEST_CASE("a cancelled dialog writes nothing, shows no message and leaves the canvas as it was")
 {
     SavingHost saving;
     saving.ShowPicture();
@@ -78,7 +78,7 @@ TEST_CASE("a user who types NULL counts as one who cancelled")
     CHECK_FALSE(std::filesystem::exists("NULL"));
 }
 
-TEST_CASE("without an image the user is asked and then only the label plane is written")
+TEST_CASE("without an image the user is asked and then only the label image is written")
 {
     SavingHost saving;
     saving.Host.Paint();
@@ -94,7 +94,7 @@ TEST_CASE("without an image the user is asked and then only the label plane is w
     CHECK(saving.Requests.size() == 6);
 }
 
-TEST_CASE("the label plane is rebuilt before its dialog is cancelled")
+TEST_CASE("the label image is rebuilt before its dialog is cancelled")
 {
     SavingHost saving;
     saving.ShowPicture();
@@ -216,7 +216,7 @@ TEST_CASE("other selected shapes crop nothing")
     CHECK(Load(saving.Save(gCVSSaveNowShowIma, "d.bmp")).Width == Width);
 }
 
-TEST_CASE("a picture of the client area that cannot be written is told, whatever stands in the way")
+TEST_CASE("a picture of the client area that cannot be written is reported, whatever stands in the way")
 {
     SavingHost saving;
     saving.ShowPicture();
@@ -235,7 +235,7 @@ TEST_CASE("a picture of the client area that cannot be written is told, whatever
     }
 }
 
-TEST_CASE("a rectangle without a box cannot be saved from the client area, and that is told")
+TEST_CASE("a rectangle without a box cannot be saved from the client area, and that is reported")
 {
     SavingHost saving;
     saving.ShowPicture();

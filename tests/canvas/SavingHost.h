@@ -1,7 +1,7 @@
 #pragma once
 
-// A canvas whose saves are answered by a test, and what came of them. The image fills the client area at
-// scale 1, so that client and image pixels agree.
+// A canvas whose save dialogs a test replaces, and the files that came of them. The image fills the client
+// area at scale 1, so that client and image pixels agree.
 
 #include "support/HostCanvas.h"
 #include "support/TempFolder.h"
@@ -36,7 +36,7 @@ struct SavingHost {
         };
     }
 
-    // A picture in which every pixel tells its place.
+    // A picture in which every pixel encodes its place.
     void ShowPicture()
     {
         Host.ShowGray(Width, Height, [](int x, int y) { return (x * 3 + y * 7) & 0xFF; });
@@ -111,17 +111,17 @@ inline Frame Part(const Frame& whole, const CRect& box)
     return part;
 }
 
-inline int Count(const Frame& frame, unsigned int word)
+inline int Count(const Frame& frame, unsigned int value)
 {
     int count = 0;
-    for (const unsigned int pixel : frame.Words)
-        count += pixel == word ? 1 : 0;
+    for (const unsigned int pixel : frame.Pixels)
+        count += pixel == value ? 1 : 0;
     return count;
 }
 
 inline unsigned int Word32(const std::vector<unsigned char>& bytes, std::size_t at)
 {
-    unsigned int word = 0;
-    std::memcpy(&word, bytes.data() + at, sizeof word);
-    return word;
+    unsigned int value = 0;
+    std::memcpy(&value, bytes.data() + at, sizeof value);
+    return value;
 }

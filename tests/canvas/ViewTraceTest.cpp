@@ -151,7 +151,7 @@ public:
                                    What + "): " + wrong;
     }
 
-    // Takes the scale to about 1 and answers it.
+    // Takes the scale to about 1 and returns it.
     double ComeBack()
     {
         gCVSSetCanvasMoveMode(Host.Number, DisplayZoomCentre);

@@ -168,7 +168,7 @@ TEST_CASE("a polygon of two points writes their line, of one point nothing; both
     CHECK(host.LabelAt(45, 45) == 4);
 }
 
-TEST_CASE("a rectangle that was added and not drawn has no region but gives the answer")
+TEST_CASE("a rectangle that was added and not drawn has no region but gives the result")
 {
     LabelCanvas host;
     gCVSAddMRectangle(host.Number);
@@ -177,7 +177,7 @@ TEST_CASE("a rectangle that was added and not drawn has no region but gives the 
     CHECK(host.Count(0) == 8000);
 }
 
-TEST_CASE("only text leaves the plane at 0 with the answer 1, selected or not")
+TEST_CASE("only text leaves the label image at 0 with the result 1, selected or not")
 {
     LabelCanvas host;
     gCVSAddTextOL(host.Number, L"text", 60, 60, FontRed22Framed, 1, 0, 20);
@@ -285,8 +285,8 @@ TEST_CASE("a contrast change redraws the selected region alone, and everything w
     int         outside = 0;
     for (int y = 0; y < 80; ++y) {
         for (int x = 0; x < 100; ++x) {
-            const bool changed = before.Words[static_cast<std::size_t>(y * 100 + x)] !=
-                                 after.Words[static_cast<std::size_t>(y * 100 + x)];
+            const bool changed = before.Pixels[static_cast<std::size_t>(y * 100 + x)] !=
+                                 after.Pixels[static_cast<std::size_t>(y * 100 + x)];
             (x >= 10 && x <= 29 && y >= 10 && y <= 29 ? inside : outside) += changed;
         }
     }
@@ -297,7 +297,7 @@ TEST_CASE("a contrast change redraws the selected region alone, and everything w
     gCVSSetLutPara(host.Number, 0.25f, 0.5f);
     const Frame whole = host.Surface();
     outside = 0;
-    for (std::size_t i = 0; i < whole.Words.size(); ++i)
-        outside += whole.Words[i] != before.Words[i];
+    for (std::size_t i = 0; i < whole.Pixels.size(); ++i)
+        outside += whole.Pixels[i] != before.Pixels[i];
     CHECK(outside > 3500);
 }

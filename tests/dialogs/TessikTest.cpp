@@ -39,15 +39,15 @@ TEST_CASE("the text is first in the general record")
     CHECK(offsetof(tagZEKImaGeneralPara, Value) == 0);
 }
 
-TEST_CASE("a replaced layout dialog fills the caller's record and its answer is passed on")
+TEST_CASE("a replaced layout dialog fills the caller's record and its result is passed on")
 {
     const OwnDialogsAgain again;
     TessikDialogs         dialogs;
-    bool                  answer = true;
-    dialogs.ImaLoadPara = [&answer](tagZEKImaLoadPara& para) {
+    bool                  result = true;
+    dialogs.ImaLoadPara = [&result](tagZEKImaLoadPara& para) {
         para.Width += 640;
         para.OutHigh = 255.0f;
-        return answer;
+        return result;
     };
     dialogs.ImaROIRectPara = [](tagZEKImaROIRectPara&) { return false; };
     gDlgSetDialogs(dialogs);
@@ -57,19 +57,19 @@ TEST_CASE("a replaced layout dialog fills the caller's record and its answer is 
     CHECK(gDlgGetImaLoadPara(para));
     CHECK(para.Width == 642);
     CHECK(para.OutHigh == 255.0f);
-    answer = false;
+    result = false;
     CHECK_FALSE(gDlgGetImaLoadPara(para));
     CHECK(para.Width == 1282);
 }
 
-TEST_CASE("a replaced rectangle dialog fills the caller's record and its answer is passed on")
+TEST_CASE("a replaced rectangle dialog fills the caller's record and its result is passed on")
 {
     const OwnDialogsAgain again;
     TessikDialogs         dialogs;
-    bool                  answer = true;
-    dialogs.ImaROIRectPara = [&answer](tagZEKImaROIRectPara& para) {
+    bool                  result = true;
+    dialogs.ImaROIRectPara = [&result](tagZEKImaROIRectPara& para) {
         para = {1, 30, 2, 40};
-        return answer;
+        return result;
     };
     gDlgSetDialogs(dialogs);
 
@@ -79,20 +79,20 @@ TEST_CASE("a replaced rectangle dialog fills the caller's record and its answer 
     CHECK(para.RoiRight == 30);
     CHECK(para.RoiTop == 2);
     CHECK(para.RoiBottom == 40);
-    answer = false;
+    result = false;
     CHECK_FALSE(gDlgGetImaROIRectPara(para));
 }
 
-TEST_CASE("a replaced text dialog sees the section and the file and its answer is passed on")
+TEST_CASE("a replaced text dialog sees the section and the file and its result is passed on")
 {
     const OwnDialogsAgain again;
     TessikDialogs         dialogs;
-    bool                  answer = true;
+    bool                  result = true;
     CString               seen;
     dialogs.ImaGeneralPara = [&](tagZEKImaGeneralPara& para, CString& section, CString& file) {
         seen = section + L"|" + file;
         para.Value = L"0.25 毫米";
-        return answer;
+        return result;
     };
     gDlgSetDialogs(dialogs);
 
@@ -101,7 +101,7 @@ TEST_CASE("a replaced text dialog sees the section and the file and its answer i
     CHECK(gDlgGetImaGeneralParaV2(para, section, file));
     CHECK(seen == L"TextInfo|TextInfo.ini");
     CHECK(para.Value == L"0.25 毫米");
-    answer = false;
+    result = false;
     CHECK_FALSE(gDlgGetImaGeneralParaV2(para, section, file));
 }
 

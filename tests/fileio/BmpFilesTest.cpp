@@ -4,7 +4,7 @@
 
 using namespace bmp_test;
 
-TEST_CASE("a gray file's header holds the told value in every field")
+TEST_CASE("a gray file's header holds the right value in every field")
 {
     const TempFolder folder;
     std::mt19937     random(1);
@@ -30,7 +30,7 @@ TEST_CASE("a gray file's header holds the told value in every field")
     CHECK(Get(bytes, 50, 4) == 0);
 }
 
-TEST_CASE("a color file's header holds the told value in every field")
+TEST_CASE("a color file's header holds the right value in every field")
 {
     const TempFolder folder;
     std::mt19937     random(2);

@@ -41,7 +41,7 @@ inline long long RowBytesOf(long long bits, long long width)
     return (bits * width / 8 + 3) / 4 * 4;
 }
 
-// A header that tells the size and depth; all else is noise, which no reader may mind.
+// A header with size and depth; all else is noise, which every reader has to ignore.
 inline Bytes NoisyHeader(std::mt19937& random, int width, int height, int bits)
 {
     Bytes bytes(bits == 8 ? 54 + 1024 : 54);

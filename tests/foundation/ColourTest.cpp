@@ -242,7 +242,7 @@ TEST_CASE("the end given to a ramp's color is not used, the start is")
     CHECK(Is(c.GetRangeColor(2, ClassRGB(200, 200, 200), ClassRGB(9, 9, 9)), 44, 44, 44));    // wraps
 }
 
-TEST_CASE("a ramp of one color has steps that are no numbers, and asking it does no harm")
+TEST_CASE("a ramp of one color has steps that are not numbers, and asking it does no harm")
 {
     const ClassRGB black(0, 0, 0);
     ClassRGB       c(0, 0, 0);

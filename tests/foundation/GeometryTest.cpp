@@ -414,7 +414,7 @@ TEST_CASE("the azimuth adds in double and rounds once")
     }
 }
 
-TEST_CASE("an azimuth of what is no number is 0")
+TEST_CASE("an azimuth of what is not a number is 0")
 {
     CHECK(StructVector2f(std::nanf(""), 1.0f).GetAngle() == 0.0f);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-// Colors of the on-canvas controls, as words 0x00RRGGBB, and a view to place them in.
+// Colors of the on-canvas controls, as pixels 0x00RRGGBB, and a view to place them in.
 
 #include "canvas/view/CanvasView.h"
 #include "support/HostCanvas.h"

@@ -74,13 +74,13 @@ TEST_CASE("releasing a dragged thumb changes the contrast of float data")
     gCVSShowContrastCtrl(0, true);
     gCVSSetContrastCtrlRectPos(0, 20, 20, 400, 30);
     host.ShowFloat(4, 1, [](int x, int) { return x; });
-    CHECK(host.Surface().Words == std::vector<unsigned int>{0x000000, 0x555555, 0xAAAAAA, 0xFFFFFF});
+    CHECK(host.Surface().Pixels == std::vector<unsigned int>{0x000000, 0x555555, 0xAAAAAA, 0xFFFFFF});
     host.Press(85, 260);
     host.Move(85 + 163, 260, MK_LBUTTON);
     CHECK(host.Surface().At(1, 0) == 0x555555);    // nothing before the release
     host.Release(85 + 163, 260);
     // The window is now 32767 to 65535: 43690 is a third of it.
-    CHECK(host.Surface().Words == std::vector<unsigned int>{0x000000, 0x000000, 0x555555, 0xFFFFFF});
+    CHECK(host.Surface().Pixels == std::vector<unsigned int>{0x000000, 0x000000, 0x555555, 0xFFFFFF});
     const Frame drawn = host.PaintAndCapture();
     CHECK(drawn.At(82 + 163, 260) == DarkThumb);
     CHECK(drawn.At(82 + 162, 260) == Face);

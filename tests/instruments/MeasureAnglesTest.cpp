@@ -119,7 +119,7 @@ TEST_CASE("degrees come from the short circle constant, so that a straight angle
     std::swprintf(expected, 40, L"角度 = %3.3f 度", std::acos(-1.0) * 57.295780490442965);
     CHECK(angle.Label.Text == expected);
     CHECK(std::acos(-1.0) * 57.295780490442965 > 180.0);
-    // With the full constant this one is 159.0752...; the third decimal tells.
+    // With the full constant this one is 159.0752...; the third decimal shows it.
     DragHandle(scene, CPoint(120, 280), CPoint(133, 234));
     CHECK(angle.Label.Text == L"角度 = 159.076 度");
 }
@@ -201,7 +201,7 @@ TEST_CASE("a further Shift press starts the shape over and places the caption an
     CHECK(angle.Label.ClientBox.top == 137);
 }
 
-TEST_CASE("an arm without length gives an angle that is no number, printed as such")
+TEST_CASE("an arm without length gives an angle that is not a number, printed as such")
 {
     OverlayScene            scene;
     VostelMeasureAngle3Pts& angle = Place3(scene, CPoint(120, 200));
@@ -229,7 +229,7 @@ TEST_CASE("an angle's caption that has not been painted yet measures nothing")
     scene.Release(120, 200);
 }
 
-TEST_CASE("a Shift press without a view is told and starts at 0, 0")
+TEST_CASE("a Shift press without a view is reported and starts at 0, 0")
 {
     for (const bool three : {true, false}) {
         OverlayScene scene;
@@ -322,7 +322,7 @@ TEST_CASE("parallel lines put the crossing where the truncation of an infinite v
     CHECK(angle.Label.Text == L"角度 = 90.000 度");
 }
 
-TEST_CASE("a line without length in the four-point form has no direction, and that ends in an outcome too")
+TEST_CASE("a line without length in the four-point angle has no direction, and that ends in an outcome too")
 {
     OverlayScene            scene(600, 400);
     VostelMeasureAngle4Pts& angle = Place4(scene, CPoint(300, 300));
@@ -331,7 +331,7 @@ TEST_CASE("a line without length in the four-point form has no direction, and th
     scene.Paint();
 }
 
-TEST_CASE("the four-point form measures on whole client pixels, the three-point form on the image")
+TEST_CASE("the four-point angle measures on whole client pixels, the three-point angle on the image")
 {
     OverlayScene            scene(600, 400);
     VostelMeasureAngle3Pts& three = Place3(scene, CPoint(200, 300));

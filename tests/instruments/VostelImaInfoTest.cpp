@@ -34,7 +34,7 @@ TEST_CASE("a read-out is a panel of kind 14 with the canvas as its source")
     CHECK(scene.Canvas().Elements.size() == 2);
 }
 
-TEST_CASE("the read-out of a byte image tells position and the three colors")
+TEST_CASE("the read-out of a byte image gives position and the three colors")
 {
     OverlayScene scene;
     gCVSAddInfoWin(0);
@@ -77,7 +77,7 @@ TEST_CASE("positions are truncated, and the row is truncated after it has been c
     CHECK(LinesOf(scene) == Lines{L"0 10", L"R = 0 G=0 B=11"});
 }
 
-TEST_CASE("the read-out of float data tells the value as it came and the stretched one")
+TEST_CASE("the read-out of float data gives the value as it came and the stretched one")
 {
     OverlayScene scene;
     scene.ShowFloat(400, 300, [](int x, int y) { return x == 0 && y == 0 ? -1.0f : x == 10 ? 2.5f : 3.0f; });
@@ -174,7 +174,7 @@ TEST_CASE("a read-out without a canvas only follows its drag")
     CHECK(desktop.Messages.empty());
 }
 
-TEST_CASE("a read-out without a view tells that and reads at the first pixel")
+TEST_CASE("a read-out without a view reports that and reads at the first pixel")
 {
     OverlayScene  scene;
     VostelImaInfo readOut;

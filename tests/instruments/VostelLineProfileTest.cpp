@@ -168,8 +168,8 @@ TEST_CASE(
     // The curve: at the bottom in the dark half, at the top in the light one, upright between.
     CHECK(scene.Count(CRect(31, 31, 541, 179), 0xFF0000) > 100);
     CHECK(scene.Count(CRect(31, 60, 541, 150), 0xFF0000) >= 90);
-    CHECK(scene.Count(CRect(33, 33, 300, 58), [](unsigned int word) {
-        return BlueOf(word) > RedOf(word) + 40;
+    CHECK(scene.Count(CRect(33, 33, 300, 58), [](unsigned int pixel) {
+        return BlueOf(pixel) > RedOf(pixel) + 40;
     }) > 50);    // the caption is blue
     SetEnds(scene, profile, {100.0, 300.0}, {105.0, 300.0});
     scene.Paint();

@@ -53,7 +53,7 @@ TEST_CASE("a new length measure is the selected index, and its flag is not set")
     CHECK(scene.Last<VostelMeasureLine>().TypeSerial == 1);
 }
 
-TEST_CASE("a drawn line tells its length with three decimals, live and after the release")
+TEST_CASE("a drawn line shows its length with three decimals, live and after the release")
 {
     MeasureScene scene;
     gCVSAddMeasureLine(0, 0.0);
@@ -281,7 +281,7 @@ TEST_CASE("a release before the line has its points places no caption")
     CHECK(line.Label.Text == L"长度 = 50.000 mm");
 }
 
-TEST_CASE("a press before any mouse move tells that the view is missing and starts at 0, 0")
+TEST_CASE("a press before any mouse move reports that the view is missing and starts at 0, 0")
 {
     MeasureScene scene;
     gCVSAddMeasureLine(0, 0.0);
@@ -297,7 +297,7 @@ TEST_CASE("a press before any mouse move tells that the view is missing and star
     scene.Paint();
 }
 
-TEST_CASE("scales that are no numbers print without a sign, and infinite ones as such")
+TEST_CASE("scales that are not numbers print without a sign, and infinite ones as such")
 {
     MeasureScene scene;
     gCVSSetMeasureScale(0, -std::numeric_limits<double>::quiet_NaN());

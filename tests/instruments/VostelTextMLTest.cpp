@@ -14,9 +14,9 @@ CRect LineSize(const wchar_t* line)
     return gCVSGetTextRectOL(0, line, 0, 0, FontCustom, 1, 255, 20);
 }
 
-bool IsInk(unsigned int word)
+bool IsInk(unsigned int pixel)
 {
-    return word != 0x646464;
+    return pixel != 0x646464;
 }
 
 }
@@ -79,8 +79,8 @@ TEST_CASE("the lines are red, each centred on its own row, without frame or fill
     }
     CHECK(scene.Count(scene.Whole(), IsInk) == scene.Count(box, IsInk));
     CHECK(scene.Count(box, 0xFFFFFF) == 0);
-    CHECK(scene.Count(box, [](unsigned int word) {
-        return IsInk(word) && (RedOf(word) < 0x64 || GreenOf(word) > 0x64 || BlueOf(word) > 0x64);
+    CHECK(scene.Count(box, [](unsigned int pixel) {
+        return IsInk(pixel) && (RedOf(pixel) < 0x64 || GreenOf(pixel) > 0x64 || BlueOf(pixel) > 0x64);
     }) == 0);
     // The margin to the left stays free.
     CHECK(scene.Count(CRect(box.left, box.top, box.left + 5, box.bottom), IsInk) == 0);

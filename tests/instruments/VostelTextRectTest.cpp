@@ -31,9 +31,9 @@ struct PlacedBox {
     }
 };
 
-bool IsGray(unsigned int word)
+bool IsGray(unsigned int pixel)
 {
-    return RedOf(word) == GreenOf(word) && GreenOf(word) == BlueOf(word);
+    return RedOf(pixel) == GreenOf(pixel) && GreenOf(pixel) == BlueOf(pixel);
 }
 
 }
@@ -166,18 +166,20 @@ TEST_CASE("the five styles: color of the letters and white box or none")
         gCVSAddTextOL(0, L"HELLO", 100, 100, style.Font, style.BkMode, style.Color, 30);
         scene.Paint();
         const CRect        box = scene.Last<VostelTextRect>().ClientBox;
-        const unsigned int ground = style.White ? 0xFFFFFF : 0x808080;
+        const unsigned int background = style.White ? 0xFFFFFF : 0x808080;
         const int          area = box.Width() * box.Height();
-        CHECK(scene.Count(CRect(box.left, box.top, box.right, box.top + 3), ground) == box.Width() * 3);
-        const int letters = scene.Count(box, [ground](unsigned int word) { return word != ground; });
+        CHECK(scene.Count(CRect(box.left, box.top, box.right, box.top + 3), background) == box.Width() * 3);
+        const int letters =
+            scene.Count(box, [background](unsigned int pixel) { return pixel != background; });
         CHECK(letters > 30);
         CHECK(letters < area / 2);
-        // Red letters never have less red than the ground; black ones darken it.
-        CHECK(scene.Count(box, [&](unsigned int word) {
-            return word != ground && (style.Red ? RedOf(word) < RedOf(ground) : RedOf(word) > RedOf(ground));
+        // Red letters never have less red than the background; black ones darken it.
+        CHECK(scene.Count(box, [&](unsigned int pixel) {
+            return pixel != background &&
+                   (style.Red ? RedOf(pixel) < RedOf(background) : RedOf(pixel) > RedOf(background));
         }) == 0);
-        CHECK(scene.Count(box, [&](unsigned int word) {
-            return style.Red ? RedOf(word) > GreenOf(word) + 60 : BlueOf(word) + 60 < BlueOf(ground);
+        CHECK(scene.Count(box, [&](unsigned int pixel) {
+            return style.Red ? RedOf(pixel) > GreenOf(pixel) + 60 : BlueOf(pixel) + 60 < BlueOf(background);
         }) > 20);
         CHECK(scene.Count(scene.Whole(), 0x808080) + (style.White ? area : letters) == 400 * 300);
     }
@@ -191,7 +193,7 @@ TEST_CASE("the custom style takes any color")
     scene.Paint();
     const CRect box = scene.Last<VostelTextRect>().ClientBox;
     CHECK(scene.Count(box, 0x00FF00) > 20);
-    CHECK(scene.Count(box, [](unsigned int word) { return RedOf(word) || BlueOf(word); }) == 0);
+    CHECK(scene.Count(box, [](unsigned int pixel) { return RedOf(pixel) || BlueOf(pixel); }) == 0);
 }
 
 TEST_CASE("styles set the flags of the kit, and unknown ones change nothing")
@@ -371,7 +373,7 @@ TEST_CASE("a text box whose context is gone measures nothing until it is painted
     scene.Resize(400, 300);
 }
 
-TEST_CASE("each conversion without a view is told, and goes on with zeros")
+TEST_CASE("each conversion without a view is reported, and goes on with zeros")
 {
     TestDesktop    desktop;
     VostelTextRect box;
@@ -435,7 +437,7 @@ TEST_CASE("the nearest corner of a box is the strictly closest one")
     CHECK(placed.Box.NearestCorner(CPoint(30, 30)) == CPoint(10, 20));    // from inside
 }
 
-TEST_CASE("a tie between closest corners answers bottom right")
+TEST_CASE("a tie between closest corners gives bottom right")
 {
     PlacedBox placed(CRect(10, 20, 110, 60));
     CHECK(placed.Box.NearestCorner(CPoint(60, 40)) == CPoint(110, 60));    // the centre
@@ -454,7 +456,7 @@ TEST_CASE("distances to corners at the ends of the coordinates do not wrap")
     CHECK(placed.Box.NearestCorner(CPoint(1000000, -1000000)) == CPoint(INT_MAX, INT_MIN));
 }
 
-TEST_CASE("the dialog form asks for the text under its section and places it framed at 200, 200")
+TEST_CASE("the dialog call asks for the text under its section and places it framed at 200, 200")
 {
     OverlayScene  scene;
     CString       asked;
@@ -494,7 +496,7 @@ TEST_CASE("texts of thousands of letters are measured and painted, clipped to th
     scene.Paint();
     CHECK(scene.Count(CRect(10, 7, 400, 10), 0xFFFFFF) == 390 * 3);    // the box goes beyond the right edge
     CHECK(scene.Count(CRect(10, 10, 400, 40),
-                      [](unsigned int word) { return IsGray(word) && word < 0x404040; }) > 100);
+                      [](unsigned int pixel) { return IsGray(pixel) && pixel < 0x404040; }) > 100);
     gCVSAddTextOL(0, text, -3000, 60, FontPlain18, 1, 0, 0);
     scene.Paint();
     CHECK(scene.Count(CRect(0, 57, 400, 60), 0xFFFFFF) == 400 * 3);

@@ -87,7 +87,7 @@ std::vector<CString> ReadLines(const std::string& path, bool& failed)
 
 }
 
-TEST_CASE("every file dialog of one answer is a save dialog with its own extension, flags and filter")
+TEST_CASE("every file dialog for one name is a save dialog with its own extension, flags and filter")
 {
     const wchar_t* const all =
         L"所有文件(*.*)|*.*|(*.raw) |*.raw|(*.bmp) |*.bmp|(*.jpg) |*.jpg|(*.gif) |*.gif|(*.tif) |*.tif||";
@@ -124,7 +124,7 @@ TEST_CASE("every file dialog of one answer is a save dialog with its own extensi
     }
 }
 
-TEST_CASE("a cancelled file dialog answers NULL, whatever the dialog had been given before")
+TEST_CASE("a cancelled file dialog returns NULL, whatever the dialog had been given before")
 {
     AnsweringDesktop desktop;
     desktop.Answer = {L"typed and then cancelled"};
@@ -175,7 +175,7 @@ TEST_CASE("the dialog for several files is false when cancelled and true when na
     CHECK(names == std::vector<CString>{L"before"});
 }
 
-TEST_CASE("the folder dialog has its title and answers the folder, or NULL when cancelled")
+TEST_CASE("the folder dialog has its title and returns the folder, or NULL when cancelled")
 {
     TestDesktop desktop;
     CString     title;
@@ -289,7 +289,7 @@ TEST_CASE("the files of a folder come before those of its subfolders, though the
     CHECK(Listed(folder, "", true, L"*.txt") == std::vector<std::string>{"z.txt", "a/inner.txt"});
 }
 
-TEST_CASE("a folder whose name fits the pattern is no file, and is entered all the same")
+TEST_CASE("a folder whose name fits the pattern is not a file, and is entered all the same")
 {
     TempFolder folder;
     folder.MakeFolder("looks.bmp");

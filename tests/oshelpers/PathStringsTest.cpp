@@ -74,7 +74,7 @@ TEST_CASE("a narrow copy of any text ends inside its buffer")
     gDLLDelete(copy);
 }
 
-TEST_CASE("the string form of a text goes up to its terminator")
+TEST_CASE("a text as a string goes up to its terminator")
 {
     CString text(L"ab.c");
     CHECK(CStringToString(text) == "ab.c");
@@ -109,7 +109,7 @@ TEST_CASE("assignment shares the text")
     CHECK(std::strcmp(owner.GetChar(), "shared") == 0);
 }
 
-TEST_CASE("the size of an open file is told and its position kept")
+TEST_CASE("the size of an open file is found and its position kept")
 {
     const TempFolder  folder;
     const std::string path = folder.Path("five.bin");
@@ -235,7 +235,7 @@ TEST_CASE("a path without a dot has the extension nul as a file and notfile as a
     CHECK(Name(L"inner", false) == L"notfile");
     CHECK(Name(L"plain", false) == L"nul");
     CHECK(Name(L"absent", false) == L"nul");
-    // A directory is no file without extension: all from the first dot on, which it has not, is replaced.
+    // A directory counts as having an extension: what follows its first dot is replaced, and it has none.
     CHECK(Changed(L"inner", L"raw") == L".raw");
     CHECK(Changed(L"plain", L"raw") == L"plain.raw");
     std::filesystem::current_path(before);

@@ -42,7 +42,7 @@ public:
             Check();
         }
         INFO("seed ", Seed, ": ", Painted, " paints, ", WithLines, " with outlines, ", Labelled,
-             " label planes, ", WithRegions, " with regions, ", Added, " objects, up to ", Most, " at once");
+             " label images, ", WithRegions, " with regions, ", Added, " objects, up to ", Most, " at once");
         CHECK_FALSE(Broken);
         CHECK(Painted > events / 100);
         CHECK(Labelled > events / 400);
@@ -62,7 +62,7 @@ private:
     int           Step = 0;
     int           Painted = 0;
     int           Labelled = 0;
-    int           WithRegions = 0;    // label planes that show one
+    int           WithRegions = 0;    // label images that show one
     int           WithLines = 0;      // frames that show an outline
     int           Added = 0;
     std::size_t   Most = 0;
@@ -245,7 +245,7 @@ private:
     {
         const Frame frame = Host.PaintAndCapture();
         ++Painted;
-        WithLines += std::count(frame.Words.begin(), frame.Words.end(), RedPixel) > 5;
+        WithLines += std::count(frame.Pixels.begin(), frame.Pixels.end(), RedPixel) > 5;
     }
 
     void Label()
@@ -256,7 +256,7 @@ private:
         const ClassData2DIO<int>& plane = gCVSGetLabelIma(Host.Number);
         Demand(plane.Width == gCVSGetCanvasWidth(Host.Number) &&
                    plane.Height == gCVSGetCanvasHeight(Host.Number),
-               "the label plane has the image's size");
+               "the label image has the image's size");
         // The numbers of the region shapes; deletions of other kinds shift them, also below 0.
         std::vector<int> allowed = {0, 1};
         for (const VostelObj* object : Canvas().Elements)
@@ -272,7 +272,7 @@ private:
             std::count(plane.Ptr1D, plane.Ptr1D + plane.Width * plane.Height, 0) > 0 &&
             std::count(plane.Ptr1D, plane.Ptr1D + plane.Width * plane.Height, 0) < plane.Width * plane.Height;
         Demand(std::binary_search(allowed.begin(), allowed.end(), last),
-               "the answer is the number of an object");
+               "the result is the number of an object");
     }
 
     static bool Normalised(const CRect& box) { return box.left <= box.right && box.top <= box.bottom; }

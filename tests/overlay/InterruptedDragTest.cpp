@@ -92,7 +92,7 @@ std::vector<Action> Interruptions()
              gCVSShowContrastCtrl(host.Number, true);
              gCVSSetContrastCtrlRectPos(host.Number, 0, 0, 200, 150);
          }},
-        {"label plane", [](OverlayCanvas& host) { gCVSGenerateLabel(host.Number, true); }},
+        {"label image", [](OverlayCanvas& host) { gCVSGenerateLabel(host.Number, true); }},
         {"saves",
          [](OverlayCanvas& host) {
              for (const auto save : {gCVSSaveClient, gCVSSaveImaWithOverlap, gCVSSaveNowShowIma, gCVSSave8bit,

@@ -23,8 +23,8 @@ constexpr unsigned int FramePixel = 0xDAA569;
 int CountBluish(OverlayCanvas& host)
 {
     const Frame frame = host.PaintAndCapture();
-    return static_cast<int>(std::count_if(frame.Words.begin(), frame.Words.end(), [](unsigned int word) {
-        return (word & 0xFF) > ((word >> 16) & 0xFF) + 0x20;
+    return static_cast<int>(std::count_if(frame.Pixels.begin(), frame.Pixels.end(), [](unsigned int pixel) {
+        return (pixel & 0xFF) > ((pixel >> 16) & 0xFF) + 0x20;
     }));
 }
 

@@ -154,7 +154,7 @@ TEST_CASE("A and D change the pen of the selected drawing between 1 and 40")
     CHECK(strokes.StrokeWidth == 3);
 }
 
-TEST_CASE("the keys of other shapes do nothing to a drawing, which never reaches the label plane")
+TEST_CASE("the keys of other shapes do nothing to a drawing, which never reaches the label image")
 {
     OverlayCanvas        host;
     VostelCrayonMStroke& strokes = DrawStrokes(host);

@@ -153,7 +153,7 @@ TEST_CASE("a second stroke goes on in the same outline, beyond MaxPoints too")
     CHECK(IsAt(region.ImagePoints[5], 12, 30));
 }
 
-TEST_CASE("a region draws its closed outline without handles and reaches the label plane")
+TEST_CASE("a region draws its closed outline without handles and reaches the label image")
 {
     OverlayCanvas          host;
     VostelCrayonOneStroke& region = DrawRegion(host);

@@ -98,7 +98,7 @@ TEST_CASE("a press on a box that was never painted misses, after the paint it mo
     CHECK(rect.Selected);
 }
 
-TEST_CASE("Shift adds nothing to a custom rectangle, and no handle answers")
+TEST_CASE("Shift adds nothing to a custom rectangle, and no handle reacts")
 {
     OverlayCanvas     host;
     VostelCustomRect& rect = AddBox(host, 10, 15, 40, 35);

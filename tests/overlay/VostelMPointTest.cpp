@@ -38,13 +38,13 @@ TEST_CASE("each Shift press adds a node with its client point and its handle")
     CHECK_FALSE(polygon.ButtonDown);
 }
 
-TEST_CASE("a handle answers left and top inclusive, right and bottom exclusive, on 8 by 8 pixels")
+TEST_CASE("a handle is hit left and top inclusive, right and bottom exclusive, on 8 by 8 pixels")
 {
     OverlayCanvas  host;
     VostelPolygon& polygon = DrawSquare(host);
     int            hits = 0;
     for (int y = 10; y < 30; ++y) {
-        for (int x = 10; x < 20; ++x) {    // left of the shape, so that only the handle answers
+        for (int x = 10; x < 20; ++x) {    // left of the shape, so that only the handle is hit
             host.PressAt(x, y);
             hits += polygon.ActiveNode == 0;
             CHECK((polygon.ActiveNode == 0) == (x >= 16 && y >= 16 && y < 24));

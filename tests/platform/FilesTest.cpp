@@ -55,7 +55,7 @@ TEST_CASE("files open for reading and writing, folders and missing files do not"
     CHECK(ReadBytes(folder.Path("a.bin")).size() == 3);
 }
 
-TEST_CASE("the length of a file is told without moving its position")
+TEST_CASE("the length of a file is found without moving its position")
 {
     const TempFolder folder;
     REQUIRE(WriteBytes(folder.Path("a.bin"), std::vector<unsigned char>(1234, 7)));
@@ -99,13 +99,13 @@ TEST_CASE("narrow text is UTF-8")
     CHECK(NarrowAnsi(text, 3) == "\xC3\xA9\xE6\x96\x87\xF0\x9F\x98\x80");
     CHECK(NarrowOem(text, 3) == NarrowAnsi(text, 3));
     CHECK(WidenAnsi("\xC3\xA9\xE6\x96\x87\xF0\x9F\x98\x80") == text);
-    // What is no character becomes the replacement character.
+    // What is not a character becomes the replacement character.
     const wchar_t wrong[] = {static_cast<wchar_t>(0xD800), static_cast<wchar_t>(0x110000),
                              static_cast<wchar_t>(-1)};
     CHECK(NarrowAnsi(wrong, 3) == "\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD");
 }
 
-TEST_CASE("bytes that are no UTF-8 survive the way to wide text and back")
+TEST_CASE("bytes that are not UTF-8 survive the way to wide text and back")
 {
     // A stray tail, an overlong slash, a surrogate, a sequence beyond the last plane, one cut short.
     for (const char* bytes : {"a\x80z", "\xC0\xAF", "\xED\xA0\x80", "\xF5\x80\x80\x80", "\xF4\x90\x80\x80",
@@ -116,7 +116,7 @@ TEST_CASE("bytes that are no UTF-8 survive the way to wide text and back")
     CHECK(WidenAnsi("\xC0\xAF").size() == 2);
 }
 
-TEST_CASE("a device is no file of a length")
+TEST_CASE("a device has no length")
 {
     const OwnedFile file = Open("/dev/null", "rb");
     REQUIRE(file != nullptr);

@@ -95,7 +95,7 @@ TEST_CASE("a line halfway between two columns takes the left one")
                            "...\n");
 }
 
-TEST_CASE("the current point is where the last line ended and MoveToEx answers it")
+TEST_CASE("the current point is where the last line ended and MoveToEx returns it")
 {
     TestBitmap     bitmap(6, 3);
     SelectedObject pen(bitmap.Dc, CreatePen(PS_SOLID, 1, TestRed));
@@ -167,7 +167,7 @@ TEST_CASE("lines of nearly the whole coordinate range draw their visible pixels"
     CHECK(bitmap.Count(0xFF0000) == 8);
 }
 
-TEST_CASE("the viewport origin is added to every coordinate and answered by the next call")
+TEST_CASE("the viewport origin is added to every coordinate and returned by the next call")
 {
     TestBitmap     bitmap(6, 4);
     SelectedObject pen(bitmap.Dc, CreatePen(PS_SOLID, 1, TestRed));

@@ -127,7 +127,7 @@ TEST_CASE("asking for a header fills it with the layout of the bitmap and touche
     CHECK(info.bmiHeader.biHeight == 4);
 }
 
-TEST_CASE("a header is not answered without a context, a bitmap, a record or its size")
+TEST_CASE("no header comes without a context, a bitmap, a record or its size")
 {
     TestBitmap bitmap(9, 4);
     BITMAPINFO info = {};
@@ -141,7 +141,7 @@ TEST_CASE("a header is not answered without a context, a bitmap, a record or its
     CHECK(GetDIBits(bitmap.Dc, bitmap.Bitmap, 0, 0, nullptr, &info, DIB_RGB_COLORS) != 0);
 }
 
-TEST_CASE("a new context holds the stock objects and answers them when others displace them")
+TEST_CASE("a new context holds the stock objects and returns them when others displace them")
 {
     HDC dc = CreateCompatibleDC(nullptr);
     REQUIRE(dc != nullptr);
@@ -272,7 +272,7 @@ TEST_CASE("calls with null, foreign or stale handles fail and change nothing")
     CHECK(bitmap.Count(0xFFFFFF) == 16);
 }
 
-TEST_CASE("a handle is not answered again while it may still be held by someone")
+TEST_CASE("a handle is not given out again while it may still be held by someone")
 {
     HPEN first = CreatePen(PS_SOLID, 1, TestRed);
     CHECK(DeleteObject(first));

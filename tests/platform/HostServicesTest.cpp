@@ -16,7 +16,7 @@ struct Restore {
 
 }
 
-TEST_CASE("a replaced service gets the question and gives the answer")
+TEST_CASE("a replaced service gets the request and gives the result")
 {
     const Restore      restore;
     VostelHostServices services;

@@ -131,7 +131,7 @@ const files::Bytes GrayJpeg = {
 
 }
 
-TEST_CASE("an image that holds nothing answers zeros and saves nothing")
+TEST_CASE("an image that holds nothing returns zeros and saves nothing")
 {
     const TempFolder folder;
     CImage           image;
@@ -509,7 +509,7 @@ TEST_CASE("depths between are brought to their neighbours")
     CHECK(image.GetBPP() == 8);
     for (int x = 0; x < 4; ++x)
         CHECK(Row(image, 0)[x] == x * 85);
-    // 16 bits a channel lose their low byte.
+    // 16 bits per channel lose their low byte.
     REQUIRE(LoadBytes(image, files::Png(2, 1, 16, files::Gray, {0x12, 0x12, 0xFF, 0xFF}), "g16.png") >= 0);
     CHECK(image.GetBPP() == 32);
     CHECK(ColorAt(image, 0, 0) == std::array<int, 3>{0x12, 0x12, 0x12});

@@ -263,7 +263,7 @@ TEST_CASE("stretches and copies with the largest coordinates end and stay inside
             CHECK(target.PixelAt(x, y) == source.PixelAt(x, y));
 }
 
-TEST_CASE("an extent of zero copies nothing and is no failure")
+TEST_CASE("an extent of zero copies nothing and is not a failure")
 {
     Canvas source(4, 4);
     Canvas target(4, 4);
@@ -279,7 +279,7 @@ TEST_CASE("an extent of zero copies nothing and is no failure")
     CHECK(target.PixelAt(0, 0) == source.PixelAt(0, 0));
 }
 
-TEST_CASE("copies with a context that is none fail and change nothing")
+TEST_CASE("copies with an invalid context fail and change nothing")
 {
     Canvas source(4, 4);
     Canvas target(4, 4);
@@ -296,7 +296,7 @@ TEST_CASE("copies with a context that is none fail and change nothing")
     CHECK(target.PixelAt(3, 3) == source.PixelAt(3, 3));
 }
 
-TEST_CASE("SetStretchBltMode answers the mode before and takes 1 to 4 only")
+TEST_CASE("SetStretchBltMode returns the previous mode and takes 1 to 4 only")
 {
     Canvas canvas(1, 1);
     CHECK(SetStretchBltMode(canvas.Dc, COLORONCOLOR) == 1);

@@ -199,7 +199,8 @@ TEST_CASE("a transparent text leaves its background and draws in the text color"
     CHECK(sheet.Count(0x00FF00) > 0);
     CHECK(sheet.Count(0xFFFFFF) == 0);
     CHECK(sheet.Count(Background) > 200 * 60 - 60 * 20);
-    // Strokes are mixed of text and ground: green never falls below the ground's, red never rises above it.
+    // Strokes are mixed of text and background: green never falls below the background's, red never rises
+    // above it.
     for (const std::uint32_t pixel : sheet.Copy()) {
         CHECK((pixel >> 8 & 0xFF) >= 0x22);
         CHECK((pixel >> 16 & 0xFF) <= 0x11);
@@ -250,7 +251,7 @@ TEST_CASE("flags place the text at the left, the centre, the right, the middle a
     }
 }
 
-TEST_CASE("text is clipped to its rectangle unless told otherwise")
+TEST_CASE("text is clipped to its rectangle by default")
 {
     TextSheet  sheet(200, 100);
     const LONG width = sheet.Measure(L"Hello").right;
@@ -413,7 +414,7 @@ TEST_CASE("no text, no rectangle and lengths below -1 are refused without harm")
 }
 #endif
 
-TEST_CASE("24 bits a pixel take text as 32 do")
+TEST_CASE("24 bits per pixel take text as 32 do")
 {
     BITMAPINFO info = {};
     info.bmiHeader.biSize = sizeof info.bmiHeader;

@@ -43,11 +43,11 @@ struct Box {
 Box InkBox(const SceneImage& picture)
 {
     Box                  box;
-    const unsigned char* ground = picture.Body.data() + picture.Body.size() - 3;
+    const unsigned char* background = picture.Body.data() + picture.Body.size() - 3;
     const unsigned char* pixel = picture.Body.data();
     for (int y = 0; y < picture.Height; ++y)
         for (int x = 0; x < picture.Width; ++x, pixel += 3)
-            if (!std::equal(pixel, pixel + 3, ground)) {
+            if (!std::equal(pixel, pixel + 3, background)) {
                 box.Left = std::min(box.Left, x);
                 box.Right = std::max(box.Right, x);
                 box.Top = std::min(box.Top, y);
@@ -59,10 +59,10 @@ Box InkBox(const SceneImage& picture)
 // How far a picture is from its background, over all channels.
 double Ink(const SceneImage& picture)
 {
-    const unsigned char* ground = picture.Body.data() + picture.Body.size() - 3;
+    const unsigned char* background = picture.Body.data() + picture.Body.size() - 3;
     double               sum = 0;
     for (std::size_t i = 0; i < picture.Body.size(); ++i)
-        sum += std::abs(picture.Body[i] - ground[i % 3]);
+        sum += std::abs(picture.Body[i] - background[i % 3]);
     return sum;
 }
 

@@ -27,7 +27,7 @@ void ShiftedHatches(HDC dc, int width, int height)
     SetViewportOrgEx(dc, 0, 0, nullptr);
 }
 
-void Desk(HDC dc, int width, int height)
+void Background(HDC dc, int width, int height)
 {
     SelectedObject pen(dc, CreatePen(PS_SOLID, 1, 0x808080));
     SetBkMode(dc, TRANSPARENT);
@@ -78,8 +78,8 @@ std::vector<Scene> FillScenes()
         {"fills-hatches-24-bits", 401, 420, 24, false, Agreement::Exact, Hatches},
         {"fills-hatches-top-down", 403, 421, 32, true, Agreement::Exact, Hatches},
         {"fills-hatches-shifted-origin", 401, 420, 24, true, Agreement::Exact, ShiftedHatches},
-        {"fills-desk", 517, 389, 32, false, Agreement::Exact, Desk},
-        {"fills-desk-24-bits", 517, 389, 24, false, Agreement::Exact, Desk},
+        {"fills-background", 517, 389, 32, false, Agreement::Exact, Background},
+        {"fills-background-24-bits", 517, 389, 24, false, Agreement::Exact, Background},
         {"fills-rects", 401, 301, 32, false, Agreement::Exact, FilledRects},
         {"fills-rects-24-bits", 402, 301, 24, true, Agreement::Exact, FilledRects},
         {"fills-stock-brushes", 131, 81, 32, false, Agreement::Exact, StockBrushes},

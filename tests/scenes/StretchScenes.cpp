@@ -2,7 +2,7 @@
 
 namespace {
 
-// A picture in which every pixel can be told from its neighbours.
+// A picture in which every pixel differs from its neighbours.
 class Source {
 public:
     Source(int width, int height, int bitsPerPixel, bool topDown)

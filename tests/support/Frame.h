@@ -1,6 +1,6 @@
 #pragma once
 
-// Pictures of 0x00RRGGBB words, top row first, as tests compare them.
+// Pictures of 0x00RRGGBB pixels, top row first, as tests compare them.
 
 #include <cstddef>
 #include <cstdio>
@@ -10,35 +10,35 @@
 struct Frame {
     int                       Width = 0;
     int                       Height = 0;
-    std::vector<unsigned int> Words;    // high byte 0
+    std::vector<unsigned int> Pixels;    // high byte 0
 
     Frame() = default;
-    Frame(int width, int height, unsigned int word = 0)
-        : Width(width), Height(height), Words(Count(width, height), word)
+    Frame(int width, int height, unsigned int pixel = 0)
+        : Width(width), Height(height), Pixels(Count(width, height), pixel)
     {
     }
 
     unsigned int& At(int x, int y)
     {
-        return Words[static_cast<std::size_t>(y) * static_cast<std::size_t>(Width) +
-                     static_cast<std::size_t>(x)];
+        return Pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(Width) +
+                      static_cast<std::size_t>(x)];
     }
     unsigned int At(int x, int y) const { return const_cast<Frame*>(this)->At(x, y); }
 
     // Right and bottom count out; what lies outside the frame is left out.
-    void FillRect(int left, int top, int right, int bottom, unsigned int word)
+    void FillRect(int left, int top, int right, int bottom, unsigned int pixel)
     {
         for (int y = top > 0 ? top : 0; y < bottom && y < Height; ++y)
             for (int x = left > 0 ? left : 0; x < right && x < Width; ++x)
-                At(x, y) = word;
+                At(x, y) = pixel;
     }
     // One pixel wide, inside the rectangle.
-    void OutlineRect(int left, int top, int right, int bottom, unsigned int word)
+    void OutlineRect(int left, int top, int right, int bottom, unsigned int pixel)
     {
-        FillRect(left, top, right, top + 1, word);
-        FillRect(left, bottom - 1, right, bottom, word);
-        FillRect(left, top, left + 1, bottom, word);
-        FillRect(right - 1, top, right, bottom, word);
+        FillRect(left, top, right, top + 1, pixel);
+        FillRect(left, bottom - 1, right, bottom, pixel);
+        FillRect(left, top, left + 1, bottom, pixel);
+        FillRect(right - 1, top, right, bottom, pixel);
     }
 
 private:

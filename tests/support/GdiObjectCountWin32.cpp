@@ -33,12 +33,12 @@ const SharedHandle* SharedHandles()
 
 }
 
-// Wine keeps the shared table as Windows does, but answers 0 to the question for the count.
+// Wine keeps the shared table as Windows does, but returns 0 for the count.
 unsigned GdiObjectCount()
 {
-    unsigned answered = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
-    if (answered != 0)
-        return answered;
+    unsigned counted = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
+    if (counted != 0)
+        return counted;
     unsigned            count = 0;
     const SharedHandle* handles = SharedHandles();
     for (std::size_t i = 0; handles != nullptr && i < sharedHandles; ++i)

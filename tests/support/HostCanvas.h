@@ -129,7 +129,7 @@ public:
     // A window of another size, as after WM_SIZE.
     void Resize(int width, int height)
     {
-        // The canvas must not hold a context that is no more.
+        // The canvas must not hold a deleted context.
         CRect client(0, 0, width, height);
         gCVSSetClient(Number, client, nullptr);
         Window.Resize(width, height);

@@ -44,7 +44,7 @@ public:
         Drag(At(from.x, from.y), At(to.x, to.y), flags);
     }
 
-    // A polygon, 20,20 to 60,50 unless told otherwise, clockwise.
+    // A polygon, 20,20 to 60,50 by default, clockwise.
     template <typename Add>
     void AddNodes(Add&& add, const std::vector<CPoint>& nodes)
     {
@@ -66,7 +66,7 @@ public:
     int CountPixels(unsigned int color)
     {
         const Frame frame = PaintAndCapture();
-        return static_cast<int>(std::count(frame.Words.begin(), frame.Words.end(), color));
+        return static_cast<int>(std::count(frame.Pixels.begin(), frame.Pixels.end(), color));
     }
 };
 

@@ -1,6 +1,6 @@
 #pragma once
 
-// An overlay object that writes down what it is told, and may answer back. Inner tests only.
+// An overlay object that writes down its calls and may act on them. Inner tests only.
 
 #include "overlay/VostelObj.h"
 
@@ -75,8 +75,8 @@ private:
     {
         Log.push_back(Name + " " + event);
         if (OnEvent) {
-            const auto answer = OnEvent;    // the answer may end this object's place in the list
-            answer(event);
+            const auto act = OnEvent;    // may end this object
+            act(event);
         }
     }
 };

@@ -2,7 +2,7 @@
 
 #include <VostelObj.h>
 
-// Dialogs of which the one for regions is answered with these edges, in image px.
+// Dialogs of which the one for regions returns these edges, in image px.
 inline TessikDialogs RegionAnswer(int left, int top, int right, int bottom)
 {
     TessikDialogs dialogs;

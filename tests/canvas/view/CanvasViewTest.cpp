@@ -258,7 +258,7 @@ TEST_CASE("a wheel step without Control changes nothing, not even the anchors")
     CHECK(view.DisplayRect == CRect(1, 2, 3, 4));
 }
 
-TEST_CASE("a Control wheel step without a direction answers 1 and keeps the scale")
+TEST_CASE("a Control wheel step without a direction returns 1 and keeps the scale")
 {
     CanvasView view = ViewOf(40, 20, 200, 100);
     view.CentreX = 150;

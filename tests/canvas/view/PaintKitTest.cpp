@@ -13,7 +13,7 @@ using namespace vostel;
 
 namespace {
 
-constexpr COLORREF     Blue = 0xFF0000;    // as GDI tells it
+constexpr COLORREF     Blue = 0xFF0000;    // a GDI value
 constexpr unsigned int BlueWord = 0x0000FF;
 constexpr unsigned int Paper = 0x335577;
 
@@ -54,11 +54,11 @@ Frame PennedBy(int width, int height, int style, int penWidth, COLORREF color,
     });
 }
 
-int CountOf(const Frame& frame, unsigned int word)
+int CountOf(const Frame& frame, unsigned int pixel)
 {
     int count = 0;
-    for (const unsigned int each : frame.Words)
-        count += each == word ? 1 : 0;
+    for (const unsigned int each : frame.Pixels)
+        count += each == pixel ? 1 : 0;
     return count;
 }
 
@@ -83,7 +83,7 @@ void CheckLeavesNothing(Board& board, const std::function<void()>& draw)
 
 }
 
-TEST_CASE("a fresh kit has a white text box ground, a dash period of 14 and nothing else")
+TEST_CASE("a fresh kit has a white text box background, a dash period of 14 and nothing else")
 {
     const PaintKit kit;
     CHECK(kit.BkMode == 0);
@@ -180,7 +180,7 @@ TEST_CASE("a text box grows its rectangle by 3 on every side, for the caller too
     CHECK(SetBkMode(board.Window.Dc, TRANSPARENT) == TRANSPARENT);
 }
 
-TEST_CASE("a text box without a ground leaves what lies under it")
+TEST_CASE("a text box without a background leaves what lies under it")
 {
     Board board(40, 30);
     board.Kit.TextBoxBack = false;
@@ -316,7 +316,7 @@ TEST_CASE("a curve of no data draws nothing")
     CHECK(FrameDifference(board.Window.Capture(), board.Blank()) == "");
 }
 
-TEST_CASE("the desk is a ground, a hatching over it and a gray outline")
+TEST_CASE("the background is one color, a hatching over it and a gray outline")
 {
     const CRect r(3, 2, 61, 45);
     Board       board(64, 48);
@@ -324,10 +324,10 @@ TEST_CASE("the desk is a ground, a hatching over it and a gray outline")
     const Frame drawn = board.Window.Capture();
     CHECK(FrameDifference(drawn, DrawnBy(64, 48, [&](HDC dc) {
                               const HPEN    pen = CreatePen(PS_SOLID, 1, 0x808080);
-                              const HBRUSH  ground = CreateSolidBrush(10061943);
+                              const HBRUSH  background = CreateSolidBrush(10061943);
                               const HBRUSH  hatch = CreateHatchBrush(HS_DIAGCROSS, 0x808080);
                               const HGDIOBJ penBefore = SelectObject(dc, pen);
-                              const HGDIOBJ brushBefore = SelectObject(dc, ground);
+                              const HGDIOBJ brushBefore = SelectObject(dc, background);
                               SetBkMode(dc, TRANSPARENT);
                               Rectangle(dc, r.left, r.top, r.right, r.bottom);
                               SelectObject(dc, hatch);
@@ -335,10 +335,10 @@ TEST_CASE("the desk is a ground, a hatching over it and a gray outline")
                               SelectObject(dc, penBefore);
                               SelectObject(dc, brushBefore);
                               DeleteObject(pen);
-                              DeleteObject(ground);
+                              DeleteObject(background);
                               DeleteObject(hatch);
                           })) == "");
-    CHECK(CountOf(drawn, 0x778899) > 1000);    // 0x998877 as a pixel word
+    CHECK(CountOf(drawn, 0x778899) > 1000);    // 0x998877 as a pixel
     CHECK(CountOf(drawn, 0x808080) > 400);
     CHECK(drawn.At(3, 2) == 0x808080);
     CHECK(drawn.At(60, 44) == 0x808080);
@@ -346,7 +346,7 @@ TEST_CASE("the desk is a ground, a hatching over it and a gray outline")
     CHECK(drawn.At(2, 2) == Paper);
 }
 
-TEST_CASE("the desk leaves transparent text, the stock pen, brush and font, and nothing else")
+TEST_CASE("the background leaves transparent text, the stock pen, brush and font, and nothing else")
 {
     Board board(64, 48);
     SelectObject(board.Window.Dc, GetStockObject(WHITE_PEN));
@@ -360,7 +360,7 @@ TEST_CASE("the desk leaves transparent text, the stock pen, brush and font, and 
     CHECK(SetBkColor(board.Window.Dc, 0) == 0x123456);
 }
 
-TEST_CASE("the desk around a covered part equals the whole desk outside that part")
+TEST_CASE("the background around a covered part equals the whole background outside that part")
 {
     const CRect r(0, 0, 64, 48);
     Board       whole(64, 48);
@@ -517,7 +517,7 @@ TEST_CASE("handles are squares, ellipses or nothing, by their shape")
     }
 }
 
-TEST_CASE("no handles are no error")
+TEST_CASE("an empty list of handles draws nothing")
 {
     Board board(30, 20);
     board.Kit.DrawHandles({}, Blue, 0);

@@ -2,7 +2,7 @@
 
 #include <doctest/doctest.h>
 
-TEST_CASE("without a desktop each dialog answers false and leaves its record")
+TEST_CASE("without a desktop each dialog returns false and leaves its record")
 {
     gDlgSetDialogs(TessikDialogs());
     tagZEKImaLoadPara layout;

@@ -135,7 +135,7 @@ TEST_CASE("a confirmed layout dialog fills every field of the record")
     CHECK(para.OutHigh == 254.0f);
 }
 
-TEST_CASE("the layout dialog starts with the last confirmed answer and not with a cancelled one")
+TEST_CASE("the layout dialog starts with the values confirmed last and not with a cancelled one")
 {
     const OwnDataFolder folder;
     tagZEKImaLoadPara   para;
@@ -167,7 +167,7 @@ TEST_CASE("the layout dialog starts with the last confirmed answer and not with 
     CHECK(check == BST_CHECKED);
 }
 
-TEST_CASE("the last answer is kept in a file, and what the file says comes first")
+TEST_CASE("the last values are kept in a file, and what the file says comes first")
 {
     const OwnDataFolder folder;
     tagZEKImaLoadPara   para;
@@ -214,7 +214,7 @@ TEST_CASE("confirming is refused while a field holds no number, and that field h
     CHECK(focused == field::InHigh);
     CHECK(para.Height == 3);
 
-    // The same answer with the field mended is taken.
+    // The same values with the field mended are taken.
     CHECK(Answer([&] { return gDlgGetImaLoadPara(para); },
                  [](HWND dialog) {
                      TypeLayout(dialog);
