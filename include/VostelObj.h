@@ -8,15 +8,16 @@
 /// VostelObj gives a host application five image canvases behind plain functions, and image routines beside
 /// them. `#include <VostelObj.h>` brings all of it.
 ///
-/// | What | Where |
-/// |---|---|
-/// | canvases | CanvasView.h, CanvasEvents.h, CanvasImages.h, CanvasElements.h, CanvasControls.h,
-/// CanvasSurfaces.h, CanvasSaves.h, CanvasTypes.h | | data | Containers.h, Geometry.h, Colour.h,
-/// DisplayMapping.h | | filters | Convolution.h, GaussianKernels.h, AdaptiveThreshold.h, FourierTransform.h,
-/// ReconstructionFilter.h | | geometry of images | Resize.h, ImageConcatenation.h, RasterFills.h | | files |
-/// BmpFiles.h, RawDataFiles.h, ParameterFiles.h, PathStrings.h, Directories.h | | dialogs and services |
-/// Tessik.h, host.h, RunHelpers.h | | the desktop's vocabulary | platform.h, WindowsTypes.h, PortableGdi.h,
-/// FrameworkString.h, FrameworkGeometry.h, FrameworkImage.h |
+/// - Canvases: CanvasView.h, CanvasEvents.h, CanvasImages.h, CanvasElements.h, CanvasControls.h,
+///   CanvasSurfaces.h, CanvasSaves.h, CanvasTypes.h
+/// - Data: Containers.h, Geometry.h, Colour.h, DisplayMapping.h
+/// - Filters: Convolution.h, GaussianKernels.h, AdaptiveThreshold.h, FourierTransform.h,
+///   ReconstructionFilter.h
+/// - Shape of images and regions: Resize.h, ImageConcatenation.h, RasterFills.h
+/// - Files: BmpFiles.h, RawDataFiles.h, ParameterFiles.h, PathStrings.h, Directories.h
+/// - Dialogs and services: Tessik.h, host.h, RunHelpers.h, version.h
+/// - The desktop's vocabulary: platform.h, WindowsTypes.h, PortableGdi.h, FrameworkString.h,
+///   FrameworkGeometry.h, FrameworkImage.h
 ///
 /// ### What holds for every canvas call
 ///

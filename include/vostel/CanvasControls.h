@@ -6,7 +6,7 @@
 ///
 /// Places are in client pixels: x from the left edge of the window area to the control's left edge, y from
 /// the bottom edge of the window area up to the control's bottom edge. A control has no size until it is
-/// placed, and is not shown until it is told to be. Changes show at the next gCVSOnDraw.
+/// placed, and is hidden until it is shown by its call. Changes show at the next gCVSOnDraw.
 
 #include "vostel/export.h"
 

@@ -31,9 +31,11 @@
 /// Deletes all objects and starts their numbers at 0 again.
 VOSTEL_API void gCVSDelAllElement(int canvas);
 
-/// Takes the selected object off the canvas, if there is one, and closes the gap in the numbers. The object
-/// below it in the order of creation gets the next Shift press, without being drawn as selected. The memory
-/// is freed by gCVSDelAllElement and with the canvas.
+/// Takes the selected object off the canvas, if there is one. The object made before it gets the next Shift
+/// press, without being drawn as selected. The memory is freed by gCVSDelAllElement and with the canvas.
+///
+/// The numbers of all objects made after it go down by one, and so does that of the next region, whatever
+/// kind is deleted: only among regions the numbers stay without gaps.
 VOSTEL_API void gCVSDelSelElement(int canvas);
 
 /// Adds a rectangle, a region: a Shift press sets one corner, the drag the other. A press inside moves it.

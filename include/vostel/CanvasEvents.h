@@ -17,10 +17,10 @@
 /// |---|---|
 /// | Control+drag | pans the image, unless the mode is DisplayFixed |
 /// | Control+wheel | zooms by 1.2 a step, unless the mode is DisplayFixed |
-/// | press on the contrast slider | goes to the slider alone; the release applies its window, see
-/// gCVSSetLutPara | | press | selects the topmost object under it, or none, and begins its drag | |
-/// Shift+press | goes to the selected object wherever it falls: shapes draw | | drag without Control | moves
-/// the selected object, or the node that was pressed |
+/// | press on the contrast slider | goes to the slider alone; its release does gCVSSetLutPara |
+/// | press | selects the topmost object under it, or none, and begins its drag |
+/// | Shift+press | goes to the selected object wherever it falls: shapes draw |
+/// | drag without Control | moves the selected object, or the node that was pressed |
 ///
 /// Zooming in ends when no more than four image rows are visible, zooming out when the image is no more than
 /// four client pixels wide or high.
@@ -31,17 +31,18 @@
 ///
 /// | Key | Acts on | Does |
 /// |---|---|---|
-/// | C | the canvas | deletes all objects, as gCVSDelAllElement |
-/// | R | the canvas | deletes the selected object, as gCVSDelSelElement |
-/// | E | every rectangle | outlines it as an ellipse, or as a box again; labels follow for
-/// gCVSAddCustomRectangle only | | I | every rectangle of gCVSAddCustomRectangle | moves it to 50, 50 with
-/// sides of 50, in image pixels | | I | every text box and the plot of every line profile | moves it to 50,
-/// 50 with sides of 50, in client pixels | | T | the objects of key I | does what I does, and replaces the
-/// text of text boxes by "这是一个测试" | | A, D | selected drawings of gCVSAddFreeStroke | makes the pen one
-/// pixel wider or thinner, 1 to 40 | | Tab | the contrast slider, while shown | switches it off, or on again
-/// | | X | the contrast slider, while shown | moves it 20 from the left and 20 from below, 400 x 30 client
-/// pixels | | S held while the wheel turns | the canvas | raises or lowers a stored opacity by 5; no drawing
-/// reads it |
+/// | C | the canvas | gCVSDelAllElement |
+/// | R | the canvas | gCVSDelSelElement |
+/// | E | every rectangle | draws an ellipse in its box, or the box again (1) |
+/// | I | every rectangle of gCVSAddCustomRectangle | goes to 50, 50, sides of 50: image pixels |
+/// | I | every text box, the plot of every profile | goes to 50, 50, sides of 50: client pixels |
+/// | T | the objects of key I | does what I does; text boxes get the text "这是一个测试" |
+/// | A, D | selected drawings of gCVSAddFreeStroke | makes the pen a pixel wider, thinner; 1 to 40 |
+/// | Tab | the contrast slider, while shown | switches it off, or on again |
+/// | X | the contrast slider, while shown | goes 20 from the left and from below, 400 x 30 client pixels |
+/// | S, held while the wheel turns | the canvas | changes an opacity by 5, which no drawing reads |
+///
+/// (1) The label image follows for rectangles of gCVSAddCustomRectangle alone.
 ///
 /// Keys I and T change objects of the whole canvas: forward them only if users expect that.
 ///

@@ -21,7 +21,7 @@ VOSTEL_API void gDLLDelete(char* p);
 VOSTEL_API std::string CStringToString(CString& s);
 
 /// Returns the length of an open file in bytes, its low 32 bits where long has no more; the position is kept.
-/// 0xFFFFFFFF if it cannot be told.
+/// 0xFFFFFFFF if it cannot be found out.
 VOSTEL_API unsigned long cFileSize(FILE* f);
 /// Returns the length of a file in bytes; 0xFFFFFFFF if it cannot be opened.
 VOSTEL_API unsigned long cFileSize(const char* path);

@@ -42,7 +42,7 @@ struct BITMAPINFO {
     RGBQUAD          bmiColors[1];    ///< the palette; not used
 };
 
-/// What GetObjectW tells of a bitmap.
+/// What GetObjectW reports of a bitmap.
 struct BITMAP {
     LONG  bmType;          ///< 0
     LONG  bmWidth;         ///< pixels
