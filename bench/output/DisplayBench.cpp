@@ -18,7 +18,7 @@ using namespace vostel;
 
 namespace {
 
-constexpr int kCanvas = 0;
+constexpr int CanvasNumber = 0;
 
 // Everybody starts with caches full of other data and nothing of his forerunner's left to write back.
 class ColdCaches {
@@ -63,7 +63,7 @@ struct Images {
 template <typename Word>
 bool SurfaceHolds(int side, Word word)
 {
-    const unsigned int* pixels = gCVSGetCanvasPixelPtr(kCanvas);
+    const unsigned int* pixels = gCVSGetCanvasPixelPtr(CanvasNumber);
     for (int y = 0; y < side; ++y)
         for (int x = 0; x < side; ++x)
             if (pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(side) +
@@ -74,7 +74,7 @@ bool SurfaceHolds(int side, Word word)
 
 bool LabelIsOne(std::size_t count)
 {
-    const int* label = gCVSGetLabelImaPtr1D(kCanvas);
+    const int* label = gCVSGetLabelImaPtr1D(CanvasNumber);
     return std::count(label, label + count, 1) == static_cast<std::ptrdiff_t>(count);
 }
 
@@ -109,7 +109,7 @@ struct PlainDisplay {
                                 return words[static_cast<std::size_t>(
                                     Raw[static_cast<std::size_t>(row) * side + static_cast<std::size_t>(x)])];
                             }) &&
-               std::equal(Raw.begin(), Raw.end(), gCVSGetRawPtr1D(kCanvas)) && LabelIsOne(Shown.Count);
+               std::equal(Raw.begin(), Raw.end(), gCVSGetRawPtr1D(CanvasNumber)) && LabelIsOne(Shown.Count);
     }
 };
 
@@ -144,10 +144,10 @@ void CompareAll(bench::PeerBench& peers, int side, bool bounded)
     };
 
     bench::Contest raw = contest("show float data, original kept", 1.0);
-    raw.Run = [&] { gCVSShowRawFloat(kCanvas, images.Floats, true, true); };
+    raw.Run = [&] { gCVSShowRawFloat(CanvasNumber, images.Floats, true, true); };
     raw.Check = [&] {
         return plain.OnCanvas(0, 65535) && std::equal(images.Floats.Ptr1D, images.Floats.Ptr1D + images.Count,
-                                                      gCVSGetRawOriPtr1D(kCanvas));
+                                                      gCVSGetRawOriPtr1D(CanvasNumber));
     };
     raw.Peers.push_back(peer([&] {
         double low;
@@ -163,9 +163,9 @@ void CompareAll(bench::PeerBench& peers, int side, bool bounded)
     peers.Compare(raw);
 
     // 0.1 and 0.9 of 65535, truncated.
-    gCVSShowRawFloat(kCanvas, images.Floats, true, true);
+    gCVSShowRawFloat(CanvasNumber, images.Floats, true, true);
     bench::Contest contrast = contest("contrast change with label image", 0.95);
-    contrast.Run = [&] { gCVSSetLutPara(kCanvas, 0.1f, 0.9f); };
+    contrast.Run = [&] { gCVSSetLutPara(CanvasNumber, 0.1f, 0.9f); };
     contrast.Check = [&] { return plain.OnCanvas(6553, 58981); };
     contrast.Peers.push_back(peer([&] {
         const double slope = 255.0 / (58981 - 6553);
@@ -175,7 +175,7 @@ void CompareAll(bench::PeerBench& peers, int side, bool bounded)
     peers.Compare(contrast);
 
     bench::Contest gray = contest("show gray", 1.0);
-    gray.Run = [&] { gCVSShowUCGray(kCanvas, images.Planes[0], true); };
+    gray.Run = [&] { gCVSShowUCGray(CanvasNumber, images.Planes[0], true); };
     gray.Check = [&] {
         return SurfaceHolds(side, [&](int x, int row) { return images.Planes[0].Ptr2D[row][x] * 0x010101u; });
     };
@@ -186,7 +186,9 @@ void CompareAll(bench::PeerBench& peers, int side, bool bounded)
     peers.Compare(gray);
 
     bench::Contest color = contest("show color planes", 1.0);
-    color.Run = [&] { gCVSShowUCColor(kCanvas, images.Planes[0], images.Planes[1], images.Planes[2], true); };
+    color.Run = [&] {
+        gCVSShowUCColor(CanvasNumber, images.Planes[0], images.Planes[1], images.Planes[2], true);
+    };
     color.Check = [&] {
         const auto at = [&](int plane, int x, int row) -> unsigned {
             const std::size_t position =
@@ -214,7 +216,7 @@ int main(int argc, char** argv)
     cv::setNumThreads(1);
     HDC   dc = CreateCompatibleDC(nullptr);
     CRect client(0, 0, 800, 600);
-    gCVSSetClient(kCanvas, client, dc);
+    gCVSSetClient(CanvasNumber, client, dc);
     CompareAll(peers, 4096, true);
     CompareAll(peers, 4095, false);    // rows that end inside a cache line
     CompareAll(peers, 1024, false);

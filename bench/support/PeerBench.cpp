@@ -290,7 +290,7 @@ int PeerBench::Finish()
                                      })
             ->UseManualTime()
             ->Iterations(static_cast<benchmark::IterationCount>(seconds.size()))
-            ->Unit(benchmark::kMillisecond);
+            ->Unit(benchmark::Millisecond);
     }
     if (!AllSamples.empty())
         benchmark::RunSpecifiedBenchmarks();

@@ -15,10 +15,10 @@ namespace {
 
 // Pixels at a time. Small blocks keep reading going while what was written drains, and a remapped block stays
 // in the first-level cache.
-constexpr std::size_t kBlock = 1024;
+constexpr std::size_t Block = 1024;
 
 // Elements of a cache line; all planes here have four bytes per element.
-constexpr std::size_t kLine = CacheLineBytes / sizeof(std::uint32_t);
+constexpr std::size_t LineElements = CacheLineBytes / sizeof(std::uint32_t);
 
 // The arithmetic of the fast variants, for every entry; a table of another shape than a ramp fails.
 bool RampGivesTable(const ContrastTable& table)
@@ -63,7 +63,9 @@ LineRun WholeLines(const void* plane, std::size_t begin, std::size_t end, std::s
 {
     const std::size_t skew = reinterpret_cast<std::uintptr_t>(plane) % CacheLineBytes / sizeof(std::uint32_t);
     const auto        up = [&](std::size_t i) {
-        return i == 0 || i == all ? i : std::min(all, (i + skew + kLine - 1) / kLine * kLine - skew);
+        return i == 0 || i == all
+                          ? i
+                          : std::min(all, (i + skew + LineElements - 1) / LineElements * LineElements - skew);
     };
     return {up(begin), up(end) - up(begin)};
 }
@@ -144,7 +146,7 @@ private:
 
 void Redraw::ShowRun(const float* values, std::size_t pixel, std::size_t count, bool streaming) const
 {
-    alignas(64) float remapped[kBlock];
+    alignas(64) float remapped[Block];
     if (Rule != nullptr) {
         // Remapped here and again for Raw: cheaper than a copy, the source is at hand in the first-level
         // cache.
@@ -181,19 +183,19 @@ void Redraw::ShowRow(std::size_t at, bool streaming, bool wholeLines) const
     const LineRun run = wholeLines ? WholeLines(Pixels, surface, surface + Row, All) : LineRun{surface, Row};
     const std::size_t skipped = run.Begin - surface;
     const std::size_t above = skipped + run.Count - Row;    // pixels of the next surface row
-    const std::size_t own = run.Count - (above > 0 ? kLine : 0);
+    const std::size_t own = run.Count - (above > 0 ? LineElements : 0);
     const float*      values = Source + at + skipped;
-    for (std::size_t x = 0; x < own; x += kBlock) {
-        const std::size_t count = std::min(kBlock, own - x);
+    for (std::size_t x = 0; x < own; x += Block) {
+        const std::size_t count = std::min(Block, own - x);
         ShowRun(values + x, run.Begin + x, count, streaming);
         const bool last = x + count == own;
         KeepRun(x == 0 ? at : at + skipped + x, last ? at + Row : at + skipped + x + count, streaming);
     }
     if (above > 0) {
-        float shared[kLine];
-        std::copy_n(values + own, kLine - above, shared);
-        std::copy_n(Source + at - Row, above, shared + kLine - above);
-        ShowRun(shared, run.Begin + own, kLine, streaming);
+        float shared[LineElements];
+        std::copy_n(values + own, LineElements - above, shared);
+        std::copy_n(Source + at - Row, above, shared + LineElements - above);
+        ShowRun(shared, run.Begin + own, LineElements, streaming);
     }
 }
 
@@ -201,7 +203,7 @@ void Redraw::Run() const
 {
     const bool streaming = UsesStreamingStores(All * sizeof(std::uint32_t));
     const bool inPlace = Source == Raw;    // then the data row before is remapped already
-    const bool wholeLines = streaming && !inPlace && Row >= 2 * kLine;
+    const bool wholeLines = streaming && !inPlace && Row >= 2 * LineElements;
     // Upwards through the data: reading is what the processor has to guess ahead.
     for (std::size_t at = 0; at < All; at += Row)
         ShowRow(at, streaming, wholeLines);

@@ -10,8 +10,8 @@ using namespace vostel;
 
 namespace {
 
-constexpr int kUsEntries = 65536;
-constexpr int kUcEntries = 256;
+constexpr int UsEntries = 65536;
+constexpr int UcEntries = 256;
 
 template <typename T>
 std::unique_ptr<ClassData2DIOGeneral<T>> MakeTable(int entries)
@@ -72,9 +72,9 @@ unsigned char RampChannel(float distance, float step, unsigned char low)
 
 ZEKMAPIMA::ZEKMAPIMA()
 {
-    auto us = MakeTable<int>(kUsEntries);
-    auto uc = MakeTable<int>(kUcEntries);
-    auto usColor = MakeTable<tagStructRGBA>(kUsEntries);
+    auto us = MakeTable<int>(UsEntries);
+    auto uc = MakeTable<int>(UcEntries);
+    auto usColor = MakeTable<tagStructRGBA>(UsEntries);
     UsMap = us.release();
     UcMap = uc.release();
     UsColorMap = usColor.release();
@@ -89,12 +89,12 @@ ZEKMAPIMA::~ZEKMAPIMA()
 
 void ZEKMAPIMA::GetMapUs()
 {
-    BuildGrayTable(UsMap->Ptr1D, kUsEntries, RangeLow, RangeHigh);
+    BuildGrayTable(UsMap->Ptr1D, UsEntries, RangeLow, RangeHigh);
 }
 
 void ZEKMAPIMA::GetMapUc(float low, float high)
 {
-    BuildGrayTable(UcMap->Ptr1D, kUcEntries, TruncToInt(static_cast<double>(low) * 255.0),
+    BuildGrayTable(UcMap->Ptr1D, UcEntries, TruncToInt(static_cast<double>(low) * 255.0),
                    TruncToInt(static_cast<double>(high) * 255.0));
 }
 
@@ -116,7 +116,7 @@ void ZEKMAPIMA::SetUsColorRange(int low, int high, tagStructRGBA colorLow, tagSt
     const float    stepGreen = static_cast<float>(colorHigh.g - colorLow.g) / span;
     const float    stepBlue = static_cast<float>(colorHigh.b - colorLow.b) / span;
     tagStructRGBA* entries = UsColorMap->Ptr1D;
-    for (int i = 0; i < kUsEntries; ++i) {
+    for (int i = 0; i < UsEntries; ++i) {
         if (i <= low) {
             entries[i] = colorLow;
         } else if (i < high) {

@@ -11,8 +11,8 @@ namespace vostel {
 
 namespace {
 
-constexpr float kMinimumStart = 10000000.0f;
-constexpr float kMaximumStart = -10000000.0f;
+constexpr float MinimumStart = 10000000.0f;
+constexpr float MaximumStart = -10000000.0f;
 
 std::size_t ElementCount(const StructData2D<float>& data)
 {
@@ -63,8 +63,8 @@ void ScanFloats(const float* source, float* copy, std::size_t count, float& lo, 
 {
     const bool streaming = copy != nullptr && UsesStreamingStores(count * sizeof(float));
     bool       negativeZero = false;
-    lo = kMinimumStart;
-    hi = kMaximumStart;
+    lo = MinimumStart;
+    hi = MaximumStart;
     ActiveFloatRangeVariant().MinMax(source, copy, count, streaming, lo, hi, negativeZero);
     if (streaming)
         FenceStreamingStores();

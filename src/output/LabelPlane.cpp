@@ -23,14 +23,14 @@ void FlipLabelPlane(int* plane, int width, int height)
 {
     if (plane == nullptr || width <= 0 || height <= 0)
         return;
-    constexpr std::size_t kBlock = 2048;
-    int                   block[kBlock];
+    constexpr std::size_t Block = 2048;
+    int                   block[Block];
     const std::size_t     row = static_cast<std::size_t>(width);
     for (int y = 0; y < height / 2; ++y) {
         int* upper = plane + static_cast<std::size_t>(y) * row;
         int* lower = plane + static_cast<std::size_t>(height - 1 - y) * row;
-        for (std::size_t x = 0; x < row; x += kBlock) {
-            const std::size_t bytes = std::min(kBlock, row - x) * sizeof(int);
+        for (std::size_t x = 0; x < row; x += Block) {
+            const std::size_t bytes = std::min(Block, row - x) * sizeof(int);
             std::memcpy(block, upper + x, bytes);
             std::memcpy(upper + x, lower + x, bytes);
             std::memcpy(lower + x, block, bytes);

@@ -40,7 +40,7 @@ bool RowGivesEveryEntry(const ZEKMAPIMA& map, const ContrastTable& table, bool s
     return true;
 }
 
-constexpr unsigned kGuard = 0xDEADBEEFu;
+constexpr unsigned Guard = 0xDEADBEEFu;
 
 }
 
@@ -110,7 +110,7 @@ TEST_CASE("of a table entry the low byte counts")
     map.SetRange(0, 65535);
     map.UsMap->Ptr1D[5] = 0x1234;
     const float value = 5.5f;
-    unsigned    pixel = kGuard;
+    unsigned    pixel = Guard;
     InEveryVariant([&](const char* variant) {
         ContrastShowAll(*TableOf(map), &value, 1, 1, &pixel, nullptr);
         CHECK_MESSAGE(pixel == 0x343434u, variant);
@@ -145,7 +145,7 @@ TEST_CASE("values are truncated towards zero, wrap in 16 bits and take entry 0 b
     InEveryVariant([&](const char* variant) {
         for (const auto& [value, gray] : expected) {
             const std::vector<float> row(20, value);
-            std::vector<unsigned>    pixels(20, kGuard);
+            std::vector<unsigned>    pixels(20, Guard);
             ContrastShowAll(*table, row.data(), 20, 1, pixels.data(), nullptr);
             CHECK_MESSAGE(pixels == std::vector<unsigned>(20, gray * 0x010101u), variant << ", " << value);
         }
@@ -172,7 +172,7 @@ TEST_CASE("rows of lengths 0 to 140 at odd starts equal the table and touch noth
                 const ZEKMAPIMA&     map = isRamp ? ramp : steps;
                 const ContrastTable& table = isRamp ? *rampTable : *stepsTable;
                 for (const bool streaming : {false, true}) {
-                    GuardedRun<unsigned> pixels(count, (start + 3) % 17, kGuard);
+                    GuardedRun<unsigned> pixels(count, (start + 3) % 17, Guard);
                     ActiveContrastVariant().Row(table, raw, pixels.Data(), count, streaming);
                     bool same = true;
                     for (std::size_t x = 0; x < count; ++x)
@@ -211,7 +211,7 @@ TEST_CASE("only pixels with a label of at least 1 are redrawn")
                     label[x] = kind;
             }
             for (const bool isRamp : {true, false}) {
-                GuardedRun<unsigned>  pixels(count, (start + 5) % 17, kGuard);
+                GuardedRun<unsigned>  pixels(count, (start + 5) % 17, Guard);
                 std::vector<unsigned> expected(count);
                 for (std::size_t x = 0; x < count; ++x) {
                     pixels.Data()[x] = 0xAB000000u + static_cast<unsigned>(x);
@@ -244,7 +244,7 @@ TEST_CASE("data rows go to the surface bottom-up, for every small size, with and
                     for (std::size_t x = 0; x < w; ++x)
                         expected[y * w + x] = PlainPixel(map, raw[(h - 1 - y) * w + x]);
 
-                GuardedRun<unsigned> pixels(w * h, w % 16, kGuard);
+                GuardedRun<unsigned> pixels(w * h, w % 16, Guard);
                 GuardedRun<int>      label(w * h, w % 13, -7);
                 ContrastShowAll(*table, raw.data(), width, height, pixels.Data(), label.Data());
                 CHECK_MESSAGE(std::equal(expected.begin(), expected.end(), pixels.Data()),
@@ -254,12 +254,12 @@ TEST_CASE("data rows go to the surface bottom-up, for every small size, with and
                 CHECK_MESSAGE(pixels.GuardsStand(), variant << ", " << width << "x" << height);
                 CHECK_MESSAGE(label.GuardsStand(), variant << ", " << width << "x" << height);
 
-                std::vector<unsigned> unmarked(w * h, kGuard);
+                std::vector<unsigned> unmarked(w * h, Guard);
                 std::fill_n(label.Data(), w * h, 0);
                 if (w * h > 0)
                     label.Data()[w * h - 1] = 3;
                 ContrastShowLabelled(*table, raw.data(), width, height, unmarked.data(), label.Data());
-                CHECK_MESSAGE(std::count(unmarked.begin(), unmarked.end(), kGuard) ==
+                CHECK_MESSAGE(std::count(unmarked.begin(), unmarked.end(), Guard) ==
                                   static_cast<long>(w * h) - (w * h > 0),
                               variant << ", " << width << "x" << height);
                 if (w * h > 0)
@@ -292,7 +292,7 @@ TEST_CASE("remapping and showing at once equals the two steps, in place too")
                     ContrastShowAll(*table, expectedRaw.data(), width, height, expected.data(), nullptr);
 
                     GuardedRun<float>    raw(w * h, w % 11, 77.0f);
-                    GuardedRun<unsigned> pixels(w * h, w % 16, kGuard);
+                    GuardedRun<unsigned> pixels(w * h, w % 16, Guard);
                     GuardedRun<int>      label(w * h, w % 13, -7);
                     ContrastShowRemapped(*table, rule, source.data(), raw.Data(), width, height,
                                          pixels.Data(), label.Data());
@@ -307,7 +307,7 @@ TEST_CASE("remapping and showing at once equals the two steps, in place too")
                                   variant << ", " << width);
 
                     std::copy(source.begin(), source.end(), raw.Data());
-                    std::fill_n(pixels.Data(), w * h, kGuard);
+                    std::fill_n(pixels.Data(), w * h, Guard);
                     ContrastShowRemapped(*table, rule, raw.Data(), raw.Data(), width, height, pixels.Data(),
                                          nullptr);
                     CHECK_MESSAGE(SameFloats(expectedRaw.data(), raw.Data(), w * h),
@@ -335,7 +335,7 @@ TEST_CASE("a surface larger than the caches is drawn like a small one")
         const VariantScope plain(CpuVariant::Plain);
         RemapFloats(rule, source.data(), expectedRaw.data(), all);
     }
-    GuardedRun<unsigned> pixels(all, 5, kGuard);
+    GuardedRun<unsigned> pixels(all, 5, Guard);
     GuardedRun<int>      label(all, 3, -7);
     GuardedRun<float>    raw(all, 7, 77.0f);
     const auto           wrongPixels = [&](const std::vector<float>& data) {
@@ -360,7 +360,7 @@ TEST_CASE("a surface larger than the caches is drawn like a small one")
         CHECK_MESSAGE((pixels.GuardsStand() && label.GuardsStand() && raw.GuardsStand()), variant);
 
         std::copy(source.begin(), source.end(), raw.Data());
-        std::fill_n(pixels.Data(), all, kGuard);
+        std::fill_n(pixels.Data(), all, Guard);
         ContrastShowRemapped(*table, rule, raw.Data(), raw.Data(), width, height, pixels.Data(), nullptr);
         CHECK_MESSAGE(wrongPixels(expectedRaw) == 0, variant << ", in place");
         CHECK_MESSAGE(SameFloats(expectedRaw.data(), raw.Data(), all), variant << ", in place");

@@ -8,8 +8,8 @@ using namespace vostel;
 
 namespace {
 
-const float kNan = std::numeric_limits<float>::quiet_NaN();
-const float kInfinity = std::numeric_limits<float>::infinity();
+const float NotANumber = std::numeric_limits<float>::quiet_NaN();
+const float Infinity = std::numeric_limits<float>::infinity();
 
 void PlainMinMax(const float* data, std::size_t count, float& lo, float& hi)
 {
@@ -82,12 +82,12 @@ TEST_CASE("data wholly beyond a start value reports the start value")
 
 TEST_CASE("not a number is passed over, infinities count")
 {
-    ClassData2DIO<float> plane = PlaneOf({kNan, 5.0f, kNan, 7.0f, -kNan}, 5);
+    ClassData2DIO<float> plane = PlaneOf({NotANumber, 5.0f, NotANumber, 7.0f, -NotANumber}, 5);
     CHECK(FloatMin(plane) == 5.0f);
     CHECK(FloatMax(plane) == 7.0f);
-    ClassData2DIO<float> infinite = PlaneOf({1.0f, kInfinity, -kInfinity}, 3);
-    CHECK(FloatMin(infinite) == -kInfinity);
-    CHECK(FloatMax(infinite) == kInfinity);
+    ClassData2DIO<float> infinite = PlaneOf({1.0f, Infinity, -Infinity}, 3);
+    CHECK(FloatMin(infinite) == -Infinity);
+    CHECK(FloatMax(infinite) == Infinity);
 }
 
 TEST_CASE("of equal zeros the first one's sign is reported, in every variant")
@@ -262,9 +262,9 @@ TEST_CASE("a target of another size stays untouched")
 TEST_CASE("not a number stays so through a remap, infinities are clamped")
 {
     InEveryVariant([](const char* variant) {
-        std::vector<float> values(40, kNan);
-        values[3] = kInfinity;
-        values[4] = -kInfinity;
+        std::vector<float> values(40, NotANumber);
+        values[3] = Infinity;
+        values[4] = -Infinity;
         ClassData2DIO<float> plane = PlaneOf(values, 40);
         RemapRange(plane, plane, 0.0f, 10.0f, -1.0f, 1.0f, 1);
         CHECK_MESSAGE(plane.Ptr1D[3] == 1.0f, variant);
@@ -281,8 +281,8 @@ TEST_CASE("the remap equals the formula for lengths 0 to 70, odd starts and hard
     const unsigned seed = 26013;
     const float    ranges[][4] = {
            {0.0f, 65535.0f, 0.0f, 65535.0f}, {-0.5f, 65536.0f, 0.0f, 65535.0f}, {65535.0f, 0.0f, 0.0f, 255.0f},
-           {10.0f, -10.0f, -0.0f, -5.0f},    {-0.0f, 1e-40f, 0.0f, 1.0f},       {0.0f, kInfinity, 0.0f, 255.0f},
-           {-kInfinity, 0.0f, 0.0f, 255.0f}, {kNan, 5.0f, 0.0f, 255.0f},        {0.0f, 5.0f, kNan, 255.0f},
+           {10.0f, -10.0f, -0.0f, -5.0f},    {-0.0f, 1e-40f, 0.0f, 1.0f},       {0.0f, Infinity, 0.0f, 255.0f},
+           {-Infinity, 0.0f, 0.0f, 255.0f},  {NotANumber, 5.0f, 0.0f, 255.0f},  {0.0f, 5.0f, NotANumber, 255.0f},
            {-1e7f, 1e7f, 65535.0f, -0.0f},   {0.0f, 0.001f, 0.0f, 3e38f},       {-3e38f, 3e38f, -1.0f, 1.0f}};
     InEveryVariant([&](const char* variant) {
         const auto remap = ActiveFloatRangeVariant().Remap;

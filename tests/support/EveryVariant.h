@@ -61,10 +61,10 @@ void InEveryVariant(Body body)
 template <typename T>
 class GuardedRun {
 public:
-    static constexpr std::size_t kGuards = 40;
+    static constexpr std::size_t Guards = 40;
 
     GuardedRun(std::size_t count, std::size_t start, T guard)
-        : Memory(2 * kGuards + start + count, guard), Start(kGuards + start), Count(count), Guard(guard)
+        : Memory(2 * Guards + start + count, guard), Start(Guards + start), Count(count), Guard(guard)
     {
     }
 

@@ -239,16 +239,16 @@ int main(int argc, char** argv)
             const std::string tail =
                 "/scale:" + std::to_string(scale).substr(0, 4) + (fast ? "/fast" : "/quality");
             const auto add = [&](const std::string& name, auto run) {
-                benchmark::RegisterBenchmark((name + tail).c_str(), run)->Unit(benchmark::kMillisecond);
+                benchmark::RegisterBenchmark((name + tail).c_str(), run)->Unit(benchmark::Millisecond);
             };
             add("DragObject", [=](benchmark::State& s) { DragFrames(s, scale, fast, Qt::NoModifier); });
             add("DragView", [=](benchmark::State& s) { DragFrames(s, scale, fast, Qt::ControlModifier); });
             add("ComposeAlone", [=](benchmark::State& s) { Compose(s, scale, fast); });
         }
-    benchmark::RegisterBenchmark("PresentAlone", PresentFrame)->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("PresentAlone", PresentFrame)->Unit(benchmark::Millisecond);
     benchmark::RegisterBenchmark("PresentByTopDownBitmap", PresentByTopDownBitmap)
-        ->Unit(benchmark::kMillisecond);
-    benchmark::RegisterBenchmark("PresentByTransform", PresentByTransform)->Unit(benchmark::kMillisecond);
+        ->Unit(benchmark::Millisecond);
+    benchmark::RegisterBenchmark("PresentByTransform", PresentByTransform)->Unit(benchmark::Millisecond);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     Widget.reset();

@@ -6,10 +6,10 @@ namespace vostel {
 
 namespace {
 // The system's own control classes have numbers instead of names.
-constexpr WORD kButton = 0x0080;
-constexpr WORD kEdit = 0x0081;
-constexpr WORD kStatic = 0x0082;
-constexpr WORD kCombo = 0x0085;
+constexpr WORD ButtonClass = 0x0080;
+constexpr WORD EditClass = 0x0081;
+constexpr WORD StaticClass = 0x0082;
+constexpr WORD ComboClass = 0x0085;
 }
 
 DialogTemplate::DialogTemplate(const wchar_t* caption, short width)
@@ -27,29 +27,29 @@ DialogTemplate::DialogTemplate(const wchar_t* caption, short width)
 
 void DialogTemplate::AddStatic(const wchar_t* text, short x, short y, short width)
 {
-    AddControl(SS_LEFT, kStatic, text, 0xFFFF, x, y, width, 10);
+    AddControl(SS_LEFT, StaticClass, text, 0xFFFF, x, y, width, 10);
 }
 
 void DialogTemplate::AddEdit(WORD id, short x, short y, short width)
 {
-    AddControl(WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL, kEdit, L"", id, x, y, width, 13);
+    AddControl(WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL, EditClass, L"", id, x, y, width, 13);
 }
 
 void DialogTemplate::AddCombo(WORD id, short x, short y, short width)
 {
     // The height is that of the opened list.
-    AddControl(WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST, kCombo, L"", id, x, y, width, 80);
+    AddControl(WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST, ComboClass, L"", id, x, y, width, 80);
 }
 
 void DialogTemplate::AddCheckBox(const wchar_t* text, WORD id, short x, short y, short width)
 {
-    AddControl(WS_TABSTOP | BS_AUTOCHECKBOX, kButton, text, id, x, y, width, 12);
+    AddControl(WS_TABSTOP | BS_AUTOCHECKBOX, ButtonClass, text, id, x, y, width, 12);
 }
 
 void DialogTemplate::AddButton(const wchar_t* text, WORD id, bool isDefault, short x, short y, short width)
 {
-    AddControl(WS_TABSTOP | (isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON), kButton, text, id, x, y, width,
-               14);
+    AddControl(WS_TABSTOP | (isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON), ButtonClass, text, id, x, y,
+               width, 14);
 }
 
 void DialogTemplate::SetHeight(short height)

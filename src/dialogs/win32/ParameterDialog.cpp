@@ -6,24 +6,24 @@ namespace vostel {
 
 namespace {
 // Dialog units.
-constexpr short kWidth = 190;
-constexpr short kMargin = 8;
-constexpr short kFieldX = 80;
-constexpr short kFieldWidth = kWidth - kFieldX - kMargin;
-constexpr short kRowHeight = 17;
-constexpr short kButtonWidth = 50;
+constexpr short Width = 190;
+constexpr short Margin = 8;
+constexpr short FieldX = 80;
+constexpr short FieldWidth = Width - FieldX - Margin;
+constexpr short RowHeight = 17;
+constexpr short ButtonWidth = 50;
 }
 
-ParameterDialog::ParameterDialog(const wchar_t* caption) : Template(caption, kWidth) {}
+ParameterDialog::ParameterDialog(const wchar_t* caption) : Template(caption, Width) {}
 
 bool ParameterDialog::Ask()
 {
     const short buttonY = static_cast<short>(NextY + 4);
-    const short cancelX = kWidth - kMargin - kButtonWidth;
-    const short okX = cancelX - 4 - kButtonWidth;
-    Template.AddButton(L"确定", IDOK, true, okX, buttonY, kButtonWidth);
-    Template.AddButton(L"取消", IDCANCEL, false, cancelX, buttonY, kButtonWidth);
-    Template.SetHeight(static_cast<short>(buttonY + 14 + kMargin));
+    const short cancelX = Width - Margin - ButtonWidth;
+    const short okX = cancelX - 4 - ButtonWidth;
+    Template.AddButton(L"确定", IDOK, true, okX, buttonY, ButtonWidth);
+    Template.AddButton(L"取消", IDCANCEL, false, cancelX, buttonY, ButtonWidth);
+    Template.SetHeight(static_cast<short>(buttonY + 14 + Margin));
     const INT_PTR answer =
         DialogBoxIndirectParamW(GetModuleHandleW(nullptr), Template.Get(), GetActiveWindow(), Procedure,
                                 reinterpret_cast<LPARAM>(this));
@@ -36,26 +36,26 @@ bool ParameterDialog::Ask()
 void ParameterDialog::AddEditRow(const wchar_t* caption, WORD id)
 {
     AddRowCaption(caption);
-    Template.AddEdit(id, kFieldX, NextY, kFieldWidth);
-    NextY = static_cast<short>(NextY + kRowHeight);
+    Template.AddEdit(id, FieldX, NextY, FieldWidth);
+    NextY = static_cast<short>(NextY + RowHeight);
 }
 
 void ParameterDialog::AddComboRow(const wchar_t* caption, WORD id)
 {
     AddRowCaption(caption);
-    Template.AddCombo(id, kFieldX, NextY, kFieldWidth);
-    NextY = static_cast<short>(NextY + kRowHeight);
+    Template.AddCombo(id, FieldX, NextY, FieldWidth);
+    NextY = static_cast<short>(NextY + RowHeight);
 }
 
 void ParameterDialog::AddCheckRow(const wchar_t* caption, WORD id)
 {
-    Template.AddCheckBox(caption, id, kFieldX, NextY, kFieldWidth);
-    NextY = static_cast<short>(NextY + kRowHeight);
+    Template.AddCheckBox(caption, id, FieldX, NextY, FieldWidth);
+    NextY = static_cast<short>(NextY + RowHeight);
 }
 
 void ParameterDialog::AddRowCaption(const wchar_t* caption)
 {
-    Template.AddStatic(caption, kMargin, static_cast<short>(NextY + 2), kFieldX - kMargin - 4);
+    Template.AddStatic(caption, Margin, static_cast<short>(NextY + 2), FieldX - Margin - 4);
 }
 
 void ParameterDialog::SetText(WORD id, const std::wstring& text)

@@ -9,12 +9,12 @@
 namespace vostel::own {
 
 namespace {
-const wchar_t* const kOwnFile = L"Tessik.ini";
+const wchar_t* const OwnFile = L"Tessik.ini";
 
 template <class Dialog, class Para>
 bool AskAndKeep(Para& para, Para& last, bool& answered, const wchar_t* section)
 {
-    const ParameterFile file(kOwnFile, section);
+    const ParameterFile file(OwnFile, section);
     Dialog              dialog(answered ? last : para);
     dialog.Recall(file);
     if (!dialog.Ask())

@@ -13,8 +13,8 @@ using namespace vostel::gdi;
 namespace {
 
 // The largest image that a header can state: its size is a 32-bit field.
-constexpr std::int64_t imageLimit = 0xFFFFFFFF;
-constexpr DWORD        bitFields = 3;    // what a header query returns for 32 bits
+constexpr std::int64_t ImageLimit = 0xFFFFFFFF;
+constexpr DWORD        BitFields = 3;    // what a header query returns for 32 bits
 
 }
 
@@ -33,7 +33,7 @@ HBITMAP CreateDIBSection(HDC, const BITMAPINFO* info, UINT usage, void** bits, H
     if (width <= 0 || height <= 0)
         return nullptr;
     std::int64_t rowBytes = (width * header.biBitCount + 31) / 32 * 4;
-    if (rowBytes > imageLimit / height || rowBytes > INT32_MAX)
+    if (rowBytes > ImageLimit / height || rowBytes > INT32_MAX)
         return nullptr;
 
     std::unique_ptr<Bitmap> bitmap(new (std::nothrow) Bitmap);
@@ -90,7 +90,7 @@ int GetDIBits(HDC dc, HBITMAP handle, UINT, UINT, void* bits, BITMAPINFO* info, 
         header.biHeight = bitmap->Height;
         header.biPlanes = 1;
         header.biBitCount = static_cast<WORD>(bitmap->BitsPerPixel);
-        header.biCompression = bitmap->BitsPerPixel == 32 ? bitFields : BI_RGB;
+        header.biCompression = bitmap->BitsPerPixel == 32 ? BitFields : BI_RGB;
         header.biSizeImage = static_cast<DWORD>(static_cast<std::int64_t>(bitmap->RowBytes) * bitmap->Height);
         header.biXPelsPerMeter = header.biYPelsPerMeter = 0;
         header.biClrUsed = header.biClrImportant = 0;

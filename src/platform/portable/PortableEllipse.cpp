@@ -8,11 +8,11 @@ namespace {
 
 // A walk along the outline is exact and takes as many steps as the outline has pixels. Ellipses beyond this
 // extent are measured by rows instead, so that one of any size is drawn in the time of its visible rows.
-constexpr std::int64_t walkLimit = 1 << 17;
+constexpr std::int64_t WalkLimit = 1 << 17;
 
 bool CanWalk(std::int64_t width, std::int64_t height)
 {
-    return width <= walkLimit && height <= walkLimit;
+    return width <= WalkLimit && height <= WalkLimit;
 }
 
 // Calls visit(x, upper row, lower row) for the pixels of the left half, from the middle to the two tips.
@@ -47,15 +47,15 @@ void Walk(std::int64_t left, std::int64_t top, std::int64_t right, std::int64_t 
 
 EllipseRows::EllipseRows(const Bitmap& surface, std::int64_t left, std::int64_t top, std::int64_t right,
                          std::int64_t bottom)
-    : surface(surface), left(left), top(top), right(right - 1), bottom(bottom - 1)
+    : Surface(surface), Left(left), Top(top), Right(right - 1), Bottom(bottom - 1)
 {
-    firstRow = std::max<std::int64_t>(top, 0);
+    FirstRow = std::max<std::int64_t>(top, 0);
     std::int64_t lastRow = std::min<std::int64_t>(bottom, surface.Height) - 1;
-    if (firstRow > lastRow || left >= surface.Width || right <= 0 || surface.BitsPerPixel < 24)
+    if (FirstRow > lastRow || left >= surface.Width || right <= 0 || surface.BitsPerPixel < 24)
         return;
-    runs.resize(static_cast<std::size_t>(lastRow - firstRow + 1));
+    Runs.resize(static_cast<std::size_t>(lastRow - FirstRow + 1));
     if (CanWalk(right - left, bottom - top))
-        Walk(this->left, this->top, this->right, this->bottom,
+        Walk(this->Left, this->Top, this->Right, this->Bottom,
              [this](std::int64_t x, std::int64_t upper, std::int64_t lower) {
                  Note(x, upper);
                  Note(x, lower);
@@ -66,8 +66,8 @@ EllipseRows::EllipseRows(const Bitmap& surface, std::int64_t left, std::int64_t 
 
 void EllipseRows::Note(std::int64_t x, std::int64_t y)
 {
-    if (y >= firstRow && y < firstRow + static_cast<std::int64_t>(runs.size())) {
-        Run& run = runs[static_cast<std::size_t>(y - firstRow)];
+    if (y >= FirstRow && y < FirstRow + static_cast<std::int64_t>(Runs.size())) {
+        Run& run = Runs[static_cast<std::size_t>(y - FirstRow)];
         run.Outer = std::min(run.Outer, x);
         run.Inner = std::max(run.Inner, x);
     }
@@ -77,35 +77,35 @@ void EllipseRows::Note(std::int64_t x, std::int64_t y)
 // middle in half heights. The outline of a row reaches to where the row nearer to the tip begins.
 void EllipseRows::MeasureFar()
 {
-    const double halfWidth = static_cast<double>(right - left) / 2,
-                 halfHeight = static_cast<double>(bottom - top) / 2;
+    const double halfWidth = static_cast<double>(Right - Left) / 2,
+                 halfHeight = static_cast<double>(Bottom - Top) / 2;
     auto edge = [&](double distance) {
         double v = halfHeight > 0 ? std::min(1.0, distance / halfHeight) : 0.0;
-        return left + static_cast<std::int64_t>(halfWidth - halfWidth * std::sqrt((1.0 - v) * (1.0 + v)));
+        return Left + static_cast<std::int64_t>(halfWidth - halfWidth * std::sqrt((1.0 - v) * (1.0 + v)));
     };
-    for (std::size_t i = 0; i < runs.size(); ++i) {
+    for (std::size_t i = 0; i < Runs.size(); ++i) {
         double distance =
-            std::fabs(static_cast<double>(firstRow + static_cast<std::int64_t>(i) - top) - halfHeight);
-        runs[i].Outer = edge(distance);
-        runs[i].Inner = std::max(runs[i].Outer, edge(distance + 1) - 1);
+            std::fabs(static_cast<double>(FirstRow + static_cast<std::int64_t>(i) - Top) - halfHeight);
+        Runs[i].Outer = edge(distance);
+        Runs[i].Inner = std::max(Runs[i].Outer, edge(distance + 1) - 1);
     }
 }
 
 void EllipseRows::Fill(const Paint& paint) const
 {
-    for (std::size_t i = 0; i < runs.size(); ++i)
-        if (runs[i].Outer <= runs[i].Inner)
-            FillRow(surface, paint, firstRow + static_cast<std::int64_t>(i), runs[i].Outer,
-                    left + right - runs[i].Outer + 1);
+    for (std::size_t i = 0; i < Runs.size(); ++i)
+        if (Runs[i].Outer <= Runs[i].Inner)
+            FillRow(Surface, paint, FirstRow + static_cast<std::int64_t>(i), Runs[i].Outer,
+                    Left + Right - Runs[i].Outer + 1);
 }
 
 void EllipseRows::Outline(const Paint& paint) const
 {
-    for (std::size_t i = 0; i < runs.size(); ++i)
-        if (runs[i].Outer <= runs[i].Inner) {
-            std::int64_t y = firstRow + static_cast<std::int64_t>(i);
-            FillRow(surface, paint, y, runs[i].Outer, runs[i].Inner + 1);
-            FillRow(surface, paint, y, left + right - runs[i].Inner, left + right - runs[i].Outer + 1);
+    for (std::size_t i = 0; i < Runs.size(); ++i)
+        if (Runs[i].Outer <= Runs[i].Inner) {
+            std::int64_t y = FirstRow + static_cast<std::int64_t>(i);
+            FillRow(Surface, paint, y, Runs[i].Outer, Runs[i].Inner + 1);
+            FillRow(Surface, paint, y, Left + Right - Runs[i].Inner, Left + Right - Runs[i].Outer + 1);
         }
 }
 

@@ -25,10 +25,10 @@ private:
     void MeasureFar();
     void Note(std::int64_t x, std::int64_t y);
 
-    const Bitmap&    surface;
-    std::int64_t     left, top, right, bottom;    // right and bottom included
-    std::int64_t     firstRow = 0;                // row of runs[0]
-    std::vector<Run> runs;
+    const Bitmap&    Surface;
+    std::int64_t     Left, Top, Right, Bottom;    // right and bottom included
+    std::int64_t     FirstRow = 0;                // row of runs[0]
+    std::vector<Run> Runs;
 };
 
 // The outline as a closed ring of neighbouring pixels, from the middle of the right side over the top.

@@ -7,7 +7,7 @@ namespace vostel::gdi {
 namespace {
 
 // Rows of the six hatches; bit 7 is the leftmost pixel.
-constexpr unsigned char hatchRows[6][8] = {
+constexpr unsigned char HatchRows[6][8] = {
     {0x00, 0x00, 0x00, 0xFF, 0x00, 0x00, 0x00, 0x00},    // horizontal
     {0x08, 0x08, 0x08, 0x08, 0x08, 0x08, 0x08, 0x08},    // vertical
     {0x80, 0x40, 0x20, 0x10, 0x08, 0x04, 0x02, 0x01},    // falling diagonal
@@ -18,7 +18,7 @@ constexpr unsigned char hatchRows[6][8] = {
 
 bool HatchDraws(int hatch, int x, int y)
 {
-    return (hatchRows[hatch][y & 7] >> (7 - (x & 7)) & 1) != 0;
+    return (HatchRows[hatch][y & 7] >> (7 - (x & 7)) & 1) != 0;
 }
 
 void PutPixel(unsigned char* target, int bytesPerPixel, std::uint32_t pixel)
@@ -86,7 +86,7 @@ void FillOpenHatch(const Bitmap& surface, const Paint& paint, const Box& box)
 {
     int bytesPerPixel = surface.BitsPerPixel / 8;
     for (int y = box.Top; y < box.Bottom; ++y) {
-        if (hatchRows[paint.Hatch][y & 7] == 0xFF) {
+        if (HatchRows[paint.Hatch][y & 7] == 0xFF) {
             FillSolid(surface, paint.Pixel, {box.Left, y, box.Right, y + 1});
             continue;
         }

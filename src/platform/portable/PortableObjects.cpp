@@ -25,12 +25,12 @@ struct Slot {
 };
 
 // More objects than the desktop lets a process have are a leak, and fail here as they do there.
-constexpr std::size_t slotLimit = 65536;
-constexpr int         indexBits = 20;
-constexpr int         kindBits = 4;
+constexpr std::size_t SlotLimit = 65536;
+constexpr int         IndexBits = 20;
+constexpr int         KindBits = 4;
 
 using HandleBits = std::uintptr_t;
-constexpr HandleBits generationMask = ~HandleBits{0} >> (indexBits + kindBits);
+constexpr HandleBits GenerationMask = ~HandleBits{0} >> (IndexBits + KindBits);
 
 struct Table {
     std::vector<Slot>        Slots;
@@ -42,15 +42,15 @@ struct Table {
 
 HGDIOBJ HandleOf(std::size_t index, const Slot& slot)
 {
-    HandleBits bits = (slot.Generation & generationMask) << (indexBits + kindBits) |
-                      static_cast<HandleBits>(slot.Holds) << indexBits | (index + 1);
+    HandleBits bits = (slot.Generation & GenerationMask) << (IndexBits + KindBits) |
+                      static_cast<HandleBits>(slot.Holds) << IndexBits | (index + 1);
     return reinterpret_cast<HGDIOBJ>(bits);
 }
 
 Slot* FindSlot(Table& table, const void* handle)
 {
     HandleBits  bits = reinterpret_cast<HandleBits>(handle);
-    std::size_t index = bits & ((HandleBits{1} << indexBits) - 1);
+    std::size_t index = bits & ((HandleBits{1} << IndexBits) - 1);
     if (index == 0 || index > table.Slots.size())
         return nullptr;
     Slot& slot = table.Slots[index - 1];
@@ -65,7 +65,7 @@ HGDIOBJ Insert(Table& table, Kind kind, void* object, bool stock)
         index = table.FreeSlots.back();
         table.FreeSlots.pop_back();
     } else {
-        if (table.Slots.size() >= slotLimit)
+        if (table.Slots.size() >= SlotLimit)
             return nullptr;
         try {
             if (table.FreeSlots.capacity() <= table.Slots.size())    // so that a deletion never allocates

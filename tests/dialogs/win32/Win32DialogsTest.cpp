@@ -100,14 +100,14 @@ bool Answer(const std::function<bool()>& call, const std::function<void(HWND)>& 
     return answer;
 }
 
-const std::map<int, const wchar_t*> kLayout = {
+const std::map<int, const wchar_t*> Layout = {
     {field::Width, L"640"},  {field::Height, L"480"},   {field::HeaderBytes, L"4294967295"},
     {field::InLow, L"-0.5"}, {field::InHigh, L"65535"}, {field::OutLow, L"1.25"},
     {field::OutHigh, L"254"}};
 
 void TypeLayout(HWND dialog)
 {
-    for (const auto& [id, text] : kLayout)
+    for (const auto& [id, text] : Layout)
         Type(dialog, id, text);
     SendDlgItemMessageW(dialog, field::DataType, CB_SETCURSEL, 2, 0);
     SendDlgItemMessageW(dialog, field::MapToByte, BM_SETCHECK, BST_CHECKED, 0);
@@ -156,12 +156,12 @@ TEST_CASE("the layout dialog starts with the values confirmed last and not with 
     LRESULT                     type = -1, check = -1;
     Answer([&] { return gDlgGetImaLoadPara(other); },
            [&](HWND dialog) {
-               for (const auto& [id, text] : kLayout)
+               for (const auto& [id, text] : Layout)
                    shown[id] = TextOf(dialog, id);
                type = SendDlgItemMessageW(dialog, field::DataType, CB_GETCURSEL, 0, 0);
                check = SendDlgItemMessageW(dialog, field::MapToByte, BM_GETCHECK, 0, 0);
            });
-    for (const auto& [id, text] : kLayout)
+    for (const auto& [id, text] : Layout)
         CHECK(shown[id] == text);
     CHECK(type == 2);
     CHECK(check == BST_CHECKED);
