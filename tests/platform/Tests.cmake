@@ -24,3 +24,8 @@ vostel_test(platform/TextTest)
 vostel_test(platform/ImageTest)
 vostel_inner_test(platform/HostServicesTest)
 vostel_inner_test(platform/FilesTest)
+if(NOT WIN32)
+    vostel_test(platform/TextWithoutFontsTest)
+    set_property(TEST ${VOSTEL_TEST_PREFIX}platform/TextWithoutFontsTest APPEND PROPERTY
+        ENVIRONMENT "FONTCONFIG_FILE=${CMAKE_CURRENT_SOURCE_DIR}/platform/no-fonts.conf")
+endif()
