@@ -64,20 +64,20 @@ VOSTEL_API void gCVSAddFreeStroke(int canvas);
 VOSTEL_API void gCVSAddTextOL(int canvas);
 
 /// Adds one line of text with its top left at a client point. The box keeps its size on the screen, and its
-/// top left is tied to the image. bkMode, colour and height count for FontCustom only: bkMode 1 draws no
-/// background, 2 a white box; colour is 0x00BBGGRR; height in client pixels.
+/// top left is tied to the image. bkMode, color and height count for FontCustom only: bkMode 1 draws no
+/// background, 2 a white box; color is 0x00BBGGRR; height in client pixels.
 VOSTEL_API void gCVSAddTextOL(int canvas, CString text, int x, int y, FontType font, int bkMode,
-                              unsigned long colour, int height);
+                              unsigned long color, int height);
 
 /// Adds a text as gCVSAddTextOL, but x and y are image pixels.
 VOSTEL_API void gCVSAddTextOLV2(int canvas, CString text, int x, int y, FontType font, int bkMode,
-                                unsigned long colour, int height);
+                                unsigned long color, int height);
 
 /// Returns the size in client pixels that a text of gCVSAddTextOL will have, as a rectangle at 0, 0; empty
 /// without a client surface. x and y are not used. The call moves the selection: the last object gets the
 /// next Shift press.
 VOSTEL_API CRect gCVSGetTextRectOL(int canvas, CString text, int x, int y, FontType font, int bkMode,
-                                   unsigned long colour, int height);
+                                   unsigned long color, int height);
 
 /// Adds lines of red text, copied, with the top left of their box at a client point. The box is sized at each
 /// paint, is dragged by a press inside, and stays where it is through pan and zoom.

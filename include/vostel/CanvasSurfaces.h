@@ -23,7 +23,7 @@
 VOSTEL_API bool gCVSPrepareCanvas(int canvas, int width, int height);
 
 /// Sets all pixels of the canvas surface to one value, 0x00RRGGBB. Nothing happens without a surface.
-VOSTEL_API void gCVSSetCanvasColor(int canvas, unsigned int colour);
+VOSTEL_API void gCVSSetCanvasColor(int canvas, unsigned int color);
 
 /// Returns the memory context that the canvas surface is selected in; null before the first image.
 VOSTEL_API HDC gCVSGetCanvasHDC(int canvas);

@@ -15,7 +15,7 @@ struct tagStructRGBA {
     std::uint8_t r = 0;    ///< red
     std::uint8_t a = 0;    ///< alpha; the library does not use it
 };
-static_assert(sizeof(tagStructRGBA) == 4, "hosts copy colour tables by the byte");
+static_assert(sizeof(tagStructRGBA) == 4, "hosts copy color tables by the byte");
 
 /// Sets all three channels to the low byte of v.
 VOSTEL_API void StructRGBAAssign(tagStructRGBA& c, int v);

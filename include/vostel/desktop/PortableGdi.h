@@ -155,11 +155,11 @@ VOSTEL_API int GetDIBits(HDC dc, HBITMAP bitmap, UINT firstRow, UINT rows, void*
 
 /// Returns a pen, to be freed with DeleteObject. A width of 0 counts as one pixel, an unknown style as
 /// PS_SOLID.
-VOSTEL_API HPEN CreatePen(int style, int width, COLORREF colour);
+VOSTEL_API HPEN CreatePen(int style, int width, COLORREF color);
 /// Returns a brush of one color, to be freed with DeleteObject.
-VOSTEL_API HBRUSH CreateSolidBrush(COLORREF colour);
+VOSTEL_API HBRUSH CreateSolidBrush(COLORREF color);
 /// Returns a brush of lines, HS_, to be freed with DeleteObject; null for an unknown style.
-VOSTEL_API HBRUSH CreateHatchBrush(int style, COLORREF colour);
+VOSTEL_API HBRUSH CreateHatchBrush(int style, COLORREF color);
 /// Returns a font, to be freed with DeleteObject. height: positive for the cell, negative for the em, in
 /// pixels; face: up to 31 characters, another face stands in where it is missing. Weight, italic, underline
 /// and strikeOut count, the rest does not.
@@ -171,9 +171,9 @@ VOSTEL_API HFONT CreateFontW(int height, int width, int escapement, int orientat
 /// mode.
 VOSTEL_API int SetBkMode(HDC dc, int mode);
 /// Sets the background color; returns the previous one.
-VOSTEL_API COLORREF SetBkColor(HDC dc, COLORREF colour);
+VOSTEL_API COLORREF SetBkColor(HDC dc, COLORREF color);
 /// Sets the color of text; returns the previous one.
-VOSTEL_API COLORREF SetTextColor(HDC dc, COLORREF colour);
+VOSTEL_API COLORREF SetTextColor(HDC dc, COLORREF color);
 /// Sets how StretchBlt scales into the context; returns the previous mode.
 VOSTEL_API int SetStretchBltMode(HDC dc, int mode);
 /// Sets the point of the bitmap that 0, 0 is drawn at; before, unless null, receives the previous one.
@@ -194,7 +194,7 @@ VOSTEL_API int FillRect(HDC dc, const RECT* rect, HBRUSH brush);
 VOSTEL_API COLORREF GetPixel(HDC dc, int x, int y);
 /// Sets the color of a pixel and returns it; CLR_INVALID outside of the bitmap and on a bitmap of 1 bit per
 /// pixel.
-VOSTEL_API COLORREF SetPixel(HDC dc, int x, int y, COLORREF colour);
+VOSTEL_API COLORREF SetPixel(HDC dc, int x, int y, COLORREF color);
 
 /// Copies a box between contexts. SRCCOPY is the one operation. A negative extent mirrors, as it does in GDI.
 VOSTEL_API BOOL BitBlt(HDC target, int x, int y, int width, int height, HDC source, int sourceX, int sourceY,

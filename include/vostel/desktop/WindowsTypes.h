@@ -87,21 +87,21 @@ inline constexpr COLORREF RGB(unsigned red, unsigned green, unsigned blue)
 }
 
 /// Returns the red channel.
-inline constexpr BYTE GetRValue(COLORREF colour)
+inline constexpr BYTE GetRValue(COLORREF color)
 {
-    return static_cast<BYTE>(colour);
+    return static_cast<BYTE>(color);
 }
 
 /// Returns the green channel.
-inline constexpr BYTE GetGValue(COLORREF colour)
+inline constexpr BYTE GetGValue(COLORREF color)
 {
-    return static_cast<BYTE>(colour >> 8);
+    return static_cast<BYTE>(color >> 8);
 }
 
 /// Returns the blue channel.
-inline constexpr BYTE GetBValue(COLORREF colour)
+inline constexpr BYTE GetBValue(COLORREF color)
 {
-    return static_cast<BYTE>(colour >> 16);
+    return static_cast<BYTE>(color >> 16);
 }
 
 /// Returns the low half of a message's argument: flags, or the x of a position.

@@ -87,10 +87,10 @@ void AddReadOut(int number)
     Append(*canvas, std::move(readOut));
 }
 
-void SetStyle(VostelTextRect& text, FontType font, int bkMode, unsigned long colour, int height)
+void SetStyle(VostelTextRect& text, FontType font, int bkMode, unsigned long color, int height)
 {
     text.StyleBkMode = bkMode;
-    text.StyleColor = static_cast<COLORREF>(colour);
+    text.StyleColor = static_cast<COLORREF>(color);
     text.StyleHeight = height;
     text.StyleFontType = font;
 }
@@ -107,11 +107,11 @@ VostelTextRect& AppendTextRect(VostelImage& canvas)
     return text;
 }
 
-void AddText(VostelImage& canvas, CString& text, CPoint at, FontType font, int bkMode, unsigned long colour,
+void AddText(VostelImage& canvas, CString& text, CPoint at, FontType font, int bkMode, unsigned long color,
              int height)
 {
     VostelTextRect& box = AppendTextRect(canvas);
-    SetStyle(box, font, bkMode, colour, height);
+    SetStyle(box, font, bkMode, color, height);
     box.SetTextAt(text, at);
 }
 
@@ -185,22 +185,22 @@ void gCVSAddTextOL(int canvas)
     box.SetTextAt(record.Value, CPoint(200, 200));
 }
 
-void gCVSAddTextOL(int canvas, CString text, int x, int y, FontType font, int bkMode, unsigned long colour,
+void gCVSAddTextOL(int canvas, CString text, int x, int y, FontType font, int bkMode, unsigned long color,
                    int height)
 {
     if (VostelImage* const image = FindCanvas(canvas))
-        AddText(*image, text, CPoint(x, y), font, bkMode, colour, height);
+        AddText(*image, text, CPoint(x, y), font, bkMode, color, height);
 }
 
-void gCVSAddTextOLV2(int canvas, CString text, int x, int y, FontType font, int bkMode, unsigned long colour,
+void gCVSAddTextOLV2(int canvas, CString text, int x, int y, FontType font, int bkMode, unsigned long color,
                      int height)
 {
     if (VostelImage* const image = FindCanvas(canvas))
-        AddText(*image, text, image->View.ImageToClient(PointTemplateBase<double>(x, y)), font, bkMode,
-                colour, height);
+        AddText(*image, text, image->View.ImageToClient(PointTemplateBase<double>(x, y)), font, bkMode, color,
+                height);
 }
 
-CRect gCVSGetTextRectOL(int canvas, CString text, int, int, FontType font, int bkMode, unsigned long colour,
+CRect gCVSGetTextRectOL(int canvas, CString text, int, int, FontType font, int bkMode, unsigned long color,
                         int height)
 {
     VostelImage* const image = FindCanvas(canvas);
@@ -211,7 +211,7 @@ CRect gCVSGetTextRectOL(int canvas, CString text, int, int, FontType font, int b
     image->SelIndex = static_cast<int>(image->Elements.size()) - 1;
     probe.SetCanvasView(&image->View);
     probe.Kit.Dc = image->ClientMemDC;
-    SetStyle(probe, font, bkMode, colour, height);
+    SetStyle(probe, font, bkMode, color, height);
     return probe.MeasureText(text);
 }
 

@@ -11,10 +11,10 @@ bool gCVSPrepareCanvas(int canvas, int width, int height)
     return true;
 }
 
-void gCVSSetCanvasColor(int canvas, unsigned int colour)
+void gCVSSetCanvasColor(int canvas, unsigned int color)
 {
     if (VostelImage* const image = FindCanvas(canvas))
-        image->CanvasSurface.Fill(colour);
+        image->CanvasSurface.Fill(color);
 }
 
 HDC gCVSGetCanvasHDC(int canvas)
