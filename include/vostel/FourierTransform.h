@@ -6,9 +6,9 @@
 ///     X[k] = sum over j of x[j] * exp(-i * 6.2831852 * j * k / N)          forward, unscaled
 ///     x[j] = 1/N * sum over k of X[k] * exp(+i * 6.2831852 * j * k / N)    inverse
 ///
-/// by the radix-2 algorithm of Cooley and Tukey, stage by stage. All arithmetic is 32 bits wide, so that the
-/// same input gives the same bits on every processor. Not-a-number and infinite samples spread as the
-/// arithmetic has it.
+/// by Stockham's autosort algorithm in radix 2: two pairs of arrays take turns as source and target of the
+/// stages. All arithmetic is 32 bits wide, so that the same input gives the same bits on every processor.
+/// Not-a-number and infinite samples spread as the arithmetic has it.
 
 #include "vostel/export.h"
 
