@@ -33,7 +33,7 @@ public:
     GivenLayout& operator=(const GivenLayout&) = delete;
 };
 
-bool ReadFile(const std::wstring& path, const std::function<void()>& read)
+bool ReadWithLayout(const std::wstring& path, const std::function<void()>& read)
 {
     const DWORD attributes = GetFileAttributesW(path.c_str());
     const bool  isFile = attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
@@ -70,7 +70,7 @@ ViewerWindow MainWindow::Services()
     window.AskTextLines = [this](std::wstring& lines) { return AskTextLines(lines); };
     window.AskRoutine = [this](RoutineQuestion& question) { return AskRoutine(question); };
     window.ReadFile = [](int, const std::wstring& path, const std::function<void()>& read) {
-        return ReadFile(path, read);
+        return ReadWithLayout(path, read);
     };
     return window;
 }
