@@ -21,8 +21,8 @@ namespace {
 struct Scratch {
     AxisRuns                         ColumnRuns, RowRuns;
     AxisTaps                         ColumnTaps, RowTaps;
-    std::vector<std::uint32_t>       Words;      // a source row
-    std::vector<std::uint32_t>       Picked;     // a target row
+    std::vector<std::uint32_t>       SourceRow;
+    std::vector<std::uint32_t>       TargetRow;
     std::vector<std::uint32_t>       Pairs;      // column weights as BlendColumns takes them
     std::vector<std::uint16_t>       Blended;    // a source row between the passes
     std::vector<std::uint16_t>       Triples;    // the same of a 24-bit source
@@ -43,90 +43,193 @@ T* Sized(std::vector<T>& buffer, std::size_t count)
     return buffer.data();
 }
 
-std::uint32_t* WordsOf(const Bitmap& bitmap, int y)
+std::uint32_t* PixelsOf(const Bitmap& bitmap, int y)
 {
     return reinterpret_cast<std::uint32_t*>(bitmap.Row(y));
 }
 
-void Nearest(const PixelCopy& copy, const StretchAxis& columnAxis, const StretchAxis& rowAxis)
+// False if no target pixel is drawn.
+template <class Axis>
+bool FindBoth(Axis& columns, const StretchAxis& columnAxis, Axis& rows, const StretchAxis& rowAxis)
 {
-    Scratch&  scratch = SharedScratch();
-    AxisRuns& columns = scratch.ColumnRuns;
-    AxisRuns& rows = scratch.RowRuns;
     columns.Find(columnAxis);
     rows.Find(rowAxis);
-    if (columns.Count == 0 || rows.Count == 0)
-        return;
-    const StretchVariant& variant = ActiveStretchVariant();
-    const Bitmap&         target = *copy.Target;
-    const Bitmap&         source = *copy.Source;
-    const std::size_t     count = static_cast<std::size_t>(columns.Count);
-    const bool            inPlace = source.BitsPerPixel == 32;
-    const bool            direct = target.BitsPerPixel == 32;
-    const bool            straight = columnAxis.KeepsSize() && !columnAxis.Mirrors();
-    const bool            picks =
-        std::abs(std::int64_t{columnAxis.SourceExtent}) > std::abs(std::int64_t{columnAxis.TargetExtent});
+    return columns.Count > 0 && rows.Count > 0;
+}
 
-    // A row that has to be widened first is widened only where it is needed.
-    std::vector<int>& taken = columns.Far;
-    int               firstColumn = 0;
-    int               width = source.Width;
-    if (!inPlace) {
-        const auto ends = std::minmax(taken.front(), taken.back());
-        firstColumn = ends.first;
-        width = ends.second - ends.first + 1;
-        for (int& column : taken)
-            column -= firstColumn;
-        Sized(scratch.Words, static_cast<std::size_t>(width));
+// Source rows of mode 3 as 32-bit pixels: where they lie, or widened from the first to the last column that
+// is taken.
+class NearestSource {
+public:
+    // Makes the columns count from the first pixel of the rows.
+    NearestSource(const PixelCopy& copy, std::vector<int>& columns, std::vector<std::uint32_t>& buffer)
+        : Copy(copy), LiesReady(copy.Source->BitsPerPixel == 32), Width(copy.Source->Width)
+    {
+        if (LiesReady)
+            return;
+        const auto ends = std::minmax(columns.front(), columns.back());
+        FirstColumn = ends.first;
+        Width = ends.second - ends.first + 1;
+        for (int& column : columns)
+            column -= FirstColumn;
+        Widened = Sized(buffer, static_cast<std::size_t>(Width));
     }
-    // Rows of a large enlarged picture are made once beside it and streamed to every place.
-    const bool streams = direct && !picks && std::int64_t{columns.Count} * rows.Count >= StreamedPixels;
-    if (!direct || streams)
-        Sized(scratch.Picked, count);
 
-    const std::size_t pixelBytes = static_cast<std::size_t>(target.BitsPerPixel) / 8;
+    int RowWidth() const { return Width; }
+
+    const std::uint32_t* Row(int y) const
+    {
+        if (LiesReady)
+            return PixelsOf(*Copy.Source, y);
+        LoadWords(Widened, Copy, y, FirstColumn, Width);
+        return Widened;
+    }
+
+    // Null where there is nothing to fetch ahead.
+    const std::uint32_t* RowAhead(int y) const { return LiesReady ? PixelsOf(*Copy.Source, y) : nullptr; }
+
+private:
+    const PixelCopy& Copy;
+    bool             LiesReady;
+    int              Width;
+    int              FirstColumn = 0;
+    std::uint32_t*   Widened = nullptr;
+};
+
+// How the columns of a target row come from those of a source row.
+struct NearestColumns {
+    enum class Spacing { Same, Shrunk, Enlarged };    // Enlarged also stands for the same size mirrored
+
+    const StretchVariant&   Variant;
+    Spacing                 Spaced;
+    const std::vector<int>& Taken;    // per target pixel
+    int                     SourceWidth;
+
+    int  Count() const { return static_cast<int>(Taken.size()); }
+    void Take(std::uint32_t* to, const std::uint32_t* from, const std::uint32_t* ahead) const
+    {
+        if (Spaced == Spacing::Same)
+            Variant.CopyPixels(to, from + Taken[0], Count(), ahead != nullptr ? ahead + Taken[0] : nullptr);
+        else if (Spaced == Spacing::Shrunk)
+            Variant.PickPixels(to, from, Taken.data(), Count(), ahead);
+        else
+            Variant.RepeatPixels(to, from, SourceWidth, Taken.data(), Count());
+    }
+};
+
+NearestColumns::Spacing SpacingOf(const StretchAxis& axis)
+{
+    if (axis.KeepsSize() && !axis.Mirrors())
+        return NearestColumns::Spacing::Same;
+    return std::abs(std::int64_t{axis.SourceExtent}) > std::abs(std::int64_t{axis.TargetExtent})
+               ? NearestColumns::Spacing::Shrunk
+               : NearestColumns::Spacing::Enlarged;
+}
+
+// The three ways to write target rows of mode 3. Again writes the row at y as the one at before, which was
+// written last.
+struct DirectRows {
+    const NearestColumns& Columns;
+    const Bitmap&         Target;
+    int                   X;
+
+    void Write(int y, const std::uint32_t* from, const std::uint32_t* ahead) const
+    {
+        Columns.Take(PixelsOf(Target, y) + X, from, ahead);
+    }
+    void Again(int y, int before) const
+    {
+        std::memcpy(PixelsOf(Target, y) + X, PixelsOf(Target, before) + X,
+                    static_cast<std::size_t>(Columns.Count()) * 4);
+    }
+    void Finish() const {}
+};
+
+// For a large picture that is not shrunk: made once in a row of their own and streamed to every place.
+struct StreamedRows {
+    const NearestColumns& Columns;
+    const Bitmap&         Target;
+    int                   X;
+    std::uint32_t*        RowBuffer;
+
+    void Write(int y, const std::uint32_t* from, const std::uint32_t* ahead) const
+    {
+        Columns.Take(RowBuffer, from, ahead);
+        Again(y, y);
+    }
+    void Again(int y, int) const
+    {
+        Columns.Variant.StreamPixels(PixelsOf(Target, y) + X, RowBuffer, Columns.Count(), nullptr);
+    }
+    void Finish() const { Columns.Variant.Fence(); }
+};
+
+// RowBuffer in a row of their own and brought to the depth of the target.
+struct ConvertedRows {
+    const NearestColumns& Columns;
+    const PixelCopy&      Copy;
+    int                   X;
+    std::uint32_t*        RowBuffer;
+
+    void Write(int y, const std::uint32_t* from, const std::uint32_t* ahead) const
+    {
+        Columns.Take(RowBuffer, from, ahead);
+        StoreWords(Copy, y, X, RowBuffer, Columns.Count());
+    }
+    void Again(int y, int before) const
+    {
+        const int pixelBytes = Copy.Target->BitsPerPixel / 8;
+        if (pixelBytes == 0) {
+            StoreWords(Copy, y, X, RowBuffer, Columns.Count());
+            return;
+        }
+        const std::ptrdiff_t at = static_cast<std::ptrdiff_t>(X) * pixelBytes;
+        std::memcpy(Copy.Target->Row(y) + at, Copy.Target->Row(before) + at,
+                    static_cast<std::size_t>(Columns.Count()) * static_cast<std::size_t>(pixelBytes));
+    }
+    void Finish() const {}
+};
+
+template <class Writer>
+void WriteRows(const Writer& writer, const NearestSource& source, const AxisRuns& rows, bool topDown)
+{
     // In memory order of the target: caches like ascending addresses better.
-    const int step = target.TopDown ? 1 : -1;
-    const int begin = target.TopDown ? 0 : rows.Count - 1;
-    const int end = target.TopDown ? rows.Count : -1;
+    const int step = topDown ? 1 : -1;
+    const int begin = topDown ? 0 : rows.Count - 1;
+    const int end = topDown ? rows.Count : -1;
     for (int i = begin; i != end; i += step) {
         const int sourceRow = rows.Near[static_cast<std::size_t>(i)];
         const int y = rows.Target + i;
-        if (i != begin && pixelBytes > 0 && sourceRow == rows.Near[static_cast<std::size_t>(i - step)]) {
-            const std::size_t at = static_cast<std::size_t>(columns.Target) * pixelBytes;
-            if (streams)
-                variant.StreamPixels(WordsOf(target, y) + columns.Target, scratch.Picked.data(),
-                                     columns.Count, nullptr);
-            else
-                std::memcpy(target.Row(y) + at, target.Row(y - step) + at, count * pixelBytes);
+        if (i != begin && sourceRow == rows.Near[static_cast<std::size_t>(i - step)]) {
+            writer.Again(y, y - step);
             continue;
         }
-        const std::uint32_t* from = scratch.Words.data();
-        if (inPlace)
-            from = WordsOf(source, sourceRow);
-        else
-            LoadWords(scratch.Words.data(), copy, sourceRow, firstColumn, width);
-        std::uint32_t* to = scratch.Picked.data();
-        if (direct && !streams)
-            to = WordsOf(target, y) + columns.Target;
-        const std::uint32_t* ahead = nullptr;
-        if (inPlace && i + step != end)
-            ahead = WordsOf(source, rows.Near[static_cast<std::size_t>(i + step)]);
-        if (straight) {
-            variant.CopyPixels(to, from + taken.front(), columns.Count,
-                               ahead != nullptr ? ahead + taken.front() : nullptr);
-        } else if (picks) {
-            variant.PickPixels(to, from, taken.data(), columns.Count, ahead);
-        } else {
-            variant.RepeatPixels(to, from, width, taken.data(), columns.Count);
-        }
-        if (streams)
-            variant.StreamPixels(WordsOf(target, y) + columns.Target, to, columns.Count, nullptr);
-        else if (!direct)
-            StoreWords(copy, y, columns.Target, to, columns.Count);
+        const bool last = i + step == end;
+        writer.Write(y, source.Row(sourceRow),
+                     last ? nullptr : source.RowAhead(rows.Near[static_cast<std::size_t>(i + step)]));
     }
-    if (streams)
-        variant.Fence();
+    writer.Finish();
+}
+
+void Nearest(const PixelCopy& copy, const StretchAxis& columnAxis, const StretchAxis& rowAxis)
+{
+    Scratch&        scratch = SharedScratch();
+    AxisRuns&       runs = scratch.ColumnRuns;
+    const AxisRuns& rows = scratch.RowRuns;
+    if (!FindBoth(runs, columnAxis, scratch.RowRuns, rowAxis))
+        return;
+    const Bitmap&        target = *copy.Target;
+    const NearestSource  source(copy, runs.Far, scratch.SourceRow);
+    const NearestColumns columns{ActiveStretchVariant(), SpacingOf(columnAxis), runs.Far, source.RowWidth()};
+    const auto           buffer = [&] { return Sized(scratch.TargetRow, runs.Far.size()); };
+    const bool           streams = columns.Spaced != NearestColumns::Spacing::Shrunk &&
+                         std::int64_t{runs.Count} * rows.Count >= StreamedPixels;
+    if (target.BitsPerPixel != 32)
+        WriteRows(ConvertedRows{columns, copy, runs.Target, buffer()}, source, rows, target.TopDown);
+    else if (streams)
+        WriteRows(StreamedRows{columns, target, runs.Target, buffer()}, source, rows, target.TopDown);
+    else
+        WriteRows(DirectRows{columns, target, runs.Target}, source, rows, target.TopDown);
 }
 
 // All source pixels of a target pixel joined: by AND if both is true, else by OR.
@@ -135,46 +238,44 @@ void Combined(const PixelCopy& copy, const StretchAxis& columnAxis, const Stretc
     Scratch&  scratch = SharedScratch();
     AxisRuns& columns = scratch.ColumnRuns;
     AxisRuns& rows = scratch.RowRuns;
-    columns.Find(columnAxis);
-    rows.Find(rowAxis);
-    if (columns.Count == 0 || rows.Count == 0)
+    if (!FindBoth(columns, columnAxis, rows, rowAxis))
         return;
     const auto join = [both](std::uint32_t a, std::uint32_t b) { return both ? a & b : a | b; };
-    // The runs of one axis follow each other without gaps, so the outer two tell the range.
+    // The runs of one axis follow each other without gaps, so the outer two give the range.
     const int firstColumn =
         std::min({columns.Near.front(), columns.Far.front(), columns.Near.back(), columns.Far.back()});
     const int lastColumn =
         std::max({columns.Near.front(), columns.Far.front(), columns.Near.back(), columns.Far.back()});
     const int      width = lastColumn - firstColumn + 1;
-    std::uint32_t* words = Sized(scratch.Words, static_cast<std::size_t>(width) * 2);
-    std::uint32_t* added = words + width;
-    std::uint32_t* picked = Sized(scratch.Picked, static_cast<std::size_t>(columns.Count));
+    std::uint32_t* joinedRows = Sized(scratch.SourceRow, static_cast<std::size_t>(width) * 2);
+    std::uint32_t* added = joinedRows + width;
+    std::uint32_t* picked = Sized(scratch.TargetRow, static_cast<std::size_t>(columns.Count));
     for (int i = 0; i < rows.Count; ++i) {
         const auto run =
             std::minmax(rows.Near[static_cast<std::size_t>(i)], rows.Far[static_cast<std::size_t>(i)]);
         const int firstRow = run.first;
         const int lastRow = run.second;
-        LoadWords(words, copy, firstRow, firstColumn, width);
+        LoadWords(joinedRows, copy, firstRow, firstColumn, width);
         for (int row = firstRow + 1; row <= lastRow; ++row) {
             LoadWords(added, copy, row, firstColumn, width);
             for (int x = 0; x < width; ++x)
-                words[x] = join(words[x], added[x]);
+                joinedRows[x] = join(joinedRows[x], added[x]);
         }
         for (int x = 0; x < columns.Count; ++x) {
             const auto    ends = std::minmax(columns.Near[static_cast<std::size_t>(x)],
                                              columns.Far[static_cast<std::size_t>(x)]);
             const int     first = ends.first - firstColumn;
             const int     last = ends.second - firstColumn;
-            std::uint32_t joined = words[first];
+            std::uint32_t joined = joinedRows[first];
             for (int column = first + 1; column <= last; ++column)
-                joined = join(joined, words[column]);
+                joined = join(joined, joinedRows[column]);
             picked[x] = joined;
         }
         StoreWords(copy, rows.Target + i, columns.Target, picked, columns.Count);
     }
 }
 
-// Column weights two by two and eight pixels side by side, as the kernel reads them.
+// Column weights two by two and eight pixels side by side, as BlendColumns reads them.
 void PackPairs(const AxisTaps& columns, std::vector<std::uint32_t>& pairs)
 {
     const std::size_t each = static_cast<std::size_t>(columns.Each) / 2;
@@ -189,63 +290,90 @@ void PackPairs(const AxisTaps& columns, std::vector<std::uint32_t>& pairs)
     }
 }
 
-// The source has 24 or 32 bits a pixel.
-void Smooth(const PixelCopy& copy, const StretchAxis& columnAxis, const StretchAxis& rowAxis)
-{
-    Scratch&  scratch = SharedScratch();
-    AxisTaps& columns = scratch.ColumnTaps;
-    AxisTaps& rows = scratch.RowTaps;
-    columns.Find(columnAxis);
-    rows.Find(rowAxis);
-    if (columns.Count == 0 || rows.Count == 0)
-        return;
-    const StretchVariant& variant = ActiveStretchVariant();
-    const Bitmap&         target = *copy.Target;
-    const Bitmap&         source = *copy.Source;
+// The two passes of mode 4 for each target row: source rows into one, then its columns. The source has 24 or
+// 32 bits per pixel.
+class SmoothPasses {
+public:
+    SmoothPasses(const PixelCopy& copy, Scratch& scratch)
+        : Copy(copy), Variant(ActiveStretchVariant()), Columns(scratch.ColumnTaps), Rows(scratch.RowTaps),
+          Channels(copy.Source->BitsPerPixel / 8), SourceRows(scratch.Rows), Pairs(scratch.Pairs)
+    {
+        const auto ends = std::minmax(Columns.First.front(), Columns.First.back());
+        FirstColumn = ends.first;
+        Width = std::min(ends.second + Columns.Each, copy.Source->Width) - FirstColumn;
+        for (int& column : Columns.First)
+            column -= FirstColumn;
+        PackPairs(Columns, Pairs);
+        SourceRows.resize(static_cast<std::size_t>(Rows.Each));
+        Blended = Sized(scratch.Blended,
+                        (static_cast<std::size_t>(Width) + static_cast<std::size_t>(Columns.Each)) * 4);
+        Sums = Channels == 4 ? Blended : Sized(scratch.Triples, static_cast<std::size_t>(Width) * 3);
+        if (copy.Target->BitsPerPixel != 32)
+            RowBuffer = Sized(scratch.TargetRow, static_cast<std::size_t>(Columns.Count));
+    }
 
-    const auto ends = std::minmax(columns.First.front(), columns.First.back());
-    const int  firstColumn = ends.first;
-    const int  endColumn = std::min(ends.second + columns.Each, source.Width);
-    const int  width = endColumn - firstColumn;
-    for (int& column : columns.First)
-        column -= firstColumn;
-    PackPairs(columns, scratch.Pairs);
+    // Row i of the drawn ones.
+    void WriteRow(int i)
+    {
+        BlendRows(i);
+        if (Channels == 3)
+            SpreadTriples();
+        const int      y = Rows.Target + i;
+        std::uint32_t* to = RowBuffer != nullptr ? RowBuffer : PixelsOf(*Copy.Target, y) + Columns.Target;
+        Variant.BlendColumns(to, Blended, Columns.First.data(), Pairs.data(), Columns.Each / 2,
+                             Columns.Count);
+        if (RowBuffer != nullptr)
+            StoreWords(Copy, y, Columns.Target, RowBuffer, Columns.Count);
+    }
 
-    const int      channels = source.BitsPerPixel / 8;
-    std::uint16_t* blended = Sized(
-        scratch.Blended, (static_cast<std::size_t>(width) + static_cast<std::size_t>(columns.Each)) * 4);
-    std::uint16_t* sums =
-        channels == 4 ? blended : Sized(scratch.Triples, static_cast<std::size_t>(width) * 3);
-    scratch.Rows.resize(static_cast<std::size_t>(rows.Each));
-    const bool direct = target.BitsPerPixel == 32;
-    if (!direct)
-        Sized(scratch.Picked, static_cast<std::size_t>(columns.Count));
-
-    for (int i = 0; i < rows.Count; ++i) {
-        const int first = rows.First[static_cast<std::size_t>(i)];
-        for (int k = 0; k < rows.Each; ++k)
-            scratch.Rows[static_cast<std::size_t>(k)] = source.Row(std::min(first + k, source.Height - 1)) +
-                                                        static_cast<std::ptrdiff_t>(firstColumn) * channels;
-        const std::int16_t* weights = rows.Weights.data() + static_cast<std::ptrdiff_t>(i) * rows.Each;
-        int                 used = rows.Each;
+private:
+    void BlendRows(int i)
+    {
+        const Bitmap& source = *Copy.Source;
+        const int     first = Rows.First[static_cast<std::size_t>(i)];
+        for (int k = 0; k < Rows.Each; ++k)
+            SourceRows[static_cast<std::size_t>(k)] = source.Row(std::min(first + k, source.Height - 1)) +
+                                                      static_cast<std::ptrdiff_t>(FirstColumn) * Channels;
+        const std::int16_t* weights = Rows.Weights.data() + static_cast<std::ptrdiff_t>(i) * Rows.Each;
+        int                 used = Rows.Each;
         while (used > 2 && weights[used - 1] == 0 && weights[used - 2] == 0)
             used -= 2;
         const std::ptrdiff_t ahead =
-            i + 1 < rows.Count ? source.Row(rows.First[static_cast<std::size_t>(i) + 1]) - source.Row(first)
+            i + 1 < Rows.Count ? source.Row(Rows.First[static_cast<std::size_t>(i) + 1]) - source.Row(first)
                                : 0;
-        variant.BlendRows(sums, scratch.Rows.data(), weights, used, width * channels, ahead);
-        if (channels == 3) {
-            for (int x = 0; x < width; ++x)
-                for (int channel = 0; channel < 3; ++channel)
-                    blended[4 * x + channel] = sums[3 * x + channel];
-        }
-        const int      y = rows.Target + i;
-        std::uint32_t* to = direct ? WordsOf(target, y) + columns.Target : scratch.Picked.data();
-        variant.BlendColumns(to, blended, columns.First.data(), scratch.Pairs.data(), columns.Each / 2,
-                             columns.Count);
-        if (!direct)
-            StoreWords(copy, y, columns.Target, to, columns.Count);
+        Variant.BlendRows(Sums, SourceRows.data(), weights, used, Width * Channels, ahead);
     }
+
+    // Three channels to the four that BlendColumns takes.
+    void SpreadTriples()
+    {
+        for (int x = 0; x < Width; ++x)
+            for (int channel = 0; channel < 3; ++channel)
+                Blended[4 * x + channel] = Sums[3 * x + channel];
+    }
+
+    const PixelCopy&                  Copy;
+    const StretchVariant&             Variant;
+    AxisTaps&                         Columns;
+    const AxisTaps&                   Rows;
+    int                               Channels;
+    int                               FirstColumn;    // of the source, from which on its rows are blended
+    int                               Width;
+    std::vector<const std::uint8_t*>& SourceRows;
+    std::vector<std::uint32_t>&       Pairs;
+    std::uint16_t*                    Blended;
+    std::uint16_t*                    Sums;                   // Blended, if it has as many channels
+    std::uint32_t*                    RowBuffer = nullptr;    // for targets that are not written directly
+};
+
+void Smooth(const PixelCopy& copy, const StretchAxis& columnAxis, const StretchAxis& rowAxis)
+{
+    Scratch& scratch = SharedScratch();
+    if (!FindBoth(scratch.ColumnTaps, columnAxis, scratch.RowTaps, rowAxis))
+        return;
+    SmoothPasses passes(copy, scratch);
+    for (int i = 0; i < scratch.RowTaps.Count; ++i)
+        passes.WriteRow(i);
 }
 
 // A bitmap of its own memory, for a source that cannot be read where it lies.
@@ -272,7 +400,7 @@ void StretchPixels(const PixelCopy& copy, const StretchAxis& columns, const Stre
     if (source.BitsPerPixel == 1) {
         OwnBitmap coloured(source.Width, source.Height, 32, source.Width * 4, true);
         for (int y = 0; y < source.Height; ++y)
-            LoadWords(WordsOf(coloured, y), copy, y, 0, source.Width);
+            LoadWords(PixelsOf(coloured, y), copy, y, 0, source.Width);
         PixelCopy fromColoured = copy;
         fromColoured.Source = &coloured;
         StretchPixels(fromColoured, columns, rows, mode);

@@ -63,6 +63,95 @@ int Coordinate(Wide start, int extent, Wide position)
 struct TapRun {
     Wide First = 0;
     Wide Last = 0;
+
+    int Count() const { return static_cast<int>(Last - First + 1); }
+};
+
+// An axis of the smooth stretch by positions, which count from the start of each extent.
+class SmoothAxis {
+public:
+    SmoothAxis(const StretchAxis& axis, const Positions& source)
+        : Source(source), TargetLength(Length(axis.TargetExtent)), SourceLength(Length(axis.SourceExtent))
+    {
+    }
+
+    // The part of some target positions whose centres lie on a source pixel of the bitmap: those are drawn.
+    Positions Drawn(Positions target) const
+    {
+        while (target.First <= target.Last && UnderCentre(target.First) < Source.First)
+            ++target.First;
+        while (target.First <= target.Last && UnderCentre(target.Last) > Source.Last)
+            --target.Last;
+        return target;
+    }
+
+    TapRun RunOf(Wide i) const
+    {
+        TapRun run;
+        if (Shrinks()) {
+            run.First = i * SourceLength / TargetLength;
+            run.Last = ((i + 1) * SourceLength - 1) / TargetLength;
+        } else if (SourceLength == TargetLength) {
+            run.First = run.Last = i;
+        } else {
+            run.First = FloorDivide((2 * i + 1) * SourceLength - TargetLength, 2 * TargetLength);
+            run.Last = run.First + 1;
+        }
+        run.First = std::clamp(run.First, Source.First, Source.Last);
+        run.Last = std::clamp(run.Last, Source.First, Source.Last);
+        return run;
+    }
+
+    // One per tap of RunOf(i).
+    void Weigh(Wide i, const TapRun& run, std::int16_t* weights) const
+    {
+        if (run.First == run.Last)
+            weights[0] = AxisTaps::One;
+        else if (Shrinks())
+            WeighByArea(i, run, weights);
+        else
+            WeighByDistance(i, run, weights);
+    }
+
+private:
+    bool Shrinks() const { return SourceLength > TargetLength; }
+
+    // The source position under the centre of a target position.
+    Wide UnderCentre(Wide i) const
+    {
+        const WideUnsigned twice =
+            static_cast<WideUnsigned>(2 * i + 1) * static_cast<WideUnsigned>(SourceLength);
+        return static_cast<Wide>(twice / static_cast<WideUnsigned>(2 * TargetLength));
+    }
+
+    // The share of target position i up to the near border of source position j, out of One.
+    int ShareBefore(Wide i, Wide j) const
+    {
+        const Wide covered = std::clamp<Wide>(j * TargetLength - i * SourceLength, 0, SourceLength);
+        return static_cast<int>((covered * (2 * AxisTaps::One) + SourceLength) / (2 * SourceLength));
+    }
+
+    void WeighByArea(Wide i, const TapRun& run, std::int16_t* weights) const
+    {
+        int before = 0;
+        for (Wide j = run.First; j <= run.Last; ++j) {
+            const int after = j == run.Last ? AxisTaps::One : ShareBefore(i, j + 1);
+            weights[j - run.First] = static_cast<std::int16_t>(after - before);
+            before = after;
+        }
+    }
+
+    void WeighByDistance(Wide i, const TapRun& run, std::int16_t* weights) const
+    {
+        const Wide rest = (2 * i + 1) * SourceLength - TargetLength - run.First * 2 * TargetLength;
+        const int  second = static_cast<int>((rest * AxisTaps::One + TargetLength) / (2 * TargetLength));
+        weights[0] = static_cast<std::int16_t>(AxisTaps::One - second);
+        weights[1] = static_cast<std::int16_t>(second);
+    }
+
+    Positions Source;    // of the bitmap
+    Wide      TargetLength;
+    Wide      SourceLength;
 };
 
 }
@@ -131,80 +220,30 @@ void AxisTaps::Find(const StretchAxis& axis)
     Each = 0;
     First.clear();
     Weights.clear();
-    Positions       target = Inside(axis.TargetStart, axis.TargetExtent, axis.TargetSize);
+    const Positions inside = Inside(axis.TargetStart, axis.TargetExtent, axis.TargetSize);
     const Positions source = Inside(axis.SourceStart, axis.SourceExtent, axis.SourceSize);
-    const Wide      targetLength = Length(axis.TargetExtent);
-    const Wide      sourceLength = Length(axis.SourceExtent);
-    if (target.First > target.Last || source.First > source.Last)
+    if (inside.First > inside.Last || source.First > source.Last)
         return;
-
-    // Drawn are the target pixels whose centre lies on a source pixel of the bitmap.
-    const auto centre = [&](Wide i) {
-        const WideUnsigned twice =
-            static_cast<WideUnsigned>(2 * i + 1) * static_cast<WideUnsigned>(sourceLength);
-        return static_cast<Wide>(twice / static_cast<WideUnsigned>(2 * targetLength));
-    };
-    while (target.First <= target.Last && centre(target.First) < source.First)
-        ++target.First;
-    while (target.First <= target.Last && centre(target.Last) > source.Last)
-        --target.Last;
+    const SmoothAxis smooth(axis, source);
+    const Positions  target = smooth.Drawn(inside);
     if (target.First > target.Last)
         return;
     Count = static_cast<int>(target.Last - target.First + 1);
-
-    const bool shrinks = sourceLength > targetLength;
-    const auto runOf = [&](Wide i) {
-        TapRun run;
-        if (shrinks) {
-            run.First = i * sourceLength / targetLength;
-            run.Last = ((i + 1) * sourceLength - 1) / targetLength;
-        } else if (sourceLength == targetLength) {
-            run.First = run.Last = i;
-        } else {
-            run.First = FloorDivide((2 * i + 1) * sourceLength - targetLength, 2 * targetLength);
-            run.Last = run.First + 1;
-        }
-        run.First = std::clamp(run.First, source.First, source.Last);
-        run.Last = std::clamp(run.Last, source.First, source.Last);
-        return run;
-    };
-    // The share of target pixel i up to the near border of source pixel j, out of One.
-    const auto shareBefore = [&](Wide i, Wide j) {
-        const Wide covered = std::clamp<Wide>(j * targetLength - i * sourceLength, 0, sourceLength);
-        return static_cast<int>((covered * (2 * One) + sourceLength) / (2 * sourceLength));
-    };
-
-    for (Wide i = target.First; i <= target.Last; ++i) {
-        const TapRun run = runOf(i);
-        Each = std::max(Each, static_cast<int>(run.Last - run.First + 1));
-    }
+    for (Wide i = target.First; i <= target.Last; ++i)
+        Each = std::max(Each, smooth.RunOf(i).Count());
     Each += Each % 2;
     First.resize(static_cast<std::size_t>(Count));
     Weights.assign(static_cast<std::size_t>(Count) * static_cast<std::size_t>(Each), 0);
     for (Wide i = target.First; i <= target.Last; ++i) {
-        const TapRun  run = runOf(i);
+        const TapRun  run = smooth.RunOf(i);
         const Wide    place = axis.TargetExtent > 0 ? i - target.First : target.Last - i;
         std::int16_t* weights = Weights.data() + place * Each;
         First[static_cast<std::size_t>(place)] =
             std::min(Coordinate(axis.SourceStart, axis.SourceExtent, run.First),
                      Coordinate(axis.SourceStart, axis.SourceExtent, run.Last));
-        if (run.First == run.Last) {
-            weights[0] = One;
-        } else if (shrinks) {
-            int before = 0;
-            for (Wide j = run.First; j <= run.Last; ++j) {
-                const int after = j == run.Last ? One : shareBefore(i, j + 1);
-                weights[j - run.First] = static_cast<std::int16_t>(after - before);
-                before = after;
-            }
-        } else {
-            const Wide rest = (2 * i + 1) * sourceLength - targetLength - run.First * 2 * targetLength;
-            const int  second = static_cast<int>((rest * One + targetLength) / (2 * targetLength));
-            weights[0] = static_cast<std::int16_t>(One - second);
-            weights[1] = static_cast<std::int16_t>(second);
-        }
+        smooth.Weigh(i, run, weights);
         if (axis.SourceExtent < 0)
-            std::reverse(weights, weights + (run.Last - run.First + 1));
+            std::reverse(weights, weights + run.Count());
     }
     Target =
         Coordinate(axis.TargetStart, axis.TargetExtent, axis.TargetExtent > 0 ? target.First : target.Last);
