@@ -4,11 +4,18 @@
 packages_build=(cmake g++ libcli11-dev libgif-dev libjpeg-dev libpango1.0-dev libpng-dev libtiff-dev ninja-build pkg-config)
 packages_viewer=(qt6-base-dev qt6-l10n-tools qt6-tools-dev qt6-tools-dev-tools qt6-translations-l10n)
 packages_fonts=(fonts-dejavu-core fonts-noto-cjk)
-packages_tests=(abigail-tools diffutils doctest-dev doxygen libxtst-dev python3 util-linux xvfb)
+packages_tests=(abigail-tools clang clang-format clang-tidy diffutils doctest-dev doxygen libxtst-dev python3 util-linux xvfb)
 # With Xlib, Qt and OpenCV of the other lists, what the public headers are compiled beside.
 packages_toolkits=(libgtk-3-dev libsdl2-dev libwxgtk3.2-dev unixodbc-dev)
 packages_windows=(g++-mingw-w64-x86-64-posix wine64)
+packages_long=(libopencv-dev mmdebstrap "${packages_toolkits[@]}")
 packages_bench=(libbenchmark-dev libcairo2-dev libfftw3-dev libkissfft-dev libopenblas-pthread-dev libopencv-dev libpixman-1-dev)
+
+# Prints what the script's first comment says.
+print_help()
+{
+    awk 'NR > 1 { if (!sub(/^# ?/, "")) exit; print }' "$0"
+}
 
 # Prints those of the named packages that are missing. Without dpkg nobody can tell, so none is.
 missing_packages()
