@@ -37,17 +37,18 @@ CaliperWidths OfHull(const std::vector<ImagePoint>& hull)
     if (count == 2)
         return {Distance(hull[0], hull[1]), 0.0};
     CaliperWidths widths{0.0, INFINITY};
-    std::size_t   far = 1;
+    std::size_t   opposite = 1;
     for (std::size_t i = 0; i < count; ++i) {
         const ImagePoint& a = hull[i];
         const ImagePoint& b = hull[(i + 1) % count];
-        widths.Most = std::max(widths.Most, Distance(a, hull[far]));
-        while (Cross(a, b, hull[(far + 1) % count]) > Cross(a, b, hull[far])) {
-            far = (far + 1) % count;
-            widths.Most = std::max(widths.Most, Distance(a, hull[far]));
+        widths.Most = std::max(widths.Most, Distance(a, hull[opposite]));
+        while (Cross(a, b, hull[(opposite + 1) % count]) > Cross(a, b, hull[opposite])) {
+            opposite = (opposite + 1) % count;
+            widths.Most = std::max(widths.Most, Distance(a, hull[opposite]));
         }
-        widths.Most = std::max({widths.Most, Distance(b, hull[far]), Distance(b, hull[(far + 1) % count])});
-        widths.Least = std::min(widths.Least, Cross(a, b, hull[far]) / Distance(a, b));
+        widths.Most =
+            std::max({widths.Most, Distance(b, hull[opposite]), Distance(b, hull[(opposite + 1) % count])});
+        widths.Least = std::min(widths.Least, Cross(a, b, hull[opposite]) / Distance(a, b));
     }
     return widths;
 }

@@ -291,9 +291,9 @@ TEST_CASE("moving an outline by whole pixels moves its runs")
         Points       moved;
         for (const ImagePoint& p : points)
             moved.emplace_back(p.x + 4000.0, p.y + 70000.0);
-        const std::vector<PixelRun> far = CoverageOf(Outline::OfPolygon(moved), INT_MAX, INT_MAX);
+        const std::vector<PixelRun> distant = CoverageOf(Outline::OfPolygon(moved), INT_MAX, INT_MAX);
         std::vector<PixelRun>       clipped;
-        for (PixelRun run : far) {
+        for (PixelRun run : distant) {
             run = {run.Row - 70000, std::max(run.Begin - 4000, 0), std::min(run.End - 4000, Side)};
             if (run.Row >= 0 && run.Row < Side && run.Begin < run.End)
                 clipped.push_back(run);

@@ -46,9 +46,9 @@ TEST_CASE("the orientation of nearly collinear points is the one of whole number
     for (int i = 0; i < 3000; ++i) {
         const GridPoint a{coordinate(random) / 4, coordinate(random) / 4};
         const GridPoint step{coordinate(random) / 4096, coordinate(random) / 4096};
-        const int       far = 1 + i % 500;
+        const int       distant = 1 + i % 500;
         const GridPoint b{a.X + step.X, a.Y + step.Y};
-        const GridPoint c{a.X + far * step.X + nudge(random), a.Y + far * step.Y + nudge(random)};
+        const GridPoint c{a.X + distant * step.X + nudge(random), a.Y + distant * step.Y + nudge(random)};
         const int       expected = GridOrientation(a, b, c);
         level += expected == 0;
         for (const int exponent : {-1000, -300, -53, 0, 300, 900}) {

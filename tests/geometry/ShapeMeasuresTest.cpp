@@ -273,9 +273,9 @@ TEST_CASE("measures do not depend on where a figure lies and which way it was dr
         Points points = RandomPoints(random, 3 + i % 9);
         for (ImagePoint& p : points)    // so few bits that they stay in double far away
             p = {std::floor(p.x * 64.0) / 64.0, std::floor(p.y * 64.0) / 64.0};
-        Points far;
+        Points distant;
         for (const ImagePoint& p : points)
-            far.emplace_back(p.x + 1e12, p.y - 1e12);
+            distant.emplace_back(p.x + 1e12, p.y - 1e12);
         Points backward(points.rbegin(), points.rend());
         for (const bool spline : {false, true}) {
             const auto make = [spline](const Points& p) {
@@ -283,7 +283,7 @@ TEST_CASE("measures do not depend on where a figure lies and which way it was dr
             };
             const double        epsilon = spline ? 1e-3 : 1e-12;    // its points have 2^-13 px there
             const ShapeMeasures here = MeasureShape(make(points));
-            const ShapeMeasures there = MeasureShape(make(far));
+            const ShapeMeasures there = MeasureShape(make(distant));
             CAPTURE(i);
             CHECK(there.Area == Near(here.Area, epsilon));
             CHECK(there.Perimeter == Near(here.Perimeter, epsilon));
@@ -304,10 +304,10 @@ TEST_CASE("sizes from 1e-300 to 1e300 neither overflow on the way nor crash")
     CHECK(big.Perimeter == Near(4e300));
     CHECK(big.Centroid.x == 0.0);
     CHECK(big.FeretMost == Near(2e300));
-    const ShapeMeasures small = MeasureShape(Outline::OfRectangle({1e-150, 1e-150}, {3e-150, 2e-150}));
-    CHECK(small.Area == Near(2e-300));
-    CHECK(small.Circularity == Near(4.0 * std::numbers::pi * 2.0 / 36.0));
-    CHECK(small.FeretLeast == Near(1e-150));
+    const ShapeMeasures tiny = MeasureShape(Outline::OfRectangle({1e-150, 1e-150}, {3e-150, 2e-150}));
+    CHECK(tiny.Area == Near(2e-300));
+    CHECK(tiny.Circularity == Near(4.0 * std::numbers::pi * 2.0 / 36.0));
+    CHECK(tiny.FeretLeast == Near(1e-150));
     CHECK(std::isinf(MeasureShape(Outline::OfEllipse({-1e300, -1e300}, {1e300, 1e300})).Area));
     const double hard[] = {0.0, 1e-300, -5e-324, 1e15, -1e17, 1e300, -1.7e308, 12.5};
     std::mt19937 random(25);
