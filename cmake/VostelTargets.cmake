@@ -11,6 +11,8 @@ function(vostel_compile_rules target)
         target_compile_options(${target} PRIVATE -Wpedantic -Wconversion -Wshadow -Wold-style-cast -Wcast-qual
             -Wdeprecated -Wextra-semi -Wformat=2 -Wimplicit-fallthrough -Wnon-virtual-dtor
             -Woverloaded-virtual -Wunused-template -Wzero-as-null-pointer-constant ${VOSTEL_FEWER_WARNINGS})
+        # Containers of the interface have virtual members and no virtual destructor; each is deleted as what it is.
+        target_compile_options(${target} PRIVATE -Wno-delete-non-abstract-non-virtual-dtor)
     endif()
     if(VOSTEL_WARNINGS_AS_ERRORS)
         target_compile_options(${target} PRIVATE "$<IF:$<CXX_COMPILER_ID:MSVC>,/WX,-Werror>")
