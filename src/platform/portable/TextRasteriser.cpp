@@ -15,9 +15,9 @@
 namespace vostel::gdi {
 namespace {
 
-constexpr int         DefaultHeight = 16;      // of CreateFontW's height 0: twelve points on a desktop
-constexpr int         MaxHeight = 2000;    // taller cells are drawn this tall: they leave every screen
-constexpr double      ProbeSize = 1024.0;      // em at which the proportions of a face are read
+constexpr int         DefaultHeight = 16;    // of CreateFontW's height 0: twelve points on a desktop
+constexpr int         MaxHeight = 2000;      // taller cells are drawn this tall: they leave every screen
+constexpr double      ProbeSize = 1024.0;    // em at which the proportions of a face are read
 constexpr std::size_t FontBudget = 64;
 constexpr std::size_t PieceBudget = 4u << 20;    // bytes kept over all pieces
 
@@ -181,8 +181,7 @@ TextRasteriser::~TextRasteriser() = default;
 // A positive height is that of the cell, a negative one that of the em square inside it.
 Face& TextRasteriser::State::FaceOf(const Font& font)
 {
-    const int height =
-        std::clamp(font.Height == 0 ? DefaultHeight : font.Height, -MaxHeight, MaxHeight);
+    const int  height = std::clamp(font.Height == 0 ? DefaultHeight : font.Height, -MaxHeight, MaxHeight);
     auto       key = std::make_tuple(height, font.Weight, font.Italic, font.Face);
     const auto known = Faces.find(key);
     if (known != Faces.end())
