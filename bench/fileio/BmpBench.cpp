@@ -20,8 +20,8 @@ namespace {
 
 using Plane = ClassData2DIO<unsigned char>;
 
-const int         Size = 4096;
-const std::size_t Pixels = static_cast<std::size_t>(Size) * Size;
+constexpr int         Size = 4096;
+constexpr std::size_t Pixels = static_cast<std::size_t>(Size) * Size;
 
 bool SamePixels(const Plane& a, const Plane& b)
 {

@@ -22,8 +22,8 @@ using namespace vostel;
 
 namespace {
 
-const int         Size = 4096;
-const std::size_t Pixels = static_cast<std::size_t>(Size) * Size;
+constexpr int         Size = 4096;
+constexpr std::size_t Pixels = static_cast<std::size_t>(Size) * Size;
 
 cv::Mat ReadMat(const std::string& path, int type)
 {

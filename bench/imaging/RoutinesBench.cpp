@@ -108,7 +108,7 @@ void CompareCorrelations(bench::PeerBench& peers)
             };
             contest.Check = [&] {
                 // Once against the sums, then against that.
-                if (checked.Ptr1D == nullptr && IsCorrelation(image, kernel, work))
+                if (!checked.Ptr1D && IsCorrelation(image, kernel, work))
                     checked = work;
                 return SamePlane(checked, work);
             };

@@ -202,8 +202,8 @@ bool PeerBench::Compare(const Contest& contest)
             continue;
         const double time = Quantile(runner.Seconds, 0.5);
         const double quietest = Quantile(runner.Seconds, 0.0);
-        quietestPeer = best == nullptr ? quietest : std::min(quietestPeer, quietest);
-        if (best == nullptr || time < bestTime) {
+        quietestPeer = !best ? quietest : std::min(quietestPeer, quietest);
+        if (!best || time < bestTime) {
             best = &runner;
             bestTime = time;
         }
@@ -222,7 +222,7 @@ bool PeerBench::Compare(const Contest& contest)
         if (runner.Variant == CpuVariant::Avx512)
             row.AtMost = contest.AtMostAvx512 > 0.0 ? contest.AtMostAvx512 : contest.AtMost;
         std::string line = Formatted("%9.3f ms", row.Ours);
-        if (best != nullptr) {
+        if (best) {
             row.Peer = best->Name;
             row.Theirs = bestTime * 1e3;
             row.Quietest = Quantile(runner.Seconds, 0.0) / quietestPeer;

@@ -94,24 +94,24 @@ void ToggleFastDisplay(int canvas)
 void ToggleContrastSlider(int canvas)
 {
     // Client px: the slider's place above the lower left corner, and narrower in a narrow canvas.
-    constexpr int margin = 20, width = 400, minWidth = 120, height = 30;
+    constexpr int Margin = 20, Width = 400, MinWidth = 120, Height = 30;
     bool&         shown = StateOf(canvas)->Contrast;
     shown = !shown;
     gCVSShowContrastCtrl(canvas, shown);
-    const int room = gCVSGetClientWidth(canvas) - 2 * margin;
-    gCVSSetContrastCtrlRectPos(canvas, margin, margin, std::clamp(room, minWidth, width), height);
+    const int room = gCVSGetClientWidth(canvas) - 2 * Margin;
+    gCVSSetContrastCtrlRectPos(canvas, Margin, Margin, std::clamp(room, MinWidth, Width), Height);
 }
 
 // One wheel step scales by 1.2 and, about the cursor, moves the image's centre on the line through both. A
 // step about the right point far away so brings the centre to the middle of the window.
 CPoint PointThatCentres(int canvas)
 {
-    constexpr double factor = 1.0 / 1.2;    // of a step out
+    constexpr double Factor = 1.0 / 1.2;    // of a step out
     const CRect      region = gCVSGetCanvasRegion(canvas);
     const double     x = (region.left + region.right) / 2.0, y = (region.top + region.bottom) / 2.0;
     const double     wantedX = gCVSGetClientWidth(canvas) / 2.0, wantedY = gCVSGetClientHeight(canvas) / 2.0;
-    return CPoint(static_cast<int>((wantedX - x * factor) / (1.0 - factor)),
-                  static_cast<int>((wantedY - y * factor) / (1.0 - factor)));
+    return CPoint(static_cast<int>((wantedX - x * Factor) / (1.0 - Factor)),
+                  static_cast<int>((wantedY - y * Factor) / (1.0 - Factor)));
 }
 
 bool IsInside(int canvas, double times)
@@ -125,15 +125,15 @@ bool IsInside(int canvas, double times)
 // maxScale.
 void FitWholeImage(int canvas, double maxScale)
 {
-    constexpr int maxSteps = 100;
+    constexpr int MaxSteps = 100;
     if (gCVSGetClientWidth(canvas) < 1 || gCVSGetClientHeight(canvas) < 1)
         return;
     gCVSSetCanvasMoveMode(canvas, DisplayZoomCursor);
     gCVSOnMouseWheel(canvas, MK_CONTROL, -1, PointThatCentres(canvas));
     gCVSSetCanvasMoveMode(canvas, DisplayZoomCentre);
-    for (int step = 0; step < maxSteps && !IsInside(canvas, 1.0); ++step)
+    for (int step = 0; step < MaxSteps && !IsInside(canvas, 1.0); ++step)
         gCVSOnMouseWheel(canvas, MK_CONTROL, -1, CPoint(0, 0));
-    for (int step = 0; step < maxSteps && IsInside(canvas, 1.2) && ScaleOf(canvas) * 1.19 < maxScale; ++step)
+    for (int step = 0; step < MaxSteps && IsInside(canvas, 1.2) && ScaleOf(canvas) * 1.19 < maxScale; ++step)
         gCVSOnMouseWheel(canvas, MK_CONTROL, 1, CPoint(0, 0));
     const Command mouse = StateOf(canvas)->Mouse;
     gCVSSetCanvasMoveMode(canvas, mouse == Command::MouseFixed        ? DisplayFixed
@@ -230,7 +230,7 @@ bool RunCommand(Command id, int canvas)
 
 const char* OpenFile(int canvas, const CString& path)
 {
-    constexpr const char* noPicture =
+    constexpr const char* NoPicture =
         QT_TRANSLATE_NOOP("Commands", "This file is not a picture that can be read.");
     CanvasState* const state = StateOf(canvas);
     if (!state)
@@ -243,12 +243,12 @@ const char* OpenFile(int canvas, const CString& path)
         return QT_TRANSLATE_NOOP("Commands", "This is a folder, not a file.");
     const bool isRaw = IsRawFile(path);
     if (!isRaw && gCVSGetFileType(canvas) != FileTypeNone && !IsPictureFile(path))
-        return noPicture;
+        return NoPicture;
     CString wanted(path);
     gCVSReadFile(canvas, wanted, true);
     state->Undo.reset();
     if (gCVSGetFileType(canvas) == FileTypeNone)
-        return isRaw ? nullptr : noPicture;
+        return isRaw ? nullptr : NoPicture;
     if (!IsInside(canvas, 1.0) || ScaleOf(canvas) < 0.99)
         FitWholeImage(canvas, 1.0);
     return nullptr;

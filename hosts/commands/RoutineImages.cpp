@@ -141,12 +141,12 @@ void ShowImageBefore(int canvas)
 void ShowRoutineProgress(int canvas, bool shown)
 {
     // Client px, above the place of the contrast slider.
-    constexpr int margin = 20, bottom = 60, width = 400, minWidth = 60, height = 18;
+    constexpr int Margin = 20, Bottom = 60, Width = 400, MinWidth = 60, Height = 18;
     if (shown) {
-        const int room = gCVSGetClientWidth(canvas) - 2 * margin;
+        const int room = gCVSGetClientWidth(canvas) - 2 * Margin;
         gCVSSetRange(canvas, 0, 1);
         gCVSSetPos(canvas, 0);
-        gCVSSetProgressRectPos(canvas, margin, bottom, std::clamp(room, minWidth, width), height);
+        gCVSSetProgressRectPos(canvas, Margin, Bottom, std::clamp(room, MinWidth, Width), Height);
     }
     gCVSShowProgress(canvas, shown);
 }

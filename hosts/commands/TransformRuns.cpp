@@ -20,7 +20,7 @@ struct Spectrum {
 };
 
 // Transforms line after line; take fills Re and Im of a line, keep stores them. False: cancelled.
-template <class Take, class Keep>
+template <typename Take, typename Keep>
 bool TransformLines(int length, int lines, RoutineSteps& steps, Take take, Keep keep)
 {
     ZEKPP1DFFT fft;

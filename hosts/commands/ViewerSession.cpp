@@ -16,7 +16,7 @@ using namespace hosts;
 namespace {
 
 // Calls a service of the window; an empty one does nothing.
-template <class Service, class... Arguments>
+template <typename Service, typename... Arguments>
 void Call(const Service& service, const Arguments&... arguments)
 {
     if (service)

@@ -33,11 +33,11 @@ void MakeRoom(Host& user, int width)
 
 std::vector<CPoint> Ring(CPoint centre, double radiusX, double radiusY, int count)
 {
-    constexpr double    turn = 6.283185307179586;
+    constexpr double    Turn = 6.283185307179586;
     std::vector<CPoint> points;
     for (int i = 0; i < count; ++i)
-        points.emplace_back(centre.x + static_cast<int>(radiusX * std::cos(turn * i / count)),
-                            centre.y + static_cast<int>(radiusY * std::sin(turn * i / count)));
+        points.emplace_back(centre.x + static_cast<int>(radiusX * std::cos(Turn * i / count)),
+                            centre.y + static_cast<int>(radiusY * std::sin(Turn * i / count)));
     return points;
 }
 
@@ -212,18 +212,18 @@ const Tile Tiles[] = {
 // Places of the tiles in reading order; the height that they need comes back.
 int PlaceTiles(const std::function<void(const Tile&, int x, int y)>& place)
 {
-    constexpr int rowHeight = TileHeight + Sheet::NameHeight + Gap;
+    constexpr int RowHeight = TileHeight + Sheet::NameHeight + Gap;
     int           column = 0;
     int           y = Gap;
     for (const Tile& tile : Tiles) {
         if (column + tile.Span > Columns) {
             column = 0;
-            y += rowHeight;
+            y += RowHeight;
         }
         place(tile, Gap + column * (TileWidth + Gap), y);
         column += tile.Span;
     }
-    return y + rowHeight;
+    return y + RowHeight;
 }
 
 bool WriteSheet(const std::string& picture, const std::string& path)

@@ -21,10 +21,10 @@ namespace {
 
 QList<QPointF> Ring(QPointF centre, double radius, int count)
 {
-    constexpr double turn = 6.283185307179586;
+    constexpr double Turn = 6.283185307179586;
     QList<QPointF>   points;
     for (int i = 0; i <= count; ++i)
-        points << centre + radius * QPointF(std::cos(turn * i / count), std::sin(turn * i / count));
+        points << centre + radius * QPointF(std::cos(Turn * i / count), std::sin(Turn * i / count));
     return points;
 }
 
@@ -41,10 +41,10 @@ void SendMouse(QWidget& widget, QEvent::Type type, QPointF at, Qt::KeyboardModif
 
 ViewerTour::ViewerTour(MainWindow& window, const QString& folder) : Window(window), Folder(folder)
 {
-    constexpr int reaction = 150;    // ms; a dialog has then been laid out and painted
+    constexpr int Reaction = 150;    // ms; a dialog has then been laid out and painted
     QDir().mkpath(Folder);
     QObject::connect(&Dialogs, &QTimer::timeout, &window, [this] { ConfirmDialog(); });
-    Dialogs.start(reaction);
+    Dialogs.start(Reaction);
 }
 
 void ViewerTour::ConfirmDialog()
@@ -162,10 +162,10 @@ void ViewerTour::Measure()
 
 void ViewerTour::WaitForRoutine()
 {
-    constexpr qint64 patience = 60000;    // ms
+    constexpr qint64 Patience = 60000;    // ms
     QElapsedTimer    waited;
     waited.start();
-    while (Window.State().RoutineRuns() && waited.elapsed() < patience)
+    while (Window.State().RoutineRuns() && waited.elapsed() < Patience)
         QApplication::processEvents(QEventLoop::AllEvents, 20);
 }
 

@@ -6,7 +6,7 @@ namespace vostel::viewer {
 
 // The procedure of a window class whose windows are objects: their last creation argument is the object. It
 // takes the handle by Attach and all messages by Handle.
-template <class Object>
+template <typename Object>
 LRESULT CALLBACK MessageHandler(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
     if (message == WM_NCCREATE) {

@@ -25,7 +25,7 @@ CpuVariant ActiveCpuVariant();
 CpuVariant ForceCpuVariant(CpuVariant variant);
 
 // The records of a family; null where there is none.
-template <class Record>
+template <typename Record>
 struct VariantsOf {
     const Record* Plain;
     const Record* Baseline = nullptr;
@@ -34,15 +34,15 @@ struct VariantsOf {
 };
 
 // The record of the variant that is in use at the time of the call, or the next lower one that there is.
-template <class Record>
+template <typename Record>
 const Record& Choose(const VariantsOf<Record>& variants)
 {
     const CpuVariant active = ActiveCpuVariant();
-    if (active >= CpuVariant::Avx512 && variants.Avx512 != nullptr)
+    if (active >= CpuVariant::Avx512 && variants.Avx512)
         return *variants.Avx512;
-    if (active >= CpuVariant::Avx2 && variants.Avx2 != nullptr)
+    if (active >= CpuVariant::Avx2 && variants.Avx2)
         return *variants.Avx2;
-    if (active >= CpuVariant::Baseline && variants.Baseline != nullptr)
+    if (active >= CpuVariant::Baseline && variants.Baseline)
         return *variants.Baseline;
     return *variants.Plain;
 }

@@ -12,7 +12,7 @@ namespace vostel {
 namespace {
 
 // Triples come in blocks of one vector per channel. The byte orders of a block stay in registers.
-template <class Simd>
+template <typename Simd>
 void DeinterleaveTripleLanes(const unsigned char* triples, unsigned char* red, unsigned char* green,
                              unsigned char* blue, std::size_t pixels)
 {
@@ -29,7 +29,7 @@ void DeinterleaveTripleLanes(const unsigned char* triples, unsigned char* red, u
     InterleavePlain.DeinterleaveTriples(triples + 3 * x, red + x, green + x, blue + x, pixels - x);
 }
 
-template <class Simd>
+template <typename Simd>
 void InterleaveTripleLanes(const unsigned char* red, const unsigned char* green, const unsigned char* blue,
                            unsigned char* triples, std::size_t pixels)
 {
@@ -43,7 +43,7 @@ void InterleaveTripleLanes(const unsigned char* red, const unsigned char* green,
 }
 
 // Vectors of quads make one run of bytes per channel.
-template <class Simd, int Vectors>
+template <typename Simd, int Vectors>
 void DeinterleaveQuadLanes(const unsigned char* quads, unsigned char* red, unsigned char* green,
                            unsigned char* blue, std::size_t pixels)
 {
@@ -67,7 +67,7 @@ void DeinterleaveQuadLanes(const unsigned char* quads, unsigned char* red, unsig
     InterleavePlain.DeinterleaveQuads(quads + 4 * x, red + x, green + x, blue + x, pixels - x);
 }
 
-template <class Simd>
+template <typename Simd>
 void ColorToGrayLanes(const unsigned char* red, const unsigned char* green, const unsigned char* blue,
                       unsigned char* gray, std::size_t pixels)
 {
@@ -77,7 +77,7 @@ void ColorToGrayLanes(const unsigned char* red, const unsigned char* green, cons
     InterleavePlain.ColorToGray(red + x, green + x, blue + x, gray + x, pixels - x);
 }
 
-template <class Simd>
+template <typename Simd>
 [[maybe_unused]] void LevelToGrayLanes(const unsigned char* levels, unsigned char* gray, std::size_t pixels)
 {
     constexpr std::size_t          Block = 4 * Simd::Lanes;

@@ -169,10 +169,10 @@ template <typename T>
 ClassData2DIOGeneral<T>& ClassData2DIOGeneral<T>::operator=(const ClassData2DIOGeneral& other)
 {
     // An empty source asks for -1 x -1 or 0 x 0; both become an array without elements.
-    const bool empty = other.Ptr1D == nullptr || &other == this;
+    const bool empty = !other.Ptr1D || &other == this;
     const int  width = other.Width;
     const int  height = other.Height;
-    if (other.Ptr1D == nullptr && width < 0) {
+    if (!other.Ptr1D && width < 0) {
         Release();
         return *this;
     }

@@ -13,7 +13,7 @@ namespace {
 
 bool HaveSamples(const ClassData2DIO<float>* image, const ClassData2DIO<float>* kernel)
 {
-    return image != nullptr && kernel != nullptr && CountOf(*image) > 0 && CountOf(*kernel) > 0;
+    return image && kernel && CountOf(*image) > 0 && CountOf(*kernel) > 0;
 }
 
 void Zero(float* row, std::ptrdiff_t first, std::ptrdiff_t end)
@@ -24,7 +24,7 @@ void Zero(float* row, std::ptrdiff_t first, std::ptrdiff_t end)
 
 // fill(correlation, rows) writes the results; they are copied back into the rows that the host may hold
 // pointers to.
-template <class Fill>
+template <typename Fill>
 void FilterInPlace(ClassData2DIO<float>* image, ClassData2DIO<float>* kernel, Fill fill)
 {
     if (!HaveSamples(image, kernel))

@@ -22,7 +22,7 @@ constexpr int            FloatsAhead = 256;    // the best of 128, 256, 512 and 
 // The taps of one source row for the output rows Low..High, each of Vectors vectors of columns; tapRow is
 // where the kernel row of output row 0 starts or would start. Every sum takes its taps one by one, multiplied
 // and then added. Unrolling over the taps as well was slower.
-template <class Simd, int Rows, int Vectors, int Low, int High>
+template <typename Simd, int Rows, int Vectors, int Low, int High>
 VOSTEL_INLINE void AddTaps(typename Simd::Floats (&sums)[Rows][Vectors], const float* source,
                            const float* kernel, std::ptrdiff_t tapRow, std::ptrdiff_t width)
 {
@@ -46,7 +46,7 @@ VOSTEL_INLINE void AddTaps(typename Simd::Floats (&sums)[Rows][Vectors], const f
 }
 
 // Only aligned vectors are streamed: each is a whole line or half of one.
-template <class Simd>
+template <typename Simd>
 VOSTEL_INLINE void Store(float* target, typename Simd::Floats value, bool streaming)
 {
     if (streaming && reinterpret_cast<std::uintptr_t>(target) % (Simd::Lanes * sizeof(float)) == 0)
@@ -55,7 +55,7 @@ VOSTEL_INLINE void Store(float* target, typename Simd::Floats value, bool stream
         Simd::Store(target, value);
 }
 
-template <class Simd, int Rows, int Vectors>
+template <typename Simd, int Rows, int Vectors>
 VOSTEL_INLINE void SumBlock(const CorrelationBlock& block, std::ptrdiff_t column)
 {
     const std::ptrdiff_t  width = block.KernelWidth;
@@ -108,16 +108,16 @@ VOSTEL_INLINE void SumBlock(const CorrelationBlock& block, std::ptrdiff_t column
 }
 
 // What does not fill a block is done by one that reaches back over columns already done: the same sums again.
-template <class Simd, int Rows, int Vectors>
+template <typename Simd, int Rows, int Vectors>
 void SumColumns(const CorrelationBlock& block)
 {
     constexpr std::ptrdiff_t Lanes = Simd::Lanes;
-    constexpr std::ptrdiff_t wide = Vectors * Lanes;
+    constexpr std::ptrdiff_t Wide = Vectors * Lanes;
     std::ptrdiff_t           x = 0;
-    for (; x + wide <= block.Columns; x += wide)
+    for (; x + Wide <= block.Columns; x += Wide)
         SumBlock<Simd, Rows, Vectors>(block, x);
-    if (x < block.Columns && block.Columns >= wide && block.Columns - x > Lanes) {
-        SumBlock<Simd, Rows, Vectors>(block, block.Columns - wide);
+    if (x < block.Columns && block.Columns >= Wide && block.Columns - x > Lanes) {
+        SumBlock<Simd, Rows, Vectors>(block, block.Columns - Wide);
         return;
     }
     for (; x + Lanes <= block.Columns; x += Lanes)

@@ -7,7 +7,7 @@ namespace vostel {
 
 namespace {
 
-const std::size_t Page = 4096;
+constexpr std::size_t Page = 4096;
 
 }
 

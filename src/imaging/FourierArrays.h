@@ -9,7 +9,7 @@
 
 namespace vostel {
 
-const int FourierPlaces = 8;
+inline constexpr int FourierPlaces = 8;
 
 // count elements, not cleared.
 float* NewFourierArray(std::size_t count, int place);

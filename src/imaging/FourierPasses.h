@@ -27,7 +27,7 @@ VOSTEL_INLINE constexpr int Reversed(int j)
     return r;
 }
 
-template <class Simd>
+template <typename Simd>
 VOSTEL_INLINE void Butterfly(typename Simd::Floats& aRe, typename Simd::Floats& aIm,
                              typename Simd::Floats& bRe, typename Simd::Floats& bIm, typename Simd::Floats c,
                              typename Simd::Floats n)
@@ -43,7 +43,7 @@ VOSTEL_INLINE void Butterfly(typename Simd::Floats& aRe, typename Simd::Floats& 
 // Stages T to K - 1 of the values from High on, by twos as far as they are even in number: four values at a
 // time are what the registers hold, the others wait in memory. Every value has been fetched from the source
 // before the first goes to the sink. entry(stage, low, cos, sin) returns the factors of a pair.
-template <class Simd, int K, int T, int High, class Source, class Entry, class Sink>
+template <typename Simd, int K, int T, int High, typename Source, typename Entry, typename Sink>
 VOSTEL_INLINE void Stages(typename Simd::Floats (&re)[1 << K], typename Simd::Floats (&im)[1 << K],
                           Source source, Entry entry, Sink sink)
 {
@@ -89,7 +89,7 @@ VOSTEL_INLINE void Stages(typename Simd::Floats (&re)[1 << K], typename Simd::Fl
     }
 }
 
-template <class Simd>
+template <typename Simd>
 VOSTEL_INLINE typename Simd::Floats LoadRow(const FourierRun& run, std::ptrdiff_t at)
 {
     if (at + Simd::Lanes <= run.RowLength)
@@ -104,7 +104,7 @@ VOSTEL_INLINE typename Simd::Floats LoadRow(const FourierRun& run, std::ptrdiff_
 
 enum class Input { Plain, Row, Product };
 
-template <class Simd>
+template <typename Simd>
 VOSTEL_INLINE void Multiply(typename Simd::Floats& re, typename Simd::Floats& im, typename Simd::Floats c,
                             typename Simd::Floats d)
 {
@@ -115,7 +115,7 @@ VOSTEL_INLINE void Multiply(typename Simd::Floats& re, typename Simd::Floats& im
 
 // The first K stages, s being 1, for the lanes from p on. The R results of one p are neighbours, so squares
 // are transposed on their way out.
-template <class Simd, int K, class Source>
+template <typename Simd, int K, typename Source>
 VOSTEL_INLINE void StagesToSquares(const FourierRun& run, std::ptrdiff_t p, Source source, float* outRe,
                                    float* outIm)
 {
@@ -142,7 +142,7 @@ VOSTEL_INLINE void StagesToSquares(const FourierRun& run, std::ptrdiff_t p, Sour
     }
 }
 
-template <class Simd, int K, Input From>
+template <typename Simd, int K, Input From>
 VOSTEL_NOINLINE void FirstPass(const FourierRun& run, float* outRe, float* outIm)
 {
     using V = typename Simd::Floats;
@@ -171,7 +171,7 @@ VOSTEL_NOINLINE void FirstPass(const FourierRun& run, float* outRe, float* outIm
 enum class Output { Between, Last, Scaled, RealHalf };
 
 // What all lanes of K stages multiply by.
-template <class Simd, int K>
+template <typename Simd, int K>
 struct Factors {
     typename Simd::Floats Cos[K][1 << (K - 1)];
     typename Simd::Floats Sin[K][1 << (K - 1)];
@@ -193,7 +193,7 @@ struct Factors {
 };
 
 // K further stages from s on: lanes along q.
-template <class Simd, int K, Output To>
+template <typename Simd, int K, Output To>
 VOSTEL_NOINLINE void Pass(const FourierRun& run, std::ptrdiff_t s, const float* inRe, const float* inIm,
                           float* outRe, float* outIm)
 {
@@ -231,7 +231,7 @@ VOSTEL_NOINLINE void Pass(const FourierRun& run, std::ptrdiff_t s, const float* 
     }
 }
 
-template <class Simd, Output To>
+template <typename Simd, Output To>
 void AnyPass(int k, const FourierRun& run, std::ptrdiff_t s, const float* inRe, const float* inIm,
              float* outRe, float* outIm)
 {
@@ -251,7 +251,7 @@ struct Pairs {
 };
 
 // Stages done to end - 1, in as few passes as can be with about as many stages each.
-template <class Simd>
+template <typename Simd>
 void Between(const FourierRun& run, Pairs& pairs, int done, int end)
 {
     while (done < end) {
@@ -267,7 +267,7 @@ void Between(const FourierRun& run, Pairs& pairs, int done, int end)
 
 // The stages that are left. The last pass reads and writes the same places, so that it can end in either
 // pair.
-template <class Simd>
+template <typename Simd>
 void Finish(const FourierRun& run, Pairs& pairs, int done, int to)
 {
     const int left = run.Stages - done;
@@ -281,7 +281,7 @@ void Finish(const FourierRun& run, Pairs& pairs, int done, int to)
 }
 
 // For lengths from Lanes << K on.
-template <class Simd, int K>
+template <typename Simd, int K>
 void TransformInPasses(const FourierRun& run)
 {
     Pairs      pairs = {{run.Re, run.OtherRe}, {run.Im, run.OtherIm}, 1};
@@ -294,7 +294,7 @@ void TransformInPasses(const FourierRun& run)
 
 // The last K stages of a transform, the product and the first K stages of the way back: all take the same
 // rows, a step apart.
-template <class Simd, int K>
+template <typename Simd, int K>
 VOSTEL_NOINLINE void MiddlePass(const FourierRun& forward, const FourierRun& inverse, const float* inRe,
                                 const float* inIm, float* outRe, float* outIm)
 {
@@ -332,7 +332,7 @@ VOSTEL_NOINLINE void MiddlePass(const FourierRun& forward, const FourierRun& inv
 }
 
 // For lengths from Lanes << K and 1 << 2 * K on.
-template <class Simd, int K>
+template <typename Simd, int K>
 void FilterInPasses(const FourierRun& forward, const FourierRun& inverse)
 {
     Pairs pairs = {{forward.Re, forward.OtherRe}, {forward.Im, forward.OtherIm}, 1};

@@ -11,7 +11,7 @@ using namespace vostel;
 
 namespace {
 
-const double TwoPi = 6.2831852;
+constexpr double TwoPi = 6.2831852;
 
 std::size_t Bytes(int count)
 {

@@ -11,7 +11,7 @@ using namespace vostel;
 namespace {
 
 // The library's circle constant, as it stands; a closer value would change kernels.
-const double TwoPi = 6.2831852;
+constexpr double TwoPi = 6.2831852;
 
 }
 
@@ -26,7 +26,7 @@ float OneDGaussian(float x, float sigma)
 void TwoDGaussian_LSE(ClassData2DIO<float>* kernel, int width, float sigmaX, int height, float sigmaY,
                       float angle)
 {
-    if (kernel == nullptr)
+    if (!kernel)
         return;
     kernel->Allocate(width, height);
     const float        c = std::cos(angle);

@@ -175,13 +175,13 @@ void Stitch(const Plane& a, const Plane& b, std::int64_t widthB, std::int64_t ov
 void gImaConcate(ClassData2DIO<float>* imageA, ClassData2DIO<float>* imageB, int overlap, int trim,
                  bool equalise)
 {
-    if (imageA == nullptr || imageB == nullptr)
+    if (!imageA || !imageB)
         return;
     if (overlap != 0 && overlap - 2 * static_cast<std::int64_t>(trim) < 2) {
         ShowMessage(L"水平重合参数需要大于二倍的中间切边参数加一");
         return;
     }
-    if (imageA->Height < 0 || imageA->Width < 0 || (imageA->Height > 0 && imageA->Ptr1D == nullptr))
+    if (imageA->Height < 0 || imageA->Width < 0 || (imageA->Height > 0 && !imageA->Ptr1D))
         return;
     const std::int64_t widthB = std::max(imageB->Width, 0);
     Plane              result;

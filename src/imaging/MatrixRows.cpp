@@ -11,11 +11,11 @@ namespace {
 void Multiply(const MatrixBlock& block)
 {
     // The columns of a row of c side by side, which a compiler turns into vectors by itself.
-    constexpr std::ptrdiff_t strip = 256;
-    for (std::ptrdiff_t start = 0; start < block.Columns; start += strip) {
-        const std::ptrdiff_t columns = std::min(strip, block.Columns - start);
+    constexpr std::ptrdiff_t Strip = 256;
+    for (std::ptrdiff_t start = 0; start < block.Columns; start += Strip) {
+        const std::ptrdiff_t columns = std::min(Strip, block.Columns - start);
         for (std::ptrdiff_t i = 0; i < block.Rows; ++i) {
-            float              sums[strip] = {};
+            float              sums[Strip] = {};
             const float* const rowA = block.A + i * block.WidthA;
             for (std::ptrdiff_t k = 0; k < block.WidthA; ++k) {
                 const float        factor = rowA[k];

@@ -12,7 +12,7 @@ namespace vostel {
 
 namespace {
 
-template <class Simd, int Rows, int Vectors>
+template <typename Simd, int Rows, int Vectors>
 VOSTEL_INLINE void MultiplyTile(const MatrixBlock& block, std::ptrdiff_t row, std::ptrdiff_t column)
 {
     const float* const    a = block.A + row * block.WidthA;
@@ -45,7 +45,7 @@ VOSTEL_INLINE void MultiplyTile(const MatrixBlock& block, std::ptrdiff_t row, st
     }
 }
 
-template <class Simd, int Vectors>
+template <typename Simd, int Vectors>
 void MultiplyColumns(const MatrixBlock& block, std::ptrdiff_t column)
 {
     std::ptrdiff_t row = 0;
@@ -57,7 +57,7 @@ void MultiplyColumns(const MatrixBlock& block, std::ptrdiff_t column)
 
 // Tiles are Wide vectors of columns; what is left takes single vectors, and the last columns the plain
 // variant.
-template <class Simd, int Wide>
+template <typename Simd, int Wide>
 void MultiplyInTiles(const MatrixBlock& block)
 {
     constexpr std::ptrdiff_t Lanes = Simd::Lanes;

@@ -12,7 +12,7 @@ using namespace vostel;
 
 namespace {
 
-const double TwoPiSquared = 19.73920812874952;    // 2 * 3.1415926^2
+constexpr double TwoPiSquared = 19.73920812874952;    // 2 * 3.1415926^2
 
 // A row is read in several places at a time, too short a while for the processor to see it coming.
 void FetchAhead(const float* row, int width)

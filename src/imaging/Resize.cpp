@@ -110,7 +110,7 @@ private:
 template <typename DoAllRows>
 void Scale(const ClassData2DIO<float>* source, ClassData2DIO<float>* target, DoAllRows doAllRows)
 {
-    if (source == nullptr || target == nullptr || CountOf(*target) == 0)
+    if (!source || !target || CountOf(*target) == 0)
         return;
     if (source->Ptr1D != target->Ptr1D) {
         doAllRows(Scaling(*source, *target));

@@ -12,14 +12,14 @@ namespace vostel {
 namespace {
 
 // How the samples of neighbouring columns, one per lane, are fetched, left ones and right ones.
-template <class Simd>
+template <typename Simd>
 struct Fetch {
     typename Simd::Ints Index;
     int                 First;
     int                 Loads;    // one or two vectors that hold all samples, or 0 for gathers
 };
 
-template <class Simd>
+template <typename Simd>
 VOSTEL_INLINE Fetch<Simd> FetchOf(const ResizeColumns& columns, int x)
 {
     constexpr int Lanes = Simd::Lanes;
@@ -36,7 +36,7 @@ VOSTEL_INLINE Fetch<Simd> FetchOf(const ResizeColumns& columns, int x)
     return fetch;
 }
 
-template <class Simd>
+template <typename Simd>
 VOSTEL_INLINE void FetchSamples(const float* source, const Fetch<Simd>& fetch, typename Simd::Floats& left,
                                 typename Simd::Floats& right)
 {
@@ -57,7 +57,7 @@ VOSTEL_INLINE void FetchSamples(const float* source, const Fetch<Simd>& fetch, t
 }
 
 // The samples between left and right, as doubles: the lower half of the lanes and the upper one.
-template <class Simd>
+template <typename Simd>
 VOSTEL_INLINE void Between(const float* source, const Fetch<Simd>& fetch, typename Simd::Floats fraction,
                            typename Simd::Doubles& low, typename Simd::Doubles& high)
 {
@@ -74,7 +74,7 @@ VOSTEL_INLINE ResizeColumns From(const ResizeColumns& columns, int x)
     return {columns.Index + x, columns.Fraction + x, columns.Count - x, columns.SourceWidth, 0};
 }
 
-template <class Simd>
+template <typename Simd>
 void Spread(const float* source, const ResizeColumns& columns, double* spread)
 {
     int x = 0;
@@ -87,14 +87,14 @@ void Spread(const float* source, const ResizeColumns& columns, double* spread)
     ResizePlain.Spread(source, From(columns, x), spread + x);
 }
 
-template <class Simd>
+template <typename Simd>
 VOSTEL_INLINE void StoreBlend(float* target, typename Simd::Doubles top, typename Simd::Doubles bottom,
                               typename Simd::Doubles upper, typename Simd::Doubles lower)
 {
     Simd::StoreNarrow(target, Simd::Add(Simd::Mul(top, upper), Simd::Mul(bottom, lower)));
 }
 
-template <class Simd>
+template <typename Simd>
 void Blend(const double* top, const double* bottom, float fraction, float* target, int count)
 {
     constexpr int                Half = Simd::Lanes / 2;
@@ -111,7 +111,7 @@ void Blend(const double* top, const double* bottom, float fraction, float* targe
 
 // Every second sample, with no fractions either way. The last loads end on the right sample of the last
 // column.
-template <class Simd>
+template <typename Simd>
 int PickEverySecond(const float* topSource, const float* bottomSource, float* target, int count)
 {
     int x = 0;
@@ -127,7 +127,7 @@ int PickEverySecond(const float* topSource, const float* bottomSource, float* ta
     return x;
 }
 
-template <class Simd>
+template <typename Simd>
 void SpreadAndBlend(const float* topSource, const float* bottomSource, const ResizeColumns& columns,
                     float fraction, float* target)
 {

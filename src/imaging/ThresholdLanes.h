@@ -11,7 +11,7 @@ namespace vostel {
 
 namespace {
 
-template <class Simd>
+template <typename Simd>
 void SlideLanes(int* columns, int factor, const unsigned char* entering, const unsigned char* leaving,
                 int width)
 {
@@ -26,7 +26,7 @@ void SlideLanes(int* columns, int factor, const unsigned char* entering, const u
 }
 
 // Decides about whole blocks; returns how many pixels that are, and changes before to the sum of the last.
-template <class Simd, bool InDouble>
+template <typename Simd, bool InDouble>
 VOSTEL_INLINE int DecideBlocks(const int* columns, int side, int& before, int scale,
                                const unsigned char* pixels, unsigned char* target, int width)
 {
@@ -53,7 +53,7 @@ VOSTEL_INLINE int DecideBlocks(const int* columns, int side, int& before, int sc
     return x;
 }
 
-template <class Simd>
+template <typename Simd>
 void DecideLanes(const int* columns, int side, int before, int scale, const unsigned char* pixels,
                  unsigned char* target, int width)
 {
@@ -61,7 +61,7 @@ void DecideLanes(const int* columns, int side, int before, int scale, const unsi
     ThresholdPlain.Decide(columns + x, side, before, scale, pixels + x, target + x, width - x);
 }
 
-template <class Simd>
+template <typename Simd>
 void DecideLanesInDouble(const int* columns, int side, int before, int scale, const unsigned char* pixels,
                          unsigned char* target, int width)
 {

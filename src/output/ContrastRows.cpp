@@ -147,7 +147,7 @@ private:
 void Redraw::ShowRun(const float* values, std::size_t pixel, std::size_t count, bool streaming) const
 {
     alignas(64) float remapped[Block];
-    if (Rule != nullptr) {
+    if (Rule) {
         // Remapped here and again for Raw: cheaper than a copy, the source is at hand in the first-level
         // cache.
         ActiveFloatRangeVariant().Remap(*Rule, values, remapped, count, false);
@@ -160,16 +160,16 @@ void Redraw::ShowRun(const float* values, std::size_t pixel, std::size_t count, 
 void Redraw::KeepRun(std::size_t begin, std::size_t end, bool streaming) const
 {
     const bool inPlace = Source == Raw;
-    if (Raw != nullptr && !(inPlace && Rule == nullptr)) {
+    if (Raw && !(inPlace && !Rule)) {
         const LineRun run = inPlace ? LineRun{begin, end - begin} : WholeLines(Raw, begin, end, All);
-        if (Rule != nullptr)
+        if (Rule)
             ActiveFloatRangeVariant().Remap(*Rule, Source + run.Begin, Raw + run.Begin, run.Count,
                                             streaming && !inPlace);
         else
             CopyPixels(reinterpret_cast<const std::uint32_t*>(Source + run.Begin),
                        reinterpret_cast<std::uint32_t*>(Raw + run.Begin), run.Count, streaming);
     }
-    if (Label != nullptr) {
+    if (Label) {
         const LineRun run = WholeLines(Label, begin, end, All);
         FillPixels(reinterpret_cast<std::uint32_t*>(Label + run.Begin), run.Count, 1, streaming);
     }

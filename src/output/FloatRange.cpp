@@ -16,7 +16,7 @@ constexpr float MaximumStart = -10000000.0f;
 
 std::size_t ElementCount(const StructData2D<float>& data)
 {
-    if (data.Ptr1D == nullptr || data.Width <= 0 || data.Height <= 0)
+    if (!data.Ptr1D || data.Width <= 0 || data.Height <= 0)
         return 0;
     return static_cast<std::size_t>(data.Width) * static_cast<std::size_t>(data.Height);
 }
@@ -33,7 +33,7 @@ void MinMax(const float* source, float* copy, std::size_t count, bool, float& lo
         if (v == 0.0f && std::signbit(v))
             negativeZero = true;
     }
-    if (copy != nullptr && count > 0)
+    if (copy && count > 0)
         std::memcpy(copy, source, count * sizeof(float));
 }
 
@@ -61,7 +61,7 @@ float FirstZero(const float* data, std::size_t count)
 
 void ScanFloats(const float* source, float* copy, std::size_t count, float& lo, float& hi)
 {
-    const bool streaming = copy != nullptr && UsesStreamingStores(count * sizeof(float));
+    const bool streaming = copy && UsesStreamingStores(count * sizeof(float));
     bool       negativeZero = false;
     lo = MinimumStart;
     hi = MaximumStart;
@@ -149,7 +149,7 @@ void RemapRange(StructData2D<float>& src, StructData2D<float>& dst, float a, flo
         outHigh = 255.0f;
     }
     const RemapRule rule = MakeRemapRule(a, b, outLow, outHigh);
-    if (!rule.Active || dst.Ptr1D == nullptr || dst.Width != src.Width || dst.Height != src.Height)
+    if (!rule.Active || !dst.Ptr1D || dst.Width != src.Width || dst.Height != src.Height)
         return;
     RemapFloats(rule, src.Ptr1D, dst.Ptr1D, count);
 }

@@ -61,7 +61,7 @@ void MinMax(const float* source, float* copy, std::size_t count, bool streaming,
             bool& negativeZero)
 {
     std::size_t x = 0;
-    if (copy == nullptr) {
+    if (!copy) {
         x = Fold<Copy::None>(source, nullptr, count, lo, hi, negativeZero);
     } else if (!streaming) {
         x = Fold<Copy::Store>(source, copy, count, lo, hi, negativeZero);
@@ -70,8 +70,7 @@ void MinMax(const float* source, float* copy, std::size_t count, bool streaming,
         FloatRangePlain.MinMax(source, copy, head, false, lo, hi, negativeZero);
         x = head + Fold<Copy::Stream>(source + head, copy + head, count - head, lo, hi, negativeZero);
     }
-    FloatRangePlain.MinMax(source + x, copy == nullptr ? nullptr : copy + x, count - x, false, lo, hi,
-                           negativeZero);
+    FloatRangePlain.MinMax(source + x, copy ? copy + x : nullptr, count - x, false, lo, hi, negativeZero);
 }
 
 void Remap(const RemapRule& rule, const float* source, float* target, std::size_t count, bool streaming)

@@ -10,7 +10,7 @@ namespace vostel {
 
 void FillLabelPlane(int* plane, int width, int height, int value)
 {
-    if (plane == nullptr || width <= 0 || height <= 0)
+    if (!plane || width <= 0 || height <= 0)
         return;
     const std::size_t count = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
     const bool        streaming = UsesStreamingStores(count * sizeof(int));
@@ -21,7 +21,7 @@ void FillLabelPlane(int* plane, int width, int height, int value)
 
 void FlipLabelPlane(int* plane, int width, int height)
 {
-    if (plane == nullptr || width <= 0 || height <= 0)
+    if (!plane || width <= 0 || height <= 0)
         return;
     constexpr std::size_t Block = 2048;
     int                   block[Block];

@@ -11,7 +11,7 @@ namespace {
 // Bytes of a plane that can be read from offset on.
 std::size_t Behind(const unsigned char* plane, std::size_t bytes, std::size_t offset)
 {
-    return plane != nullptr && bytes > offset ? bytes - offset : 0;
+    return plane && bytes > offset ? bytes - offset : 0;
 }
 
 unsigned ByteOrZero(const unsigned char* plane, std::size_t bytes, std::size_t position)

@@ -16,7 +16,7 @@ Installed& Replacements()
 }
 
 // A copy: the host may replace the services from inside one of them, and the one that runs has to live on.
-template <class Service>
+template <typename Service>
 Service Replacement(Service VostelHostServices::*member)
 {
     Installed&            installed = Replacements();

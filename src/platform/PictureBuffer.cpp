@@ -11,7 +11,7 @@ PictureBuffer::~PictureBuffer()
 
 void PictureBuffer::Release()
 {
-    if (Section != nullptr)
+    if (Section)
         DeleteObject(Section);
     Section = nullptr;
     Memory.clear();
@@ -38,7 +38,7 @@ bool PictureBuffer::Allocate(int width, int height, int bitsPerPixel, bool botto
         info.bmiHeader.biCompression = BI_RGB;
         void* bits = nullptr;
         Section = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-        if (Section == nullptr)
+        if (!Section)
             return false;
         Lowest = static_cast<unsigned char*>(bits);
     } else {

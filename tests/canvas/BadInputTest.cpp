@@ -12,9 +12,9 @@
 
 namespace {
 
-const int Numbers[] = {-1, 5, INT_MIN, INT_MAX};
-const int Sizes[] = {0, 1, 2, 7, 33, -1, -7, 100000, INT_MAX, INT_MIN, 46341, 65536};
-const int Coordinates[] = {0, 1, -1, 15, 30, 100, -100, 32767, -32768, 65535, 1 << 20, INT_MAX, INT_MIN};
+constexpr int Numbers[] = {-1, 5, INT_MIN, INT_MAX};
+constexpr int Sizes[] = {0, 1, 2, 7, 33, -1, -7, 100000, INT_MAX, INT_MIN, 46341, 65536};
+constexpr int Coordinates[] = {0, 1, -1, 15, 30, 100, -100, 32767, -32768, 65535, 1 << 20, INT_MAX, INT_MIN};
 
 // True if the call ran to its end, false if the allocator refused.
 template <typename F>

@@ -279,7 +279,7 @@ TEST_CASE("a byte image releases float data")
         REQUIRE(gCVSGetRawOriPtr1D(0) != nullptr);
     };
     const auto isReleased = [] {
-        return gCVSGetRawPtr1D(0) == nullptr && gCVSGetRawOriPtr1D(0) == nullptr && gCVSGetRaw(0).Width == -1;
+        return !gCVSGetRawPtr1D(0) && !gCVSGetRawOriPtr1D(0) && gCVSGetRaw(0).Width == -1;
     };
     showFloat();
     host.ShowFlatGray(4, 3, 1);

@@ -65,7 +65,7 @@ struct Guarded {
 };
 
 // Calls look(functions, length, random) for every variant and each length from 0 on.
-template <class Look>
+template <typename Look>
 void ForEachVariantAndLength(Look look)
 {
     std::mt19937 random(Seed);
@@ -80,7 +80,7 @@ void ForEachVariantAndLength(Look look)
 }
 
 // Deinterleaves random pixels of so many bytes, blue, green and red first.
-template <class Deinterleave>
+template <typename Deinterleave>
 void CheckDeinterleaved(Deinterleave deinterleave, std::size_t bytes, std::size_t length,
                         std::mt19937& random)
 {

@@ -159,8 +159,8 @@ struct Planes {
 template <typename T>
 bool SameContents(const ClassData2DIO<T>& a, const ClassData2DIO<T>& b)
 {
-    return a.Width == b.Width && a.Height == b.Height && (a.Ptr1D == nullptr) == (b.Ptr1D == nullptr) &&
-           (a.Ptr1D == nullptr || SamePlane(a, b));
+    return a.Width == b.Width && a.Height == b.Height && (!a.Ptr1D) == (!b.Ptr1D) &&
+           (!a.Ptr1D || SamePlane(a, b));
 }
 
 bool SameContents(const Planes& a, const Planes& b)
@@ -383,7 +383,7 @@ TEST_CASE("a transform whose Init finds no memory is empty and can be initialise
             fft.Init(128, false);
         } catch (const std::bad_alloc&) {
             ++thrown;
-            empty = empty && fft.Re == nullptr && fft.SinInverse == nullptr && +fft.Length == 0;
+            empty = empty && !fft.Re && !fft.SinInverse && +fft.Length == 0;
             fft.RunFFT();
         }
         ended = !HasFailed;
@@ -413,8 +413,8 @@ TEST_CASE("a kernel's spectrum that finds no memory leaves the transform whole o
         try {
             GetKernerlFFT(fft, 64, 21, 0.5f);
         } catch (const std::bad_alloc&) {
-            untouched += fft.Re != nullptr && +fft.Length == 16 && fft.Re[3] == 5.0f;
-            emptied += fft.Re == nullptr && +fft.Length == 0;
+            untouched += fft.Re && +fft.Length == 16 && fft.Re[3] == 5.0f;
+            emptied += !fft.Re && +fft.Length == 0;
         }
         ended = !HasFailed;
         FailAt(0);

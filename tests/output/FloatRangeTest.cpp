@@ -8,8 +8,8 @@ using namespace vostel;
 
 namespace {
 
-const float NotANumber = std::numeric_limits<float>::quiet_NaN();
-const float Infinity = std::numeric_limits<float>::infinity();
+constexpr float NotANumber = std::numeric_limits<float>::quiet_NaN();
+constexpr float Infinity = std::numeric_limits<float>::infinity();
 
 void PlainMinMax(const float* data, std::size_t count, float& lo, float& hi)
 {

@@ -58,7 +58,7 @@ TEST_CASE("a full table of objects fails with null and works again after a delet
 {
     unsigned          before = GdiObjectCount();
     std::vector<HPEN> pens;
-    for (HPEN pen = CreatePen(PS_SOLID, 1, 0); pen != nullptr; pen = CreatePen(PS_SOLID, 1, 0)) {
+    for (HPEN pen = CreatePen(PS_SOLID, 1, 0); pen; pen = CreatePen(PS_SOLID, 1, 0)) {
         pens.push_back(pen);
         REQUIRE(pens.size() < 1000000);
     }
@@ -107,14 +107,14 @@ TEST_CASE("lines, shapes and fills over the whole range of coordinates end quick
 
 TEST_CASE("an ellipse too large to be walked lies within a pixel of one that is walked")
 {
-    constexpr int bound = 1 << 17;
+    constexpr int Bound = 1 << 17;
     TestBitmap    walked(300, 40), measured(300, 40);
     for (TestBitmap* bitmap : {&walked, &measured}) {
         SelectObject(bitmap->Dc, GetStockObject(NULL_PEN));
         SelectObject(bitmap->Dc, GetStockObject(WHITE_BRUSH));
     }
-    Ellipse(walked.Dc, -3, -bound / 2, -3 + bound, bound / 2);
-    Ellipse(measured.Dc, -3, -bound / 2 - 1, -3 + bound + 2, bound / 2 + 1);
+    Ellipse(walked.Dc, -3, -Bound / 2, -3 + Bound, Bound / 2);
+    Ellipse(measured.Dc, -3, -Bound / 2 - 1, -3 + Bound + 2, Bound / 2 + 1);
     for (int y = 0; y < 40; ++y) {
         int left = 0, right = 0;
         while (left < 300 && walked.PixelAt(left, y) == 0)

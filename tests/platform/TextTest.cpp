@@ -34,7 +34,7 @@ public:
     {
         HFONT font = CreateFontW(height, 0, 0, 0, 400, 0, 0, 0, 134, 8, 1, 0, 48, L"微软雅黑");
         SelectObject(Dc, font);
-        if (Font != nullptr)
+        if (Font)
             DeleteObject(Font);
         Font = font;
     }

@@ -2,11 +2,11 @@
 
 namespace {
 
-constexpr int canvas = 1;
+constexpr int CanvasNumber = 1;
 
 void Zoomed(HDC dc, int width, int height, int steps)
 {
-    CanvasFrame frame(canvas, dc, width, height);
+    CanvasFrame frame(CanvasNumber, dc, width, height);
     frame.ShowImage(320, 200);
     frame.Paint();
     frame.Turn(steps, CPoint(width / 3, height / 2));
@@ -32,7 +32,7 @@ void ZoomedOut(HDC dc, int width, int height)
 
 void Panned(HDC dc, int width, int height)
 {
-    CanvasFrame frame(canvas, dc, width, height);
+    CanvasFrame frame(CanvasNumber, dc, width, height);
     frame.ShowImage(320, 200);
     frame.Paint();
     frame.Drag({CPoint(100, 100), CPoint(171, 63)}, MK_CONTROL);
@@ -42,41 +42,41 @@ void Panned(HDC dc, int width, int height)
 
 void Progress(HDC dc, int width, int height)
 {
-    CanvasFrame frame(canvas, dc, width, height);
+    CanvasFrame frame(CanvasNumber, dc, width, height);
     frame.ShowImage(320, 200);
-    gCVSShowProgress(canvas, true);
-    gCVSSetProgressRectPos(canvas, 30, 20, 300, 24);
-    gCVSSetRange(canvas, 0, 70);
-    gCVSSetPos(canvas, 43);
+    gCVSShowProgress(CanvasNumber, true);
+    gCVSSetProgressRectPos(CanvasNumber, 30, 20, 300, 24);
+    gCVSSetRange(CanvasNumber, 0, 70);
+    gCVSSetPos(CanvasNumber, 43);
     frame.Paint();
 }
 
 void Slider(HDC dc, int width, int height)
 {
-    CanvasFrame frame(canvas, dc, width, height);
+    CanvasFrame frame(CanvasNumber, dc, width, height);
     frame.ShowImage(320, 200);
-    gCVSShowContrastCtrl(canvas, true);
-    gCVSSetContrastCtrlRectPos(canvas, 20, 30, 350, 30);
+    gCVSShowContrastCtrl(CanvasNumber, true);
+    gCVSSetContrastCtrlRectPos(CanvasNumber, 20, 30, 350, 30);
     frame.Paint();
 }
 
 // Regions, strokes and measures drawn as a person draws them.
 void Shapes(HDC dc, int width, int height)
 {
-    CanvasFrame frame(canvas, dc, width, height);
+    CanvasFrame frame(CanvasNumber, dc, width, height);
     frame.ShowImage(320, 200);
     frame.Paint();
-    gCVSAddPoly(canvas);
+    gCVSAddPoly(CanvasNumber);
     frame.PressEach({CPoint(120, 110), CPoint(220, 130), CPoint(200, 190), CPoint(140, 180)}, MK_SHIFT);
-    gCVSAddSpline(canvas);
+    gCVSAddSpline(CanvasNumber);
     frame.PressEach({CPoint(260, 120), CPoint(340, 150), CPoint(330, 230), CPoint(270, 210)}, MK_SHIFT);
-    gCVSAddFreeStroke(canvas);
+    gCVSAddFreeStroke(CanvasNumber);
     frame.Move(CPoint(130, 220), MK_SHIFT);
-    gCVSOnLButtonDown(canvas, MK_LBUTTON | MK_SHIFT, CPoint(130, 220));
+    gCVSOnLButtonDown(CanvasNumber, MK_LBUTTON | MK_SHIFT, CPoint(130, 220));
     for (int i = 1; i <= 30; ++i)
         frame.Move(CPoint(130 + i * 4, 220 + i * i % 37), MK_LBUTTON | MK_SHIFT);
-    gCVSOnLButtonUp(canvas, MK_SHIFT, CPoint(250, 230));
-    gCVSAddMRectangle(canvas);
+    gCVSOnLButtonUp(CanvasNumber, MK_SHIFT, CPoint(250, 230));
+    gCVSAddMRectangle(CanvasNumber);
     frame.Press(CPoint(240, 250), MK_SHIFT);
     frame.Paint();
 }

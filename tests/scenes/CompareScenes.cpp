@@ -21,7 +21,7 @@ struct SceneImage {
 bool ReadPicture(const std::filesystem::path& path, SceneImage& picture)
 {
     std::FILE* file = std::fopen(path.string().c_str(), "rb");
-    if (file == nullptr)
+    if (!file)
         return false;
     int  highest = 0;
     bool whole = std::fscanf(file, "P6 %d %d %d", &picture.Width, &picture.Height, &highest) == 3 &&
@@ -92,13 +92,13 @@ Difference Compare(const SceneImage& a, const SceneImage& b)
 
 // Text is rasterised by the platform with the platform's fonts: the same words have to stand in the same
 // place and leave a like amount of ink, but glyphs and their widths are free within these bounds.
-constexpr double glyphMean = 6.0;
-constexpr int    glyphReach = 40;     // px between the edges of the two inks
-constexpr double glyphRatio = 1.7;    // of the two amounts of ink
+constexpr double GlyphMean = 6.0;
+constexpr int    GlyphReach = 40;     // px between the edges of the two inks
+constexpr double GlyphRatio = 1.7;    // of the two amounts of ink
 
 // A smoothed stretch may differ by the rounding of its weights, not by a shift of the picture.
-constexpr double qualityMean = 0.5;
-constexpr int    qualityLargest = 4;
+constexpr double QualityMean = 0.5;
+constexpr int    QualityMax = 4;
 
 bool KeepsBound(const std::string& name, const SceneImage& a, const SceneImage& b,
                 const Difference& difference)
@@ -106,13 +106,13 @@ bool KeepsBound(const std::string& name, const SceneImage& a, const SceneImage& 
     if (name.ends_with(".glyphs.ppm")) {
         Box    p = InkBox(a), q = InkBox(b);
         double inkA = Ink(a), inkB = Ink(b);
-        return difference.Mean <= glyphMean && inkA > 0 && inkB > 0 && inkA <= inkB * glyphRatio &&
-               inkB <= inkA * glyphRatio && std::abs(p.Left - q.Left) <= glyphReach &&
-               std::abs(p.Top - q.Top) <= glyphReach && std::abs(p.Right - q.Right) <= glyphReach &&
-               std::abs(p.Bottom - q.Bottom) <= glyphReach;
+        return difference.Mean <= GlyphMean && inkA > 0 && inkB > 0 && inkA <= inkB * GlyphRatio &&
+               inkB <= inkA * GlyphRatio && std::abs(p.Left - q.Left) <= GlyphReach &&
+               std::abs(p.Top - q.Top) <= GlyphReach && std::abs(p.Right - q.Right) <= GlyphReach &&
+               std::abs(p.Bottom - q.Bottom) <= GlyphReach;
     }
     if (name.ends_with(".quality.ppm"))
-        return difference.Mean <= qualityMean && difference.Largest <= qualityLargest;
+        return difference.Mean <= QualityMean && difference.Largest <= QualityMax;
     return difference.Pixels == 0;
 }
 

@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr int canvas = 3;
+constexpr int CanvasNumber = 3;
 
 void Cover(HDC dc, int left, int top, int width, int height)
 {
@@ -19,7 +19,7 @@ void Cover(HDC dc, int left, int top, int width, int height)
 // A canvas whose image a scene's gestures are made on.
 class Session : public CanvasFrame {
 public:
-    Session(HDC dc, int width, int height, int steps = 0) : CanvasFrame(canvas, dc, width, height)
+    Session(HDC dc, int width, int height, int steps = 0) : CanvasFrame(CanvasNumber, dc, width, height)
     {
         ShowImage(320, 200);
         Paint();
@@ -47,22 +47,22 @@ void Covered(HDC dc, int width, int height)
 // The caption of the first line, placed up and to the right of it, is dragged under it.
 void Lengths(Session& session)
 {
-    gCVSAddMeasureLine(canvas, 0.0);
+    gCVSAddMeasureLine(CanvasNumber, 0.0);
     session.Drag({CPoint(120, 240), CPoint(150, 250), CPoint(220, 270)}, MK_SHIFT);
     session.Drag({CPoint(275, 162), CPoint(260, 200), CPoint(245, 302)});
-    gCVSAddMeasureLine(canvas, 0.0);
+    gCVSAddMeasureLine(CanvasNumber, 0.0);
     session.Drag({CPoint(310, 120), CPoint(280, 180)}, MK_SHIFT);
 }
 void OneLength(Session& session)
 {
-    gCVSAddMeasureLine(canvas, 0.0);
+    gCVSAddMeasureLine(CanvasNumber, 0.0);
     session.Drag({CPoint(120, 140), CPoint(150, 150), CPoint(220, 170)}, MK_SHIFT);
     session.Drag({CPoint(276, 61), CPoint(230, 235)});
 }
 
 void Angle3(Session& session)
 {
-    gCVSAddMeasureAngle3Pts(canvas);
+    gCVSAddMeasureAngle3Pts(CanvasNumber);
     session.Paint();    // a caption can measure its text from its first paint on
     session.Press(CPoint(180, 230), MK_SHIFT);
     session.Drag({CPoint(330, 230), CPoint(320, 200)});    // an arm
@@ -71,7 +71,7 @@ void Angle3(Session& session)
 
 void Angle4(Session& session)
 {
-    gCVSAddMeasureAngle4Pts(canvas);
+    gCVSAddMeasureAngle4Pts(CanvasNumber);
     session.Paint();
     session.Press(CPoint(220, 260), MK_SHIFT);
     session.Drag({CPoint(420, 260), CPoint(400, 240)});    // the far end of the second line
@@ -81,7 +81,7 @@ void Angle4(Session& session)
 // The plot after a drag of its frame, beside its line.
 void Profile(Session& session)
 {
-    gCVSAddLineProfile(canvas);
+    gCVSAddLineProfile(CanvasNumber);
     session.Drag({CPoint(100, 260), CPoint(200, 250), CPoint(390, 290)}, MK_SHIFT);
     session.Drag({CPoint(200, 100), CPoint(182, 90), CPoint(172, 81)});
 }
@@ -90,9 +90,9 @@ void Profile(Session& session)
 void TextStyles(Session& session)
 {
     for (int style = FontPlain18; style <= FontCustom; ++style)
-        gCVSAddTextOL(canvas, L"Sphinx 12.5", 60 + 30 * style, 60 + 60 * style, static_cast<FontType>(style),
-                      style % 2 == 0 ? 2 : 1, RGB(0, 130, 40), 30);
-    gCVSAddTextOLV2(canvas, L"in the image", 170, 20, FontRed22Framed, 1, 0, 0);
+        gCVSAddTextOL(CanvasNumber, L"Sphinx 12.5", 60 + 30 * style, 60 + 60 * style,
+                      static_cast<FontType>(style), style % 2 == 0 ? 2 : 1, RGB(0, 130, 40), 30);
+    gCVSAddTextOLV2(CanvasNumber, L"in the image", 170, 20, FontRed22Framed, 1, 0, 0);
     session.Move(CPoint(1, 1));
     session.Paint();
     session.Drag({CPoint(70, 68), CPoint(120, 40)});
@@ -101,7 +101,7 @@ void TextStyles(Session& session)
 void Lines(Session& session)
 {
     std::vector<CString> lines = {L"first line", L"2", L"a third, longer line"};
-    gCVSAddTextML(canvas, lines, 60, 50);
+    gCVSAddTextML(CanvasNumber, lines, 60, 50);
     session.Move(CPoint(1, 1));
     session.Paint();
     session.Drag({CPoint(80, 70), CPoint(130, 150)});
@@ -109,14 +109,14 @@ void Lines(Session& session)
 
 void InfoWindow(Session& session)
 {
-    gCVSAddInfoWin(canvas);
+    gCVSAddInfoWin(CanvasNumber);
     session.Move(CPoint(260, 190));
     session.Paint();
 }
 
 void Neighbours(Session& session)
 {
-    gCVSAddNeighborPV(canvas);
+    gCVSAddNeighborPV(CanvasNumber);
     session.Move(CPoint(260, 190));
     session.Paint();
 }
@@ -125,12 +125,12 @@ void Neighbours(Session& session)
 void SliderCovered(HDC dc, int width, int height)
 {
     Session session(dc, width, height);
-    gCVSShowContrastCtrl(canvas, true);
-    gCVSSetContrastCtrlRectPos(canvas, 20, 30, 350, 30);
-    gCVSShowProgress(canvas, true);
-    gCVSSetProgressRectPos(canvas, 20, 70, 350, 20);
-    gCVSSetRange(canvas, 10, 60);
-    gCVSSetPos(canvas, 33);
+    gCVSShowContrastCtrl(CanvasNumber, true);
+    gCVSSetContrastCtrlRectPos(CanvasNumber, 20, 30, 350, 30);
+    gCVSShowProgress(CanvasNumber, true);
+    gCVSSetProgressRectPos(CanvasNumber, 20, 70, 350, 20);
+    gCVSSetRange(CanvasNumber, 10, 60);
+    gCVSSetPos(CanvasNumber, 33);
     session.Paint();
     session.Drag({CPoint(86, 355), CPoint(150, 350), CPoint(200, 340)});
     session.Drag({CPoint(362, 355), CPoint(300, 355)});

@@ -6,12 +6,12 @@
 
 namespace {
 
-constexpr int canvas = 2;
+constexpr int CanvasNumber = 2;
 
 // What the gestures of a scene do on a canvas that shows an image, once plain and once zoomed.
 void Drawn(HDC dc, int width, int height, int steps, void (*gestures)(CanvasFrame&))
 {
-    CanvasFrame frame(canvas, dc, width, height);
+    CanvasFrame frame(CanvasNumber, dc, width, height);
     frame.ShowImage(320, 200);
     frame.Paint();
     frame.Turn(steps, CPoint(200, 180));
@@ -36,7 +36,7 @@ void Polygons(CanvasFrame& frame)
 {
     const int counts[] = {12, 3, 2, 1};
     for (int i = 0; i < 4; ++i) {
-        gCVSAddPoly(canvas);
+        gCVSAddPoly(CanvasNumber);
         PressRing(frame, 140 + 75 * i, 150 + 20 * i, 36, counts[i]);
     }
     frame.Drag({CPoint(176, 150), CPoint(190, 110), CPoint(196, 105)});
@@ -47,7 +47,7 @@ void Splines(CanvasFrame& frame)
 {
     const int counts[] = {12, 5, 2, 1};
     for (int i = 0; i < 4; ++i) {
-        gCVSAddSpline(canvas);
+        gCVSAddSpline(CanvasNumber);
         PressRing(frame, 140 + 75 * i, 150 + 20 * i, 36, counts[i]);
     }
     frame.Drag({CPoint(140, 150), CPoint(150, 190)});
@@ -57,21 +57,21 @@ void Stroke(CanvasFrame& frame, int x, int y, int seed)
 {
     SceneRandom random(static_cast<std::uint32_t>(seed));
     frame.Move(CPoint(x, y), MK_SHIFT);
-    gCVSOnLButtonDown(canvas, MK_LBUTTON | MK_SHIFT, CPoint(x, y));
+    gCVSOnLButtonDown(CanvasNumber, MK_LBUTTON | MK_SHIFT, CPoint(x, y));
     for (int i = 0; i < 40; ++i) {
         x += random.Between(-4, 9);
         y += random.Between(-9, 9);
         frame.Move(CPoint(x, y), MK_LBUTTON | MK_SHIFT);
     }
-    gCVSOnLButtonUp(canvas, MK_SHIFT, CPoint(x, y));
+    gCVSOnLButtonUp(CanvasNumber, MK_SHIFT, CPoint(x, y));
 }
 
 // The first one runs over the image's edge and along it.
 void FreeRegions(CanvasFrame& frame)
 {
-    gCVSAddFreeRegion(canvas);
+    gCVSAddFreeRegion(CanvasNumber);
     Stroke(frame, 110, 120, 5);
-    gCVSAddFreeRegion(canvas);
+    gCVSAddFreeRegion(CanvasNumber);
     Stroke(frame, 180, 210, 6);
     Stroke(frame, 150, 260, 7);
 }
@@ -81,11 +81,11 @@ void Strokes(CanvasFrame& frame)
 {
     const int raised[] = {0, 1, 4, 11, 60};
     for (int i = 0; i < 5; ++i) {
-        gCVSAddFreeStroke(canvas);
+        gCVSAddFreeStroke(CanvasNumber);
         Stroke(frame, 120 + 20 * i, 130 + 35 * i, 20 + i);
         frame.Key('A', raised[i]);
     }
-    gCVSAddFreeStroke(canvas);
+    gCVSAddFreeStroke(CanvasNumber);
     Stroke(frame, 260, 150, 31);
     Stroke(frame, 270, 190, 32);
     frame.Key('A', 3);
@@ -95,10 +95,10 @@ void Strokes(CanvasFrame& frame)
 // The first box is dragged at a corner, the last one stays selected.
 void Rectangles(CanvasFrame& frame)
 {
-    gCVSAddMRectangle(canvas);
+    gCVSAddMRectangle(CanvasNumber);
     frame.Drag({CPoint(120, 120), CPoint(180, 160), CPoint(190, 170)}, MK_SHIFT);
     frame.Drag({CPoint(192, 172), CPoint(210, 180)});
-    gCVSAddMRectangle(canvas);
+    gCVSAddMRectangle(CanvasNumber);
     frame.Drag({CPoint(330, 270), CPoint(250, 200)}, MK_SHIFT);
 }
 
@@ -113,7 +113,7 @@ void CustomRectangles(CanvasFrame& frame)
 {
     for (const int left : {20, 180}) {
         gDlgSetDialogs(RegionAnswer(left, 30, left + 90, 110));
-        gCVSAddCustomRectangle(canvas);
+        gCVSAddCustomRectangle(CanvasNumber);
     }
     gDlgSetDialogs(TessikDialogs());
     frame.Move(CPoint(1, 1));

@@ -23,7 +23,7 @@ bool WritePicture(const SceneBitmap& picture, const std::string& path)
         }
     }
     std::FILE* file = std::fopen(path.c_str(), "wb");
-    if (file == nullptr)
+    if (!file)
         return false;
     std::fprintf(file, "P6\n%d %d\n255\n", picture.Width, picture.Height);
     bool whole = std::fwrite(body.data(), 1, body.size(), file) == body.size();
@@ -59,7 +59,7 @@ int main(int argc, char** argv)
                 continue;
             SceneBitmap picture(scene.Width, scene.Height, scene.BitsPerPixel, scene.TopDown,
                                 RGB(210, 214, 220));
-            if (picture.Bits == nullptr) {
+            if (!picture.Bits) {
                 std::fprintf(stderr, "SceneDrawer: no bitmap for %s\n", scene.Name);
                 return 1;
             }

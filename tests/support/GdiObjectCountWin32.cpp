@@ -17,8 +17,8 @@ struct SharedHandle {
 };
 static_assert(sizeof(SharedHandle) == 24, "the table is the system's");
 
-constexpr std::size_t sharedTable = 0xF8;        // in the process environment block of 64 bits
-constexpr std::size_t sharedHandles = 0x4000;    // entries
+constexpr std::size_t SharedTable = 0xF8;        // in the process environment block of 64 bits
+constexpr std::size_t SharedEntries = 0x4000;    // of the table
 
 const SharedHandle* SharedHandles()
 {
@@ -28,7 +28,7 @@ const SharedHandle* SharedHandles()
 #else
     block = reinterpret_cast<const unsigned char*>(__readgsqword(0x60));
 #endif
-    return *reinterpret_cast<const SharedHandle* const*>(block + sharedTable);
+    return *reinterpret_cast<const SharedHandle* const*>(block + SharedTable);
 }
 
 }
@@ -41,7 +41,7 @@ unsigned GdiObjectCount()
         return counted;
     unsigned            count = 0;
     const SharedHandle* handles = SharedHandles();
-    for (std::size_t i = 0; handles != nullptr && i < sharedHandles; ++i)
+    for (std::size_t i = 0; handles && i < SharedEntries; ++i)
         count += handles[i].Type != 0 ? 1 : 0;
     return count;
 }

@@ -53,12 +53,12 @@ void AddSquare(std::vector<RawSize>& sizes, qint64 bytes, int element, qint64 he
 // Whole rectangles up to 3 : 1, the least long ones first, each lying before standing.
 void AddRectangles(std::vector<RawSize>& sizes, qint64 bytes, int element, std::size_t most)
 {
-    constexpr qint64 longest = 3;
+    constexpr qint64 Longest = 3;
     if (bytes < element || bytes % element != 0)
         return;
     const qint64 pixels = bytes / element;
     for (qint64 height = WholeRoot(pixels); height > 0 && sizes.size() < most; --height) {
-        if (pixels / height > height * longest)
+        if (pixels / height > height * Longest)
             break;
         if (pixels % height == 0) {
             Add(sizes, pixels / height, height, 0);

@@ -19,7 +19,7 @@ const QString AnswersFile = QStringLiteral("Region.ini");
 
 RegionDialog::RegionDialog(QSize image, QWidget* parent) : QDialog(parent)
 {
-    constexpr int anywhere = 100000;
+    constexpr int Anywhere = 100000;
     setWindowTitle(tr("Rectangle in image pixels"));
     auto* const grid = new QGridLayout;
     grid->setHorizontalSpacing(10);
@@ -35,8 +35,8 @@ RegionDialog::RegionDialog(QSize image, QWidget* parent) : QDialog(parent)
         connect(box, &QSpinBox::valueChanged, this, &RegionDialog::Check);
         return box;
     };
-    const int right = image.isEmpty() ? anywhere : image.width() - 1;
-    const int bottom = image.isEmpty() ? anywhere : image.height() - 1;
+    const int right = image.isEmpty() ? Anywhere : image.width() - 1;
+    const int bottom = image.isEmpty() ? Anywhere : image.height() - 1;
     Left = add(tr("&Left:"), 0, 0, right);
     Right = add(tr("&Right:"), 0, 2, right);
     Top = add(tr("&Top:"), 1, 0, bottom);

@@ -44,7 +44,7 @@ void CanvasArea::resizeEvent(QResizeEvent*)
 // Three above two, each row as wide as the area.
 void CanvasArea::PlaceTiles()
 {
-    constexpr int gap = 4, above = 3;
+    constexpr int Gap = 4, Above = 3;
     for (int number = 0; number < CanvasCount; ++number) {
         CanvasTile& tile = Tile(number);
         const bool  isCurrent = number == Session.Current();
@@ -56,14 +56,14 @@ void CanvasArea::PlaceTiles()
             tile.setVisible(isCurrent);
             continue;
         }
-        const bool upper = number < above;
-        const int  columns = upper ? above : CanvasCount - above;
-        const int  column = upper ? number : number - above;
-        const int  left = gap + (width() - gap) * column / columns;
-        const int  right = gap + (width() - gap) * (column + 1) / columns;
-        const int  middle = gap + (height() - gap) / 2;
-        tile.setGeometry(left, upper ? gap : middle, right - left - gap,
-                         (upper ? middle : height()) - (upper ? gap : middle) - gap);
+        const bool upper = number < Above;
+        const int  columns = upper ? Above : CanvasCount - Above;
+        const int  column = upper ? number : number - Above;
+        const int  left = Gap + (width() - Gap) * column / columns;
+        const int  right = Gap + (width() - Gap) * (column + 1) / columns;
+        const int  middle = Gap + (height() - Gap) / 2;
+        tile.setGeometry(left, upper ? Gap : middle, right - left - Gap,
+                         (upper ? middle : height()) - (upper ? Gap : middle) - Gap);
         tile.setVisible(true);
     }
 }

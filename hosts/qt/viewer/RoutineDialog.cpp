@@ -49,14 +49,14 @@ RoutineDialog::RoutineDialog(const RoutineQuestion& question, QWidget* parent)
 
 QWidget* RoutineDialog::MakeField(const RoutineParameter& parameter, double value)
 {
-    constexpr int width = 150;
+    constexpr int FieldWidth = 150;
     switch (parameter.Kind) {
     case ParameterKind::Choice: {
         auto* const box = new QComboBox(this);
         for (const char* const choice : parameter.Choices)
             box->addItem(CommandText(choice));
         box->setCurrentIndex(qBound(0, static_cast<int>(value), box->count() - 1));
-        box->setMinimumWidth(width);
+        box->setMinimumWidth(FieldWidth);
         return box;
     }
     case ParameterKind::Whole: {
@@ -64,7 +64,7 @@ QWidget* RoutineDialog::MakeField(const RoutineParameter& parameter, double valu
         box->setRange(static_cast<int>(parameter.Low), static_cast<int>(parameter.High));
         box->setValue(static_cast<int>(value));
         box->setAccelerated(true);
-        box->setMinimumWidth(width);
+        box->setMinimumWidth(FieldWidth);
         connect(box, &QSpinBox::valueChanged, this, &RoutineDialog::Check);
         return box;
     }
@@ -76,7 +76,7 @@ QWidget* RoutineDialog::MakeField(const RoutineParameter& parameter, double valu
     box->setRange(parameter.Low, parameter.High);
     box->setValue(value);
     box->setSingleStep(0.1);
-    box->setMinimumWidth(width);
+    box->setMinimumWidth(FieldWidth);
     connect(box, &QDoubleSpinBox::valueChanged, this, &RoutineDialog::Check);
     return box;
 }

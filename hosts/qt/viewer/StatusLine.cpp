@@ -56,9 +56,9 @@ void StatusLine::ShowSize(QSize size)
 
 void StatusLine::ShowFile(const QString& path, int canvas)
 {
-    constexpr int widest = 240;    // px
+    constexpr int Widest = 240;    // px
     const QString name = QStringLiteral("%1  %2").arg(canvas + 1).arg(QFileInfo(path).fileName());
-    File->setText(File->fontMetrics().elidedText(name, Qt::ElideMiddle, widest));
+    File->setText(File->fontMetrics().elidedText(name, Qt::ElideMiddle, Widest));
     File->setToolTip(path);
 }
 

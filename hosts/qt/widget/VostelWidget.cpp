@@ -287,15 +287,15 @@ void VostelWidget::leaveEvent(QEvent*)
 
 void VostelWidget::wheelEvent(QWheelEvent* event)
 {
-    constexpr int step = 120;
+    constexpr int Step = 120;
     const int     turned = event->angleDelta().y();
     if ((turned > 0) != (WheelRest > 0))
         WheelRest = 0;    // a turn back counts from its own start
     WheelRest += turned;
     const unsigned int flags = MouseFlags(event->modifiers(), event->buttons());
-    for (; std::abs(WheelRest) >= step; WheelRest -= WheelRest > 0 ? step : -step) {
+    for (; std::abs(WheelRest) >= Step; WheelRest -= WheelRest > 0 ? Step : -Step) {
         ComposeBeforeInput();
-        gCVSOnMouseWheel(Number, flags, static_cast<short>(WheelRest > 0 ? step : -step),
+        gCVSOnMouseWheel(Number, flags, static_cast<short>(WheelRest > 0 ? Step : -Step),
                          CanvasPoint(event->position()));
         ShowChanges();
         if (flags & MK_CONTROL)

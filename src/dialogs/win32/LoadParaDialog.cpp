@@ -8,7 +8,7 @@ namespace vostel {
 namespace {
 
 // Every number of the record with its key in the file.
-template <class Para, class Visit>
+template <typename Para, typename Visit>
 void ForEachField(Para& para, Visit visit)
 {
     visit(L"Width", para.Width);

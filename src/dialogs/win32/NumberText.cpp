@@ -7,7 +7,7 @@ namespace vostel {
 
 namespace {
 
-template <class Number>
+template <typename Number>
 bool Parse(const std::wstring& text, Number& number)
 {
     const wchar_t*    blanks = L" \t";
@@ -32,7 +32,7 @@ bool Parse(const std::wstring& text, Number& number)
     return true;
 }
 
-template <class Number>
+template <typename Number>
 std::wstring Format(Number number)
 {
     char                       text[64];

@@ -94,7 +94,7 @@ bool ParameterDialog::GetCheck(WORD id) const
     return IsDlgButtonChecked(Window, id) == BST_CHECKED;
 }
 
-template <class Number>
+template <typename Number>
 bool ParameterDialog::GetNumber(WORD id, Number& number) const
 {
     if (ParseNumber(GetText(id), number))

@@ -35,7 +35,7 @@ protected:
     bool         GetCheck(WORD id) const;
 
     // Reads a number; one that does not parse leaves the target, focuses and marks the field.
-    template <class Number>
+    template <typename Number>
     bool GetNumber(WORD id, Number& number) const;
 
 private:

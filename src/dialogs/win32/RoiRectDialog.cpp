@@ -8,7 +8,7 @@ namespace vostel {
 namespace {
 
 // Every number of the record with its key in the file and its field.
-template <class Para, class Visit>
+template <typename Para, typename Visit>
 void ForEachField(Para& para, Visit visit)
 {
     visit(L"RoiLeft", field::RoiLeft, para.RoiLeft);

@@ -11,7 +11,7 @@ namespace vostel::own {
 namespace {
 const wchar_t* const OwnFile = L"Tessik.ini";
 
-template <class Dialog, class Para>
+template <typename Dialog, typename Para>
 bool AskAndKeep(Para& para, Para& last, bool& answered, const wchar_t* section)
 {
     const ParameterFile file(OwnFile, section);

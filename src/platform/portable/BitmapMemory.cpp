@@ -57,14 +57,14 @@ unsigned char* AllocateBits(std::size_t bytes)
         return MapLargePages(bytes);
     const std::size_t size = RoundedUp(bytes == 0 ? 1 : bytes, LineBytes);
     void*             bits = std::aligned_alloc(LineBytes, size);
-    if (bits != nullptr)
+    if (bits)
         std::memset(bits, 0, size);
     return static_cast<unsigned char*>(bits);
 }
 
 void FreeBits(unsigned char* bits, std::size_t bytes)
 {
-    if (bits == nullptr)
+    if (!bits)
         return;
     if (TakesLargePages(bytes))
         munmap(bits, RoundedUp(bytes, LargePage));

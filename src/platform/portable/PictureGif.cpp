@@ -59,8 +59,8 @@ bool ReadImage(GifFileType* gif, std::size_t fileBytes, PictureBuffer& picture)
     if (image.Width <= 0 || image.Height <= 0 || image.Left < 0 || image.Top < 0 ||
         !IsSanePictureSize(width, height) || !IsPlausible(width * height, fileBytes, 4096))
         return false;
-    const ColorMapObject* colors = image.ColorMap != nullptr ? image.ColorMap : gif->SColorMap;
-    if (colors == nullptr || !picture.Allocate(static_cast<int>(width), static_cast<int>(height), 8))
+    const ColorMapObject* colors = image.ColorMap ? image.ColorMap : gif->SColorMap;
+    if (!colors || !picture.Allocate(static_cast<int>(width), static_cast<int>(height), 8))
         return false;
     std::memset(picture.Palette, 0, sizeof picture.Palette);
     for (int i = 0; i < colors->ColorCount && i < 256; ++i)
@@ -117,7 +117,7 @@ bool DecodeGif(const Bytes& file, PictureBuffer& picture)
     Source                                    source{&file, 0};
     int                                       error = 0;
     std::unique_ptr<GifFileType, CloseReader> gif(DGifOpen(&source, ReadBytes, &error));
-    if (gif == nullptr)
+    if (!gif)
         return false;
     for (;;) {
         GifRecordType record = UNDEFINED_RECORD_TYPE;
@@ -131,7 +131,7 @@ bool DecodeGif(const Bytes& file, PictureBuffer& picture)
         GifByteType* block = nullptr;
         if (DGifGetExtension(gif.get(), &code, &block) == GIF_ERROR)
             return false;
-        while (block != nullptr)
+        while (block)
             if (DGifGetExtensionNext(gif.get(), &block) == GIF_ERROR)
                 return false;
     }
@@ -145,10 +145,10 @@ bool EncodeGif(const PictureBuffer& picture, Bytes& file)
     const std::unique_ptr<ColorMapObject, FreeColors> colors(GifMakeMapObject(1 << colorBits, nullptr));
     Bytes                                             indices;
     int                                               error = 0;
-    if (colors == nullptr || !Quantise(picture, indices, *colors))
+    if (!colors || !Quantise(picture, indices, *colors))
         return false;
     std::unique_ptr<GifFileType, CloseWriter> gif(EGifOpen(&file, WriteBytes, &error));
-    if (gif == nullptr)
+    if (!gif)
         return false;
     EGifSetGifVersion(gif.get(), false);
     if (EGifPutScreenDesc(gif.get(), picture.Width, picture.Height, colorBits, 0, colors.get()) ==

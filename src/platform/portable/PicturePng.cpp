@@ -141,9 +141,9 @@ bool DecodePng(const Bytes& file, PictureBuffer& picture)
         return false;
     Source        source{&file, 0};
     png_structp   png = png_create_read_struct(PNG_LIBPNG_VER_STRING, nullptr, Fail, Ignore);
-    png_infop     info = png != nullptr ? png_create_info_struct(png) : nullptr;
+    png_infop     info = png ? png_create_info_struct(png) : nullptr;
     volatile bool good = false;
-    if (info != nullptr && setjmp(png_jmpbuf(png)) == 0) {
+    if (info && setjmp(png_jmpbuf(png)) == 0) {
         int passes = 1;
         png_set_read_fn(png, &source, ReadBytes);
         if (Prepare(png, info, file.size(), picture, passes)) {
@@ -158,9 +158,9 @@ bool DecodePng(const Bytes& file, PictureBuffer& picture)
 bool EncodePng(const PictureBuffer& picture, Bytes& file)
 {
     png_structp   png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, Fail, Ignore);
-    png_infop     info = png != nullptr ? png_create_info_struct(png) : nullptr;
+    png_infop     info = png ? png_create_info_struct(png) : nullptr;
     volatile bool good = false;
-    if (info != nullptr && setjmp(png_jmpbuf(png)) == 0) {
+    if (info && setjmp(png_jmpbuf(png)) == 0) {
         png_set_write_fn(png, &file, WriteBytes, Flush);
         good = Write(png, info, picture);
     }

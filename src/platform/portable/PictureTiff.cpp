@@ -20,7 +20,7 @@ struct Stream {
     std::size_t  Base = 0;    // where the file begins in what is written
     std::size_t  At = 0;
 
-    std::size_t Size() const { return Read != nullptr ? Read->size() : Write->size() - Base; }
+    std::size_t Size() const { return Read ? Read->size() : Write->size() - Base; }
 };
 
 tmsize_t ReadBytes(thandle_t handle, void* target, tmsize_t count)
@@ -30,8 +30,7 @@ tmsize_t ReadBytes(thandle_t handle, void* target, tmsize_t count)
     if (count <= 0 || stream->At >= size)
         return 0;
     const std::size_t    taken = std::min(size - stream->At, static_cast<std::size_t>(count));
-    const unsigned char* from =
-        stream->Read != nullptr ? stream->Read->data() : stream->Write->data() + stream->Base;
+    const unsigned char* from = stream->Read ? stream->Read->data() : stream->Write->data() + stream->Base;
     std::memcpy(target, from + stream->At, taken);
     stream->At += taken;
     return static_cast<tmsize_t>(taken);
@@ -40,7 +39,7 @@ tmsize_t ReadBytes(thandle_t handle, void* target, tmsize_t count)
 tmsize_t WriteBytes(thandle_t handle, void* source, tmsize_t count)
 {
     Stream* stream = static_cast<Stream*>(handle);
-    if (stream->Write == nullptr || count < 0)
+    if (!stream->Write || count < 0)
         return -1;
     const std::size_t end = stream->Base + stream->At + static_cast<std::size_t>(count);
     try {
@@ -86,7 +85,7 @@ using Tiff = std::unique_ptr<TIFF, CloseTiff>;
 Tiff Open(Stream& stream, const char* mode)
 {
     TIFFOpenOptions* options = TIFFOpenOptionsAlloc();
-    if (options == nullptr)
+    if (!options)
         return nullptr;
     TIFFOpenOptionsSetMaxSingleMemAlloc(options, tmsize_t{1} << 30);
     TIFFOpenOptionsSetErrorHandlerExtR(options, Silent, nullptr);
@@ -250,7 +249,7 @@ bool DecodeTiff(const Bytes& file, PictureBuffer& picture)
         return false;
     Stream     stream{&file, nullptr, 0, 0};
     const Tiff tiff = Open(stream, "rm");    // not mapped: the stream is memory already
-    if (tiff == nullptr)
+    if (!tiff)
         return false;
     const Layout    layout = LayoutOf(tiff.get());
     const long long rowBytes = (static_cast<long long>(layout.Width) * layout.Samples * layout.Bits + 7) / 8;
@@ -277,7 +276,7 @@ bool EncodeTiff(const PictureBuffer& picture, Bytes& file)
 {
     Stream stream{nullptr, &file, file.size(), 0};
     Tiff   tiff = Open(stream, "wlm");
-    if (tiff == nullptr || !Describe(tiff.get(), picture))
+    if (!tiff || !Describe(tiff.get(), picture))
         return false;
     const int samples = picture.BitsPerPixel <= 8 ? 1 : picture.HasAlpha ? 4 : 3;
     Bytes     line(std::size_t(picture.RowBytes) + 8);

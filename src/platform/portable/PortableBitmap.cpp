@@ -20,9 +20,9 @@ constexpr DWORD        BitFields = 3;    // what a header query returns for 32 b
 
 HBITMAP CreateDIBSection(HDC, const BITMAPINFO* info, UINT usage, void** bits, HANDLE section, DWORD offset)
 {
-    if (bits != nullptr)
+    if (bits)
         *bits = nullptr;
-    if (info == nullptr || usage != DIB_RGB_COLORS || section != nullptr || offset != 0)
+    if (!info || usage != DIB_RGB_COLORS || section || offset != 0)
         return nullptr;
     const BITMAPINFOHEADER& header = info->bmiHeader;
     if (header.biSize < sizeof(BITMAPINFOHEADER) || header.biPlanes != 1 || header.biCompression != BI_RGB ||
@@ -37,7 +37,7 @@ HBITMAP CreateDIBSection(HDC, const BITMAPINFO* info, UINT usage, void** bits, H
         return nullptr;
 
     std::unique_ptr<Bitmap> bitmap(new (std::nothrow) Bitmap);
-    if (bitmap == nullptr)
+    if (!bitmap)
         return nullptr;
     bitmap->Width = static_cast<int>(width);
     bitmap->Height = static_cast<int>(height);
@@ -46,13 +46,13 @@ HBITMAP CreateDIBSection(HDC, const BITMAPINFO* info, UINT usage, void** bits, H
     bitmap->TopDown = header.biHeight < 0;
     const std::size_t bytes = static_cast<std::size_t>(height) * static_cast<std::size_t>(rowBytes);
     unsigned char*    memory = AllocateBits(bytes);
-    if (memory == nullptr)
+    if (!memory)
         return nullptr;
     bitmap->Bits = memory;
     HBITMAP handle = InsertBitmap(std::move(bitmap));
-    if (handle == nullptr)
+    if (!handle)
         FreeBits(memory, bytes);
-    else if (bits != nullptr)
+    else if (bits)
         *bits = memory;
     return handle;
 }
@@ -60,12 +60,12 @@ HBITMAP CreateDIBSection(HDC, const BITMAPINFO* info, UINT usage, void** bits, H
 int GetObjectW(HGDIOBJ object, int bytes, void* record)
 {
     const Bitmap* bitmap = FindBitmap(static_cast<HBITMAP>(object));
-    if (bitmap == nullptr)
+    if (!bitmap)
         return 0;
-    constexpr int size = sizeof(BITMAP);
-    if (record == nullptr)
-        return size;
-    if (bytes >= 0 && bytes < size)
+    constexpr int Size = sizeof(BITMAP);
+    if (!record)
+        return Size;
+    if (bytes >= 0 && bytes < Size)
         return 0;
     BITMAP answer = {};
     answer.bmWidth = bitmap->Width;
@@ -75,14 +75,14 @@ int GetObjectW(HGDIOBJ object, int bytes, void* record)
     answer.bmBitsPixel = static_cast<WORD>(bitmap->BitsPerPixel);
     answer.bmBits = bitmap->BitsPerPixel == 1 ? nullptr : bitmap->Bits;
     std::memcpy(record, &answer, sizeof(answer));
-    return size;
+    return Size;
 }
 
 int GetDIBits(HDC dc, HBITMAP handle, UINT, UINT, void* bits, BITMAPINFO* info, UINT usage)
 {
     const Bitmap* bitmap = FindBitmap(handle);
-    if (FindContext(dc) == nullptr || bitmap == nullptr || bits != nullptr || info == nullptr ||
-        usage != DIB_RGB_COLORS || info->bmiHeader.biSize < sizeof(BITMAPINFOHEADER))
+    if (!FindContext(dc) || !bitmap || bits || !info || usage != DIB_RGB_COLORS ||
+        info->bmiHeader.biSize < sizeof(BITMAPINFOHEADER))
         return 0;
     BITMAPINFOHEADER& header = info->bmiHeader;
     if (header.biBitCount == 0) {

@@ -106,7 +106,7 @@ namespace {
 PixelCopy CopyBetween(const Context* target, const Context* source)
 {
     PixelCopy copy;
-    if (target == nullptr || source == nullptr)
+    if (!target || !source)
         return copy;
     copy.Target = target->Surface;
     copy.Source = source->Surface;
@@ -114,8 +114,7 @@ PixelCopy CopyBetween(const Context* target, const Context* source)
     copy.Paper = target->BkColor;
     copy.Key = source->BkColor;
     // One bit to one bit copies the bit.
-    if (copy.Target != nullptr && copy.Source != nullptr && copy.Target->BitsPerPixel == 1 &&
-        copy.Source->BitsPerPixel == 1) {
+    if (copy.Target && copy.Source && copy.Target->BitsPerPixel == 1 && copy.Source->BitsPerPixel == 1) {
         copy.Ink = 0;
         copy.Paper = copy.Key = 0xFFFFFF;
     }
@@ -143,7 +142,7 @@ using namespace vostel::gdi;
 int SetStretchBltMode(HDC dc, int mode)
 {
     Context* context = FindContext(dc);
-    if (context == nullptr || mode < BLACKONWHITE || mode > HALFTONE)
+    if (!context || mode < BLACKONWHITE || mode > HALFTONE)
         return 0;
     const int before = context->StretchMode;
     context->StretchMode = mode;
@@ -162,7 +161,7 @@ BOOL StretchBlt(HDC targetDc, int x, int y, int width, int height, HDC sourceDc,
     const Context*  target = FindContext(targetDc);
     const Context*  source = FindContext(sourceDc);
     const PixelCopy copy = CopyBetween(target, source);
-    if (copy.Target == nullptr || copy.Source == nullptr || operation != SRCCOPY)
+    if (!copy.Target || !copy.Source || operation != SRCCOPY)
         return FALSE;
     if (width == 0 || height == 0 || sourceWidth == 0 || sourceHeight == 0)
         return TRUE;

@@ -14,7 +14,7 @@ namespace vostel {
 bool PathExists(const char* path)
 {
     struct stat facts;
-    return path != nullptr && stat(path, &facts) == 0;
+    return path && stat(path, &facts) == 0;
 }
 
 bool IsDirectory(const CString& path)
@@ -34,7 +34,7 @@ bool IsDirectory(const CString& path)
 OwnedFile OpenFile(const char* path, const char* mode)
 {
     struct stat facts;
-    if (path == nullptr || mode == nullptr)
+    if (!path || !mode)
         return nullptr;
     // Opening a pipe would wait for whoever opens its other end.
     if (stat(path, &facts) == 0 && (S_ISFIFO(facts.st_mode) || S_ISDIR(facts.st_mode)))
@@ -45,7 +45,7 @@ OwnedFile OpenFile(const char* path, const char* mode)
 long long FileLength(std::FILE* file)
 {
     struct stat facts;
-    if (file == nullptr || fstat(fileno(file), &facts) != 0 || !S_ISREG(facts.st_mode))
+    if (!file || fstat(fileno(file), &facts) != 0 || !S_ISREG(facts.st_mode))
         return -1;
     return facts.st_size;
 }
@@ -53,7 +53,7 @@ long long FileLength(std::FILE* file)
 std::string NarrowAnsi(const wchar_t* text, int length)
 {
     std::string narrow;
-    if (text == nullptr)
+    if (!text)
         return narrow;
     const std::size_t count = length < 0 ? std::wcslen(text) : static_cast<std::size_t>(length);
     narrow.reserve(count);
@@ -82,7 +82,7 @@ std::string NarrowOem(const wchar_t* text, int length)
 std::wstring WidenAnsi(const char* text)
 {
     std::wstring wide;
-    if (text == nullptr)
+    if (!text)
         return wide;
     const std::uint32_t  smallest[] = {0, 0x80, 0x800, 0x10000};    // what a sequence has to be used for
     const unsigned char* at = reinterpret_cast<const unsigned char*>(text);

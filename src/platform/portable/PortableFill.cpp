@@ -167,7 +167,7 @@ int FillRect(HDC dc, const RECT* rect, HBRUSH handle)
 {
     const Context* context = FindContext(dc);
     const Brush*   brush = FindBrush(handle);
-    if (context == nullptr || brush == nullptr || rect == nullptr)
+    if (!context || !brush || !rect)
         return 0;
     std::int64_t x = context->Origin.x, y = context->Origin.y;
     Extent       columns = ExtentOf(rect->left + x, rect->right + x);

@@ -90,7 +90,7 @@ CImage::~CImage() = default;
 HRESULT CImage::Load(const wchar_t* path)
 {
     Destroy();
-    if (path == nullptr)
+    if (!path)
         return E_FAIL;
     try {
         pictures::Bytes file;
@@ -106,8 +106,8 @@ HRESULT CImage::Load(const wchar_t* path)
 
 HRESULT CImage::Save(const wchar_t* path) const
 {
-    const Encoder encode = path != nullptr ? EncoderOf(path) : nullptr;
-    if (encode == nullptr || IsNull())
+    const Encoder encode = path ? EncoderOf(path) : nullptr;
+    if (!encode || IsNull())
         return E_FAIL;
     try {
         pictures::Bytes file;

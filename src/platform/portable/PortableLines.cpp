@@ -22,8 +22,8 @@ bool IsOn(const Bitmap& surface, DevicePoint point)
 // Products of such coordinates fit 64 bits.
 bool IsNear(DevicePoint point)
 {
-    constexpr std::int64_t reach = 1 << 29;
-    return point.X > -reach && point.X < reach && point.Y > -reach && point.Y < reach;
+    constexpr std::int64_t Reach = 1 << 29;
+    return point.X > -Reach && point.X < Reach && point.Y > -Reach && point.Y < Reach;
 }
 
 // Calls put(address) for count pixels: a step along the longer axis each, and one along the shorter axis
@@ -172,9 +172,9 @@ void DrawInside(const Bitmap& surface, std::uint32_t pixel, int x, int y, int dx
 
 void DrawUnbroken(const Bitmap& surface, std::uint32_t pixel, DevicePoint from, DevicePoint to)
 {
-    constexpr std::int64_t longRow = 32;    // from here on a row is worth a fill
+    constexpr std::int64_t LongRow = 32;    // from here on a row is worth a fill
     if (surface.BitsPerPixel == 32 && IsOn(surface, from) && IsOn(surface, to) &&
-        (from.Y != to.Y || (to.X - from.X < longRow && from.X - to.X < longRow))) {
+        (from.Y != to.Y || (to.X - from.X < LongRow && from.X - to.X < LongRow))) {
         DrawInside(surface, pixel, static_cast<int>(from.X), static_cast<int>(from.Y),
                    static_cast<int>(to.X - from.X), static_cast<int>(to.Y - from.Y));
         return;
@@ -229,7 +229,7 @@ Dashes DashesOfPen(const Context& context)
 
 void DrawThinLine(const Bitmap& surface, Dashes& dashes, DevicePoint from, DevicePoint to)
 {
-    if (dashes.Lengths == nullptr) {
+    if (!dashes.Lengths) {
         if (dashes.Ink.Draws)
             DrawUnbroken(surface, dashes.Ink.Pixel, from, to);
         return;
@@ -276,9 +276,9 @@ using namespace vostel::gdi;
 BOOL MoveToEx(HDC dc, int x, int y, POINT* before)
 {
     Context* context = FindContext(dc);
-    if (context == nullptr)
+    if (!context)
         return FALSE;
-    if (before != nullptr)
+    if (before)
         *before = context->Position;
     context->Position = {x, y};
     return TRUE;
@@ -287,7 +287,7 @@ BOOL MoveToEx(HDC dc, int x, int y, POINT* before)
 BOOL LineTo(HDC dc, int x, int y)
 {
     Context* context = FindContext(dc);
-    if (context == nullptr)
+    if (!context)
         return FALSE;
     DevicePoint from = {static_cast<std::int64_t>(context->Position.x) + context->Origin.x,
                         static_cast<std::int64_t>(context->Position.y) + context->Origin.y};

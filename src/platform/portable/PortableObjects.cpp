@@ -88,18 +88,18 @@ HGDIOBJ Insert(Table& table, Kind kind, void* object, bool stock)
 template <typename Object>
 HGDIOBJ InsertObject(Table& table, Kind kind, std::unique_ptr<Object> object, bool stock)
 {
-    HGDIOBJ handle = object == nullptr ? nullptr : Insert(table, kind, object.get(), stock);
-    if (handle != nullptr)
+    HGDIOBJ handle = object ? Insert(table, kind, object.get(), stock) : nullptr;
+    if (handle)
         object.release();
     return handle;
 }
 
 void FillStock(Table& table)
 {
-    constexpr COLORREF brushes[] = {0xFFFFFF, 0xC0C0C0, 0x808080, 0x404040, 0x000000};
+    constexpr COLORREF StockBrushes[] = {0xFFFFFF, 0xC0C0C0, 0x808080, 0x404040, 0x000000};
     for (int i = WHITE_BRUSH; i <= BLACK_BRUSH; ++i)
         table.Stock[i] = InsertObject(
-            table, Kind::Brush, std::make_unique<Brush>(Brush{Brush::Kind::Solid, 0, brushes[i]}), true);
+            table, Kind::Brush, std::make_unique<Brush>(Brush{Brush::Kind::Solid, 0, StockBrushes[i]}), true);
     table.Stock[NULL_BRUSH] =
         InsertObject(table, Kind::Brush, std::make_unique<Brush>(Brush{Brush::Kind::Null, 0, 0}), true);
     table.Stock[WHITE_PEN] =
@@ -134,7 +134,7 @@ template <typename Object>
 Object* Find(const void* handle, Kind kind)
 {
     Slot* slot = FindSlot(Objects(), handle);
-    return slot != nullptr && slot->Holds == kind ? static_cast<Object*>(slot->Object) : nullptr;
+    return slot && slot->Holds == kind ? static_cast<Object*>(slot->Object) : nullptr;
 }
 
 void Destroy(const Slot& slot)
@@ -230,12 +230,12 @@ using namespace vostel::gdi;
 HDC CreateCompatibleDC(HDC like)
 {
     Table& table = Objects();
-    if (like != nullptr && FindContext(like) == nullptr)
+    if (like && !FindContext(like))
         return nullptr;
     std::unique_ptr<Context> made(new (std::nothrow) Context);
     Context*                 context = made.get();
     HDC dc = static_cast<HDC>(InsertObject(table, Kind::Context, std::move(made), false));
-    if (dc == nullptr)
+    if (!dc)
         return nullptr;
     Exchange(table, *FindSlot(table, table.DefaultBitmap), table.DefaultBitmap, context->BitmapHandle,
              context->Surface);
@@ -248,7 +248,7 @@ HDC CreateCompatibleDC(HDC like)
 BOOL DeleteDC(HDC dc)
 {
     Context* context = FindContext(dc);
-    if (context == nullptr)
+    if (!context)
         return FALSE;
     Table& table = Objects();
     Release(table, context->BitmapHandle);
@@ -264,7 +264,7 @@ HGDIOBJ SelectObject(HDC dc, HGDIOBJ object)
     Table&   table = Objects();
     Context* context = FindContext(dc);
     Slot*    slot = FindSlot(table, object);
-    if (context == nullptr || slot == nullptr)
+    if (!context || !slot)
         return nullptr;
     switch (slot->Holds) {
     case Kind::Bitmap: {
@@ -291,7 +291,7 @@ BOOL DeleteObject(HGDIOBJ object)
 {
     Table& table = Objects();
     Slot*  slot = FindSlot(table, object);
-    if (slot == nullptr)
+    if (!slot)
         return FALSE;
     if (slot->Holds == Kind::Context)
         return DeleteDC(static_cast<HDC>(object));
@@ -312,7 +312,7 @@ HGDIOBJ GetStockObject(int index)
 HGDIOBJ GetCurrentObject(HDC dc, UINT kind)
 {
     const Context* context = FindContext(dc);
-    if (context == nullptr)
+    if (!context)
         return nullptr;
     switch (kind) {
     case OBJ_PEN:
@@ -334,7 +334,7 @@ HPEN CreatePen(int style, int width, COLORREF color)
     if (style == PS_NULL)
         return static_cast<HPEN>(table.Stock[NULL_PEN]);
     std::unique_ptr<Pen> pen(new (std::nothrow) Pen);
-    if (pen != nullptr) {
+    if (pen) {
         // An unknown style draws solid. The width counts without its sign.
         pen->Style = style > PS_NULL || style < PS_SOLID ? PS_SOLID : style;
         pen->Width = width == INT32_MIN ? INT32_MAX : std::abs(width);
@@ -368,7 +368,7 @@ HFONT CreateFontW(int height, int, int, int, int weight, DWORD italic, DWORD und
         font->Underline = underline != 0;
         font->StrikeOut = strikeOut != 0;
         // A face name has at most 31 characters.
-        for (int i = 0; face != nullptr && i < 31 && face[i] != 0; ++i)
+        for (int i = 0; face && i < 31 && face[i] != 0; ++i)
             font->Face.push_back(face[i]);
         return static_cast<HFONT>(InsertObject(Objects(), Kind::Font, std::move(font), false));
     } catch (const std::bad_alloc&) {

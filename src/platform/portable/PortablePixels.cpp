@@ -13,7 +13,7 @@ public:
     PixelPlace(HDC dc, int x, int y)
     {
         const Context* context = FindContext(dc);
-        if (context == nullptr || context->Surface->BitsPerPixel < 24)
+        if (!context || context->Surface->BitsPerPixel < 24)
             return;
         const Bitmap&      surface = *context->Surface;
         const std::int64_t column = std::int64_t{x} + context->Origin.x,

@@ -7,13 +7,13 @@ using namespace vostel;
 
 BOOL PtInRect(const RECT* rect, POINT point)
 {
-    return rect != nullptr && point.x >= rect->left && point.x < rect->right && point.y >= rect->top &&
+    return rect && point.x >= rect->left && point.x < rect->right && point.y >= rect->top &&
            point.y < rect->bottom;
 }
 
 BOOL InflateRect(RECT* rect, int dx, int dy)
 {
-    if (rect == nullptr)
+    if (!rect)
         return FALSE;
     rect->left = WrapSub(rect->left, dx);
     rect->top = WrapSub(rect->top, dy);
@@ -24,7 +24,7 @@ BOOL InflateRect(RECT* rect, int dx, int dy)
 
 BOOL OffsetRect(RECT* rect, int dx, int dy)
 {
-    if (rect == nullptr)
+    if (!rect)
         return FALSE;
     rect->left = WrapAdd(rect->left, dx);
     rect->top = WrapAdd(rect->top, dy);

@@ -85,7 +85,7 @@ void DrawEllipse(const Context& context, const DeviceBox& box)
 BOOL Rectangle(HDC dc, int left, int top, int right, int bottom)
 {
     Context* context = FindContext(dc);
-    if (context == nullptr)
+    if (!context)
         return FALSE;
     DeviceBox box = BoxOf(*context, left, top, right, bottom);
     if (!IsEmpty(*context, box))
@@ -96,7 +96,7 @@ BOOL Rectangle(HDC dc, int left, int top, int right, int bottom)
 BOOL Ellipse(HDC dc, int left, int top, int right, int bottom)
 {
     Context* context = FindContext(dc);
-    if (context == nullptr)
+    if (!context)
         return FALSE;
     DeviceBox box = BoxOf(*context, left, top, right, bottom);
     if (IsEmpty(*context, box))

@@ -10,29 +10,27 @@ using namespace vostel::gdi;
 int SetBkMode(HDC dc, int mode)
 {
     Context* context = FindContext(dc);
-    return context == nullptr || (mode != TRANSPARENT && mode != OPAQUE)
-               ? 0
-               : std::exchange(context->BkMode, mode);
+    return !context || (mode != TRANSPARENT && mode != OPAQUE) ? 0 : std::exchange(context->BkMode, mode);
 }
 
 COLORREF SetBkColor(HDC dc, COLORREF color)
 {
     Context* context = FindContext(dc);
-    return context == nullptr ? CLR_INVALID : std::exchange(context->BkColor, color);
+    return context ? std::exchange(context->BkColor, color) : CLR_INVALID;
 }
 
 COLORREF SetTextColor(HDC dc, COLORREF color)
 {
     Context* context = FindContext(dc);
-    return context == nullptr ? CLR_INVALID : std::exchange(context->TextColor, color);
+    return context ? std::exchange(context->TextColor, color) : CLR_INVALID;
 }
 
 BOOL SetViewportOrgEx(HDC dc, int x, int y, POINT* before)
 {
     Context* context = FindContext(dc);
-    if (context == nullptr)
+    if (!context)
         return FALSE;
-    if (before != nullptr)
+    if (before)
         *before = context->Origin;
     context->Origin = {x, y};
     return TRUE;

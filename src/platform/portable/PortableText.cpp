@@ -103,7 +103,7 @@ void DrawLine(Context& context, const Box& clip, std::wstring_view text, long lo
 {
     Bitmap*     bitmap = context.Surface;
     const Font* font = context.SelectedFont;
-    if (text.empty() || IsEmpty(clip) || bitmap == nullptr || bitmap->BitsPerPixel < 24)
+    if (text.empty() || IsEmpty(clip) || !bitmap || bitmap->BitsPerPixel < 24)
         return;
     TextRasteriser&   rasteriser = TextRasteriser::Shared();
     const TextMetrics metrics = rasteriser.Metrics(*font);
@@ -300,7 +300,7 @@ int DrawLines(Context& context, const TextMetrics& metrics, std::wstring_view te
 // Length -1: up to the terminator. False for a null pointer with a length above 0, and for a length below -1.
 bool TextOf(LPCWSTR text, int length, std::wstring_view& view)
 {
-    if (text == nullptr)
+    if (!text)
         length = length > 0 ? -2 : 0;
     if (length < -1)
         return false;
@@ -319,8 +319,7 @@ BOOL TextOutW(HDC dc, int x, int y, LPCWSTR text, int length)
 {
     Context*          context = FindContext(dc);
     std::wstring_view view;
-    if (context == nullptr || context->SelectedFont == nullptr || context->Surface == nullptr ||
-        !TextOf(text, length, view))
+    if (!context || !context->SelectedFont || !context->Surface || !TextOf(text, length, view))
         return FALSE;
     try {
         DrawLine(*context, {0, 0, context->Surface->Width, context->Surface->Height}, view,
@@ -336,8 +335,7 @@ int DrawTextW(HDC dc, LPCWSTR text, int length, RECT* rect, UINT format)
 {
     Context*          context = FindContext(dc);
     std::wstring_view view;
-    if (context == nullptr || context->SelectedFont == nullptr || rect == nullptr ||
-        !TextOf(text, length, view))
+    if (!context || !context->SelectedFont || !rect || !TextOf(text, length, view))
         return 0;
     try {
         const TextMetrics metrics = TextRasteriser::Shared().Metrics(*context->SelectedFont);

@@ -13,12 +13,12 @@ namespace {
 
 // Vectors of pixels at a time. The processor guesses what follows within a row; where the next row starts it
 // cannot.
-template <class Simd, int Vectors, bool Streams>
+template <typename Simd, int Vectors, bool Streams>
 void CopyLanes(std::uint32_t* target, const std::uint32_t* source, int count, const std::uint32_t* rowAhead)
 {
     constexpr int        Lanes = Simd::Lanes;
     constexpr int        LinePixels = static_cast<int>(CacheLineBytes) / 4;
-    const std::uint32_t* ahead = rowAhead != nullptr ? rowAhead : source;
+    const std::uint32_t* ahead = rowAhead ? rowAhead : source;
     int                  i = 0;
     // Streaming takes aligned addresses only, and no other store shall straddle two cache lines.
     for (; i < count && reinterpret_cast<std::uintptr_t>(target + i) % (4 * Lanes) != 0; ++i)
@@ -43,7 +43,7 @@ void CopyLanes(std::uint32_t* target, const std::uint32_t* source, int count, co
         target[i] = source[i];
 }
 
-template <class Simd>
+template <typename Simd>
 [[maybe_unused]] void RepeatLanes(std::uint32_t* target, const std::uint32_t* source, int width,
                                   const int* columns, int count)
 {
@@ -63,7 +63,7 @@ template <class Simd>
     PickPixelsPlain(target, source, columns, i, count);
 }
 
-template <class Simd, int Vectors>
+template <typename Simd, int Vectors>
 void BlendRowLanes(std::uint16_t* target, const std::uint8_t* const* rows, const std::int16_t* weights,
                    int rowCount, int count, std::ptrdiff_t ahead)
 {
@@ -102,7 +102,7 @@ void BlendRowLanes(std::uint16_t* target, const std::uint8_t* const* rows, const
 }
 
 // Sum k takes the target pixels i + k, i + k + 4 and so on, the four channels of each side by side.
-template <class Simd>
+template <typename Simd>
 void BlendColumnLanes(std::uint32_t* target, const std::uint16_t* row, const int* columns,
                       const std::uint32_t* pairs, int pairsEach, int count)
 {

@@ -65,7 +65,7 @@ void PickPixels(std::uint32_t* target, const std::uint32_t* source, const int* c
                 const std::uint32_t* rowAhead)
 {
     // The rows of a shrunk picture lie too far apart for the processor to see the next one coming.
-    const std::uint32_t* ahead = rowAhead != nullptr ? rowAhead : source;
+    const std::uint32_t* ahead = rowAhead ? rowAhead : source;
     int                  i = 0;
     for (; i + 8 <= count; i += 8) {
         const auto    pick = [&](int k) { return static_cast<int>(source[columns[i + k]]); };

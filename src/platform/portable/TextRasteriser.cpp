@@ -28,13 +28,13 @@ struct Release {
     void operator()(cairo_font_options_t* p) const { cairo_font_options_destroy(p); }
     void operator()(cairo_surface_t* p) const { cairo_surface_destroy(p); }
     void operator()(cairo_t* p) const { cairo_destroy(p); }
-    template <class Object>
+    template <typename Object>
     void operator()(Object* p) const
     {
         g_object_unref(p);
     }
 };
-template <class Object>
+template <typename Object>
 using Owned = std::unique_ptr<Object, Release>;
 
 void AppendUtf8(std::string& text, unsigned long code)
@@ -269,7 +269,7 @@ std::shared_ptr<const TextImage> TextRasteriser::State::Draw()
 {
     auto             image = std::make_shared<TextImage>();
     PangoLayoutLine* line = pango_layout_get_line_readonly(Layout.get(), 0);
-    if (line == nullptr)
+    if (!line)
         return image;
     PangoRectangle ink;
     pango_layout_line_get_pixel_extents(line, &ink, nullptr);
@@ -286,7 +286,7 @@ std::shared_ptr<const TextImage> TextRasteriser::State::Draw()
     cairo_surface_flush(surface.get());
     const unsigned char* row = cairo_image_surface_get_data(surface.get());
     const int            stride = cairo_image_surface_get_stride(surface.get());
-    if (row == nullptr)
+    if (!row)
         return image;
     image->Coverage.resize(static_cast<std::size_t>(ink.width) * static_cast<std::size_t>(ink.height));
     for (int y = 0; y < ink.height; ++y, row += stride)

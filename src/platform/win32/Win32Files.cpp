@@ -14,7 +14,7 @@ namespace {
 
 std::string Narrow(UINT codePage, const wchar_t* text, int length)
 {
-    if (text == nullptr)
+    if (!text)
         return std::string();
     const int count = length < 0 ? static_cast<int>(std::wcslen(text)) : length;
     const int bytes =
@@ -30,7 +30,7 @@ std::string Narrow(UINT codePage, const wchar_t* text, int length)
 
 bool PathExists(const char* path)
 {
-    return path != nullptr && _access(path, 0) == 0;
+    return path && _access(path, 0) == 0;
 }
 
 bool IsDirectory(const CString& path)
@@ -41,7 +41,7 @@ bool IsDirectory(const CString& path)
 OwnedFile OpenFile(const char* path, const char* mode)
 {
     std::FILE* file = nullptr;
-    if (path == nullptr || mode == nullptr || fopen_s(&file, path, mode) != 0)
+    if (!path || !mode || fopen_s(&file, path, mode) != 0)
         return nullptr;
     return OwnedFile(file);
 }
@@ -49,7 +49,7 @@ OwnedFile OpenFile(const char* path, const char* mode)
 long long FileLength(std::FILE* file)
 {
     struct _stat64 facts;
-    if (file == nullptr || _fstat64(_fileno(file), &facts) != 0 || (facts.st_mode & _S_IFMT) != _S_IFREG)
+    if (!file || _fstat64(_fileno(file), &facts) != 0 || (facts.st_mode & _S_IFMT) != _S_IFREG)
         return -1;
     return facts.st_size;
 }
@@ -66,7 +66,7 @@ std::string NarrowOem(const wchar_t* text, int length)
 
 std::wstring WidenAnsi(const char* text)
 {
-    if (text == nullptr)
+    if (!text)
         return std::wstring();
     const int count = MultiByteToWideChar(CP_ACP, 0, text, -1, nullptr, 0);
     if (count <= 1)

@@ -100,7 +100,7 @@ bool IsKeyDown(int virtualKey)
 void InvalidateWindow(HWND window)
 {
     // Without a window the call would repaint the whole desktop.
-    if (window != nullptr)
+    if (window)
         InvalidateRect(window, nullptr, FALSE);
 }
 

@@ -199,7 +199,7 @@ CImage::~CImage()
 HRESULT CImage::Load(const wchar_t* path)
 {
     Destroy();
-    if (path == nullptr || !Manager::Shared().Start())
+    if (!path || !Manager::Shared().Start())
         return E_FAIL;
     try {
         Gdiplus::Bitmap source(path);
@@ -229,7 +229,7 @@ HRESULT CImage::Load(const wchar_t* path)
 HRESULT CImage::Save(const wchar_t* path) const
 {
     CLSID encoder = {};
-    if (path == nullptr || IsNull() || !Manager::Shared().Start())
+    if (!path || IsNull() || !Manager::Shared().Start())
         return E_FAIL;
     try {
         if (!FindEncoder(path, encoder))

@@ -52,8 +52,8 @@ TEST_CASE("a file is taken out, and all are cleared, in what is saved as well")
 
 TEST_CASE("names that differ by case are one file only where the file system says so")
 {
-    constexpr bool eitherCase = std::is_same_v<std::filesystem::path::value_type, wchar_t>;
+    constexpr bool EitherCase = std::is_same_v<std::filesystem::path::value_type, wchar_t>;
     RecentFileList list({L"/Picture.png"}, {});
     list.Add(L"/picture.PNG");
-    CHECK(list.Paths().size() == (eitherCase ? 1u : 2u));
+    CHECK(list.Paths().size() == (EitherCase ? 1u : 2u));
 }

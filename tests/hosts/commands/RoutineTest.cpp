@@ -145,7 +145,7 @@ TEST_CASE("missing images and wrong values are reported by a sentence that ends 
     const auto isSentence = [](const char* text) {
         return text && std::strlen(text) > 10 && text[std::strlen(text) - 1] == '.';
     };
-    constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+    constexpr double NotANumber = std::numeric_limits<double>::quiet_NaN();
     for (const Routine& routine : AllRoutines()) {
         CAPTURE(std::string(routine.Title));
         const std::vector<double> good = DefaultValues(routine, 64, 48);
@@ -162,7 +162,7 @@ TEST_CASE("missing images and wrong values are reported by a sentence that ends 
         CHECK(isSentence(RunRoutine(routine, InputsOf(routine), tooMany, {}).Problem));
         for (std::size_t i = 0; i < good.size(); ++i) {
             const RoutineParameter& parameter = routine.Parameters[i];
-            std::vector<double>     bad = {parameter.Low - 1.0, parameter.High + 1.0, 1e300, -1e300, nan};
+            std::vector<double> bad = {parameter.Low - 1.0, parameter.High + 1.0, 1e300, -1e300, NotANumber};
             if (parameter.Kind != ParameterKind::Real)
                 bad.push_back(parameter.Low + 0.5);
             for (double value : bad) {

@@ -40,7 +40,7 @@ public:
         }
     }
     // Makes calls until it is so; false when that takes too long.
-    template <class Condition>
+    template <typename Condition>
     bool RunUntil(const Condition& condition)
     {
         const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(60);

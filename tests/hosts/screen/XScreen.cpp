@@ -168,10 +168,10 @@ Picture XScreen::Grab(int x, int y, int width, int height) const
 
 Picture XScreen::Settled() const
 {
-    constexpr int calm = 90, patience = 60;    // ms, tries
+    constexpr int Calm = 90, Patience = 60;    // ms, tries
     Picture       before = Grab();
-    for (int i = 0; i < patience; ++i) {
-        Pause(calm);
+    for (int i = 0; i < Patience; ++i) {
+        Pause(Calm);
         Picture now = Grab();
         if (now == before && WatchedSleeps())
             break;
@@ -232,14 +232,14 @@ void XScreen::Drag(Place from, Place to)
 
 void XScreen::DragAlong(const std::vector<Place>& path)
 {
-    constexpr int steps = 6;
+    constexpr int Steps = 6;
     Move(path.front());
     XTestFakeButtonEvent(Server, 1, True, CurrentTime);
     Send();
     for (std::size_t i = 1; i < path.size(); ++i) {
         const Place from = path[i - 1], to = path[i];
-        for (int step = 1; step <= steps; ++step)
-            Move({from.X + (to.X - from.X) * step / steps, from.Y + (to.Y - from.Y) * step / steps});
+        for (int step = 1; step <= Steps; ++step)
+            Move({from.X + (to.X - from.X) * step / Steps, from.Y + (to.Y - from.Y) * step / Steps});
     }
     XTestFakeButtonEvent(Server, 1, False, CurrentTime);
     Send();

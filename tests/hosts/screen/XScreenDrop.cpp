@@ -22,8 +22,8 @@ public:
 
     bool Run(Place at)
     {
-        constexpr long version = 5;
-        Send("XdndEnter", version << 24, static_cast<long>(UriList), 0, 0);
+        constexpr long Version = 5;
+        Send("XdndEnter", Version << 24, static_cast<long>(UriList), 0, 0);
         Send("XdndPosition", 0, static_cast<long>(at.X) << 16 | at.Y, CurrentTime,
              static_cast<long>(Name("XdndActionCopy")));
         const XClientMessageEvent status = Await("XdndStatus");
