@@ -36,7 +36,7 @@ enum class RoutineInput : int {
     None,      // makes an image out of nothing
     Image,     // the shown image
     Two,       // the shown image and the one of a second canvas that the person chooses
-    Labels,    // the label plane of the canvas's regions
+    Labels,    // the label image of the canvas's regions
 };
 
 // Called between steps, on the thread of Run, first with nothing done; false cancels.
@@ -76,7 +76,7 @@ RoutineResult RunRoutine(const Routine& routine, std::span<const ImagePointer> i
 // On the thread of the canvases. The image as data: float data as it came, the gray of a byte image; null
 // without an image.
 ImagePointer TakeImage(int canvas);
-// The label plane of all regions, top row first; null without an image.
+// The label image of all regions, top row first; null without an image.
 ImagePointer TakeLabels(int canvas);
 // The inputs of a routine; second is the canvas of its second image where it takes two.
 std::vector<ImagePointer> TakeInputs(const Routine& routine, int canvas, int second);

@@ -112,7 +112,7 @@ void PrintLabels(int canvas)
 {
     const int                 last = gCVSGenerateLabel(canvas, false);
     const ClassData2DIO<int>& labels = gCVSGetLabelIma(canvas);
-    std::printf("  label plane %d x %d, last label %d:\n", labels.Width, labels.Height, last);
+    std::printf("  label image %d x %d, last label %d:\n", labels.Width, labels.Height, last);
     for (int label = 1; label <= last; ++label) {
         int pixels = 0;
         for (int i = 0; i < labels.Width * labels.Height; ++i)

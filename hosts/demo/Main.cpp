@@ -25,7 +25,7 @@ struct Layout {
     unsigned HeaderBytes = 0;
 };
 
-// Answers the load dialog from the command line; without a size, from the file's length as a square image.
+// Fills in the load dialog from the command line; without a size, from the file's length as a square image.
 void AnswerLoadDialog(Layout layout, const std::string& path)
 {
     TessikDialogs dialogs;

@@ -7,7 +7,7 @@
 
 namespace vostel {
 
-// The ends of the horizontal spans of a closed polygon, row by row. Within a row their order is not told:
+// The ends of the horizontal spans of a closed polygon, row by row. Within a row they are in no order:
 // sorted by column, consecutive pairs are the spans.
 struct SpanEnds {
     int                      Left = 0;    // the box of the points

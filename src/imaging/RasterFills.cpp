@@ -44,7 +44,7 @@ void FillRun(ClassData2DIO<int>& plane, std::int64_t row, std::int64_t first, st
 // Ends in a row from which on marking their columns beats comparing them.
 constexpr std::ptrdiff_t ManyInRow = 32;
 
-// Orders the ends of a row; answers how many pixels lie between them in pairs.
+// Orders the ends of a row; returns how many pixels lie between them in pairs.
 std::size_t SortFewEnds(int* first, int* last)
 {
     for (int* at = first + (first != last); at < last; ++at) {
@@ -94,9 +94,9 @@ void FillByMask(int* target, std::uint64_t mask, int value)
     }
 }
 
-// Fills between the ends of a row in pairs as if they were sorted. One bit a column tells whether there is an
-// end, another whether there is an odd number: only those change between inside and outside, and an even
-// number outside is a span of one pixel.
+// Fills between the ends of a row in pairs as if they were sorted. One bit per column marks an end, another
+// an odd number of ends: only those change between inside and outside, and an even number outside is a span
+// of one pixel.
 void FillBetweenMany(ClassData2DIO<int>& plane, std::int64_t row, const int* first, const int* last, int left,
                      int right, int value)
 {

@@ -8,7 +8,7 @@
 namespace vostel {
 
 // Float planes onto a canvas surface through the contrast window. The planes of data lie top row first, the
-// surface and the label plane bottom row first, all without padding: data row Height - 1 - y goes to surface
+// surface and the label image bottom row first, all without padding: data row Height - 1 - y goes to surface
 // row y. A pixel becomes g | g<<8 | g<<16, with g the low byte of entry trunc(value) & 0xFFFF of UsMap; not a
 // number and what lies outside 32 bits take entry 0.
 

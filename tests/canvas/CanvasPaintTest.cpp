@@ -83,7 +83,7 @@ void DrawImage(HDC dc, int canvas, bool fast, const CRect& client)
                bottom.Source - top.Source, SRCCOPY);
 }
 
-// Desk, outline and image.
+// Background, outline and image.
 Frame ExpectedFrame(const HostCanvas& host, bool fast = true)
 {
     const CRect  client(0, 0, gCVSGetClientWidth(host.Number), gCVSGetClientHeight(host.Number));

@@ -255,7 +255,7 @@ struct ThreeThreads {
 
 }
 
-TEST_CASE("this program's allocator fails when it is told to and counts what is alive")
+TEST_CASE("this program's allocator fails on request and counts what is alive")
 {
     const long live = LiveBlocks;
     {

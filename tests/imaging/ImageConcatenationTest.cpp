@@ -11,7 +11,7 @@ using namespace vostel;
 
 namespace {
 
-// Answers for the host and counts what is shown.
+// Stands in for the host and counts what is shown.
 struct Messages {
     std::vector<CString> Shown;
     Messages()
@@ -133,7 +133,7 @@ TEST_CASE("without overlap images are butted together, whatever trim and equalis
             CHECK(SamePlane(Joined(a, b, 0, trim, equalise), expected));
 }
 
-TEST_CASE("an overlap that does not exceed twice the trim plus one is told and leaves the image")
+TEST_CASE("an overlap that does not exceed twice the trim plus one is reported and leaves the image")
 {
     FloatPlane   a = Constant(9, 2, 3.0f), b = Constant(9, 2, 4.0f);
     float* const buffer = a.Ptr1D;

@@ -74,7 +74,7 @@ TEST_CASE("runs have threads of their own and a lone one is done by the caller")
     CHECK(ids == std::set<std::thread::id>{std::this_thread::get_id()});
 }
 
-TEST_CASE("without being told there are as many runs as processors")
+TEST_CASE("by default there are as many runs as processors")
 {
     std::atomic<int> runs{0};
     ForEachRowRun(1000, [&](RowRun) { ++runs; });

@@ -17,7 +17,7 @@ constexpr bool Windows = std::filesystem::path::preferred_separator == '\\';
 
 const std::string Separator(1, static_cast<char>(std::filesystem::path::preferred_separator));
 
-// Answers every file dialog with one name and remembers what was asked.
+// Fills every file dialog with one name and remembers what was asked.
 struct AnsweringDesktop : TestDesktop {
     std::vector<VostelFileRequest> Requests;
     std::vector<CString>           Answer;

@@ -23,7 +23,7 @@ RECT Measured(HDC dc, const wchar_t* text)
 
 }
 
-TEST_CASE("a machine without fonts tells no letters apart")
+TEST_CASE("a machine without fonts shows all letters alike")
 {
     if (!std::getenv("FONTCONFIG_FILE"))
         return;    // not run by ctest

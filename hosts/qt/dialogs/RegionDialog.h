@@ -12,7 +12,7 @@ class QSpinBox;
 namespace vostel::widget {
 
 // Asks for the edges of a rectangle in image pixels, within the image where its size is known. All four edges
-// belong to the rectangle, as they do in the label plane. It starts with the last answer, or with the middle
+// belong to the rectangle, as they do in the label image. It starts with the last values, or with the middle
 // of the image where that does not fit.
 class RegionDialog : public QDialog {
     Q_OBJECT

@@ -35,7 +35,7 @@ Scratch& SharedScratch()
     return scratch;
 }
 
-template <class T>
+template <typename T>
 T* Sized(std::vector<T>& buffer, std::size_t count)
 {
     if (buffer.size() < count)
@@ -49,7 +49,7 @@ std::uint32_t* PixelsOf(const Bitmap& bitmap, int y)
 }
 
 // False if no target pixel is drawn.
-template <class Axis>
+template <typename Axis>
 bool FindBoth(Axis& columns, const StretchAxis& columnAxis, Axis& rows, const StretchAxis& rowAxis)
 {
     columns.Find(columnAxis);
@@ -109,7 +109,7 @@ struct NearestColumns {
     void Take(std::uint32_t* to, const std::uint32_t* from, const std::uint32_t* ahead) const
     {
         if (Spaced == Spacing::Same)
-            Variant.CopyPixels(to, from + Taken[0], Count(), ahead != nullptr ? ahead + Taken[0] : nullptr);
+            Variant.CopyPixels(to, from + Taken[0], Count(), ahead ? ahead + Taken[0] : nullptr);
         else if (Spaced == Spacing::Shrunk)
             Variant.PickPixels(to, from, Taken.data(), Count(), ahead);
         else
@@ -190,7 +190,7 @@ struct ConvertedRows {
     void Finish() const {}
 };
 
-template <class Writer>
+template <typename Writer>
 void WriteRows(const Writer& writer, const NearestSource& source, const AxisRuns& rows, bool topDown)
 {
     // In memory order of the target: caches like ascending addresses better.
@@ -319,10 +319,10 @@ public:
         if (Channels == 3)
             SpreadTriples();
         const int      y = Rows.Target + i;
-        std::uint32_t* to = RowBuffer != nullptr ? RowBuffer : PixelsOf(*Copy.Target, y) + Columns.Target;
+        std::uint32_t* to = RowBuffer ? RowBuffer : PixelsOf(*Copy.Target, y) + Columns.Target;
         Variant.BlendColumns(to, Blended, Columns.First.data(), Pairs.data(), Columns.Each / 2,
                              Columns.Count);
-        if (RowBuffer != nullptr)
+        if (RowBuffer)
             StoreWords(Copy, y, Columns.Target, RowBuffer, Columns.Count);
     }
 

@@ -67,7 +67,7 @@ TEST_CASE("every command that is not the viewer's is carried out on a canvas wit
     CHECK(host.Desktop.Messages.empty());
 }
 
-TEST_CASE("a drawn rectangle reaches the label plane and goes with delete selected")
+TEST_CASE("a drawn rectangle reaches the label image and goes with delete selected")
 {
     HostCanvas host(0, 60, 40);
     host.ShowFlatGray(60, 40, 10);
@@ -221,7 +221,7 @@ TEST_CASE("the progress bar shows while a routine runs and fills from left to ri
     CHECK(FrameDifference(host.PaintAndCapture(), without) == "");
 }
 
-TEST_CASE("a file that is missing, a folder and a file that is no picture are told apart")
+TEST_CASE("a file that is missing, a folder and a file that is not a picture are distinguished")
 {
     HostCanvas host(0, 60, 40);
     TempFolder folder;

@@ -39,7 +39,7 @@ QString VerdictOf(const QDialog& dialog)
 
 }
 
-TEST_CASE("the raw dialog tells at once whether the layout fits the file")
+TEST_CASE("the raw dialog shows at once whether the layout fits the file")
 {
     const TempFolder folder;
     const QString    path = QString::fromStdString(folder.Path("data.raw"));
@@ -76,7 +76,7 @@ TEST_CASE("the region dialog stays inside the image and wants right beyond left"
     CHECK_FALSE(ok->isEnabled());
 }
 
-TEST_CASE("the region dialog counts its edges as the label plane does, up to the whole image")
+TEST_CASE("the region dialog counts its edges as the label image does, up to the whole image")
 {
     struct Edges {
         int Left, Right, Top, Bottom, Width, Height;
