@@ -19,7 +19,8 @@ if(NOT WIN32)
     vostel_inner_test(platform/StretchVariantsTest)
 endif()
 
-# Text, pictures, services and files.
+# The desktop's classes, text, pictures, services and files.
+vostel_test(platform/FrameworkClassesTest)
 vostel_test(platform/TextTest)
 vostel_test(platform/ImageTest)
 vostel_inner_test(platform/HostServicesTest)
