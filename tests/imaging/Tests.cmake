@@ -1,5 +1,6 @@
 # Tests of imaging, one line each.
 vostel_test(imaging/BSplineTest)
+vostel_test(imaging/LabelBoxTest)
 vostel_test(imaging/MatrixAndReflectionTest)
 vostel_test(imaging/RasterFillsTest)
 vostel_inner_test(imaging/AdaptiveThresholdTest)
