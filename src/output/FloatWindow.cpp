@@ -1,0 +1,120 @@
+#include "output/FloatWindow.h"
+
+#include "base/CpuVariants.h"
+#include "base/Truncate.h"
+
+#include <algorithm>
+#include <bit>
+#include <cfloat>
+#include <cmath>
+#include <cstdint>
+
+namespace vostel {
+
+namespace {
+
+// Spans whose factors are normal floats, with room to spare.
+constexpr double LeastSpan = 1e-30;
+constexpr double GreatestSpan = 1e30;
+constexpr double LeastGamma = 0.125;
+// Above, even the smallest shares show.
+constexpr double GreatestGamma = 16.0;
+
+constexpr float Infinity = HUGE_VALF;
+
+float LowestNotBelow(double v)
+{
+    const float nearest = static_cast<float>(v);
+    return static_cast<double>(nearest) < v ? std::nextafter(nearest, Infinity) : nearest;
+}
+
+float HighestNotAbove(double v)
+{
+    const float nearest = static_cast<float>(v);
+    return static_cast<double>(nearest) > v ? std::nextafter(nearest, -Infinity) : nearest;
+}
+
+// Each level begins at the share whose power reaches the half below it: 255 powers for the whole table.
+void FillLevels(std::vector<unsigned char>& levels, double gamma)
+{
+    const std::size_t entries = (std::bit_cast<std::uint32_t>(1.0f) >> FloatWindow::DroppedBits) + 1;
+    levels.assign(entries + sizeof(int) - 1, 255);
+    std::size_t begin = 0;
+    for (int level = 0; level < 255; ++level) {
+        const float       next = static_cast<float>(std::pow((level + 0.5) / 255.0, gamma));
+        const std::size_t end =
+            std::clamp<std::size_t>(std::bit_cast<std::uint32_t>(next) >> FloatWindow::DroppedBits,
+                                    std::max<std::size_t>(begin, 1), entries - 1);
+        std::fill(levels.begin() + static_cast<std::ptrdiff_t>(begin),
+                  levels.begin() + static_cast<std::ptrdiff_t>(end), static_cast<unsigned char>(level));
+        begin = end;
+    }
+}
+
+unsigned PixelAt(const FloatWindow& window, float v)
+{
+    if ((std::bit_cast<std::uint32_t>(v) & 0x7F800000u) == 0x7F800000u)
+        return window.Curve.NotFinitePixel;
+    if (v < window.Lowest)
+        return window.Curve.BelowPixel;
+    if (v > window.Highest)
+        return window.Curve.AbovePixel;
+    float place = (v - window.Base) * window.Factor + window.Offset;
+    place = place > 0.0f ? place : 0.0f;
+    place = place < window.Top ? place : window.Top;
+    const std::size_t level =
+        window.IsLinear ? static_cast<std::size_t>(TruncToInt(place))
+                        : window.LevelOfBits[std::bit_cast<std::uint32_t>(place) >> FloatWindow::DroppedBits];
+    return window.Curve.Colors[level];
+}
+
+void Row(const FloatWindow& window, const float* values, unsigned* pixels, std::size_t count)
+{
+    if (!window.IsFast) {
+        for (std::size_t x = 0; x < count; ++x)
+            pixels[x] = window.Curve.PixelOf(static_cast<double>(values[x]));
+        return;
+    }
+    for (std::size_t x = 0; x < count; ++x)
+        pixels[x] = PixelAt(window, values[x]);
+}
+
+}
+
+FloatWindow::FloatWindow(const ContrastState& state) : Curve(state)
+{
+    const double span = state.High - state.Low;
+    const double farthest = std::max(std::fabs(state.Low), std::fabs(state.High));
+    IsLinear = state.Gamma == 1.0;
+    IsGray = state.Map == "gray";
+    IsFast = span >= LeastSpan && span <= GreatestSpan && farthest < static_cast<double>(FLT_MAX) &&
+             state.Gamma >= LeastGamma && state.Gamma <= GreatestGamma;
+    if (!IsFast)
+        return;
+    // The difference from a float is exact where values lie close to it; what Base misses of Low is added.
+    const double steps = IsLinear ? 255.0 : 1.0;
+    const double rounding = IsLinear ? 0.5 : 0.0;
+    Base = static_cast<float>(state.Low);
+    Factor = static_cast<float>(steps / span);
+    Offset = static_cast<float>((static_cast<double>(Base) - state.Low) * steps / span + rounding);
+    Top = IsLinear ? 255.5f : 1.0f;
+    Lowest = LowestNotBelow(state.Low);
+    Highest = HighestNotAbove(state.High);
+    if (!IsLinear)
+        FillLevels(LevelOfBits, state.Gamma);
+}
+
+const FloatWindowVariant FloatWindowPlain = {.Row = Row};
+
+// Registers wider than AVX2's do not pay: memory is the limit.
+const FloatWindowVariant& ActiveFloatWindowVariant()
+{
+    return Choose<FloatWindowVariant>({.Plain = &FloatWindowPlain, .Avx2 = VOSTEL_X86(&FloatWindowAvx2)});
+}
+
+void ShowFloats(const FloatWindow& window, const float* values, unsigned* pixels, std::size_t count)
+{
+    ActiveFloatWindowVariant().Row(window, values, pixels, count);
+}
+
+}
