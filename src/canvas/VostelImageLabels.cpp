@@ -11,11 +11,11 @@ namespace vostel {
 
 namespace {
 
-using Outline = std::vector<PointTemplateBase<int>>;
+using WholePoints = std::vector<PointTemplateBase<int>>;
 
 // The four corners of a box given by two opposite ones, in the order that the fill takes for a box dragged to
 // the lower right. Other counts bound nothing.
-void MakeBox(Outline& points)
+void MakeBox(WholePoints& points)
 {
     if (points.size() != 2) {
         points.clear();
@@ -52,8 +52,8 @@ int VostelImage::GenerateLabel(bool selectedOnly)
 
 bool VostelImage::RasteriseObject(VostelObj& object)
 {
-    const int label = WrapAdd(object.SerialNo, 1);
-    Outline   points;
+    const int   label = WrapAdd(object.SerialNo, 1);
+    WholePoints points;
     switch (object.TypeCode) {
     case OverlaySpline:
         // The curve of the last paint; a spline that was never painted has none.

@@ -10,4 +10,11 @@ CRect TextExtent(HDC dc, const CString& text)
     return extent;
 }
 
+MeasuringContext::~MeasuringContext()
+{
+    SelectObject(Kit.Dc, GetStockObject(DEFAULT_GUI_FONT));
+    DeleteDC(Kit.Dc);
+    Kit.Dc = Before;
+}
+
 }

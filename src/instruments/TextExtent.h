@@ -1,5 +1,6 @@
 #pragma once
 
+#include "canvas/view/PaintKit.h"
 #include "vostel/platform.h"
 
 namespace vostel {
@@ -7,5 +8,21 @@ namespace vostel {
 // What a text needs with the font that the context holds, at 0, 0. Nothing for an empty text, and nothing
 // without a live context, where the measuring call of some systems leaves rubbish.
 CRect TextExtent(HDC dc, const CString& text);
+
+// A memory context that a kit measures with for the length of a scope, whatever it drew on last.
+class MeasuringContext {
+public:
+    explicit MeasuringContext(PaintKit& kit) : Kit(kit), Before(kit.Dc)
+    {
+        Kit.Dc = CreateCompatibleDC(nullptr);
+    }
+    ~MeasuringContext();
+    MeasuringContext(const MeasuringContext&) = delete;
+    MeasuringContext& operator=(const MeasuringContext&) = delete;
+
+private:
+    PaintKit& Kit;
+    HDC       Before;
+};
 
 }

@@ -1,6 +1,7 @@
 #include "instruments/VostelFixedRect.h"
 
 #include "base/Truncate.h"
+#include "overlay/StateArchive.h"
 
 namespace vostel {
 
@@ -37,7 +38,7 @@ void VostelFixedRect::SetCanvasView(CanvasView* view)
 
 void VostelFixedRect::RefreshClientGeometry() {}
 
-bool VostelFixedRect::HitTest(CPoint point)
+bool VostelFixedRect::Hits(CPoint point) const
 {
     return PtInRect(&ClientBox, point) != 0;
 }
@@ -56,6 +57,12 @@ void VostelFixedRect::OnDraw(HDC dc)
 {
     BindKit(dc);
     Kit.FillSolid(ClientBox, ControlFace);
+}
+
+void VostelFixedRect::Persist(StateArchive& archive)
+{
+    VostelObj::Persist(archive);
+    archive(LeftMargin, BottomMargin, FixedWidth, FixedHeight);
 }
 
 void VostelFixedRect::UpdateAnchoredRect()

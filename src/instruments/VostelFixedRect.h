@@ -19,9 +19,10 @@ public:
     void OnKeyDown(unsigned int key, unsigned int repeat, unsigned int keyFlags) override;
     void SetCanvasView(CanvasView* view) override;
     void RefreshClientGeometry() override;
-    bool HitTest(CPoint point) override;    // leaves Selected alone
+    bool Hits(CPoint point) const override;
     void SetPlacement(float x, float y, float w, float h) override;
     void OnDraw(HDC dc) override;
+    void Persist(StateArchive& archive) override;
 
     // Rebuilds ClientBox from the margins and the view's client rectangle; needs a view.
     virtual void UpdateAnchoredRect();

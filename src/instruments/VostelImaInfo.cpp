@@ -47,4 +47,14 @@ void VostelImaInfo::OnMouseMove(unsigned int flags, CPoint point)
     }
 }
 
+bool VostelImaInfo::TakeText(const CString&)
+{
+    return false;
+}
+
+void VostelImaInfo::Persist(StateArchive& archive)
+{
+    VostelMovableRect::Persist(archive);
+}
+
 }

@@ -8,6 +8,8 @@ namespace vostel {
 class VostelImaInfo : public VostelTextML {
 public:
     void OnMouseMove(unsigned int flags, CPoint point) override;
+    bool TakeText(const CString& text) override;     // refused: the mouse makes the lines
+    void Persist(StateArchive& archive) override;    // without the lines
 };
 
 }

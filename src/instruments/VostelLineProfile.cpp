@@ -41,9 +41,7 @@ void VostelLineProfile::OnMouseMove(unsigned int flags, CPoint point)
     if (!PlotHit)
         VostelSingleLine::OnMouseMove(flags, point);
     ProfilePlot.OnMouseMove(flags, point);
-    // No samples empty the plot, so that a line that has become too short shows no stale curve.
-    ClassData2DIO<float> samples = Samples();
-    ProfilePlot.SetData(samples);
+    PlotSamples();
 }
 
 void VostelLineProfile::SetCanvasView(CanvasView* view)
@@ -52,11 +50,15 @@ void VostelLineProfile::SetCanvasView(CanvasView* view)
     ProfilePlot.SetCanvasView(view);
 }
 
+bool VostelLineProfile::Hits(CPoint point) const
+{
+    return PtInRect(&MidRect, point) || HitRectList(HandleRects, point) != -1 || ProfilePlot.Hits(point);
+}
+
 bool VostelLineProfile::HitTest(CPoint point)
 {
-    PlotHit = PtInRect(&ProfilePlot.ClientBox, point) != 0;
-    Selected = PtInRect(&MidRect, point) || HitRectList(HandleRects, point) != -1 || PlotHit;
-    return Selected;
+    PlotHit = ProfilePlot.Hits(point);
+    return VostelSingleLine::HitTest(point);
 }
 
 void VostelLineProfile::SetPlacement(float x, float y, float w, float h)
@@ -66,9 +68,42 @@ void VostelLineProfile::SetPlacement(float x, float y, float w, float h)
 
 void VostelLineProfile::OnDraw(HDC dc)
 {
+    if (OpenMade)
+        PlotSamples();
     VostelSingleLine::OnDraw(dc);
     if (OwnerImage && OwnerImage->ShownType() != FileTypeNone)
         ProfilePlot.OnDraw(dc);
+}
+
+void VostelLineProfile::DerivePainted()
+{
+    VostelSingleLine::DerivePainted();
+    PlotSamples();
+}
+
+bool VostelLineProfile::TakePoints(std::span<const PointTemplateBase<double>> points)
+{
+    if (ProfilePlot.PlotWidth == 0)
+        ProfilePlot.SetPlacement(30.0f, 30.0f, 512.0f, 150.0f);
+    return VostelSingleLine::TakePoints(points);
+}
+
+CString VostelLineProfile::CaptionText() const
+{
+    return ProfilePlot.CaptionText();
+}
+
+void VostelLineProfile::Persist(StateArchive& archive)
+{
+    VostelSingleLine::Persist(archive);
+    ProfilePlot.Persist(archive);
+}
+
+// No samples empty the plot, so that a line that has become too short shows no stale curve.
+void VostelLineProfile::PlotSamples()
+{
+    ClassData2DIO<float> samples = Samples();
+    ProfilePlot.SetData(samples);
 }
 
 ClassData2DIO<float> VostelLineProfile::Samples() const

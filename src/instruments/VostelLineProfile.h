@@ -19,11 +19,18 @@ public:
     void OnLButtonUp(unsigned int flags, CPoint point) override;
     void OnMouseMove(unsigned int flags, CPoint point) override;
     void SetCanvasView(CanvasView* view) override;
+    bool Hits(CPoint point) const override;
     bool HitTest(CPoint point) override;
     void SetPlacement(float x, float y, float w, float h) override;    // of the plot, client px
     void OnDraw(HDC dc) override;
+    void DerivePainted() override;    // the plot too, which classic paints leave alone
+
+    bool    TakePoints(std::span<const PointTemplateBase<double>> points) override;
+    CString CaptionText() const override;    // of the plot
+    void    Persist(StateArchive& archive) override;
 
 private:
+    void                 PlotSamples();
     ClassData2DIO<float> Samples() const;
 };
 

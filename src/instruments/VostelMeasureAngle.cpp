@@ -2,6 +2,8 @@
 
 #include "canvas/view/HitTests.h"
 #include "foundation/FormatText.h"
+#include "geometry/Lengths.h"
+#include "overlay/StateArchive.h"
 
 #include <cmath>
 
@@ -36,6 +38,42 @@ void VostelMeasureAngle::SetCanvasView(CanvasView* view)
     Label.SetCanvasView(view);
 }
 
+bool VostelMeasureAngle::Hits(CPoint point) const
+{
+    return HitRectList(HandleRects, point) != -1 || Label.Hits(point);
+}
+
+bool VostelMeasureAngle::HitTest(CPoint point)
+{
+    LabelHit = Label.HitTest(point);
+    return VostelMPoint::HitTest(point);
+}
+
+void VostelMeasureAngle::DerivePainted()
+{
+    VostelMPoint::DerivePainted();
+    Label.DerivePainted();
+}
+
+bool VostelMeasureAngle::TakePoints(std::span<const PointTemplateBase<double>> points)
+{
+    const ImagePoint before = CentroidOfPoints(ImagePoints);
+    if (!VostelMPoint::TakePoints(points))
+        return false;
+    const ImagePoint now = CentroidOfPoints(ImagePoints);
+    if (!Label.ImagePoints.empty())
+        Label.MoveBy(now.x - before.x, now.y - before.y);
+    else if (View)
+        PlaceFirstLabel();
+    return true;
+}
+
+void VostelMeasureAngle::Persist(StateArchive& archive)
+{
+    VostelMPoint::Persist(archive);
+    Label.Persist(archive);
+}
+
 void VostelMeasureAngle::BeginPress(CPoint point)
 {
     ButtonDown = true;
@@ -50,6 +88,13 @@ CString VostelMeasureAngle::AngleText(double ax, double ay, double bx, double by
         std::acos((by * ay + bx * ax) / std::sqrt((by * by + bx * bx) * (ay * ay + ax * ax))) *
         DegreesPerRadian;
     return FormatText(L"角度 = %3.3f 度", angle);
+}
+
+void VostelMeasureAngle::PlaceLabel(float x, float y, float width, float height)
+{
+    Label.SetPlacement(x, y, width, height);
+    CString text = CaptionText();
+    Label.SetTextAndFit(text);
 }
 
 void VostelMeasureAngle::DrawConnector(CPoint from)

@@ -17,6 +17,12 @@ public:
     void OnLButtonUp(unsigned int flags, CPoint point) override;
     void OnMouseMove(unsigned int flags, CPoint point) override;
     void SetCanvasView(CanvasView* view) override;
+    bool Hits(CPoint point) const override;
+    bool HitTest(CPoint point) override;
+    void DerivePainted() override;
+
+    bool TakePoints(std::span<const PointTemplateBase<double>> points) override;
+    void Persist(StateArchive& archive) override;
 
 protected:
     // Bookkeeping that opens a press: the node under it becomes the active one.
@@ -24,6 +30,9 @@ protected:
     // The caption's text for an angle between two directions, in degrees.
     static CString AngleText(double ax, double ay, double bx, double by);
     void           DrawConnector(CPoint from);
+    // Shows the caption in a new box at a client point.
+    void         PlaceLabel(float x, float y, float width, float height);
+    virtual void PlaceFirstLabel() = 0;
 };
 
 }

@@ -1,6 +1,7 @@
 #include "instruments/VostelMeasureAngle3Pts.h"
 
-#include "canvas/view/HitTests.h"
+#include <array>
+#include <utility>
 
 namespace vostel {
 
@@ -30,10 +31,7 @@ void VostelMeasureAngle3Pts::OnLButtonDown(unsigned int flags, CPoint point)
         ImagePoints.emplace_back(at.x, at.y - arm);
         ImagePoints.emplace_back(at.x + arm, at.y);
         RefreshClientGeometry();
-        Label.SetPlacement(static_cast<float>(ClientPoints[0].x) - 100.0f,
-                           static_cast<float>(ClientPoints[0].y) - 100.0f, 0.0f, 0.0f);
-        CString text = Caption();
-        Label.SetTextAndFit(text);
+        PlaceFirstLabel();
     }
     Label.OnLButtonDown(flags, point);
 }
@@ -42,16 +40,9 @@ void VostelMeasureAngle3Pts::OnMouseMove(unsigned int flags, CPoint point)
 {
     VostelMeasureAngle::OnMouseMove(flags, point);
     if (ClientPoints.size() == 3) {
-        CString text = Caption();
+        CString text = CaptionText();
         Label.SetText(text);
     }
-}
-
-bool VostelMeasureAngle3Pts::HitTest(CPoint point)
-{
-    LabelHit = Label.HitTest(point);
-    Selected = HitRectList(HandleRects, point) != -1 || Label.HitTest(point);
-    return Selected;
 }
 
 void VostelMeasureAngle3Pts::OnDraw(HDC dc)
@@ -66,8 +57,36 @@ void VostelMeasureAngle3Pts::OnDraw(HDC dc)
     Label.OnDraw(dc);
 }
 
-CString VostelMeasureAngle3Pts::Caption() const
+std::vector<PointTemplateBase<double>> VostelMeasureAngle3Pts::GivePoints() const
 {
+    std::vector<PointTemplateBase<double>> points = ImagePoints;
+    if (points.size() >= 2)
+        std::swap(points[0], points[1]);
+    return points;
+}
+
+bool VostelMeasureAngle3Pts::TakePoints(std::span<const PointTemplateBase<double>> points)
+{
+    if (points.size() != 3)
+        return false;
+    return VostelMeasureAngle::TakePoints(std::array{points[1], points[0], points[2]});
+}
+
+VostelMPoint::PointCounts VostelMeasureAngle3Pts::CountsTaken() const
+{
+    return {3, 3};
+}
+
+void VostelMeasureAngle3Pts::PlaceFirstLabel()
+{
+    PlaceLabel(static_cast<float>(ClientPoints[0].x) - 100.0f, static_cast<float>(ClientPoints[0].y) - 100.0f,
+               0.0f, 0.0f);
+}
+
+CString VostelMeasureAngle3Pts::CaptionText() const
+{
+    if (ImagePoints.size() < 3)
+        return CString();
     const PointTemplateBase<double>& vertex = ImagePoints[0];
     return AngleText(vertex.x - ImagePoints[1].x, vertex.y - ImagePoints[1].y, vertex.x - ImagePoints[2].x,
                      vertex.y - ImagePoints[2].y);

@@ -11,11 +11,15 @@ public:
 
     void OnLButtonDown(unsigned int flags, CPoint point) override;
     void OnMouseMove(unsigned int flags, CPoint point) override;
-    bool HitTest(CPoint point) override;
     void OnDraw(HDC dc) override;
 
-private:
-    CString Caption() const;
+    std::vector<PointTemplateBase<double>> GivePoints() const override;    // end, vertex, end
+    bool    TakePoints(std::span<const PointTemplateBase<double>> points) override;
+    CString CaptionText() const override;
+
+protected:
+    PointCounts CountsTaken() const override;
+    void        PlaceFirstLabel() override;
 };
 
 }

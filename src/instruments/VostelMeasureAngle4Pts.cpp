@@ -1,7 +1,6 @@
 #include "instruments/VostelMeasureAngle4Pts.h"
 
 #include "base/Truncate.h"
-#include "canvas/view/HitTests.h"
 
 #include <cstdint>
 
@@ -47,10 +46,7 @@ void VostelMeasureAngle4Pts::OnLButtonDown(unsigned int flags, CPoint point)
         ImagePoints.emplace_back(at.x + u, at.y);
         ImagePoints.emplace_back(at.x + 2.0 * u, at.y);
         RefreshClientGeometry();
-        Label.SetPlacement(static_cast<float>(Cross.x) - 200.0f, static_cast<float>(Cross.y) - 100.0f, 50.0f,
-                           30.0f);
-        CString text = Caption();
-        Label.SetTextAndFit(text);
+        PlaceLabel(static_cast<float>(Cross.x) - 200.0f, static_cast<float>(Cross.y) - 100.0f, 50.0f, 30.0f);
     }
     Label.OnLButtonDown(flags, point);
 }
@@ -60,7 +56,7 @@ void VostelMeasureAngle4Pts::OnMouseMove(unsigned int flags, CPoint point)
     VostelMeasureAngle::OnMouseMove(flags, point);
     if (ImagePoints.size() == 4) {
         RefreshCross();
-        CString text = Caption();
+        CString text = CaptionText();
         Label.SetText(text);
     }
 }
@@ -71,11 +67,9 @@ void VostelMeasureAngle4Pts::SetCanvasView(CanvasView* view)
     RefreshCross();
 }
 
-bool VostelMeasureAngle4Pts::HitTest(CPoint point)
+bool VostelMeasureAngle4Pts::Hits(CPoint point) const
 {
-    LabelHit = Label.HitTest(point);
-    Selected = PtInRect(&CrossBox, point) || HitRectList(HandleRects, point) != -1 || Label.HitTest(point);
-    return Selected;
+    return PtInRect(&CrossBox, point) || VostelMeasureAngle::Hits(point);
 }
 
 void VostelMeasureAngle4Pts::OnDraw(HDC dc)
@@ -89,6 +83,24 @@ void VostelMeasureAngle4Pts::OnDraw(HDC dc)
         DrawConnector(ClientPoints[0]);
     }
     Label.OnDraw(dc);
+}
+
+void VostelMeasureAngle4Pts::DerivePainted()
+{
+    RefreshCross();
+    VostelMeasureAngle::DerivePainted();
+}
+
+VostelMPoint::PointCounts VostelMeasureAngle4Pts::CountsTaken() const
+{
+    return {4, 4};
+}
+
+// Where a gesture places it too, told from the first point: of any two lines the cross may lie far away.
+void VostelMeasureAngle4Pts::PlaceFirstLabel()
+{
+    PlaceLabel(static_cast<float>(ClientPoints[0].x) - 200.0f, static_cast<float>(ClientPoints[0].y), 50.0f,
+               30.0f);
 }
 
 void VostelMeasureAngle4Pts::PlaceCross(int x, int y)
@@ -112,8 +124,10 @@ void VostelMeasureAngle4Pts::RefreshCross()
     PlaceCross(TruncToInt(x), TruncToInt(y));
 }
 
-CString VostelMeasureAngle4Pts::Caption() const
+CString VostelMeasureAngle4Pts::CaptionText() const
 {
+    if (ClientPoints.size() < 4)
+        return CString();
     return AngleText(WrapSub(Cross.x, ClientPoints[0].x), WrapSub(Cross.y, ClientPoints[0].y),
                      WrapSub(Cross.x, ClientPoints[2].x), WrapSub(Cross.y, ClientPoints[2].y));
 }

@@ -16,13 +16,19 @@ public:
     void OnLButtonDown(unsigned int flags, CPoint point) override;
     void OnMouseMove(unsigned int flags, CPoint point) override;
     void SetCanvasView(CanvasView* view) override;
-    bool HitTest(CPoint point) override;
+    bool Hits(CPoint point) const override;
     void OnDraw(HDC dc) override;
+    void DerivePainted() override;
+
+    CString CaptionText() const override;
+
+protected:
+    PointCounts CountsTaken() const override;
+    void        PlaceFirstLabel() override;
 
 private:
-    void    PlaceCross(int x, int y);
-    void    RefreshCross();
-    CString Caption() const;
+    void PlaceCross(int x, int y);
+    void RefreshCross();
 };
 
 }

@@ -3,6 +3,8 @@
 #include "base/Truncate.h"
 #include "canvas/view/HitTests.h"
 #include "foundation/FormatText.h"
+#include "geometry/Lengths.h"
+#include "overlay/StateArchive.h"
 
 #include <cmath>
 
@@ -26,11 +28,8 @@ void VostelMeasureLine::OnLButtonDown(unsigned int flags, CPoint point)
 void VostelMeasureLine::OnLButtonUp(unsigned int flags, CPoint point)
 {
     VostelSingleLine::OnLButtonUp(flags, point);
-    if (ImagePoints.size() == 2 && LabelUnplaced) {
-        LabelUnplaced = false;
-        CString text = Caption();
-        Label.SetTextAt(text, CPoint(WrapAdd(MidPoint.x, 100), WrapSub(MidPoint.y, 100)));
-    }
+    if (ImagePoints.size() == 2 && LabelUnplaced)
+        PlaceLabel();
     if (MeasureArmed)
         Label.OnLButtonUp(flags, point);
 }
@@ -40,7 +39,7 @@ void VostelMeasureLine::OnMouseMove(unsigned int flags, CPoint point)
     if (!LabelHit)
         VostelSingleLine::OnMouseMove(flags, point);
     if (MeasureArmed) {
-        CString text = Caption();
+        CString text = CaptionText();
         Label.SetText(text);
         Label.OnMouseMove(flags, point);
     }
@@ -52,11 +51,15 @@ void VostelMeasureLine::SetCanvasView(CanvasView* view)
     Label.SetCanvasView(view);
 }
 
+bool VostelMeasureLine::Hits(CPoint point) const
+{
+    return PtInRect(&MidRect, point) || HitRectList(HandleRects, point) != -1 || Label.Hits(point);
+}
+
 bool VostelMeasureLine::HitTest(CPoint point)
 {
     LabelHit = Label.HitTest(point);
-    Selected = PtInRect(&MidRect, point) || HitRectList(HandleRects, point) != -1 || Label.HitTest(point);
-    return Selected;
+    return VostelSingleLine::HitTest(point);
 }
 
 void VostelMeasureLine::OnDraw(HDC dc)
@@ -73,7 +76,41 @@ CString VostelMeasureLine::GetResultText()
     return Label.GetResultText();
 }
 
-CString VostelMeasureLine::Caption() const
+void VostelMeasureLine::DerivePainted()
+{
+    VostelSingleLine::DerivePainted();
+    Label.DerivePainted();
+}
+
+bool VostelMeasureLine::TakePoints(std::span<const PointTemplateBase<double>> points)
+{
+    const ImagePoint before = CentroidOfPoints(ImagePoints);
+    if (!VostelSingleLine::TakePoints(points))
+        return false;
+    MeasureArmed = true;
+    const ImagePoint now = CentroidOfPoints(ImagePoints);
+    if (!LabelUnplaced)
+        Label.MoveBy(now.x - before.x, now.y - before.y);
+    else if (View)
+        PlaceLabel();
+    return true;
+}
+
+void VostelMeasureLine::Persist(StateArchive& archive)
+{
+    VostelSingleLine::Persist(archive);
+    archive(LabelUnplaced);
+    Label.Persist(archive);
+}
+
+void VostelMeasureLine::PlaceLabel()
+{
+    LabelUnplaced = false;
+    CString text = CaptionText();
+    Label.SetTextAt(text, CPoint(WrapAdd(MidPoint.x, 100), WrapSub(MidPoint.y, 100)));
+}
+
+CString VostelMeasureLine::CaptionText() const
 {
     double length = 0.0;
     if (ImagePoints.size() == 2) {

@@ -20,12 +20,18 @@ public:
     void    OnLButtonUp(unsigned int flags, CPoint point) override;
     void    OnMouseMove(unsigned int flags, CPoint point) override;
     void    SetCanvasView(CanvasView* view) override;
+    bool    Hits(CPoint point) const override;
     bool    HitTest(CPoint point) override;
     void    OnDraw(HDC dc) override;
     CString GetResultText() override;
+    void    DerivePainted() override;
+
+    bool    TakePoints(std::span<const PointTemplateBase<double>> points) override;
+    CString CaptionText() const override;
+    void    Persist(StateArchive& archive) override;
 
 private:
-    CString Caption() const;
+    void PlaceLabel();
 };
 
 }

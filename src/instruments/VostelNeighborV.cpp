@@ -43,6 +43,11 @@ void VostelNeighborV::SetCanvasView(CanvasView* view)
     Box.SetCanvasView(view);
 }
 
+bool VostelNeighborV::Hits(CPoint point) const
+{
+    return Box.Hits(point);
+}
+
 bool VostelNeighborV::HitTest(CPoint point)
 {
     return Box.HitTest(point);
@@ -58,6 +63,32 @@ void VostelNeighborV::OnDraw(HDC dc)
     BindKit(dc);
     if (OwnerImage && OwnerImage->ShownType() != FileTypeNone)
         Box.OnDraw(dc);
+}
+
+void VostelNeighborV::DerivePainted()
+{
+    Box.DerivePainted();
+}
+
+std::vector<PointTemplateBase<double>> VostelNeighborV::GivePoints() const
+{
+    return Box.GivePoints();
+}
+
+bool VostelNeighborV::TakePoints(std::span<const PointTemplateBase<double>> points)
+{
+    return Box.TakePoints(points);
+}
+
+CString VostelNeighborV::CaptionText() const
+{
+    return Box.CaptionText();
+}
+
+void VostelNeighborV::Persist(StateArchive& archive)
+{
+    VostelObj::Persist(archive);
+    Box.VostelMovableRect::Persist(archive);
 }
 
 }

@@ -17,9 +17,16 @@ public:
     void OnLButtonUp(unsigned int flags, CPoint point) override;
     void OnMouseMove(unsigned int flags, CPoint point) override;
     void SetCanvasView(CanvasView* view) override;
+    bool Hits(CPoint point) const override;
     bool HitTest(CPoint point) override;
     void SetPlacement(float x, float y, float w, float h) override;
     void OnDraw(HDC dc) override;
+    void DerivePainted() override;
+
+    std::vector<PointTemplateBase<double>> GivePoints() const override;
+    bool    TakePoints(std::span<const PointTemplateBase<double>> points) override;
+    CString CaptionText() const override;
+    void    Persist(StateArchive& archive) override;    // without the lines, which the mouse makes
 };
 
 }

@@ -1,6 +1,7 @@
 #include "instruments/VostelProgress.h"
 
 #include "base/Truncate.h"
+#include "overlay/StateArchive.h"
 
 namespace vostel {
 
@@ -28,6 +29,12 @@ void VostelProgress::OnDraw(HDC dc)
     VostelFixedRect::OnDraw(dc);
     RefreshClientGeometry();
     Kit.FillSolid(BarRect, BarColor);
+}
+
+void VostelProgress::Persist(StateArchive& archive)
+{
+    VostelFixedRect::Persist(archive);
+    archive(RangeLow, RangeHigh, Pos);
 }
 
 }

@@ -14,6 +14,7 @@ public:
 
     void RefreshClientGeometry() override;
     void OnDraw(HDC dc) override;
+    void Persist(StateArchive& archive) override;
 };
 
 }

@@ -1,6 +1,7 @@
 #include "instruments/VostelSlider.h"
 
 #include "base/Truncate.h"
+#include "overlay/StateArchive.h"
 
 #include <algorithm>
 
@@ -122,6 +123,12 @@ void VostelSlider::OnDraw(HDC dc)
     Kit.FillSolid(LowThumbRect, LowThumbColor);
     if (!SingleThumb)
         Kit.FillSolid(HighThumbRect, HighThumbColor);
+}
+
+void VostelSlider::Persist(StateArchive& archive)
+{
+    VostelFixedRect::Persist(archive);
+    archive(Low, High, Caption, SingleThumb, CaptionWidth, ThumbWidth, TrackGap, Inset);
 }
 
 }

@@ -33,6 +33,7 @@ public:
     void OnMouseMove(unsigned int flags, CPoint point) override;
     void RefreshClientGeometry() override;
     void OnDraw(HDC dc) override;
+    void Persist(StateArchive& archive) override;
 
     void SetCaption(const CString& text);
 

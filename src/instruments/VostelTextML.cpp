@@ -2,6 +2,7 @@
 
 #include "base/Truncate.h"
 #include "instruments/TextExtent.h"
+#include "overlay/StateArchive.h"
 
 #include <algorithm>
 
@@ -21,22 +22,7 @@ VostelTextML::VostelTextML()
 void VostelTextML::OnDraw(HDC dc)
 {
     BindKit(dc);
-    Kit.TextBoxBack = Kit.BkMode == OPAQUE;
-    Kit.SelectTextStyle(TextHeight, Kit.BkMode, Red);
-    if (Lines.empty())
-        return;
-    int widest = 0;
-    int lineHeight = 0;    // of the line measured last: the lines are taken to be of equal height
-    int total = Margin;
-    for (const CString& line : Lines) {
-        const CRect extent = TextExtent(dc, line);
-        widest = std::max(widest, extent.Width());
-        lineHeight = extent.Height();
-        total = WrapAdd(total, WrapAdd(Margin, lineHeight));
-    }
-    ClientBox.right = WrapAdd(ClientBox.left, WrapAdd(widest, 2 * Margin));
-    ClientBox.bottom = WrapAdd(ClientBox.top, total);
-
+    const int lineHeight = FitToLines();
     SetBkMode(dc, TRANSPARENT);
     int top = WrapAdd(ClientBox.top, Margin);
     for (const CString& line : Lines) {
@@ -45,6 +31,33 @@ void VostelTextML::OnDraw(HDC dc)
         DrawTextW(dc, line, line.GetLength(), &place, DT_CENTER | DT_SINGLELINE);
         top = WrapAdd(top, WrapAdd(Margin, lineHeight));
     }
+}
+
+void VostelTextML::DerivePainted()
+{
+    const MeasuringContext context(Kit);
+    FitToLines();
+}
+
+// The line measured last gives the height: the lines are taken to be of equal height.
+int VostelTextML::FitToLines()
+{
+    Kit.TextBoxBack = Kit.BkMode == OPAQUE;
+    Kit.SelectTextStyle(TextHeight, Kit.BkMode, Red);
+    if (Lines.empty())
+        return 0;
+    int widest = 0;
+    int lineHeight = 0;
+    int total = Margin;
+    for (const CString& line : Lines) {
+        const CRect extent = TextExtent(Kit.Dc, line);
+        widest = std::max(widest, extent.Width());
+        lineHeight = extent.Height();
+        total = WrapAdd(total, WrapAdd(Margin, lineHeight));
+    }
+    ClientBox.right = WrapAdd(ClientBox.left, WrapAdd(widest, 2 * Margin));
+    ClientBox.bottom = WrapAdd(ClientBox.top, total);
+    return lineHeight;
 }
 
 void VostelTextML::SetTextLines(std::vector<CString>& lines)
@@ -60,6 +73,36 @@ void VostelTextML::AddTextLine(CString line)
 void VostelTextML::ClearLines()
 {
     Lines.clear();
+}
+
+CString VostelTextML::CaptionText() const
+{
+    CString text;
+    for (std::size_t i = 0; i < Lines.size(); ++i) {
+        if (i > 0)
+            text.AppendChar(L'\n');
+        text.Append(Lines[i]);
+    }
+    return text;
+}
+
+bool VostelTextML::TakeText(const CString& text)
+{
+    Lines.clear();
+    for (int start = 0; start <= text.GetLength();) {
+        const int found = text.Find(L'\n', start);
+        const int end = found == -1 ? text.GetLength() : found;
+        Lines.push_back(text.Mid(start, end - start));
+        start = end + 1;
+    }
+    DerivePainted();
+    return true;
+}
+
+void VostelTextML::Persist(StateArchive& archive)
+{
+    VostelMovableRect::Persist(archive);
+    archive(Lines, Margin);
 }
 
 }

@@ -13,10 +13,18 @@ public:
     VostelTextML();
 
     void OnDraw(HDC dc) override;
+    void DerivePainted() override;    // the size
     void SetTextLines(std::vector<CString>& lines) override;
     void AddTextLine(CString line) override;
 
+    CString CaptionText() const override;    // a line feed between lines
+    bool    TakeText(const CString& text) override;
+    void    Persist(StateArchive& archive) override;
+
     void ClearLines();
+
+private:
+    int FitToLines();    // returns the height of a line
 };
 
 }

@@ -2,6 +2,7 @@
 
 #include "base/Truncate.h"
 #include "instruments/TextExtent.h"
+#include "overlay/StateArchive.h"
 
 namespace vostel {
 
@@ -61,6 +62,58 @@ CString VostelTextRect::GetResultText()
     return Text;
 }
 
+// A paint leaves the box grown by the margin of its fill.
+void VostelTextRect::DerivePainted()
+{
+    VostelSizeFixedRect::DerivePainted();
+    if (ClientPoints.size() == 2)
+        InflateRect(&ClientBox, 3, 3);
+}
+
+std::vector<PointTemplateBase<double>> VostelTextRect::GivePoints() const
+{
+    if (ImagePoints.empty())
+        return {};
+    return {ImagePoints[0]};
+}
+
+bool VostelTextRect::TakePoints(std::span<const PointTemplateBase<double>> points)
+{
+    if (points.size() != 1)
+        return false;
+    PlaceCorner(points[0], TextWidth, TextHeight);
+    EndMove();
+    return true;
+}
+
+std::optional<Outline> VostelTextRect::RegionOutline() const
+{
+    return std::nullopt;
+}
+
+CString VostelTextRect::CaptionText() const
+{
+    return Text;
+}
+
+bool VostelTextRect::TakeText(const CString& text)
+{
+    Text = text;
+    const MeasuringContext context(Kit);
+    ApplyTextStyle();
+    const CRect extent = TextExtent(Kit.Dc, Text);
+    PlaceCorner(ImagePoints.empty() ? PointTemplateBase<double>() : ImagePoints[0], extent.Width(),
+                extent.Height());
+    return true;
+}
+
+// The style says only in part whether there is a frame and a background: what was set before stays.
+void VostelTextRect::Persist(StateArchive& archive)
+{
+    VostelSizeFixedRect::Persist(archive);
+    archive(Text, Anchor, TextWidth, TextHeight, DrawBody, Kit.BkMode);
+}
+
 void VostelTextRect::ApplyTextStyle()
 {
     switch (StyleFontType) {
@@ -115,6 +168,23 @@ CPoint VostelTextRect::NearestCorner(CPoint p) const
             return corners[i];
     }
     return corners[3];
+}
+
+void VostelTextRect::MoveBy(double dx, double dy)
+{
+    if (!ImagePoints.empty())
+        PlaceCorner({ImagePoints[0].x + dx, ImagePoints[0].y + dy}, TextWidth, TextHeight);
+}
+
+void VostelTextRect::PlaceCorner(PointTemplateBase<double> corner, int width, int height)
+{
+    TextWidth = width;
+    TextHeight = height;
+    ImagePoints.assign({corner, {corner.x + width, corner.y + height}});
+    if (!View)
+        return;
+    Anchor = View->ImageToClient(corner);
+    DerivePainted();
 }
 
 void VostelTextRect::PlaceMeasured(const CRect& extent)

@@ -26,15 +26,29 @@ public:
     CRect   MeasureText(CString& text) override;
     void    SetTextAt(CString& text, CPoint at) override;
     CString GetResultText() override;
+    void    DerivePainted() override;
+
+    std::vector<PointTemplateBase<double>> GivePoints() const override;    // the upper left corner
+    bool TakePoints(std::span<const PointTemplateBase<double>> points) override;
+    // None, and no interior to hit by: a text is no region.
+    std::optional<Outline> RegionOutline() const override;
+    CString                CaptionText() const override;
+    bool                   TakeText(const CString& text) override;
+    void                   Persist(StateArchive& archive) override;
 
     // Turns the style fields into font, color and flags of Kit.
     void ApplyTextStyle();
+
+    // Moves the box by a step in image px.
+    void MoveBy(double dx, double dy);
 
     // The corner of ClientBox closest to p; bottom right if several are closest.
     CPoint NearestCorner(CPoint p) const;
 
 private:
     void PlaceMeasured(const CRect& extent);
+    // The corner in image px, the size in client px.
+    void PlaceCorner(PointTemplateBase<double> corner, int width, int height);
 };
 
 }

@@ -2,6 +2,7 @@
 
 #include "base/Truncate.h"
 #include "foundation/FormatText.h"
+#include "overlay/StateArchive.h"
 
 #include <algorithm>
 
@@ -10,7 +11,8 @@ namespace vostel {
 namespace {
 
 constexpr int FewestValues = 5;    // that are taken in
-constexpr int FewestDrawn = 6;     // a line of exactly 5 is taken in and not shown
+constexpr int LargestPlot = 32767;
+constexpr int FewestDrawn = 6;    // a line of exactly 5 is taken in and not shown
 
 }
 
@@ -49,9 +51,26 @@ void VostelCanvas::OnDraw(HDC dc)
     if (Data.Width < FewestDrawn)
         return;
     Kit.DrawCurve(Plot, ClientBox.left, ClientBox.bottom);
-    Kit.DrawLabel(FormatText(L"线数据的最小值为 %5.3f 最大值为 %5.3f", static_cast<double>(DataMin),
-                             static_cast<double>(DataMax)),
-                  WrapAdd(ClientBox.left, 5), WrapAdd(ClientBox.top, 5));
+    Kit.DrawLabel(CaptionText(), WrapAdd(ClientBox.left, 5), WrapAdd(ClientBox.top, 5));
+}
+
+void VostelCanvas::Persist(StateArchive& archive)
+{
+    VostelMovableRect::Persist(archive);
+    int width = PlotWidth;
+    int height = PlotHeight;
+    archive(width, height);
+    if (width < 0 || width > LargestPlot)
+        archive.Refuse();
+    else if (width != PlotWidth || height != PlotHeight)
+        SetPlacement(static_cast<float>(ClientBox.left), static_cast<float>(ClientBox.top),
+                     static_cast<float>(width), static_cast<float>(height));
+}
+
+CString VostelCanvas::CaptionText() const
+{
+    return FormatText(L"线数据的最小值为 %5.3f 最大值为 %5.3f", static_cast<double>(DataMin),
+                      static_cast<double>(DataMax));
 }
 
 }

@@ -19,7 +19,10 @@ public:
     void SetPlacement(float x, float y, float w, float h) override;
     void OnDraw(HDC dc) override;
     // Fewer than 5 values leave the plot as it was and Data with a single element.
-    void SetData(ClassData2DIO<float>& source) override;
+    void    SetData(ClassData2DIO<float>& source) override;
+    CString CaptionText() const override;
+    // With the size of the plot; the curve is what its owner shows.
+    void Persist(StateArchive& archive) override;
 };
 
 }

@@ -67,11 +67,16 @@ void VostelCrayonMStroke::OnKeyDown(unsigned int key, unsigned int, unsigned int
     StrokeWidth = std::clamp(StrokeWidth, ThinnestPen, WidestPen);
 }
 
+bool VostelCrayonMStroke::Hits(CPoint point) const
+{
+    const CRect box = StrokeBox();
+    return PtInRect(&box, point) != 0;
+}
+
 bool VostelCrayonMStroke::HitTest(CPoint point)
 {
     StrokeBounds = StrokeBox();
-    Selected = PtInRect(&StrokeBounds, point) != 0;
-    return Selected;
+    return VostelMPoint::HitTest(point);
 }
 
 void VostelCrayonMStroke::OnDraw(HDC dc)
@@ -79,6 +84,19 @@ void VostelCrayonMStroke::OnDraw(HDC dc)
     ShowHandles = false;
     BindKit(dc);
     Kit.DrawSegments(ClientPoints, StrokeStarts, StrokeWidth, LineColor());
+}
+
+bool VostelCrayonMStroke::TakePoints(std::span<const PointTemplateBase<double>> points)
+{
+    if (!VostelMPoint::TakePoints(points))
+        return false;
+    StrokeStarts.assign(1, 0);
+    return true;
+}
+
+VostelMPoint::PointCounts VostelCrayonMStroke::CountsTaken() const
+{
+    return {.Fewest = 2};
 }
 
 CRect VostelCrayonMStroke::StrokeBox() const

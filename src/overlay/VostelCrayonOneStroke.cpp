@@ -1,6 +1,7 @@
 #include "overlay/VostelCrayonOneStroke.h"
 
 #include "canvas/view/HitTests.h"
+#include "overlay/StateArchive.h"
 
 namespace vostel {
 
@@ -56,6 +57,30 @@ void VostelCrayonOneStroke::OnDraw(HDC dc)
 {
     BindKit(dc);
     Kit.DrawClosedPolyline(ClientPoints, LineColor());
+}
+
+bool VostelCrayonOneStroke::TakePoints(std::span<const PointTemplateBase<double>> points)
+{
+    if (!VostelMPoint::TakePoints(points))
+        return false;
+    StrokeDone = true;
+    return true;
+}
+
+std::optional<Outline> VostelCrayonOneStroke::RegionOutline() const
+{
+    return OutlineOfCorners();
+}
+
+void VostelCrayonOneStroke::Persist(StateArchive& archive)
+{
+    VostelMPoint::Persist(archive);
+    archive(StrokeDone);
+}
+
+VostelMPoint::PointCounts VostelCrayonOneStroke::CountsTaken() const
+{
+    return {.Fewest = FewestCorners};
 }
 
 }

@@ -16,6 +16,13 @@ public:
     void OnLButtonUp(unsigned int flags, CPoint point) override;
     void OnMouseMove(unsigned int flags, CPoint point) override;
     void OnDraw(HDC dc) override;
+
+    bool                   TakePoints(std::span<const PointTemplateBase<double>> points) override;
+    std::optional<Outline> RegionOutline() const override;
+    void                   Persist(StateArchive& archive) override;
+
+protected:
+    PointCounts CountsTaken() const override;
 };
 
 }

@@ -42,11 +42,16 @@ void VostelCustomRect::SetPlacement(float x, float y, float w, float h)
 void VostelCustomRect::OnDraw(HDC dc)
 {
     Kit.Dc = dc;
+    VostelCustomRect::DerivePainted();
+    if (DrawBody)
+        DrawBox(LineColor());
+}
+
+void VostelCustomRect::DerivePainted()
+{
     RefreshClientGeometry();
     if (ClientPoints.size() == 2)
         ClientBox = NormalisedBox(ClientPoints[0], ClientPoints[1]);
-    if (DrawBody)
-        DrawBox(LineColor());
 }
 
 }

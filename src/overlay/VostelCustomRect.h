@@ -14,6 +14,7 @@ public:
     void OnMouseMove(unsigned int flags, CPoint point) override;
     void SetPlacement(float x, float y, float w, float h) override;    // image px, truncated
     void OnDraw(HDC dc) override;
+    void DerivePainted() override;
 };
 
 }

@@ -100,9 +100,14 @@ void VostelMPoint::RefreshClientGeometry()
     CalcHandleRects(ClientPoints, HandleRects, HandleRadius);
 }
 
+bool VostelMPoint::Hits(CPoint point) const
+{
+    return PointInPolygon(ClientPoints, point) || HitRectList(HandleRects, point) != -1;
+}
+
 bool VostelMPoint::HitTest(CPoint point)
 {
-    Selected = PointInPolygon(ClientPoints, point) || HitRectList(HandleRects, point) != -1;
+    Selected = Hits(point);
     return Selected;
 }
 
@@ -131,10 +136,29 @@ bool VostelMPoint::GetImagePoints(std::vector<PointTemplateBase<int>>& out)
 
 bool VostelMPoint::GetImagePolygon(std::vector<PointTemplateBase<int>>& out)
 {
-    if (ImagePoints.size() < 3)
+    if (ImagePoints.size() < FewestCorners)
         return false;
     TruncateImagePoints(out);
     return true;
+}
+
+bool VostelMPoint::TakePoints(std::span<const PointTemplateBase<double>> points)
+{
+    const PointCounts counts = CountsTaken();
+    if (points.size() < counts.Fewest || points.size() > counts.Most)
+        return false;
+    ImagePoints.assign(points.begin(), points.end());
+    EndMove();
+    if (View) {
+        RefreshClientGeometry();
+        DerivePainted();
+    }
+    return true;
+}
+
+VostelMPoint::PointCounts VostelMPoint::CountsTaken() const
+{
+    return {};
 }
 
 void VostelMPoint::AddImagePoint(CPoint point, PointTemplateBase<double> offset)
@@ -204,6 +228,13 @@ CPoint VostelMPoint::SnapIntoImage(CPoint point) const
     imagePoint.x = Clamped(imagePoint.x, View->ImageWidth);
     imagePoint.y = Clamped(imagePoint.y, View->ImageHeight);
     return View->ImageToClient(imagePoint);
+}
+
+std::optional<Outline> VostelMPoint::OutlineOfCorners() const
+{
+    if (ImagePoints.size() < FewestCorners)
+        return std::nullopt;
+    return Outline::OfPolygon(ImagePoints);
 }
 
 void VostelMPoint::TruncateImagePoints(std::vector<PointTemplateBase<int>>& out) const

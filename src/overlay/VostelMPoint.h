@@ -15,13 +15,15 @@ public:
     void OnMouseMove(unsigned int flags, CPoint point) override;
     void OnKeyDown(unsigned int key, unsigned int repeat, unsigned int keyFlags) override;
     void RefreshClientGeometry() override;
-    bool HitTest(CPoint point) override;
-    void OnDraw(HDC dc) override;    // handles only; outlines are the descendants'
+    bool Hits(CPoint point) const override;
+    bool HitTest(CPoint point) override;    // writes Selected
+    void OnDraw(HDC dc) override;           // handles only; outlines are the descendants'
     void SetClickPerPoint(int mode) override;
     void SetMaxPoints(int count) override;
     bool
     GetImagePoints(std::vector<PointTemplateBase<int>>& out) override;    // truncated; true also for none
     bool GetImagePolygon(std::vector<PointTemplateBase<int>>& out) override;    // false below three points
+    bool TakePoints(std::span<const PointTemplateBase<double>> points) override;
 
     // Appends the client point plus an offset in image px; the client list is not touched.
     void AddImagePoint(CPoint point, PointTemplateBase<double> offset = {});
@@ -31,10 +33,20 @@ public:
     void BuildClientPoints();
 
 protected:
+    // How many points TakePoints takes.
+    struct PointCounts {
+        std::size_t Fewest = 1;
+        std::size_t Most = SIZE_MAX;
+    };
+    virtual PointCounts CountsTaken() const;
+
     // Empties the lists; their storage stays for the shape that begins again.
     void StartOver();
     // The client point moved to the nearest one that lies on the image.
     CPoint SnapIntoImage(CPoint point) const;
+    // The image points as corners of a region.
+    static constexpr std::size_t FewestCorners = 3;
+    std::optional<Outline>       OutlineOfCorners() const;
     // Image points of a shape as its outline.
     void TruncateImagePoints(std::vector<PointTemplateBase<int>>& out) const;
 

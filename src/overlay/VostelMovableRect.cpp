@@ -1,6 +1,7 @@
 #include "overlay/VostelMovableRect.h"
 
 #include "base/Truncate.h"
+#include "overlay/StateArchive.h"
 
 namespace vostel {
 
@@ -26,9 +27,14 @@ void VostelMovableRect::OnMouseMove(unsigned int, CPoint point)
     LastPoint = point;
 }
 
+bool VostelMovableRect::Hits(CPoint point) const
+{
+    return PtInRect(&ClientBox, point) != 0;
+}
+
 bool VostelMovableRect::HitTest(CPoint point)
 {
-    Selected = PtInRect(&ClientBox, point) != 0;
+    Selected = Hits(point);
     return Selected;
 }
 
@@ -44,6 +50,34 @@ void VostelMovableRect::OnDraw(HDC dc)
 {
     BindKit(dc);
     Kit.DrawRectOutline(ClientBox, FrameColor);
+}
+
+std::vector<PointTemplateBase<double>> VostelMovableRect::GivePoints() const
+{
+    return {PointTemplateBase<double>(ClientBox.left, ClientBox.top)};
+}
+
+bool VostelMovableRect::TakePoints(std::span<const PointTemplateBase<double>> points)
+{
+    if (points.size() != 1)
+        return false;
+    MoveCorner(CPoint(TruncToInt(points[0].x), TruncToInt(points[0].y)));
+    ButtonDown = false;
+    return true;
+}
+
+// The size belongs to what the panel shows.
+void VostelMovableRect::Persist(StateArchive& archive)
+{
+    VostelObj::Persist(archive);
+    CPoint corner(ClientBox.left, ClientBox.top);
+    archive(corner);
+    MoveCorner(corner);
+}
+
+void VostelMovableRect::MoveCorner(CPoint corner)
+{
+    OffsetRect(&ClientBox, WrapSub(corner.x, ClientBox.left), WrapSub(corner.y, ClientBox.top));
 }
 
 }

@@ -10,9 +10,17 @@ class VostelMovableRect : public VostelObj {
 public:
     void OnLButtonDown(unsigned int flags, CPoint point) override;
     void OnMouseMove(unsigned int flags, CPoint point) override;
-    bool HitTest(CPoint point) override;
+    bool Hits(CPoint point) const override;
+    bool HitTest(CPoint point) override;                               // writes Selected
     void SetPlacement(float x, float y, float w, float h) override;    // client px, truncated
     void OnDraw(HDC dc) override;
+
+    std::vector<PointTemplateBase<double>> GivePoints() const override;    // the upper left corner
+    bool TakePoints(std::span<const PointTemplateBase<double>> points) override;
+    void Persist(StateArchive& archive) override;
+
+private:
+    void MoveCorner(CPoint corner);    // upper left; the size stays
 };
 
 }

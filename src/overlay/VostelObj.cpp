@@ -1,5 +1,6 @@
 #include "overlay/VostelObj.h"
 
+#include "overlay/StateArchive.h"
 #include "platform/HostServices.h"
 
 namespace vostel {
@@ -37,10 +38,17 @@ void VostelObj::SetCanvasView(CanvasView* view)
 
 void VostelObj::RefreshClientGeometry() {}
 
-bool VostelObj::HitTest(CPoint)
+bool VostelObj::Hits(CPoint) const
 {
     return false;
 }
+
+bool VostelObj::HitTest(CPoint point)
+{
+    return Hits(point);
+}
+
+void VostelObj::DerivePainted() {}
 
 void VostelObj::SetPlacement(float, float, float, float) {}
 
@@ -146,6 +154,63 @@ void VostelObj::SetData(ClassData2DIO<float>& source)
 CString VostelObj::GetResultText()
 {
     return L"NULL";
+}
+
+std::vector<PointTemplateBase<double>> VostelObj::GivePoints() const
+{
+    return ImagePoints;
+}
+
+bool VostelObj::TakePoints(std::span<const PointTemplateBase<double>>)
+{
+    return false;
+}
+
+std::optional<Outline> VostelObj::RegionOutline() const
+{
+    return std::nullopt;
+}
+
+CString VostelObj::CaptionText() const
+{
+    return CString();
+}
+
+bool VostelObj::TakeText(const CString&)
+{
+    return false;
+}
+
+void VostelObj::Persist(StateArchive& archive)
+{
+    archive.Expect(TypeCode);
+    archive(TypeSerial, SerialNo, ImagePoints, StrokeStarts);
+    archive(StyleFontType, StyleColor, StyleBkMode, StyleHeight, LineColorIdle, LineColorSel, LineWidth,
+            StrokeWidth, FillColor);
+    archive(HandleShape, HandleColorSel, HandleColorIdle, HandleColorAlt, HandleRadius);
+    archive(Hidden, Locked, OpenMade, EllipseMode, FixedSize, ClampToImage, ControlOn, ClickPerPoint,
+            MaxPoints);
+    archive(MeasureScale, MeasureArmed, WindowLow, WindowHigh);
+}
+
+std::vector<unsigned char> VostelObj::SaveState()
+{
+    StateArchive archive;
+    Persist(archive);
+    return archive.TakeBytes();
+}
+
+bool VostelObj::LoadState(std::span<const unsigned char> state)
+{
+    StateArchive archive(state);
+    Persist(archive);
+    if (!archive.IsWhole())
+        return false;
+    if (View) {
+        SetCanvasView(View);
+        DerivePainted();
+    }
+    return true;
 }
 
 PointTemplateBase<double> VostelObj::ClientToImage(CPoint point) const

@@ -3,16 +3,20 @@
 #include "canvas/view/CanvasView.h"
 #include "canvas/view/Colors.h"
 #include "canvas/view/PaintKit.h"
+#include "geometry/Outline.h"
 #include "vostel/CanvasTypes.h"
 #include "vostel/Containers.h"
 #include "vostel/platform.h"
 
 #include <cstdint>
+#include <optional>
+#include <span>
 #include <vector>
 
 namespace vostel {
 
 class ImageValues;
+class StateArchive;
 
 // Kinds of overlay objects: values of VostelObj::TypeCode.
 enum OverlayKind : int {
@@ -92,6 +96,15 @@ public:
     CPoint               HoverPoint;              // client px
     ClassData2DIO<float> Data;
     double               MeasureScale = 1.0;    // length units per image px
+    std::uint64_t        Identity = 0;          // given by the canvas's document; 0 for none yet
+    bool                 Hidden = false;
+    bool                 Locked = false;
+    // Made through the open interface: captions say the measure, hits go by the exact outline.
+    bool         OpenMade = false;
+    double       LineWidth = 1.0;    // px
+    unsigned int FillColor = 0;      // 0xAARRGGBB, of the interior of a region
+    double       WindowLow = 0.0;    // contrast window of a region in image values; none while equal
+    double       WindowHigh = 0.0;
 
     VostelObj() = default;
     VostelObj(const VostelObj&) = delete;
@@ -107,7 +120,12 @@ public:
 
     virtual void SetCanvasView(CanvasView* view);
     virtual void RefreshClientGeometry();
-    virtual bool HitTest(CPoint point);    // false leaves Selected alone here; descendants write it
+    // Whether a press at the point means this object.
+    virtual bool Hits(CPoint point) const;
+    // What Hits says, noted where later events look; Selected is left alone here, descendants write it.
+    virtual bool HitTest(CPoint point);
+    // Derives from view and image points what a paint derives, for an object that was not painted yet.
+    virtual void DerivePainted();
     virtual void SetPlacement(float x, float y, float w, float h);
     virtual void OnDraw(HDC dc);
 
@@ -138,6 +156,26 @@ public:
     virtual void    AddTextLine(CString line);
     virtual void    SetData(ClassData2DIO<float>& source);
     virtual CString GetResultText();    // "NULL" where the kind has no result
+
+    // The points that define the object, in image px, or client px of panels; an angle gives end, vertex,
+    // end.
+    virtual std::vector<PointTemplateBase<double>> GivePoints() const;
+    // Becomes the object of those points and places its caption. False for a number of points that the kind
+    // does not have; nothing is changed then.
+    virtual bool TakePoints(std::span<const PointTemplateBase<double>> points);
+    // The exact outline of a region, of enough points.
+    virtual std::optional<Outline> RegionOutline() const;
+    // The text of text objects, the caption of measures; else empty.
+    virtual CString CaptionText() const;
+    // Becomes the text of a text object, which keeps its upper left corner. False for all other kinds.
+    virtual bool TakeText(const CString& text);
+
+    // Lists the fields of the object's state for saving and loading. Identity, selection, gestures under way,
+    // what is derived and what is borrowed are no state.
+    virtual void               Persist(StateArchive& archive);
+    std::vector<unsigned char> SaveState();
+    // False for bytes that are not the whole state of an object of this kind; it may be half loaded then.
+    bool LoadState(std::span<const unsigned char> state);
 
     // The two conversions of the view. Without a view they show "显示信息未提供" and go on with zeros.
     PointTemplateBase<double> ClientToImage(CPoint point) const;

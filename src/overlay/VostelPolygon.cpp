@@ -13,4 +13,14 @@ void VostelPolygon::OnDraw(HDC dc)
     Kit.DrawClosedPolyline(ClientPoints, LineColor());
 }
 
+std::optional<Outline> VostelPolygon::RegionOutline() const
+{
+    return OutlineOfCorners();
+}
+
+VostelMPoint::PointCounts VostelPolygon::CountsTaken() const
+{
+    return {.Fewest = FewestCorners};
+}
+
 }

@@ -11,6 +11,11 @@ public:
     VostelPolygon();
 
     void OnDraw(HDC dc) override;
+
+    std::optional<Outline> RegionOutline() const override;
+
+protected:
+    PointCounts CountsTaken() const override;
 };
 
 }

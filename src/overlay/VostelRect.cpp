@@ -21,16 +21,23 @@ void VostelRect::OnMouseMove(unsigned int flags, CPoint point)
     VostelMPoint::OnMouseMove(flags, point);
 }
 
-bool VostelRect::HitTest(CPoint point)
+bool VostelRect::Hits(CPoint point) const
 {
-    Selected = PtInRect(&ClientBox, point) || HitRectList(HandleRects, point) != -1;
-    return Selected;
+    return PtInRect(&ClientBox, point) || HitRectList(HandleRects, point) != -1;
 }
 
 void VostelRect::OnDraw(HDC dc)
 {
     DrawBody = true;
     VostelSingleLine::OnDraw(dc);
+}
+
+std::optional<Outline> VostelRect::RegionOutline() const
+{
+    if (ImagePoints.size() != 2)
+        return std::nullopt;
+    return EllipseMode ? Outline::OfEllipse(ImagePoints[0], ImagePoints[1])
+                       : Outline::OfRectangle(ImagePoints[0], ImagePoints[1]);
 }
 
 }

@@ -14,8 +14,10 @@ public:
 
     void OnLButtonDown(unsigned int flags, CPoint point) override;
     void OnMouseMove(unsigned int flags, CPoint point) override;
-    bool HitTest(CPoint point) override;
+    bool Hits(CPoint point) const override;
     void OnDraw(HDC dc) override;
+
+    std::optional<Outline> RegionOutline() const override;
 };
 
 }

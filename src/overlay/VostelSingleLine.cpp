@@ -29,19 +29,7 @@ void VostelSingleLine::OnLButtonDown(unsigned int flags, CPoint point)
 void VostelSingleLine::OnDraw(HDC dc)
 {
     ShowHandles = true;
-    const bool line = ClientPoints.size() == 2;
-    if (line) {
-        const CPoint& a = ClientPoints[0];
-        const CPoint& b = ClientPoints[1];
-        MidPoint = CPoint(TruncToInt((static_cast<double>(a.x) + b.x) * 0.5),
-                          TruncToInt((static_cast<double>(a.y) + b.y) * 0.5));
-        MidRect = CRect(WrapSub(MidPoint.x, HandleRadius), WrapSub(MidPoint.y, HandleRadius),
-                        WrapAdd(MidPoint.x, HandleRadius), WrapAdd(MidPoint.y, HandleRadius));
-        ClientBox = NormalisedBox(a, b);
-        if (ImagePoints.size() == 2)
-            ImageBox = NormalisedBox(CPoint(TruncToInt(ImagePoints[0].x), TruncToInt(ImagePoints[0].y)),
-                                     CPoint(TruncToInt(ImagePoints[1].x), TruncToInt(ImagePoints[1].y)));
-    }
+    VostelSingleLine::DerivePainted();
     VostelMPoint::OnDraw(dc);
     if (HandleShape == SquareHandles)
         Kit.DrawRectOutline(MidRect, HandleColor());
@@ -49,8 +37,29 @@ void VostelSingleLine::OnDraw(HDC dc)
         Kit.DrawEllipseOutline(MidRect, HandleColor());
     if (DrawBody)
         DrawBox(LineColor());
-    else if (line)
+    else if (ClientPoints.size() == 2)
         Kit.DrawLine(ClientPoints[0], ClientPoints[1], 0, LineColor(), PS_SOLID);
+}
+
+void VostelSingleLine::DerivePainted()
+{
+    if (ClientPoints.size() != 2)
+        return;
+    const CPoint& a = ClientPoints[0];
+    const CPoint& b = ClientPoints[1];
+    MidPoint = CPoint(TruncToInt((static_cast<double>(a.x) + b.x) * 0.5),
+                      TruncToInt((static_cast<double>(a.y) + b.y) * 0.5));
+    MidRect = CRect(WrapSub(MidPoint.x, HandleRadius), WrapSub(MidPoint.y, HandleRadius),
+                    WrapAdd(MidPoint.x, HandleRadius), WrapAdd(MidPoint.y, HandleRadius));
+    ClientBox = NormalisedBox(a, b);
+    if (ImagePoints.size() == 2)
+        ImageBox = NormalisedBox(CPoint(TruncToInt(ImagePoints[0].x), TruncToInt(ImagePoints[0].y)),
+                                 CPoint(TruncToInt(ImagePoints[1].x), TruncToInt(ImagePoints[1].y)));
+}
+
+VostelMPoint::PointCounts VostelSingleLine::CountsTaken() const
+{
+    return {2, 2};
 }
 
 void VostelSingleLine::DrawBox(COLORREF color)

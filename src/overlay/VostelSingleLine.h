@@ -15,8 +15,10 @@ public:
 
     void OnLButtonDown(unsigned int flags, CPoint point) override;
     void OnDraw(HDC dc) override;
+    void DerivePainted() override;    // middle handle and boxes
 
 protected:
+    PointCounts CountsTaken() const override;
     // The outline of ClientBox, as a rectangle or an ellipse.
     void DrawBox(COLORREF color);
 };

@@ -10,6 +10,7 @@ namespace vostel {
 
 namespace {
 
+constexpr std::size_t  MostNodes = 198;    // that mB3Line solves, with the first one repeated
 constexpr std::int64_t OutlineStep = 4;    // client px, |dx| + |dy|
 
 std::int64_t Distance(PointTemplateBase<int> a, PointTemplateBase<int> b)
@@ -28,6 +29,14 @@ VostelSpline::VostelSpline()
 void VostelSpline::OnDraw(HDC dc)
 {
     BindKit(dc);
+    DerivePainted();
+    Kit.DrawClosedPolyline(CurvePoints, LineColor());
+    // Always round, always shown and always in the line color, unlike the handles of other shapes.
+    Kit.DrawHandles(HandleRects, LineColor(), RoundHandles);
+}
+
+void VostelSpline::DerivePainted()
+{
     ClientCount = static_cast<int>(ClientPoints.size());
     ClosedNodes.clear();
     CurvePoints.clear();
@@ -36,12 +45,8 @@ void VostelSpline::OnDraw(HDC dc)
         ClosedNodes.emplace_back(point.x, point.y);
     if (!ClosedNodes.empty())
         ClosedNodes.push_back(ClosedNodes.front());
-    if (ClientCount > 1) {
+    if (ClientCount > 1)
         mB3Line(ClosedNodes, CurvePoints, ControlPoints);
-        Kit.DrawClosedPolyline(CurvePoints, LineColor());
-    }
-    // Always round, always shown and always in the line color, unlike the handles of other shapes.
-    Kit.DrawHandles(HandleRects, LineColor(), RoundHandles);
 }
 
 bool VostelSpline::GetLabelOutline(std::vector<PointTemplateBase<int>>& out)
@@ -73,6 +78,18 @@ void VostelSpline::ClearPoints()
     std::vector<PointTemplateBase<int>>().swap(ClosedNodes);
     std::vector<PointTemplateBase<int>>().swap(ControlPoints);
     std::vector<PointTemplateBase<int>>().swap(CurvePoints);
+}
+
+std::optional<Outline> VostelSpline::RegionOutline() const
+{
+    if (ImagePoints.size() < FewestCorners)
+        return std::nullopt;
+    return Outline::OfSpline(ImagePoints);
+}
+
+VostelMPoint::PointCounts VostelSpline::CountsTaken() const
+{
+    return {FewestCorners, MostNodes};
 }
 
 }

@@ -15,10 +15,16 @@ public:
     VostelSpline();
 
     void OnDraw(HDC dc) override;
+    void DerivePainted() override;    // the curve
     // The curve of the last paint, thinned to steps of at least 4 client px, in image px. False for fewer
     // than 3 curve points: a spline that was never painted has no outline.
     bool GetLabelOutline(std::vector<PointTemplateBase<int>>& out) override;
     void ClearPoints() override;
+
+    std::optional<Outline> RegionOutline() const override;
+
+protected:
+    PointCounts CountsTaken() const override;
 };
 
 }

@@ -6,6 +6,14 @@
 
 namespace vostel {
 
+// What the host set for all that is drawn on a canvas.
+struct CanvasSettings {
+    double  PixelRatio = 1.0;    // device px per px of pens, handles, fonts and controls
+    bool    English = false;     // captions and read-outs; else Chinese
+    double  UnitsPerPixel = 1.0;
+    CString Unit = L"px";    // of lengths in captions
+};
+
 // The transform between image pixels and the host's client area, and the mouse gestures that change it.
 // Overlay objects hold a pointer to the canvas's view and read its fields to place themselves.
 //
@@ -28,6 +36,7 @@ public:
     double AnchorY = 0.0;
     CRect  SourceRect;            // image px; what the last blit showed
     bool   FirstClient = true;    // no client rectangle has been set yet
+    CanvasSettings Settings;
 
     // Places the view in a client area: centred at first, afterwards held in place by the anchors.
     void SetClientRect(CRect rect);
