@@ -29,9 +29,11 @@
 #include <functional>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
-// What the library said to and asked of the desktop, for all hosts of one test.
+// What the library said to and asked of the desktop, for all hosts of one test. Of several the last one made
+// is used; when it ends, the one before.
 struct TestDesktop {
     std::vector<CString>  Messages;
     std::vector<HWND>     Invalidated;
@@ -42,7 +44,17 @@ struct TestDesktop {
     std::function<bool(const VostelFileRequest&, std::vector<CString>&)> ChooseFiles;
     std::function<bool(const CString&, CString&)>                        ChooseFolder;
 
-    TestDesktop()
+    TestDesktop() : Before(std::exchange(Used, this)) { Install(); }
+    ~TestDesktop()
+    {
+        Used = Before;
+        Used ? Used->Install() : gSetHostServices(VostelHostServices());
+    }
+    TestDesktop(const TestDesktop&) = delete;
+    TestDesktop& operator=(const TestDesktop&) = delete;
+
+private:
+    void Install()
     {
         VostelHostServices services;
         services.ShowMessage = [this](const CString& text) {
@@ -67,9 +79,9 @@ struct TestDesktop {
         };
         gSetHostServices(services);
     }
-    ~TestDesktop() { gSetHostServices(VostelHostServices()); }
-    TestDesktop(const TestDesktop&) = delete;
-    TestDesktop& operator=(const TestDesktop&) = delete;
+
+    inline static TestDesktop* Used = nullptr;
+    TestDesktop*               Before;
 };
 
 // Dialogs of a test, the library's own afterwards.
@@ -79,6 +91,16 @@ struct TestDialogs {
     TestDialogs(const TestDialogs&) = delete;
     TestDialogs& operator=(const TestDialogs&) = delete;
 };
+
+// Dialogs that the person cancels. The library's own wait for a person where there are windows.
+inline TessikDialogs CancelledDialogs()
+{
+    TessikDialogs dialogs;
+    dialogs.ImaLoadPara = [](tagZEKImaLoadPara&) { return false; };
+    dialogs.ImaROIRectPara = [](tagZEKImaROIRectPara&) { return false; };
+    dialogs.ImaGeneralPara = [](tagZEKImaGeneralPara&, CString&, CString&) { return false; };
+    return dialogs;
+}
 
 template <typename T, typename F>
 void FillPlane(ClassData2DIO<T>& plane, int width, int height, F&& valueAt)

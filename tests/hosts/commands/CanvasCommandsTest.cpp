@@ -49,11 +49,8 @@ TEST_CASE("what needs an image is offered with one only, saving float data with 
 
 TEST_CASE("every command that is not the viewer's is carried out on a canvas with and without an image")
 {
-    HostCanvas    host(4, 200, 150);    // its scale changes
-    TessikDialogs cancelled;
-    cancelled.ImaROIRectPara = [](tagZEKImaROIRectPara&) { return false; };
-    cancelled.ImaGeneralPara = [](tagZEKImaGeneralPara&, CString&, CString&) { return false; };
-    const TestDialogs installed(cancelled);
+    HostCanvas        host(4, 200, 150);    // its scale changes
+    const TestDialogs dialogs(CancelledDialogs());
     for (const bool withImage : {false, true})
         for (const CommandEntry& entry : AllCommands()) {
             if (withImage)

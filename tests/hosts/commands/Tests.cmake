@@ -5,7 +5,5 @@ if(VOSTEL_BUILD_DEMO)
     vostel_test(hosts/commands/RecentFileListTest)
     vostel_test(hosts/commands/RoutineRunnerTest)
     vostel_test(hosts/commands/RoutineTest)
-    if(NOT WIN32)    # under Wine a run does not end; the windows themselves are tested in hosts/win32
-        vostel_test(hosts/commands/ViewerSessionTest)
-    endif()
+    vostel_test(hosts/commands/ViewerSessionTest)
 endif()

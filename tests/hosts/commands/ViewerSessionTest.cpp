@@ -423,9 +423,10 @@ TEST_CASE("files of the dialog open on the current canvas and come first among t
 
 TEST_CASE("a window that brings nothing but Post can be driven")
 {
-    HostCanvas   host(0, 60, 40);
-    PostedCalls  posted;
-    ViewerWindow window;
+    HostCanvas        host(0, 60, 40);
+    const TestDialogs dialogs(CancelledDialogs());
+    PostedCalls       posted;
+    ViewerWindow      window;
     window.Post = [&](std::function<void()> call) { posted.Add(std::move(call)); };
     ViewerSession session(window, {});
     for (const CommandEntry& entry : AllCommands())
