@@ -38,7 +38,7 @@ void VostelFixedRect::SetCanvasView(CanvasView* view)
 
 void VostelFixedRect::RefreshClientGeometry() {}
 
-bool VostelFixedRect::Hits(CPoint point) const
+bool VostelFixedRect::Covers(CPoint point) const
 {
     return PtInRect(&ClientBox, point) != 0;
 }

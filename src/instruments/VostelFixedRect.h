@@ -19,7 +19,7 @@ public:
     void OnKeyDown(unsigned int key, unsigned int repeat, unsigned int keyFlags) override;
     void SetCanvasView(CanvasView* view) override;
     void RefreshClientGeometry() override;
-    bool Hits(CPoint point) const override;
+    bool Covers(CPoint point) const override;
     void SetPlacement(float x, float y, float w, float h) override;
     void OnDraw(HDC dc) override;
     void Persist(StateArchive& archive) override;

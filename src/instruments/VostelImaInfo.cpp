@@ -43,7 +43,7 @@ void VostelImaInfo::OnMouseMove(unsigned int flags, CPoint point)
         AddTextLine(FormatText(L"R = %d G=%d B=%d", static_cast<int>(word >> 16 & 0xFF),
                                static_cast<int>(word >> 8 & 0xFF), static_cast<int>(word & 0xFF)));
     } else {
-        AddTextLine(L"没有图像数据");
+        AddTextLine(Settings() && Settings()->English ? L"No image data" : L"没有图像数据");
     }
 }
 

@@ -50,7 +50,7 @@ void VostelLineProfile::SetCanvasView(CanvasView* view)
     ProfilePlot.SetCanvasView(view);
 }
 
-bool VostelLineProfile::Hits(CPoint point) const
+bool VostelLineProfile::Covers(CPoint point) const
 {
     return PtInRect(&MidRect, point) || HitRectList(HandleRects, point) != -1 || ProfilePlot.Hits(point);
 }

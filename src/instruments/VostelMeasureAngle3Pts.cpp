@@ -1,5 +1,8 @@
 #include "instruments/VostelMeasureAngle3Pts.h"
 
+#include "geometry/Lengths.h"
+#include "instruments/CaptionTexts.h"
+
 #include <array>
 #include <utility>
 
@@ -26,7 +29,7 @@ void VostelMeasureAngle3Pts::OnLButtonDown(unsigned int flags, CPoint point)
         if (static_cast<int>(ImagePoints.size()) >= MaxPoints)
             StartOver();
         const PointTemplateBase<double> at = ClientToImage(point);
-        const double                    arm = ArmLength / (View ? View->Scale : 1.0);
+        const double                    arm = ArmLength * PixelRatio() / (View ? View->Scale : 1.0);
         ImagePoints.emplace_back(at.x, at.y);
         ImagePoints.emplace_back(at.x, at.y - arm);
         ImagePoints.emplace_back(at.x + arm, at.y);
@@ -52,9 +55,10 @@ void VostelMeasureAngle3Pts::OnDraw(HDC dc)
     if (ClientPoints.size() == 3) {
         Kit.DrawLine(ClientPoints[0], ClientPoints[1], 0, LineColor(), PS_SOLID);
         Kit.DrawLine(ClientPoints[0], ClientPoints[2], 0, LineColor(), PS_SOLID);
-        DrawConnector(ClientPoints[0]);
+        DrawLabel(dc, ClientPoints[0]);
+    } else {
+        Label.OnDraw(dc);
     }
-    Label.OnDraw(dc);
 }
 
 std::vector<PointTemplateBase<double>> VostelMeasureAngle3Pts::GivePoints() const
@@ -79,7 +83,8 @@ VostelMPoint::PointCounts VostelMeasureAngle3Pts::CountsTaken() const
 
 void VostelMeasureAngle3Pts::PlaceFirstLabel()
 {
-    PlaceLabel(static_cast<float>(ClientPoints[0].x) - 100.0f, static_cast<float>(ClientPoints[0].y) - 100.0f,
+    const float offset = static_cast<float>(Scaled(100));
+    PlaceLabel(static_cast<float>(ClientPoints[0].x) - offset, static_cast<float>(ClientPoints[0].y) - offset,
                0.0f, 0.0f);
 }
 
@@ -88,6 +93,8 @@ CString VostelMeasureAngle3Pts::CaptionText() const
     if (ImagePoints.size() < 3)
         return CString();
     const PointTemplateBase<double>& vertex = ImagePoints[0];
+    if (OpenMade)
+        return AngleCaption(AngleBetween(vertex, ImagePoints[1], vertex, ImagePoints[2]), Settings());
     return AngleText(vertex.x - ImagePoints[1].x, vertex.y - ImagePoints[1].y, vertex.x - ImagePoints[2].x,
                      vertex.y - ImagePoints[2].y);
 }

@@ -1,6 +1,8 @@
 #include "instruments/VostelMeasureAngle4Pts.h"
 
 #include "base/Truncate.h"
+#include "geometry/Lengths.h"
+#include "instruments/CaptionTexts.h"
 
 #include <cstdint>
 
@@ -9,7 +11,7 @@ namespace vostel {
 namespace {
 
 constexpr double NearEnd = 100.0;    // client px from the press at its zoom; the far ends lie twice as far
-constexpr int    GripRadius = 4;
+constexpr int    GripRadius = 4;     // px
 
 // A x + B y + C = 0 through two points. The integers are formed whole and then rounded to float once.
 struct Line {
@@ -40,13 +42,14 @@ void VostelMeasureAngle4Pts::OnLButtonDown(unsigned int flags, CPoint point)
         if (static_cast<int>(ImagePoints.size()) >= MaxPoints)
             StartOver();
         const PointTemplateBase<double> at = ClientToImage(point);
-        const double                    u = NearEnd / (View ? View->Scale : 1.0);
+        const double                    u = NearEnd * PixelRatio() / (View ? View->Scale : 1.0);
         ImagePoints.emplace_back(at.x, at.y - u);
         ImagePoints.emplace_back(at.x, at.y - 2.0 * u);
         ImagePoints.emplace_back(at.x + u, at.y);
         ImagePoints.emplace_back(at.x + 2.0 * u, at.y);
         RefreshClientGeometry();
-        PlaceLabel(static_cast<float>(Cross.x) - 200.0f, static_cast<float>(Cross.y) - 100.0f, 50.0f, 30.0f);
+        PlaceLabel(static_cast<float>(Cross.x) - static_cast<float>(Scaled(200)),
+                   static_cast<float>(Cross.y) - static_cast<float>(Scaled(100)), 50.0f, 30.0f);
     }
     Label.OnLButtonDown(flags, point);
 }
@@ -67,9 +70,9 @@ void VostelMeasureAngle4Pts::SetCanvasView(CanvasView* view)
     RefreshCross();
 }
 
-bool VostelMeasureAngle4Pts::Hits(CPoint point) const
+bool VostelMeasureAngle4Pts::Covers(CPoint point) const
 {
-    return PtInRect(&CrossBox, point) || VostelMeasureAngle::Hits(point);
+    return PtInRect(&CrossBox, point) || VostelMeasureAngle::Covers(point);
 }
 
 void VostelMeasureAngle4Pts::OnDraw(HDC dc)
@@ -80,9 +83,10 @@ void VostelMeasureAngle4Pts::OnDraw(HDC dc)
         Kit.DrawEllipseOutline(CrossBox, Yellow);
         for (const CPoint& end : ClientPoints)
             Kit.DrawLine(end, Cross, 0, LineColor(), PS_SOLID);
-        DrawConnector(ClientPoints[0]);
+        DrawLabel(dc, ClientPoints[0]);
+    } else {
+        Label.OnDraw(dc);
     }
-    Label.OnDraw(dc);
 }
 
 void VostelMeasureAngle4Pts::DerivePainted()
@@ -99,15 +103,15 @@ VostelMPoint::PointCounts VostelMeasureAngle4Pts::CountsTaken() const
 // Where a gesture places it too, told from the first point: of any two lines the cross may lie far away.
 void VostelMeasureAngle4Pts::PlaceFirstLabel()
 {
-    PlaceLabel(static_cast<float>(ClientPoints[0].x) - 200.0f, static_cast<float>(ClientPoints[0].y), 50.0f,
-               30.0f);
+    PlaceLabel(static_cast<float>(ClientPoints[0].x) - static_cast<float>(Scaled(200)),
+               static_cast<float>(ClientPoints[0].y), 50.0f, 30.0f);
 }
 
 void VostelMeasureAngle4Pts::PlaceCross(int x, int y)
 {
     Cross = CPoint(x, y);
-    CrossBox =
-        CRect(WrapSub(x, GripRadius), WrapSub(y, GripRadius), WrapAdd(x, GripRadius), WrapAdd(y, GripRadius));
+    const int radius = Scaled(GripRadius);
+    CrossBox = CRect(WrapSub(x, radius), WrapSub(y, radius), WrapAdd(x, radius), WrapAdd(y, radius));
 }
 
 // Parallel lines divide by zero: the grip then lies where truncating an infinite value puts it.
@@ -126,8 +130,11 @@ void VostelMeasureAngle4Pts::RefreshCross()
 
 CString VostelMeasureAngle4Pts::CaptionText() const
 {
-    if (ClientPoints.size() < 4)
+    if (ClientPoints.size() < 4 || ImagePoints.size() < 4)
         return CString();
+    if (OpenMade)
+        return AngleCaption(AngleBetween(ImagePoints[0], ImagePoints[1], ImagePoints[2], ImagePoints[3]),
+                            Settings());
     return AngleText(WrapSub(Cross.x, ClientPoints[0].x), WrapSub(Cross.y, ClientPoints[0].y),
                      WrapSub(Cross.x, ClientPoints[2].x), WrapSub(Cross.y, ClientPoints[2].y));
 }

@@ -16,7 +16,7 @@ public:
     void OnLButtonDown(unsigned int flags, CPoint point) override;
     void OnMouseMove(unsigned int flags, CPoint point) override;
     void SetCanvasView(CanvasView* view) override;
-    bool Hits(CPoint point) const override;
+    bool Covers(CPoint point) const override;
     void OnDraw(HDC dc) override;
     void DerivePainted() override;
 

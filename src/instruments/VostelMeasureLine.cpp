@@ -2,8 +2,8 @@
 
 #include "base/Truncate.h"
 #include "canvas/view/HitTests.h"
-#include "foundation/FormatText.h"
 #include "geometry/Lengths.h"
+#include "instruments/CaptionTexts.h"
 #include "overlay/StateArchive.h"
 
 #include <cmath>
@@ -51,7 +51,7 @@ void VostelMeasureLine::SetCanvasView(CanvasView* view)
     Label.SetCanvasView(view);
 }
 
-bool VostelMeasureLine::Hits(CPoint point) const
+bool VostelMeasureLine::Covers(CPoint point) const
 {
     return PtInRect(&MidRect, point) || HitRectList(HandleRects, point) != -1 || Label.Hits(point);
 }
@@ -65,6 +65,7 @@ bool VostelMeasureLine::HitTest(CPoint point)
 void VostelMeasureLine::OnDraw(HDC dc)
 {
     VostelSingleLine::OnDraw(dc);
+    RefreshLabel();
     if (MeasureArmed)
         Label.OnDraw(dc);
     if (!LabelUnplaced)
@@ -79,6 +80,7 @@ CString VostelMeasureLine::GetResultText()
 void VostelMeasureLine::DerivePainted()
 {
     VostelSingleLine::DerivePainted();
+    RefreshLabel();
     Label.DerivePainted();
 }
 
@@ -100,25 +102,38 @@ void VostelMeasureLine::Persist(StateArchive& archive)
 {
     VostelSingleLine::Persist(archive);
     archive(LabelUnplaced);
-    Label.Persist(archive);
+    Label.PersistCaption(archive, OpenMade);
 }
 
 void VostelMeasureLine::PlaceLabel()
 {
     LabelUnplaced = false;
-    CString text = CaptionText();
-    Label.SetTextAt(text, CPoint(WrapAdd(MidPoint.x, 100), WrapSub(MidPoint.y, 100)));
+    CString      text = CaptionText();
+    const CPoint at(WrapAdd(MidPoint.x, Scaled(100)), WrapSub(MidPoint.y, Scaled(100)));
+    if (OpenMade)
+        Label.PlaceCaption(text, at, StyleHeight);
+    else
+        Label.SetTextAt(text, at);
+}
+
+void VostelMeasureLine::RefreshLabel()
+{
+    if (OpenMade && !LabelUnplaced)
+        Label.ShowCaption(CaptionText(), StyleHeight);
 }
 
 CString VostelMeasureLine::CaptionText() const
 {
     double length = 0.0;
+    if (OpenMade && View)
+        return LengthCaption(LengthOf(ImagePoints) * View->Settings.UnitsPerPixel, View->Settings.Unit,
+                             &View->Settings);
     if (ImagePoints.size() == 2) {
         const double dx = ImagePoints[0].x - ImagePoints[1].x;
         const double dy = ImagePoints[0].y - ImagePoints[1].y;
         length = std::sqrt(dx * dx + dy * dy);
     }
-    return FormatText(L"长度 = %4.3f mm", length * MeasureScale);
+    return LengthCaption(length * MeasureScale, L"mm", Settings());
 }
 
 }

@@ -20,7 +20,7 @@ public:
     void    OnLButtonUp(unsigned int flags, CPoint point) override;
     void    OnMouseMove(unsigned int flags, CPoint point) override;
     void    SetCanvasView(CanvasView* view) override;
-    bool    Hits(CPoint point) const override;
+    bool    Covers(CPoint point) const override;
     bool    HitTest(CPoint point) override;
     void    OnDraw(HDC dc) override;
     CString GetResultText() override;
@@ -32,6 +32,7 @@ public:
 
 private:
     void PlaceLabel();
+    void RefreshLabel();
 };
 
 }

@@ -43,7 +43,7 @@ void VostelNeighborV::SetCanvasView(CanvasView* view)
     Box.SetCanvasView(view);
 }
 
-bool VostelNeighborV::Hits(CPoint point) const
+bool VostelNeighborV::Covers(CPoint point) const
 {
     return Box.Hits(point);
 }

@@ -17,7 +17,7 @@ public:
     void OnLButtonUp(unsigned int flags, CPoint point) override;
     void OnMouseMove(unsigned int flags, CPoint point) override;
     void SetCanvasView(CanvasView* view) override;
-    bool Hits(CPoint point) const override;
+    bool Covers(CPoint point) const override;
     bool HitTest(CPoint point) override;
     void SetPlacement(float x, float y, float w, float h) override;
     void OnDraw(HDC dc) override;

@@ -12,6 +12,7 @@ namespace {
 constexpr COLORREF EdgeColor = RGB(150, 150, 150);
 constexpr COLORREF LowThumbColor = RGB(80, 80, 80);
 constexpr COLORREF HighThumbColor = RGB(220, 220, 220);
+constexpr wchar_t  ChineseCaption[] = L"阈值";    // until a host sets another
 constexpr UINT     CaptionFormat = DT_CENTER | DT_VCENTER | DT_SINGLELINE;
 
 // 32-bit quotient; a track without travel gives infinities; the clamps below bound them.
@@ -24,7 +25,7 @@ float Fraction(int pixels, int travel)
 
 VostelSlider::VostelSlider()
 {
-    SetCaption(L"阈值");
+    SetCaption(ChineseCaption);
 }
 
 void VostelSlider::SetCaption(const CString& text)
@@ -114,8 +115,10 @@ void VostelSlider::OnDraw(HDC dc)
     SetBkColor(dc, ControlFace);
     SetTextColor(dc, Black);
     SetBkMode(dc, OPAQUE);
-    CRect place = CaptionRect;
-    DrawTextW(dc, Caption, Caption.GetLength(), &place, CaptionFormat);
+    CRect         place = CaptionRect;
+    const bool    english = Settings() && Settings()->English && Caption == ChineseCaption;
+    const CString caption = english ? CString(L"Window") : Caption;
+    DrawTextW(dc, caption, caption.GetLength(), &place, CaptionFormat);
     Kit.DrawRectOutline(CaptionRect, EdgeColor);
 
     Kit.FillSolid(TrackRect, ControlFace);

@@ -4,6 +4,9 @@
 #include "instruments/TextExtent.h"
 #include "overlay/StateArchive.h"
 
+#include <algorithm>
+#include <array>
+
 namespace vostel {
 
 VostelTextRect::VostelTextRect()
@@ -25,6 +28,8 @@ void VostelTextRect::SetPlacement(float x, float y, float w, float h)
 
 void VostelTextRect::OnDraw(HDC dc)
 {
+    if (FittedHeight != 0 && FittedHeight != FontHeight())
+        TakeText(CString(Text));
     VostelSizeFixedRect::OnDraw(dc);
     ApplyTextStyle();
     Kit.DrawTextBox(Text, ClientBox);
@@ -33,8 +38,7 @@ void VostelTextRect::OnDraw(HDC dc)
 void VostelTextRect::SetTextAndFit(CString& text)
 {
     Text = text;
-    ApplyTextStyle();
-    PlaceMeasured(TextExtent(Kit.Dc, Text));
+    PlaceMeasured(Fit());
 }
 
 void VostelTextRect::SetText(CString& text)
@@ -51,8 +55,7 @@ CRect VostelTextRect::MeasureText(CString& text)
 void VostelTextRect::SetTextAt(CString& text, CPoint at)
 {
     Text = text;
-    ApplyTextStyle();
-    const CRect extent = TextExtent(Kit.Dc, Text);
+    const CRect extent = Fit();
     Anchor = at;
     PlaceMeasured(extent);
 }
@@ -65,6 +68,8 @@ CString VostelTextRect::GetResultText()
 // A paint leaves the box grown by the margin of its fill.
 void VostelTextRect::DerivePainted()
 {
+    if (FittedHeight != 0 && FittedHeight != FontHeight())
+        TakeText(CString(Text));
     VostelSizeFixedRect::DerivePainted();
     if (ClientPoints.size() == 2)
         InflateRect(&ClientBox, 3, 3);
@@ -100,8 +105,7 @@ bool VostelTextRect::TakeText(const CString& text)
 {
     Text = text;
     const MeasuringContext context(Kit);
-    ApplyTextStyle();
-    const CRect extent = TextExtent(Kit.Dc, Text);
+    const CRect            extent = Fit();
     PlaceCorner(ImagePoints.empty() ? PointTemplateBase<double>() : ImagePoints[0], extent.Width(),
                 extent.Height());
     return true;
@@ -111,7 +115,55 @@ bool VostelTextRect::TakeText(const CString& text)
 void VostelTextRect::Persist(StateArchive& archive)
 {
     VostelSizeFixedRect::Persist(archive);
-    archive(Text, Anchor, TextWidth, TextHeight, DrawBody, Kit.BkMode);
+    archive(Text, Anchor, TextWidth, TextHeight, DrawBody, Kit.BkMode, PlainHeight, FittedHeight);
+}
+
+void VostelTextRect::PlaceCaption(const CString& text, CPoint at, int height)
+{
+    TakePoints(std::array{ClientToImage(at)});
+    ShowCaption(text, height);
+    if (!View)
+        return;
+    const CRect& client = View->ClientRect;
+    const int    left = std::max(client.left, std::min(ClientBox.left, client.right - ClientBox.Width()));
+    const int    top = std::max(client.top, std::min(ClientBox.top, client.bottom - ClientBox.Height()));
+    MoveBy((left - ClientBox.left) / View->Scale, (top - ClientBox.top) / View->Scale);
+}
+
+void VostelTextRect::ShowCaption(const CString& text, int height)
+{
+    PlainHeight = height > 0 ? height : 18;
+    if (text != Text || FittedHeight != FontHeight())
+        TakeText(text);
+}
+
+void VostelTextRect::PersistCaption(StateArchive& archive, bool follows)
+{
+    if (!follows) {
+        Persist(archive);
+        return;
+    }
+    std::vector<PointTemplateBase<double>> corner = GivePoints();
+    archive(corner);
+    if (archive.IsLoading() && !corner.empty())
+        PlaceCorner(corner[0], TextWidth, TextHeight);
+}
+
+int VostelTextRect::FontHeight() const
+{
+    switch (StyleFontType) {
+    case FontPlain18:
+        return Scaled(PlainHeight);
+    case FontPlain24:
+        return Scaled(24);
+    case FontRed22:
+    case FontRed22Framed:
+        return Scaled(22);
+    case FontCustom:
+        return Scaled(StyleHeight);
+    default:
+        return FittedHeight;
+    }
 }
 
 void VostelTextRect::ApplyTextStyle()
@@ -119,22 +171,22 @@ void VostelTextRect::ApplyTextStyle()
     switch (StyleFontType) {
     case FontPlain18:
         Kit.TextBoxBack = true;
-        Kit.SelectTextStyle(18, Kit.BkMode, Black);
+        Kit.SelectTextStyle(FontHeight(), Kit.BkMode, Black);
         break;
     case FontPlain24:
         Kit.TextBoxBack = Kit.BkMode == OPAQUE;
         DrawBody = false;
-        Kit.SelectTextStyle(24, Kit.BkMode, Black);
+        Kit.SelectTextStyle(FontHeight(), Kit.BkMode, Black);
         break;
     case FontRed22:
         Kit.TextBoxBack = Kit.BkMode == OPAQUE;
         DrawBody = false;
-        Kit.SelectTextStyle(22, Kit.BkMode, Red);
+        Kit.SelectTextStyle(FontHeight(), Kit.BkMode, Red);
         break;
     case FontRed22Framed:
         Kit.TextBoxBack = true;
         DrawBody = true;
-        Kit.SelectTextStyle(22, Kit.BkMode, Red);
+        Kit.SelectTextStyle(FontHeight(), Kit.BkMode, Red);
         break;
     case FontCustom:
         Kit.BkMode = StyleBkMode;
@@ -142,7 +194,7 @@ void VostelTextRect::ApplyTextStyle()
         Kit.FontHeight = StyleHeight;
         Kit.TextBoxBack = StyleBkMode == OPAQUE;
         DrawBody = false;
-        Kit.SelectTextStyle(StyleHeight, StyleBkMode, StyleColor);
+        Kit.SelectTextStyle(FontHeight(), StyleBkMode, StyleColor);
         break;
     default:
         break;
@@ -185,6 +237,13 @@ void VostelTextRect::PlaceCorner(PointTemplateBase<double> corner, int width, in
         return;
     Anchor = View->ImageToClient(corner);
     DerivePainted();
+}
+
+CRect VostelTextRect::Fit()
+{
+    ApplyTextStyle();
+    FittedHeight = FontHeight();
+    return TextExtent(Kit.Dc, Text);
 }
 
 void VostelTextRect::PlaceMeasured(const CRect& extent)

@@ -14,6 +14,8 @@ public:
     CPoint  Anchor;           // client px; top left, as last given
     int     TextWidth = 0;    // px, measured
     int     TextHeight = 0;
+    int     PlainHeight = 18;    // px; of FontPlain18
+    int     FittedHeight = 0;    // px; the font's when the size was measured
     CString Text;
 
     VostelTextRect();
@@ -36,8 +38,18 @@ public:
     bool                   TakeText(const CString& text) override;
     void                   Persist(StateArchive& archive) override;
 
+    // The text as a caption that others keep up: at a client point, moved into the client area; and in the
+    // place that it has. Height in px; 0 for that of the plain style.
+    void PlaceCaption(const CString& text, CPoint at, int height);
+    void ShowCaption(const CString& text, int height);
+    // The place alone of one that follows from the object that it belongs to.
+    void PersistCaption(StateArchive& archive, bool follows);
+
     // Turns the style fields into font, color and flags of Kit.
     void ApplyTextStyle();
+
+    // Of the style, in device px.
+    int FontHeight() const;
 
     // Moves the box by a step in image px.
     void MoveBy(double dx, double dy);
@@ -46,7 +58,9 @@ public:
     CPoint NearestCorner(CPoint p) const;
 
 private:
-    void PlaceMeasured(const CRect& extent);
+    // The extent of the text in its style.
+    CRect Fit();
+    void  PlaceMeasured(const CRect& extent);
     // The corner in image px, the size in client px.
     void PlaceCorner(PointTemplateBase<double> corner, int width, int height);
 };

@@ -58,7 +58,7 @@ void VostelCrayonMStroke::OnMouseMove(unsigned int flags, CPoint point)
 
 void VostelCrayonMStroke::OnKeyDown(unsigned int key, unsigned int, unsigned int)
 {
-    if (!Selected)
+    if (!Selected || Locked)
         return;
     if (key == WiderKey)
         ++StrokeWidth;
@@ -67,7 +67,7 @@ void VostelCrayonMStroke::OnKeyDown(unsigned int key, unsigned int, unsigned int
     StrokeWidth = std::clamp(StrokeWidth, ThinnestPen, WidestPen);
 }
 
-bool VostelCrayonMStroke::Hits(CPoint point) const
+bool VostelCrayonMStroke::Covers(CPoint point) const
 {
     const CRect box = StrokeBox();
     return PtInRect(&box, point) != 0;

@@ -14,7 +14,7 @@ public:
     void OnLButtonUp(unsigned int flags, CPoint point) override;
     void OnMouseMove(unsigned int flags, CPoint point) override;
     void OnKeyDown(unsigned int key, unsigned int repeat, unsigned int keyFlags) override;
-    bool Hits(CPoint point) const override;
+    bool Covers(CPoint point) const override;
     bool HitTest(CPoint point) override;
     void OnDraw(HDC dc) override;
     bool TakePoints(std::span<const PointTemplateBase<double>> points) override;    // as one stroke

@@ -36,9 +36,9 @@ void VostelMPoint::OnLButtonDown(unsigned int flags, CPoint point)
     LastPoint = point;
     ActiveNode = HitRectList(HandleRects, point);
     if (ActiveNode == NoNode) {
-        if (ClampToImage)
-            point = SnapIntoImage(point);
         const bool shift = (flags & MK_SHIFT) != 0;
+        if (ClampToImage && (shift || !OpenMade))
+            point = SnapIntoImage(point);
         if (shift) {
             if (static_cast<int>(ImagePoints.size()) >= MaxPoints)
                 StartOver();
@@ -74,15 +74,18 @@ void VostelMPoint::OnMouseMove(unsigned int flags, CPoint point)
     }
     // After the refresh: a clamped position shows at the next one.
     if (ClampToImage)
-        ClampImagePoints();
+        ClampDragged();
     LastPoint = point;
 }
 
 void VostelMPoint::OnKeyDown(unsigned int key, unsigned int, unsigned int)
 {
     constexpr float Place = 50.0f;
+    if (Locked)
+        return;
     if (key == EllipseKey) {
-        EllipseMode = !EllipseMode;
+        if (!OpenMade || TypeCode <= OverlayCustomRect)    // the flag means nothing to others
+            EllipseMode = !EllipseMode;
     } else if (key == PlaceKey) {
         SetPlacement(Place, Place, Place, Place);
     } else if (key == TextKey) {
@@ -97,10 +100,10 @@ void VostelMPoint::RefreshClientGeometry()
     if (ImagePoints.empty())
         return;
     BuildClientPoints();
-    CalcHandleRects(ClientPoints, HandleRects, HandleRadius);
+    CalcHandleRects(ClientPoints, HandleRects, Scaled(HandleRadius));
 }
 
-bool VostelMPoint::Hits(CPoint point) const
+bool VostelMPoint::Covers(CPoint point) const
 {
     return PointInPolygon(ClientPoints, point) || HitRectList(HandleRects, point) != -1;
 }
@@ -190,10 +193,22 @@ void VostelMPoint::ClampImagePoints()
 {
     if (!View)
         return;
-    for (PointTemplateBase<double>& node : ImagePoints) {
-        node.x = Clamped(node.x, View->ImageWidth);
-        node.y = Clamped(node.y, View->ImageHeight);
-    }
+    for (PointTemplateBase<double>& node : ImagePoints)
+        ClampNode(node);
+}
+
+void VostelMPoint::ClampDragged()
+{
+    if (!OpenMade || IsMoving())
+        ClampImagePoints();
+    else if (View && ActiveNode >= 0 && static_cast<std::size_t>(ActiveNode) < ImagePoints.size())
+        ClampNode(ImagePoints[static_cast<std::size_t>(ActiveNode)]);
+}
+
+void VostelMPoint::ClampNode(PointTemplateBase<double>& node) const
+{
+    node.x = Clamped(node.x, View->ImageWidth);
+    node.y = Clamped(node.y, View->ImageHeight);
 }
 
 void VostelMPoint::BuildClientPoints()

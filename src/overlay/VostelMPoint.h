@@ -15,7 +15,7 @@ public:
     void OnMouseMove(unsigned int flags, CPoint point) override;
     void OnKeyDown(unsigned int key, unsigned int repeat, unsigned int keyFlags) override;
     void RefreshClientGeometry() override;
-    bool Hits(CPoint point) const override;
+    bool Covers(CPoint point) const override;
     bool HitTest(CPoint point) override;    // writes Selected
     void OnDraw(HDC dc) override;           // handles only; outlines are the descendants'
     void SetClickPerPoint(int mode) override;
@@ -30,6 +30,8 @@ public:
     void MoveNode(CPoint point);     // drag step of ActiveNode since LastPoint
     void MoveShape(CPoint point);    // the same of all nodes
     void ClampImagePoints();
+    // Of what a drag moves, if one is under way. Points that calls have set off the image stay there.
+    void ClampDragged();
     void BuildClientPoints();
 
 protected:
@@ -51,6 +53,7 @@ protected:
     void TruncateImagePoints(std::vector<PointTemplateBase<int>>& out) const;
 
 private:
+    void ClampNode(PointTemplateBase<double>& node) const;
     void StepSince(CPoint point);
 };
 

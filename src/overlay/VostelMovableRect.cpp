@@ -27,7 +27,7 @@ void VostelMovableRect::OnMouseMove(unsigned int, CPoint point)
     LastPoint = point;
 }
 
-bool VostelMovableRect::Hits(CPoint point) const
+bool VostelMovableRect::Covers(CPoint point) const
 {
     return PtInRect(&ClientBox, point) != 0;
 }

@@ -10,7 +10,7 @@ class VostelMovableRect : public VostelObj {
 public:
     void OnLButtonDown(unsigned int flags, CPoint point) override;
     void OnMouseMove(unsigned int flags, CPoint point) override;
-    bool Hits(CPoint point) const override;
+    bool Covers(CPoint point) const override;
     bool HitTest(CPoint point) override;                               // writes Selected
     void SetPlacement(float x, float y, float w, float h) override;    // client px, truncated
     void OnDraw(HDC dc) override;

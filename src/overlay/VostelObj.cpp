@@ -1,7 +1,10 @@
 #include "overlay/VostelObj.h"
 
+#include "base/Truncate.h"
 #include "overlay/StateArchive.h"
 #include "platform/HostServices.h"
+
+#include <cmath>
 
 namespace vostel {
 
@@ -38,7 +41,7 @@ void VostelObj::SetCanvasView(CanvasView* view)
 
 void VostelObj::RefreshClientGeometry() {}
 
-bool VostelObj::Hits(CPoint) const
+bool VostelObj::Covers(CPoint) const
 {
     return false;
 }
@@ -229,6 +232,11 @@ CPoint VostelObj::ImageToClient(PointTemplateBase<double> point) const
         return CPoint(0, 0);
     }
     return View->ImageToClient(point);
+}
+
+int VostelObj::Scaled(int px) const
+{
+    return TruncToInt(std::floor(px * PixelRatio() + 0.5));
 }
 
 void VostelObj::BindKit(HDC dc)

@@ -33,7 +33,10 @@ enum OverlayKind : int {
     OverlayAngle4Pts = 10,
     OverlayPanel = 14,         // text lines and read-outs; gets every press, release and move
     OverlayNeighbours = 15,    // gets every move
-    OverlayLineProfile = 16
+    OverlayLineProfile = 16,
+    OverlayPoints = 20,
+    OverlayPolyline = 21,
+    OverlayArrow = 22
 };
 
 // Values of VostelObj::MoveState: whether the whole shape follows the mouse.
@@ -121,7 +124,7 @@ public:
     virtual void SetCanvasView(CanvasView* view);
     virtual void RefreshClientGeometry();
     // Whether a press at the point means this object.
-    virtual bool Hits(CPoint point) const;
+    bool Hits(CPoint point) const { return TakesGestures() && Covers(point); }
     // What Hits says, noted where later events look; Selected is left alone here, descendants write it.
     virtual bool HitTest(CPoint point);
     // Derives from view and image points what a paint derives, for an object that was not painted yet.
@@ -157,6 +160,9 @@ public:
     virtual void    SetData(ClassData2DIO<float>& source);
     virtual CString GetResultText();    // "NULL" where the kind has no result
 
+    // Whether presses and moves may reach the object.
+    bool TakesGestures() const { return !Hidden && !Locked; }
+
     // The points that define the object, in image px, or client px of panels; an angle gives end, vertex,
     // end.
     virtual std::vector<PointTemplateBase<double>> GivePoints() const;
@@ -182,6 +188,14 @@ public:
     CPoint                    ImageToClient(PointTemplateBase<double> point) const;
 
 protected:
+    // Whether handles, interior or whatever else can be hit lie at the point.
+    virtual bool Covers(CPoint point) const;
+    // Of the canvas; null without a view.
+    const CanvasSettings* Settings() const { return View ? &View->Settings : nullptr; }
+    // Device px per px of pens, handles and fonts, and so many px in them.
+    double PixelRatio() const { return View ? View->Settings.PixelRatio : 1.0; }
+    int    Scaled(int px) const;
+
     void EndMove();
     // Target of the next drawing; every OnDraw starts with it.
     void     BindKit(HDC dc);

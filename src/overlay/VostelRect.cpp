@@ -21,7 +21,7 @@ void VostelRect::OnMouseMove(unsigned int flags, CPoint point)
     VostelMPoint::OnMouseMove(flags, point);
 }
 
-bool VostelRect::Hits(CPoint point) const
+bool VostelRect::Covers(CPoint point) const
 {
     return PtInRect(&ClientBox, point) || HitRectList(HandleRects, point) != -1;
 }

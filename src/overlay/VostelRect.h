@@ -14,7 +14,7 @@ public:
 
     void OnLButtonDown(unsigned int flags, CPoint point) override;
     void OnMouseMove(unsigned int flags, CPoint point) override;
-    bool Hits(CPoint point) const override;
+    bool Covers(CPoint point) const override;
     void OnDraw(HDC dc) override;
 
     std::optional<Outline> RegionOutline() const override;

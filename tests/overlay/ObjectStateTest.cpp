@@ -36,6 +36,7 @@ std::unique_ptr<VostelObj> Changed(const ObjectClass& kind, CanvasView& view)
         progress->Pos = 170;
     if (auto* const stroke = dynamic_cast<VostelCrayonOneStroke*>(object.get()))
         stroke->StrokeDone = false;
+    object->DerivePainted();    // a text fits its new style
     return object;
 }
 

@@ -2,12 +2,14 @@
 
 // One object of each class, and points that its kind takes. Inner tests only.
 
+#include "instruments/VostelArrow.h"
 #include "instruments/VostelImaInfo.h"
 #include "instruments/VostelLineProfile.h"
 #include "instruments/VostelMeasureAngle3Pts.h"
 #include "instruments/VostelMeasureAngle4Pts.h"
 #include "instruments/VostelMeasureLine.h"
 #include "instruments/VostelNeighborV.h"
+#include "instruments/VostelPoints.h"
 #include "instruments/VostelProgress.h"
 #include "instruments/VostelSlider.h"
 #include "instruments/VostelTextRect.h"
@@ -50,6 +52,9 @@ inline std::vector<ObjectClass> EveryClass()
             ClassOf<VostelMeasureAngle3Pts>("angle", 3, 3),
             ClassOf<VostelMeasureAngle4Pts>("angle of two lines", 4, 4),
             ClassOf<VostelLineProfile>("profile", 2, 2),
+            ClassOf<VostelPoints>("points", 1, Any),
+            ClassOf<VostelPolyline>("polyline", 2, Any),
+            ClassOf<VostelArrow>("arrow", 2, 2),
             ClassOf<VostelTextML>("panel", 1, 1),
             ClassOf<VostelImaInfo>("read-out", 1, 1),
             ClassOf<VostelNeighborV>("neighbours", 1, 1),

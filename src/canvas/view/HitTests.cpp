@@ -2,6 +2,8 @@
 
 #include "base/Truncate.h"
 
+#include <algorithm>
+#include <cmath>
 #include <cstdint>
 
 namespace vostel {
@@ -80,6 +82,21 @@ bool PointInPolygon(const std::vector<CPoint>& points, CPoint p)
         previous = current;
     }
     return winding != 0;
+}
+
+bool IsNearLine(const std::vector<CPoint>& points, CPoint p, double distance)
+{
+    for (std::size_t i = 1; i < points.size(); ++i) {
+        const double x = static_cast<double>(points[i].x) - points[i - 1].x;
+        const double y = static_cast<double>(points[i].y) - points[i - 1].y;
+        const double toX = static_cast<double>(p.x) - points[i - 1].x;
+        const double toY = static_cast<double>(p.y) - points[i - 1].y;
+        const double square = x * x + y * y;
+        const double along = square > 0.0 ? std::clamp((toX * x + toY * y) / square, 0.0, 1.0) : 0.0;
+        if (std::hypot(toX - along * x, toY - along * y) <= distance)
+            return true;
+    }
+    return false;
 }
 
 }

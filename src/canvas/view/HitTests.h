@@ -18,4 +18,7 @@ int HitRectList(const std::vector<CRect>& rects, CPoint p);
 // count as inside; fewer than 3 points have no inside.
 bool PointInPolygon(const std::vector<CPoint>& points, CPoint p);
 
+// Whether the pixel lies within the distance of the open line through the points.
+bool IsNearLine(const std::vector<CPoint>& points, CPoint p, double distance);
+
 }

@@ -169,6 +169,11 @@ void PaintKit::DrawClosedPolyline(const std::vector<Point>& points, COLORREF col
 template void PaintKit::DrawClosedPolyline(const std::vector<CPoint>&, COLORREF);
 template void PaintKit::DrawClosedPolyline(const std::vector<PointTemplateBase<int>>&, COLORREF);
 
+void PaintKit::DrawOpenPolyline(const std::vector<CPoint>& points, COLORREF color)
+{
+    DrawSegments(points, {0}, 1, color);
+}
+
 void PaintKit::DrawSegments(const std::vector<CPoint>& points, const std::vector<int>& starts, int penWidth,
                             COLORREF color)
 {

@@ -59,6 +59,7 @@ public:
     // Of CPoint or PointTemplateBase<int>.
     template <typename Point>
     void DrawClosedPolyline(const std::vector<Point>& points, COLORREF color);
+    void DrawOpenPolyline(const std::vector<CPoint>& points, COLORREF color);
     // Several strokes in one point list; starts holds the ascending indices where a stroke begins.
     void DrawSegments(const std::vector<CPoint>& points, const std::vector<int>& starts, int penWidth,
                       COLORREF color);

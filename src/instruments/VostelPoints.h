@@ -1,0 +1,19 @@
+#pragma once
+
+#include "instruments/VostelMarking.h"
+
+namespace vostel {
+
+// Counted marks: a small cross with its number at each point, and a caption that gives their count.
+class VostelPoints : public VostelMarking {
+public:
+    VostelPoints();
+
+    CString CaptionText() const override;
+
+protected:
+    bool HitsMark(CPoint point) const override;    // none beside the handles
+    void DrawMark() override;
+};
+
+}
