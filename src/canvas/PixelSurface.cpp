@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace vostel {
 
@@ -104,6 +105,16 @@ void PixelSurface::Rebuild(HDC dc, int width, int height, bool cleared)
     else if (cleared)
         Fill(0);
     OldBitmap = Bitmap ? SelectObject(MemDC, Bitmap) : nullptr;
+}
+
+void PixelSurface::Exchange(PixelSurface& other)
+{
+    std::swap(MemDC, other.MemDC);
+    std::swap(Bitmap, other.Bitmap);
+    std::swap(OldBitmap, other.OldBitmap);
+    std::swap(Pixels, other.Pixels);
+    std::swap(Width, other.Width);
+    std::swap(Height, other.Height);
 }
 
 bool PixelSurface::CreateCanvasBitmap()

@@ -49,6 +49,9 @@ public:
     // black if cleared, else whatever they were: for callers that write every one of them.
     void Rebuild(HDC dc, int width, int height, bool cleared);
 
+    // Swaps bitmap, context and size with another surface; row table, stretch mode and view stay.
+    void Exchange(PixelSurface& other);
+
     // Makes Bitmap for Width x Height with MemDC as the context, deleting the one before. False, with no
     // bitmap, when the size is below 1 or there is no memory for it.
     bool CreateCanvasBitmap();

@@ -79,9 +79,9 @@ void VostelDC::AfterBackground() {}
 
 void VostelDC::SetLutPara(float, float) {}
 
-void VostelDC::SetClient(CRect rect, HDC dc)
+void VostelDC::PlaceView(CRect clientRect)
 {
-    View.SetClientRect(rect);
+    View.SetClientRect(clientRect);
     View.ImageWidth = CanvasSurface.Width;
     View.ImageHeight = CanvasSurface.Height;
     CanvasSurface.ViewRef = &View;
@@ -90,7 +90,11 @@ void VostelDC::SetClient(CRect rect, HDC dc)
     ContrastCtrl.RefreshClientGeometry();
     ProgressCtrl.SetCanvasView(&View);
     HandViewToElements(true);
+}
 
+void VostelDC::SetClient(CRect rect, HDC dc)
+{
+    PlaceView(rect);
     ClientDC = dc;
     DropClientSurface();
     ClientMemDC = CreateCompatibleDC(dc);
@@ -117,6 +121,15 @@ void VostelDC::PrepareImage(int width, int height, bool clearObjects, bool clear
     CanvasSurface.Rebuild(ClientDC, width, height, cleared);
     // In the same client area, for the view and the objects to find their places on the new image.
     SetClient(View.ClientRect, ClientDC);
+}
+
+void VostelDC::ShowSurface(PixelSurface* made)
+{
+    if (made)
+        CanvasSurface.Exchange(*made);
+    View.ImageWidth = CanvasSurface.Width;
+    View.ImageHeight = CanvasSurface.Height;
+    PlaceView(View.ClientRect);
 }
 
 void VostelDC::OnLButtonDown(unsigned int flags, CPoint p)

@@ -85,6 +85,10 @@ public:
 protected:
     ~VostelDC();
 
+    // Places an image as PrepareImage does, on a surface that was made beforehand; null: on the present one.
+    // The client surface stays.
+    void ShowSurface(PixelSurface* made);
+
     VostelObj* SelectedElement();    // null for none
 
 private:
@@ -98,6 +102,8 @@ private:
 
     void DestroyRemoved();
     void DropClientSurface();
+    // Hands the view to whatever stands on it, in a client area.
+    void PlaceView(CRect clientRect);
     // SetCanvasView alone refreshes the objects' geometry. With refreshAgain that is done twice, for a new
     // client area: an object may have placed itself after its own refresh, as controls do.
     void HandViewToElements(bool refreshAgain);

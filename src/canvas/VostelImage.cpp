@@ -1,6 +1,7 @@
 #include "canvas/VostelImage.h"
 
 #include "base/Truncate.h"
+#include "canvas/SamplePainter.h"
 #include "foundation/ArrayLength.h"
 #include "foundation/Planes.h"
 #include "output/FloatRange.h"
@@ -11,9 +12,6 @@
 namespace vostel {
 
 namespace {
-
-constexpr float RawTop = 65535.0f;    // Raw holds 0..RawTop
-constexpr float NoValue = -1.0f;      // read back where there is nothing
 
 template <typename T>
 BytePlaneView PlaneOf(const StructData2D<T>& data)
@@ -28,19 +26,23 @@ bool Overlaps(const float* data, std::size_t count, const ClassData2DIO<float>& 
            before(held.Ptr1D, data + count);
 }
 
-// An element of a float plane; NoValue outside the plane, and where the data was not kept.
+// An element of a float plane; -1 outside the plane, and where the data was not kept.
 float ValueAt(const StructData2D<float>& plane, int x, int y)
 {
     return CountOf(plane) > 0 && x >= 0 && x < plane.Width && y >= 0 && y < plane.Height
                ? plane.Ptr1D[static_cast<std::size_t>(y) * static_cast<std::size_t>(plane.Width) +
                              static_cast<std::size_t>(x)]
-               : NoValue;
+               : -1.0f;
 }
 
 }
+
+VostelImage::VostelImage() = default;
+VostelImage::~VostelImage() = default;
 
 void VostelImage::PrepareImage(int width, int height, bool clearObjects, bool cleared)
 {
+    DropSamples();
     CanvasWidth = width;
     CanvasHeight = height;
     VostelDC::PrepareImage(width, height, clearObjects, cleared);
@@ -48,6 +50,7 @@ void VostelImage::PrepareImage(int width, int height, bool clearObjects, bool cl
 
 void VostelImage::ShowGray(ClassData2DIO<unsigned char>& src, bool clearObjects)
 {
+    const ImageSamples former = DropSamples();
     RawOri.Release();
     Raw.Release();
     CurrentFileType = FileTypeByte;
@@ -55,11 +58,13 @@ void VostelImage::ShowGray(ClassData2DIO<unsigned char>& src, bool clearObjects)
     PrepareImage(src.Width, src.Height, clearObjects, count == 0);
     if (count > 0)
         CanvasSurface.UploadGray(src.Ptr1D, src.Width, src.Height);
+    GrayOnSurface = true;
 }
 
 void VostelImage::ShowColor(ClassData2DIO<unsigned char>& p1, ClassData2DIO<unsigned char>& p2,
                             ClassData2DIO<unsigned char>& p3, bool clearObjects)
 {
+    const ImageSamples former = DropSamples();
     RawOri.Release();
     Raw.Release();
     CurrentFileType = FileTypeByte;
@@ -79,6 +84,7 @@ void VostelImage::ShowRaw(ClassData2DIO<float>& src, bool keepOriginal, bool cle
         ShowRaw(copy, keepOriginal, clearObjects);
         return;
     }
+    const ImageSamples former = DropSamples();
     // An empty source may be one of this canvas's own containers: its fields are read before they change.
     const float* const data = src.Ptr1D;
     const int          width = src.Width;
@@ -113,7 +119,10 @@ RemapRule VostelImage::KeepData(const float* data, std::size_t count, bool keepO
         FloatCopyMinMax(data, RawOri.Ptr1D, count, low, high);
     else
         FloatMinMax(data, count, low, high);
-    return MakeRemapRule(low, high, 0.0f, RawTop);
+    DataRange.Low = low;
+    DataRange.High = high;
+    Stretch = MakeRemapRule(low, high, 0.0f, RawTop);
+    return Stretch;
 }
 
 void VostelImage::ChooseWindow()
@@ -128,8 +137,8 @@ void VostelImage::DrawData(const float* data, std::size_t count, const RemapRule
 {
     if (wholeImage && HasSurfacePixels()) {
         SizeForOverwriting(LabelIma, CanvasWidth, CanvasHeight);
-        ContrastShowRemapped(Contrast, rule, data, Raw.Ptr1D, CanvasWidth, CanvasHeight, CanvasSurface.Pixels,
-                             LabelIma.Ptr1D);
+        ContrastShowRemapped(ShownTable, rule, data, Raw.Ptr1D, CanvasWidth, CanvasHeight,
+                             CanvasSurface.Pixels, LabelIma.Ptr1D);
         return;
     }
     RemapFloats(rule, data, Raw.Ptr1D, count);
@@ -140,6 +149,10 @@ void VostelImage::SetLutPara(float low, float high)
 {
     if (CurrentFileType != FileTypeRaw)
         return;
+    if (Window) {
+        SetWindowShares(low, high);
+        return;
+    }
     StoreContrastWindow(low, high);
     RedrawRaw();
 }
@@ -153,7 +166,7 @@ void VostelImage::StoreContrastWindow(float low, float high)
         Map.RangeLow = std::max(l, 0);
     }
     Map.GetMapUs();
-    Contrast.Build(Map);
+    ShownTable.Build(Map);
 }
 
 void VostelImage::RedrawRaw()
@@ -161,27 +174,37 @@ void VostelImage::RedrawRaw()
     const bool drawable = HasSurfacePixels() && IsPlaneOf(Raw, CanvasWidth, CanvasHeight);
     if (drawable && LabelsWholeImage()) {
         SizeForOverwriting(LabelIma, CanvasWidth, CanvasHeight);
-        ContrastShowAll(Contrast, Raw.Ptr1D, CanvasWidth, CanvasHeight, CanvasSurface.Pixels, LabelIma.Ptr1D);
+        ContrastShowAll(ShownTable, Raw.Ptr1D, CanvasWidth, CanvasHeight, CanvasSurface.Pixels,
+                        LabelIma.Ptr1D);
         return;
     }
     GenerateLabel(true);
     if (drawable && IsPlaneOf(LabelIma, CanvasWidth, CanvasHeight))
-        ContrastShowLabelled(Contrast, Raw.Ptr1D, CanvasWidth, CanvasHeight, CanvasSurface.Pixels,
+        ContrastShowLabelled(ShownTable, Raw.Ptr1D, CanvasWidth, CanvasHeight, CanvasSurface.Pixels,
                              LabelIma.Ptr1D);
 }
 
 float VostelImage::OriginalAt(int imageX, int imageY) const
 {
-    return ValueAt(RawOri, imageX, imageY);
+    return ShowsSamples() ? SampleAt(imageX, imageY) : ValueAt(RawOri, imageX, imageY);
 }
 
 float VostelImage::StretchedAt(int imageX, int imageY) const
 {
-    return ValueAt(Raw, imageX, imageY);
+    if (!ShowsSamples())
+        return ValueAt(Raw, imageX, imageY);
+    if (!IsDeep(Samples.Type) || !IsOnImage(imageX, imageY))
+        return NoValue;
+    float value = SampleAt(imageX, imageY);
+    RemapFloats(Stretch, &value, &value, 1);
+    return value;
 }
 
 unsigned int VostelImage::SurfacePixelAt(int imageX, int memoryRow) const
 {
+    const int row = WrapSub(WrapSub(Samples.Height, 1), memoryRow);
+    if (ShowsSamples() && !IsDeep(Samples.Type) && IsOnImage(imageX, row))
+        return SampleColor(imageX, row);
     return CanvasSurface.PixelAt(imageX, memoryRow);
 }
 
@@ -193,7 +216,7 @@ float VostelImage::ReadPixelValue(CPoint clientPoint) const
     if (CurrentFileType == FileTypeRaw || CurrentFileType == FileTypeRawPlain)
         return OriginalAt(ix, iy);
     if (CurrentFileType == FileTypeByte && HasSurfacePixels()) {
-        const unsigned int pixel = CanvasSurface.PixelAt(ix, CanvasHeight - iy - 1);
+        const unsigned int pixel = SurfacePixelAt(ix, CanvasHeight - iy - 1);
         const int          r = pixel >> 16 & 0xFF;
         const int          g = pixel >> 8 & 0xFF;
         const int          b = pixel & 0xFF;

@@ -31,6 +31,7 @@ void MakeBox(WholePoints& points)
 int VostelImage::GenerateLabel(bool selectedOnly)
 {
     RefuseGiantWithoutSurface();
+    LabelsAreOld = false;
     SizeForOverwriting(LabelIma, CanvasWidth, CanvasHeight);
     int  lastLabel = 1;
     bool taken = false;

@@ -198,6 +198,7 @@ void VostelImage::LoadCommonImage(CString path)
     const std::unique_ptr<unsigned char*, void (*)(unsigned char**)> rows(Create2DList(&picture),
                                                                           Release2DList);
     CanvasSurface.UploadRows(rows.get(), width, height, format);
+    GrayOnSurface = depth == 8;
 }
 
 }

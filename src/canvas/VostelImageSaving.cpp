@@ -154,7 +154,7 @@ void VostelImage::SaveRaw()
 {
     CString name = OSDIR().GetRawFile();
     if (!IsCancelled(name) && CurrentFileType != FileTypeNone)
-        SavePlane(Raw, name);
+        SavePlane(HandOutRaw(), name);
 }
 
 void VostelImage::SaveLabel()

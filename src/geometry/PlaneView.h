@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/SampleType.h"
 #include "geometry/Coverage.h"
 
 #include <cstddef>
@@ -7,8 +8,6 @@
 #include <vector>
 
 namespace vostel {
-
-enum class SampleType { U8, U16, I16, F32, Rgb8, Bgr8, Bgra8 };    // the colours interleaved, in that order
 
 // Values of an image in someone else's memory; rows and samples are aligned for their type.
 //
@@ -27,11 +26,6 @@ struct PlaneView {
         return reinterpret_cast<const Sample*>(static_cast<const char*>(Data) + y * RowBytes);
     }
 };
-
-inline bool IsColor(SampleType type)
-{
-    return type == SampleType::Rgb8 || type == SampleType::Bgr8 || type == SampleType::Bgra8;
-}
 
 inline bool HasChannel(SampleType type, int channel)
 {

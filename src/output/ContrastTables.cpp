@@ -5,15 +5,14 @@
 namespace vostel {
 
 template <typename Sample>
-std::vector<unsigned> TableOfValues(const ContrastCurve& curve)
+void FillTable(const ContrastCurve& curve, std::vector<unsigned>& table)
 {
-    constexpr int         first = std::numeric_limits<Sample>::min();
-    constexpr int         last = std::numeric_limits<Sample>::max();
-    std::vector<unsigned> table;
+    constexpr int first = std::numeric_limits<Sample>::min();
+    constexpr int last = std::numeric_limits<Sample>::max();
+    table.clear();
     table.reserve(last - first + 1);
     for (int value = first; value <= last; ++value)
         table.push_back(curve.PixelOf(value));
-    return table;
 }
 
 template <typename Sample>
@@ -25,9 +24,9 @@ void ShowByTable(const std::vector<unsigned>& table, const Sample* values, unsig
         pixels[x] = zero[values[x]];
 }
 
-template std::vector<unsigned> TableOfValues<std::uint8_t>(const ContrastCurve&);
-template std::vector<unsigned> TableOfValues<std::uint16_t>(const ContrastCurve&);
-template std::vector<unsigned> TableOfValues<std::int16_t>(const ContrastCurve&);
+template void FillTable<std::uint8_t>(const ContrastCurve&, std::vector<unsigned>&);
+template void FillTable<std::uint16_t>(const ContrastCurve&, std::vector<unsigned>&);
+template void FillTable<std::int16_t>(const ContrastCurve&, std::vector<unsigned>&);
 template void ShowByTable(const std::vector<unsigned>&, const std::uint8_t*, unsigned*, std::size_t);
 template void ShowByTable(const std::vector<unsigned>&, const std::uint16_t*, unsigned*, std::size_t);
 template void ShowByTable(const std::vector<unsigned>&, const std::int16_t*, unsigned*, std::size_t);

@@ -8,18 +8,18 @@
 
 namespace vostel {
 
-// The pixel of each value of a whole-numbered type, by the formula.
+// The pixel of each value of a whole-numbered type, by the formula, in memory that is used again.
 template <typename Sample>
-std::vector<unsigned> TableOfValues(const ContrastCurve& curve);
+void FillTable(const ContrastCurve& curve, std::vector<unsigned>& table);
 
 // Pixels of values by such a table; those of signed values start with the lowest one.
 template <typename Sample>
 void ShowByTable(const std::vector<unsigned>& table, const Sample* values, unsigned* pixels,
                  std::size_t count);
 
-extern template std::vector<unsigned> TableOfValues<std::uint8_t>(const ContrastCurve&);
-extern template std::vector<unsigned> TableOfValues<std::uint16_t>(const ContrastCurve&);
-extern template std::vector<unsigned> TableOfValues<std::int16_t>(const ContrastCurve&);
+extern template void FillTable<std::uint8_t>(const ContrastCurve&, std::vector<unsigned>&);
+extern template void FillTable<std::uint16_t>(const ContrastCurve&, std::vector<unsigned>&);
+extern template void FillTable<std::int16_t>(const ContrastCurve&, std::vector<unsigned>&);
 extern template void ShowByTable(const std::vector<unsigned>&, const std::uint8_t*, unsigned*, std::size_t);
 extern template void ShowByTable(const std::vector<unsigned>&, const std::uint16_t*, unsigned*, std::size_t);
 extern template void ShowByTable(const std::vector<unsigned>&, const std::int16_t*, unsigned*, std::size_t);

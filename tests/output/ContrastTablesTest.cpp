@@ -25,7 +25,8 @@ TEST_CASE("each 16-bit value shows as the formula says")
         state.Low = 100.0;
         state.High = 40000.5;
         state.Gamma = gamma;
-        const std::vector<unsigned> table = TableOfValues<std::uint16_t>(ContrastCurve(state));
+        std::vector<unsigned> table;
+        FillTable<std::uint16_t>(ContrastCurve(state), table);
         REQUIRE(table.size() == 65536);
         for (int v = 0; v < 65536; ++v)
             CHECK(table[static_cast<std::size_t>(v)] ==
@@ -45,9 +46,10 @@ TEST_CASE("signed values find their place in a table that starts with the lowest
     ContrastState state;
     state.Low = -32768.0;
     state.High = 32767.0;
-    const std::vector<unsigned> table = TableOfValues<std::int16_t>(ContrastCurve(state));
-    const std::int16_t          values[] = {-32768, 32767, 0, -1};
-    unsigned                    pixels[4];
+    std::vector<unsigned> table;
+    FillTable<std::int16_t>(ContrastCurve(state), table);
+    const std::int16_t values[] = {-32768, 32767, 0, -1};
+    unsigned           pixels[4];
     ShowByTable(table, values, pixels, 4);
     CHECK(pixels[0] == 0);
     CHECK(pixels[1] == 0xFFFFFF);

@@ -104,32 +104,32 @@ float gCVSGetImaPixelValue(int canvas, CPoint point)
 
 ClassData2DIO<float>& gCVSGetRaw(int canvas)
 {
-    return CanvasToRead(canvas).Raw;
+    return CanvasToRead(canvas).HandOutRaw();
 }
 
 float* gCVSGetRawPtr1D(int canvas)
 {
-    return CanvasToRead(canvas).Raw.Ptr1D;
+    return CanvasToRead(canvas).HandOutRaw().Ptr1D;
 }
 
 float** gCVSGetRawPtr2D(int canvas)
 {
-    return CanvasToRead(canvas).Raw.Ptr2D;
+    return CanvasToRead(canvas).HandOutRaw().Ptr2D;
 }
 
 ClassData2DIO<float>& gCVSGetRawOri(int canvas)
 {
-    return CanvasToRead(canvas).RawOri;
+    return CanvasToRead(canvas).HandOutRawOri();
 }
 
 float* gCVSGetRawOriPtr1D(int canvas)
 {
-    return CanvasToRead(canvas).RawOri.Ptr1D;
+    return CanvasToRead(canvas).HandOutRawOri().Ptr1D;
 }
 
 float** gCVSGetRawOriPtr2D(int canvas)
 {
-    return CanvasToRead(canvas).RawOri.Ptr2D;
+    return CanvasToRead(canvas).HandOutRawOri().Ptr2D;
 }
 
 FileType gCVSGetFileType(int canvas)
@@ -161,15 +161,15 @@ int gCVSGenerateLabel(int canvas, bool selectedOnly)
 
 ClassData2DIO<int>& gCVSGetLabelIma(int canvas)
 {
-    return CanvasToRead(canvas).LabelIma;
+    return CanvasToRead(canvas).HandOutLabels();
 }
 
 int* gCVSGetLabelImaPtr1D(int canvas)
 {
-    return CanvasToRead(canvas).LabelIma.Ptr1D;
+    return CanvasToRead(canvas).HandOutLabels().Ptr1D;
 }
 
 int** gCVSGetLabelImaPtr2D(int canvas)
 {
-    return CanvasToRead(canvas).LabelIma.Ptr2D;
+    return CanvasToRead(canvas).HandOutLabels().Ptr2D;
 }

@@ -14,23 +14,23 @@ bool gCVSPrepareCanvas(int canvas, int width, int height)
 void gCVSSetCanvasColor(int canvas, unsigned int color)
 {
     if (VostelImage* const image = FindCanvas(canvas))
-        image->CanvasSurface.Fill(color);
+        image->HandOutSurface().Fill(color);
 }
 
 HDC gCVSGetCanvasHDC(int canvas)
 {
-    return CanvasToRead(canvas).CanvasSurface.MemDC;
+    return CanvasToRead(canvas).HandOutSurface().MemDC;
 }
 
 unsigned int* gCVSGetCanvasPixelPtr(int canvas)
 {
-    return CanvasToRead(canvas).CanvasSurface.Pixels;
+    return CanvasToRead(canvas).HandOutSurface().Pixels;
 }
 
 unsigned int** gCVSCreateCanvasPixelPtr2D(int canvas)
 {
     VostelImage* const image = FindCanvas(canvas);
-    return image ? image->CanvasSurface.CreateRowTable() : nullptr;
+    return image ? image->HandOutSurface().CreateRowTable() : nullptr;
 }
 
 bool gCVSReleaseCanvasPixelPtr2D(int canvas)
