@@ -75,6 +75,8 @@ void VostelCaptioned::PlaceLabel(float x, float y, float width, float height)
 
 void VostelCaptioned::DrawLabel(HDC dc, CPoint from)
 {
+    if (!ShowsCaptions())
+        return;
     RefreshLabel();
     Kit.DrawLine(from, Label.NearestCorner(from), 0, Black, PS_DOT);
     Label.OnDraw(dc);

@@ -70,10 +70,10 @@ void VostelFixedRect::UpdateAnchoredRect()
     if (!View)
         return;
     const CRect& client = View->ClientRect;
-    ClientBox.left = LeftMargin;
-    ClientBox.right = WrapAdd(ClientBox.left, FixedWidth);
-    ClientBox.bottom = WrapSub(WrapSub(WrapSub(client.bottom, BottomMargin), client.top), 1);
-    ClientBox.top = WrapSub(ClientBox.bottom, FixedHeight);
+    ClientBox.left = Scaled(LeftMargin);
+    ClientBox.right = WrapAdd(ClientBox.left, Scaled(FixedWidth));
+    ClientBox.bottom = WrapSub(WrapSub(WrapSub(client.bottom, Scaled(BottomMargin)), client.top), 1);
+    ClientBox.top = WrapSub(ClientBox.bottom, Scaled(FixedHeight));
 }
 
 }

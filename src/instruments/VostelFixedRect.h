@@ -8,6 +8,7 @@ namespace vostel {
 // with the image. ClientBox of the base is the control's rectangle.
 class VostelFixedRect : public VostelObj {
 public:
+    // At a pixel ratio of 1; the control grows with it.
     int LeftMargin = 0;      // client px from the left edge of the area to the control's left
     int BottomMargin = 0;    // client px from the bottom edge of the area to the control's bottom
     int FixedWidth = 0;      // client px

@@ -71,7 +71,7 @@ void VostelLineProfile::OnDraw(HDC dc)
     if (OpenMade)
         PlotSamples();
     VostelSingleLine::OnDraw(dc);
-    if (OwnerImage && OwnerImage->ShownType() != FileTypeNone)
+    if (ShowsCaptions() && OwnerImage && OwnerImage->ShownType() != FileTypeNone)
         ProfilePlot.OnDraw(dc);
 }
 
@@ -84,7 +84,8 @@ void VostelLineProfile::DerivePainted()
 bool VostelLineProfile::TakePoints(std::span<const PointTemplateBase<double>> points)
 {
     if (ProfilePlot.PlotWidth == 0)
-        ProfilePlot.SetPlacement(30.0f, 30.0f, 512.0f, 150.0f);
+        ProfilePlot.SetPlacement(static_cast<float>(Scaled(30)), static_cast<float>(Scaled(30)),
+                                 static_cast<float>(Scaled(512)), static_cast<float>(Scaled(150)));
     return VostelSingleLine::TakePoints(points);
 }
 

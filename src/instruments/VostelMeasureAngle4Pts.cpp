@@ -80,7 +80,7 @@ void VostelMeasureAngle4Pts::OnDraw(HDC dc)
     BindKit(dc);
     Kit.DrawHandles(HandleRects, LineColor(), HandleShape);
     if (ImagePoints.size() == 4 && ClientPoints.size() == 4) {
-        Kit.DrawEllipseOutline(CrossBox, Yellow);
+        Kit.DrawHandles({CrossBox}, Yellow, RoundHandles);
         for (const CPoint& end : ClientPoints)
             Kit.DrawLine(end, Cross, 0, LineColor(), PS_SOLID);
         DrawLabel(dc, ClientPoints[0]);

@@ -65,6 +65,8 @@ bool VostelMeasureLine::HitTest(CPoint point)
 void VostelMeasureLine::OnDraw(HDC dc)
 {
     VostelSingleLine::OnDraw(dc);
+    if (!ShowsCaptions())
+        return;
     RefreshLabel();
     if (MeasureArmed)
         Label.OnDraw(dc);

@@ -50,7 +50,8 @@ bool VostelNeighborV::Covers(CPoint point) const
 
 bool VostelNeighborV::HitTest(CPoint point)
 {
-    return Box.HitTest(point);
+    Box.HitTest(point);
+    return Hits(point);
 }
 
 void VostelNeighborV::SetPlacement(float x, float y, float w, float h)

@@ -45,6 +45,8 @@ void VostelPoints::DrawMark()
         // One more at the far ends: a line leaves out its last pixel.
         Kit.DrawLine(CPoint(at.x - arm, at.y), CPoint(at.x + arm + 1, at.y), 0, LineColor(), PS_SOLID);
         Kit.DrawLine(CPoint(at.x, at.y - arm), CPoint(at.x, at.y + arm + 1), 0, LineColor(), PS_SOLID);
+        if (!ShowsCaptions())
+            continue;
         const CString number = FormatText(L"%d", static_cast<int>(i + 1));
         TextOutW(Kit.Dc, at.x + Scaled(NumberRight), at.y - Scaled(NumberAbove), number, number.GetLength());
     }

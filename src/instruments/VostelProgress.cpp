@@ -16,7 +16,7 @@ constexpr COLORREF BarColor = RGB(100, 100, 100);
 void VostelProgress::RefreshClientGeometry()
 {
     BarRect = ClientBox;
-    InflateRect(&BarRect, -3, -3);
+    InflateRect(&BarRect, -Scaled(3), -Scaled(3));
     // Hosts may give a range of more than 32 bits.
     const float done = static_cast<float>(static_cast<std::int64_t>(Pos) - RangeLow) /
                        static_cast<float>(static_cast<std::int64_t>(RangeHigh) - RangeLow);

@@ -13,6 +13,7 @@ constexpr COLORREF EdgeColor = RGB(150, 150, 150);
 constexpr COLORREF LowThumbColor = RGB(80, 80, 80);
 constexpr COLORREF HighThumbColor = RGB(220, 220, 220);
 constexpr wchar_t  ChineseCaption[] = L"阈值";    // until a host sets another
+constexpr int      CaptionHeight = 16;            // px
 constexpr UINT     CaptionFormat = DT_CENTER | DT_VCENTER | DT_SINGLELINE;
 
 // 32-bit quotient; a track without travel gives infinities; the clamps below bound them.
@@ -69,14 +70,14 @@ void VostelSlider::OnMouseMove(unsigned int, CPoint point)
     if (DragHigh) {
         High += Fraction(WrapSub(point.x, LastPoint.x), Travel);
         RefreshClientGeometry();
-        const float nearest = Fraction(ThumbWidth, Travel) + Low;
+        const float nearest = Fraction(Scaled(ThumbWidth), Travel) + Low;
         High = std::max(std::max(nearest, 0.0f), std::min(High, 1.0f));
         LastPoint = point;
     }
     if (DragLow) {
         Low += Fraction(WrapSub(point.x, LastPoint.x), Travel);
         RefreshClientGeometry();
-        const float nearest = High - Fraction(ThumbWidth, Travel);
+        const float nearest = High - Fraction(Scaled(ThumbWidth), Travel);
         Low = std::max(0.0f, std::min(Low, std::min(nearest, 1.0f)));
         LastPoint = point;
     }
@@ -84,25 +85,27 @@ void VostelSlider::OnMouseMove(unsigned int, CPoint point)
 
 void VostelSlider::RefreshClientGeometry()
 {
+    const int inset = Scaled(Inset);
     CaptionRect = TrackRect = ClientBox;
-    CaptionRect.right = WrapAdd(ClientBox.left, CaptionWidth);
-    TrackRect.left = WrapAdd(WrapAdd(ClientBox.left, CaptionWidth), TrackGap);
-    InflateRect(&CaptionRect, Inset, Inset);
-    InflateRect(&TrackRect, Inset, Inset);
+    CaptionRect.right = WrapAdd(ClientBox.left, Scaled(CaptionWidth));
+    TrackRect.left = WrapAdd(WrapAdd(ClientBox.left, Scaled(CaptionWidth)), Scaled(TrackGap));
+    InflateRect(&CaptionRect, inset, inset);
+    InflateRect(&TrackRect, inset, inset);
     TrackWidth = WrapSub(TrackRect.right, TrackRect.left);
-    Travel = WrapSub(TrackWidth, ThumbWidth);
+    Travel = WrapSub(TrackWidth, Scaled(ThumbWidth));
     LowThumbRect = ThumbRect(Low);
     HighThumbRect = ThumbRect(High);
 }
 
 CRect VostelSlider::ThumbRect(float position) const
 {
-    const int half = ThumbWidth / 2;
+    const int width = Scaled(ThumbWidth);
+    const int half = width / 2;
     CRect     thumb = ClientBox;
     thumb.left = TruncToInt(static_cast<float>(Travel) * position +
                             static_cast<float>(WrapAdd(TrackRect.left, half)) - static_cast<float>(half));
-    thumb.right = WrapAdd(thumb.left, ThumbWidth);
-    InflateRect(&thumb, 0, Inset);
+    thumb.right = WrapAdd(thumb.left, width);
+    InflateRect(&thumb, 0, Scaled(Inset));
     return thumb;
 }
 
@@ -112,6 +115,8 @@ void VostelSlider::OnDraw(HDC dc)
         return;
     VostelFixedRect::OnDraw(dc);
 
+    if (PixelRatio() != 1.0)    // else the font that the context holds
+        Kit.SelectTextStyle(Scaled(CaptionHeight), OPAQUE, Black);
     SetBkColor(dc, ControlFace);
     SetTextColor(dc, Black);
     SetBkMode(dc, OPAQUE);

@@ -23,13 +23,14 @@ void VostelTextML::OnDraw(HDC dc)
 {
     BindKit(dc);
     const int lineHeight = FitToLines();
+    const int margin = Scaled(Margin);
     SetBkMode(dc, TRANSPARENT);
-    int top = WrapAdd(ClientBox.top, Margin);
+    int top = WrapAdd(ClientBox.top, margin);
     for (const CString& line : Lines) {
-        CRect place(WrapAdd(ClientBox.left, Margin), top, WrapSub(ClientBox.right, Margin),
-                    WrapAdd(top, WrapAdd(Margin, lineHeight)));
+        CRect place(WrapAdd(ClientBox.left, margin), top, WrapSub(ClientBox.right, margin),
+                    WrapAdd(top, WrapAdd(margin, lineHeight)));
         DrawTextW(dc, line, line.GetLength(), &place, DT_CENTER | DT_SINGLELINE);
-        top = WrapAdd(top, WrapAdd(Margin, lineHeight));
+        top = WrapAdd(top, WrapAdd(margin, lineHeight));
     }
 }
 
@@ -43,19 +44,20 @@ void VostelTextML::DerivePainted()
 int VostelTextML::FitToLines()
 {
     Kit.TextBoxBack = Kit.BkMode == OPAQUE;
-    Kit.SelectTextStyle(TextHeight, Kit.BkMode, Red);
+    Kit.SelectTextStyle(Scaled(StyleHeight > 0 ? StyleHeight : TextHeight), Kit.BkMode, Red);
     if (Lines.empty())
         return 0;
-    int widest = 0;
-    int lineHeight = 0;
-    int total = Margin;
+    int       widest = 0;
+    int       lineHeight = 0;
+    const int margin = Scaled(Margin);
+    int       total = margin;
     for (const CString& line : Lines) {
         const CRect extent = TextExtent(Kit.Dc, line);
         widest = std::max(widest, extent.Width());
         lineHeight = extent.Height();
-        total = WrapAdd(total, WrapAdd(Margin, lineHeight));
+        total = WrapAdd(total, WrapAdd(margin, lineHeight));
     }
-    ClientBox.right = WrapAdd(ClientBox.left, WrapAdd(widest, 2 * Margin));
+    ClientBox.right = WrapAdd(ClientBox.left, WrapAdd(widest, 2 * margin));
     ClientBox.bottom = WrapAdd(ClientBox.top, total);
     return lineHeight;
 }

@@ -26,6 +26,13 @@ void VostelTextRect::SetPlacement(float x, float y, float w, float h)
     VostelSizeFixedRect::SetPlacement(static_cast<float>(at.x), static_cast<float>(at.y), w, h);
 }
 
+void VostelTextRect::RefreshClientGeometry()
+{
+    VostelSizeFixedRect::RefreshClientGeometry();
+    if (OpenMade && ClientPoints.size() == 2)
+        InflateRect(&ClientBox, Scaled(3), Scaled(3));
+}
+
 void VostelTextRect::OnDraw(HDC dc)
 {
     if (FittedHeight != 0 && FittedHeight != FontHeight())
@@ -72,7 +79,7 @@ void VostelTextRect::DerivePainted()
         TakeText(CString(Text));
     VostelSizeFixedRect::DerivePainted();
     if (ClientPoints.size() == 2)
-        InflateRect(&ClientBox, 3, 3);
+        InflateRect(&ClientBox, Scaled(3), Scaled(3));
 }
 
 std::vector<PointTemplateBase<double>> VostelTextRect::GivePoints() const
@@ -120,6 +127,7 @@ void VostelTextRect::Persist(StateArchive& archive)
 
 void VostelTextRect::PlaceCaption(const CString& text, CPoint at, int height)
 {
+    OpenMade = true;
     TakePoints(std::array{ClientToImage(at)});
     ShowCaption(text, height);
     if (!View)
@@ -145,8 +153,10 @@ void VostelTextRect::PersistCaption(StateArchive& archive, bool follows)
     }
     std::vector<PointTemplateBase<double>> corner = GivePoints();
     archive(corner);
-    if (archive.IsLoading() && !corner.empty())
-        PlaceCorner(corner[0], TextWidth, TextHeight);
+    if (!archive.IsLoading() || corner.empty())
+        return;
+    OpenMade = true;
+    PlaceCorner(corner[0], TextWidth, TextHeight);
 }
 
 int VostelTextRect::FontHeight() const
@@ -256,7 +266,7 @@ void VostelTextRect::PlaceMeasured(const CRect& extent)
     RefreshClientGeometry();
     if (ClientPoints.size() == 2) {
         ClientBox = NormalisedBox(ClientPoints[0], ClientPoints[1]);
-        InflateRect(&ClientBox, 3, 3);
+        InflateRect(&ClientBox, Scaled(3), Scaled(3));
     }
 }
 

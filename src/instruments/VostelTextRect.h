@@ -22,6 +22,7 @@ public:
 
     void    SetPlacement(float x, float y, float w,
                          float h) override;    // x, y in client px; w, h as for the base
+    void    RefreshClientGeometry() override;
     void    OnDraw(HDC dc) override;
     void    SetTextAndFit(CString& text) override;
     void    SetText(CString& text) override;    // the box keeps its size

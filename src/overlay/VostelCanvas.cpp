@@ -12,7 +12,8 @@ namespace {
 
 constexpr int FewestValues = 5;    // that are taken in
 constexpr int LargestPlot = 32767;
-constexpr int FewestDrawn = 6;    // a line of exactly 5 is taken in and not shown
+constexpr int LabelHeight = 16;    // px
+constexpr int FewestDrawn = 6;     // a line of exactly 5 is taken in and not shown
 
 }
 
@@ -51,7 +52,10 @@ void VostelCanvas::OnDraw(HDC dc)
     if (Data.Width < FewestDrawn)
         return;
     Kit.DrawCurve(Plot, ClientBox.left, ClientBox.bottom);
-    Kit.DrawLabel(CaptionText(), WrapAdd(ClientBox.left, 5), WrapAdd(ClientBox.top, 5));
+    // Classic plots take the font that the context happens to hold.
+    if (OpenMade || PixelRatio() != 1.0)
+        Kit.SelectTextStyle(Scaled(LabelHeight), TRANSPARENT, Blue);
+    Kit.DrawLabel(CaptionText(), WrapAdd(ClientBox.left, Scaled(5)), WrapAdd(ClientBox.top, Scaled(5)));
 }
 
 void VostelCanvas::Persist(StateArchive& archive)

@@ -83,7 +83,7 @@ void VostelCrayonMStroke::OnDraw(HDC dc)
 {
     ShowHandles = false;
     BindKit(dc);
-    Kit.DrawSegments(ClientPoints, StrokeStarts, StrokeWidth, LineColor());
+    Kit.DrawSegments(ClientPoints, StrokeStarts, Scaled(LineWidth + StrokeWidth - 1), LineColor());
 }
 
 bool VostelCrayonMStroke::TakePoints(std::span<const PointTemplateBase<double>> points)

@@ -22,7 +22,7 @@ void VostelCrayonOneStroke::OnLButtonDown(unsigned int flags, CPoint point)
     }
     if (!StrokeDone)
         return;
-    if (PointInPolygon(ClientPoints, point)) {
+    if (ExactInterior(point).value_or(PointInPolygon(ClientPoints, point))) {
         BeginMove();
     } else {
         EndMove();
@@ -56,6 +56,7 @@ void VostelCrayonOneStroke::OnMouseMove(unsigned int flags, CPoint point)
 void VostelCrayonOneStroke::OnDraw(HDC dc)
 {
     BindKit(dc);
+    FillRegion();
     Kit.DrawClosedPolyline(ClientPoints, LineColor());
 }
 

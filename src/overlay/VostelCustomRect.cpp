@@ -14,7 +14,7 @@ void VostelCustomRect::OnLButtonDown(unsigned int, CPoint point)
 {
     ButtonDown = true;
     LastPoint = point;
-    Selected = PtInRect(&ClientBox, point) != 0;
+    Selected = ExactInterior(point).value_or(PtInRect(&ClientBox, point) != 0);
     if (Selected) {
         BeginMove();
     } else {
@@ -42,7 +42,9 @@ void VostelCustomRect::SetPlacement(float x, float y, float w, float h)
 void VostelCustomRect::OnDraw(HDC dc)
 {
     Kit.Dc = dc;
+    SetPens();
     VostelCustomRect::DerivePainted();
+    FillRegion();
     if (DrawBody)
         DrawBox(LineColor());
 }

@@ -2,6 +2,7 @@
 
 #include "base/Truncate.h"
 #include "canvas/view/HitTests.h"
+#include "overlay/InteriorFill.h"
 
 #include <algorithm>
 
@@ -105,7 +106,8 @@ void VostelMPoint::RefreshClientGeometry()
 
 bool VostelMPoint::Covers(CPoint point) const
 {
-    return PointInPolygon(ClientPoints, point) || HitRectList(HandleRects, point) != -1;
+    return ExactInterior(point).value_or(PointInPolygon(ClientPoints, point)) ||
+           HitRectList(HandleRects, point) != -1;
 }
 
 bool VostelMPoint::HitTest(CPoint point)
@@ -219,13 +221,31 @@ void VostelMPoint::BuildClientPoints()
             ClientPoints[i] = ImageToClient(ImagePoints[i]);
         return;
     }
+    // Corners that are no whole px round the sizes that are kept.
+    const double half = OpenMade ? 0.5 : 0.0;
     // Only a box of two points keeps its size on the screen; other counts have no place to keep.
     ClientPoints.assign(ImagePoints.size(), CPoint());
     if (ImagePoints.size() != 2)
         return;
     ClientPoints[0] = ImageToClient(ImagePoints[0]);
-    ClientPoints[1].x = WrapAdd(ClientPoints[0].x, TruncToInt(ImagePoints[1].x - ImagePoints[0].x));
-    ClientPoints[1].y = WrapAdd(ClientPoints[0].y, TruncToInt(ImagePoints[1].y - ImagePoints[0].y));
+    ClientPoints[1].x = WrapAdd(ClientPoints[0].x, TruncToInt(ImagePoints[1].x - ImagePoints[0].x + half));
+    ClientPoints[1].y = WrapAdd(ClientPoints[0].y, TruncToInt(ImagePoints[1].y - ImagePoints[0].y + half));
+}
+
+std::optional<bool> VostelMPoint::ExactInterior(CPoint point) const
+{
+    const std::optional<Outline> outline = OpenMade && View ? RegionOutline() : std::nullopt;
+    if (!outline)
+        return std::nullopt;
+    return IsInsideOutline(ClientOutline(*outline, *View), point);
+}
+
+void VostelMPoint::FillRegion()
+{
+    if (FillColor >> 24 == 0 || !View)
+        return;
+    if (const std::optional<Outline> outline = RegionOutline())
+        FillInterior(Kit, ClientOutline(*outline, *View), FillColor);
 }
 
 void VostelMPoint::StartOver()

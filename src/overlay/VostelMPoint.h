@@ -42,6 +42,12 @@ protected:
     };
     virtual PointCounts CountsTaken() const;
 
+    // Whether a press at the client point falls inside the exact outline of an open-made region; none for
+    // all other objects.
+    std::optional<bool> ExactInterior(CPoint point) const;
+    // Lays the fill color over the interior of a region.
+    void FillRegion();
+
     // Empties the lists; their storage stays for the shape that begins again.
     void StartOver();
     // The client point moved to the nearest one that lies on the image.

@@ -4,6 +4,7 @@
 #include "overlay/StateArchive.h"
 #include "platform/HostServices.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace vostel {
@@ -234,7 +235,7 @@ CPoint VostelObj::ImageToClient(PointTemplateBase<double> point) const
     return View->ImageToClient(point);
 }
 
-int VostelObj::Scaled(int px) const
+int VostelObj::Scaled(double px) const
 {
     return TruncToInt(std::floor(px * PixelRatio() + 0.5));
 }
@@ -243,6 +244,15 @@ void VostelObj::BindKit(HDC dc)
 {
     Kit.Dc = dc;
     Kit.BindSurface(SurfacePixels);
+    SetPens();
+}
+
+void VostelObj::SetPens()
+{
+    Kit.PenWidth = std::max(1, Scaled(LineWidth));
+    Kit.HandlePenWidth = std::max(1, Scaled(1));
+    Kit.TextMargin = Scaled(3);
+    Kit.HandlesOn = !View || View->Settings.Handles;
 }
 
 }

@@ -194,11 +194,13 @@ protected:
     const CanvasSettings* Settings() const { return View ? &View->Settings : nullptr; }
     // Device px per px of pens, handles and fonts, and so many px in them.
     double PixelRatio() const { return View ? View->Settings.PixelRatio : 1.0; }
-    int    Scaled(int px) const;
+    int    Scaled(double px) const;
+    bool   ShowsCaptions() const { return !View || View->Settings.Captions; }
 
     void EndMove();
     // Target of the next drawing; every OnDraw starts with it.
     void     BindKit(HDC dc);
+    void     SetPens();    // of Kit, from the style and the canvas's settings
     COLORREF LineColor() const { return Selected ? LineColorSel : LineColorIdle; }
     COLORREF HandleColor() const { return Selected ? HandleColorSel : HandleColorIdle; }
 };

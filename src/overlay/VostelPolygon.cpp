@@ -9,6 +9,8 @@ VostelPolygon::VostelPolygon()
 
 void VostelPolygon::OnDraw(HDC dc)
 {
+    BindKit(dc);
+    FillRegion();
     VostelMPoint::OnDraw(dc);
     Kit.DrawClosedPolyline(ClientPoints, LineColor());
 }

@@ -12,7 +12,8 @@ VostelRect::VostelRect()
 void VostelRect::OnLButtonDown(unsigned int flags, CPoint point)
 {
     VostelSingleLine::OnLButtonDown(flags, point);
-    if (PtInRect(&ClientBox, point))
+    // The press of an open-made box has found its handle or interior already.
+    if (!OpenMade && PtInRect(&ClientBox, point))
         BeginMove();
 }
 
@@ -23,12 +24,15 @@ void VostelRect::OnMouseMove(unsigned int flags, CPoint point)
 
 bool VostelRect::Covers(CPoint point) const
 {
-    return PtInRect(&ClientBox, point) || HitRectList(HandleRects, point) != -1;
+    return ExactInterior(point).value_or(PtInRect(&ClientBox, point) != 0) ||
+           HitRectList(HandleRects, point) != -1;
 }
 
 void VostelRect::OnDraw(HDC dc)
 {
     DrawBody = true;
+    BindKit(dc);
+    FillRegion();
     VostelSingleLine::OnDraw(dc);
 }
 

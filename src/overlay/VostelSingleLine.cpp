@@ -22,8 +22,19 @@ void VostelSingleLine::OnLButtonDown(unsigned int flags, CPoint point)
     const std::int64_t dy = static_cast<std::int64_t>(point.y) - MidPoint.y;
     const float distance = static_cast<float>(std::sqrt(static_cast<double>(dx) * static_cast<double>(dx) +
                                                         static_cast<double>(dy) * static_cast<double>(dy)));
-    if (distance < static_cast<float>(HandleRadius) && HandleShape == RoundHandles)
+    // A Shift press of an open-made shape starts a new one, wherever the middle of the last one was.
+    if (OpenMade && (flags & MK_SHIFT) != 0)
+        return;
+    if (distance < static_cast<float>(Scaled(HandleRadius)) && HandleShape == RoundHandles)
         BeginMove();
+}
+
+// Open-made shapes are hit where they are, painted or not.
+void VostelSingleLine::RefreshClientGeometry()
+{
+    VostelMPoint::RefreshClientGeometry();
+    if (OpenMade)
+        VostelSingleLine::DerivePainted();
 }
 
 void VostelSingleLine::OnDraw(HDC dc)
@@ -31,10 +42,7 @@ void VostelSingleLine::OnDraw(HDC dc)
     ShowHandles = true;
     VostelSingleLine::DerivePainted();
     VostelMPoint::OnDraw(dc);
-    if (HandleShape == SquareHandles)
-        Kit.DrawRectOutline(MidRect, HandleColor());
-    else if (HandleShape == RoundHandles)
-        Kit.DrawEllipseOutline(MidRect, HandleColor());
+    Kit.DrawHandles({MidRect}, HandleColor(), HandleShape);
     if (DrawBody)
         DrawBox(LineColor());
     else if (ClientPoints.size() == 2)
@@ -49,8 +57,9 @@ void VostelSingleLine::DerivePainted()
     const CPoint& b = ClientPoints[1];
     MidPoint = CPoint(TruncToInt((static_cast<double>(a.x) + b.x) * 0.5),
                       TruncToInt((static_cast<double>(a.y) + b.y) * 0.5));
-    MidRect = CRect(WrapSub(MidPoint.x, HandleRadius), WrapSub(MidPoint.y, HandleRadius),
-                    WrapAdd(MidPoint.x, HandleRadius), WrapAdd(MidPoint.y, HandleRadius));
+    const int radius = Scaled(HandleRadius);
+    MidRect = CRect(WrapSub(MidPoint.x, radius), WrapSub(MidPoint.y, radius), WrapAdd(MidPoint.x, radius),
+                    WrapAdd(MidPoint.y, radius));
     ClientBox = NormalisedBox(a, b);
     if (ImagePoints.size() == 2)
         ImageBox = NormalisedBox(CPoint(TruncToInt(ImagePoints[0].x), TruncToInt(ImagePoints[0].y)),

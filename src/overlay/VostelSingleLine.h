@@ -14,6 +14,7 @@ public:
     VostelSingleLine();
 
     void OnLButtonDown(unsigned int flags, CPoint point) override;
+    void RefreshClientGeometry() override;
     void OnDraw(HDC dc) override;
     void DerivePainted() override;    // middle handle and boxes
 

@@ -30,6 +30,7 @@ void VostelSpline::OnDraw(HDC dc)
 {
     BindKit(dc);
     DerivePainted();
+    FillRegion();
     Kit.DrawClosedPolyline(CurvePoints, LineColor());
     // Always round, always shown and always in the line color, unlike the handles of other shapes.
     Kit.DrawHandles(HandleRects, LineColor(), RoundHandles);

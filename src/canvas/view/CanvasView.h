@@ -11,7 +11,9 @@ struct CanvasSettings {
     double  PixelRatio = 1.0;    // device px per px of pens, handles, fonts and controls
     bool    English = false;     // captions and read-outs; else Chinese
     double  UnitsPerPixel = 1.0;
-    CString Unit = L"px";    // of lengths in captions
+    CString Unit = L"px";       // of lengths in captions
+    bool    Handles = true;     // whether handles are drawn
+    bool    Captions = true;    // whether captions of objects are drawn, and plots of profiles
 };
 
 // The transform between image pixels and the host's client area, and the mouse gestures that change it.

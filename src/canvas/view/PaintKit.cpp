@@ -52,14 +52,14 @@ PaintKit::~PaintKit()
 
 void PaintKit::DrawLine(const CPoint& a, const CPoint& b, int, COLORREF color, int penStyle)
 {
-    const SelectedObject pen(Dc, CreatePen(penStyle, 1, color));
+    const SelectedObject pen(Dc, CreatePen(penStyle, penStyle == PS_SOLID ? PenWidth : 1, color));
     MoveToEx(Dc, a.x, a.y, nullptr);
     LineTo(Dc, b.x, b.y);
 }
 
 void PaintKit::DrawTextBox(const CString& text, CRect& r)
 {
-    InflateRect(&r, 3, 3);
+    InflateRect(&r, TextMargin, TextMargin);
     if (TextBoxBack)
         FillSolid(r, White);
     SetBkMode(Dc, TRANSPARENT);
@@ -88,7 +88,7 @@ void PaintKit::SelectTextStyle(int height, int bkMode, COLORREF color)
 
 void PaintKit::DrawEllipseOutline(const CRect& r, COLORREF color)
 {
-    const SelectedObject pen(Dc, CreatePen(PS_SOLID, 1, color));
+    const SelectedObject pen(Dc, CreatePen(PS_SOLID, PenWidth, color));
     SelectObject(Dc, GetStockObject(NULL_BRUSH));
     Ellipse(Dc, r.left, r.top, r.right, r.bottom);
     SelectObject(Dc, GetStockObject(WHITE_BRUSH));
@@ -96,7 +96,7 @@ void PaintKit::DrawEllipseOutline(const CRect& r, COLORREF color)
 
 void PaintKit::DrawRectOutline(const CRect& r, COLORREF color)
 {
-    const SelectedObject pen(Dc, CreatePen(PS_SOLID, 1, color));
+    const SelectedObject pen(Dc, CreatePen(PS_SOLID, PenWidth, color));
     SelectObject(Dc, GetStockObject(NULL_BRUSH));
     Rectangle(Dc, r.left, r.top, r.right, r.bottom);
     SelectObject(Dc, GetStockObject(WHITE_BRUSH));
@@ -108,7 +108,7 @@ void PaintKit::DrawCurve(StructData2D<unsigned short>& data, int x0, int y0)
         return;
     SetViewportOrgEx(Dc, x0, y0, nullptr);
     {
-        const SelectedObject  pen(Dc, CreatePen(PS_SOLID, 1, Red));
+        const SelectedObject  pen(Dc, CreatePen(PS_SOLID, HandlePenWidth, Red));
         const unsigned short* row = data.Ptr1D;
         MoveToEx(Dc, 0, -row[0], nullptr);
         for (int i = 1; i < data.Width; ++i)
@@ -159,7 +159,7 @@ void PaintKit::DrawClosedPolyline(const std::vector<Point>& points, COLORREF col
 {
     if (points.size() < 2)
         return;
-    const SelectedObject pen(Dc, CreatePen(PS_SOLID, 1, color));
+    const SelectedObject pen(Dc, CreatePen(PS_SOLID, PenWidth, color));
     MoveToEx(Dc, points[0].x, points[0].y, nullptr);
     for (std::size_t i = 1; i < points.size(); ++i)
         LineTo(Dc, points[i].x, points[i].y);
@@ -171,7 +171,7 @@ template void PaintKit::DrawClosedPolyline(const std::vector<PointTemplateBase<i
 
 void PaintKit::DrawOpenPolyline(const std::vector<CPoint>& points, COLORREF color)
 {
-    DrawSegments(points, {0}, 1, color);
+    DrawSegments(points, {0}, PenWidth, color);
 }
 
 void PaintKit::DrawSegments(const std::vector<CPoint>& points, const std::vector<int>& starts, int penWidth,
@@ -194,9 +194,9 @@ void PaintKit::DrawSegments(const std::vector<CPoint>& points, const std::vector
 
 void PaintKit::DrawHandles(const std::vector<CRect>& rects, COLORREF color, int shape)
 {
-    if (shape != RoundHandles && shape != SquareHandles)
+    if (!HandlesOn || (shape != RoundHandles && shape != SquareHandles))
         return;
-    const SelectedObject pen(Dc, CreatePen(PS_SOLID, 1, color));
+    const SelectedObject pen(Dc, CreatePen(PS_SOLID, HandlePenWidth, color));
     SelectObject(Dc, GetStockObject(NULL_BRUSH));
     for (const CRect& r : rects) {
         if (shape == SquareHandles)

@@ -24,6 +24,10 @@ public:
     int           BkMode = 0;    // of text: TRANSPARENT, OPAQUE, or 0 for none set
     COLORREF      TextColor = 0;
     int           FontHeight = 0;        // px
+    int           PenWidth = 1;          // px; of solid lines and of outlines
+    int           HandlePenWidth = 1;    // px; of handles and curves
+    bool          HandlesOn = true;      // DrawHandles draws
+    int           TextMargin = 3;        // px; between a text and the edge of its box
     bool          TextBoxBack = true;    // DrawTextBox fills its rectangle white first
     int           DashPeriod = 14;       // period of DashPhase
     unsigned int* PixelPtr = nullptr;    // borrowed; pixels of the bound surface
@@ -41,9 +45,9 @@ public:
     PaintKit(const PaintKit&) = delete;
     PaintKit& operator=(const PaintKit&) = delete;
 
-    // A one-pixel line; penStyle is a CreatePen style.
+    // penStyle is a CreatePen style. Only solid lines have the width of the pen, others one pixel.
     void DrawLine(const CPoint& a, const CPoint& b, int unused, COLORREF color, int penStyle);
-    // Text centred on one line of r, which is first inflated by 3, for the caller too.
+    // Text centred on one line of r, which is first inflated by TextMargin, for the caller too.
     void DrawTextBox(const CString& text, CRect& r);
     void DrawLabel(const CString& text, int x, int y);    // blue on nothing
     // Makes and selects the font of the given height in px, and sets text color and background mode.
