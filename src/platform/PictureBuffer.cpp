@@ -87,4 +87,10 @@ bool IsSanePictureSize(long long width, long long height)
            width * height <= MaxPixels;
 }
 
+bool IsPlausible(long long decodedBytes, std::size_t fileBytes, long long maxFactor)
+{
+    // Small pictures pass: headers and tables make the factor meaningless there.
+    return decodedBytes <= 1 << 20 || decodedBytes / maxFactor <= static_cast<long long>(fileBytes);
+}
+
 }

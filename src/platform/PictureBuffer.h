@@ -48,4 +48,7 @@ private:
 // Whether a picture of that size is accepted: at most 2^28 pixels, which is 1 GiB of color.
 bool IsSanePictureSize(long long width, long long height);
 
+// Whether a file of fileBytes can decode to that many bytes: no codec expands by more than its maxFactor.
+bool IsPlausible(long long decodedBytes, std::size_t fileBytes, long long maxFactor);
+
 }

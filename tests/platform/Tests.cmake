@@ -17,6 +17,8 @@ endforeach()
 if(NOT WIN32)
     vostel_test(platform/PortableGdiTest)
     vostel_inner_test(platform/StretchVariantsTest)
+    # Makes files with the libraries that the library reads them by.
+    vostel_inner_test(platform/PortablePicturesTest)
 endif()
 
 # The desktop's classes, text, pictures, services and files.
@@ -25,6 +27,7 @@ vostel_test(platform/TextTest)
 vostel_test(platform/ImageTest)
 vostel_inner_test(platform/HostServicesTest)
 vostel_inner_test(platform/FilesTest)
+vostel_inner_test(platform/SamplePicturesTest)
 if(NOT WIN32)
     vostel_test(platform/TextWithoutFontsTest)
     set_property(TEST ${VOSTEL_TEST_PREFIX}platform/TextWithoutFontsTest APPEND PROPERTY

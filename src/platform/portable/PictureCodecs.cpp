@@ -2,12 +2,6 @@
 
 namespace vostel::pictures {
 
-bool IsPlausible(long long decodedBytes, std::size_t fileBytes, long long maxFactor)
-{
-    // Small pictures pass: headers and tables make the factor meaningless there.
-    return decodedBytes <= 1 << 20 || decodedBytes / maxFactor <= static_cast<long long>(fileBytes);
-}
-
 void IndexRow(const PictureBuffer& picture, int y, unsigned char* indices)
 {
     const unsigned char* row = picture.Row(y);

@@ -12,9 +12,6 @@ namespace vostel::pictures {
 
 using Bytes = std::vector<unsigned char>;
 
-// Whether a file of fileBytes can decode to that many bytes: no codec expands by more than its maxFactor.
-bool IsPlausible(long long decodedBytes, std::size_t fileBytes, long long maxFactor);
-
 // False when the bytes are not that format, damaged or cut short; the picture is then to be released.
 bool DecodeBmp(const Bytes& file, PictureBuffer& picture);
 bool DecodePng(const Bytes& file, PictureBuffer& picture);

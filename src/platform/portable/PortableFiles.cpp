@@ -42,6 +42,11 @@ OwnedFile OpenFile(const char* path, const char* mode)
     return OwnedFile(std::fopen(path, mode));
 }
 
+OwnedFile OpenUtf8File(const char* path, const char* mode)
+{
+    return OpenFile(path, mode);
+}
+
 long long FileLength(std::FILE* file)
 {
     struct stat facts;

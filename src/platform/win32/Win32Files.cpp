@@ -26,6 +26,19 @@ std::string Narrow(UINT codePage, const wchar_t* text, int length)
     return narrow;
 }
 
+std::wstring Widen(UINT codePage, const char* text)
+{
+    if (!text)
+        return std::wstring();
+    const int count = MultiByteToWideChar(codePage, 0, text, -1, nullptr, 0);
+    if (count <= 1)
+        return std::wstring();
+    std::wstring wide(static_cast<std::size_t>(count), L'\0');
+    MultiByteToWideChar(codePage, 0, text, -1, wide.data(), count);
+    wide.resize(static_cast<std::size_t>(count) - 1);
+    return wide;
+}
+
 }
 
 bool PathExists(const char* path)
@@ -42,6 +55,18 @@ OwnedFile OpenFile(const char* path, const char* mode)
 {
     std::FILE* file = nullptr;
     if (!path || !mode || fopen_s(&file, path, mode) != 0)
+        return nullptr;
+    return OwnedFile(file);
+}
+
+OwnedFile OpenUtf8File(const char* path, const char* mode)
+{
+    std::FILE* file = nullptr;
+    if (!path || !mode)
+        return nullptr;
+    const std::wstring wide = Widen(CP_UTF8, path);
+    const std::wstring wideMode = Widen(CP_UTF8, mode);
+    if (wide.empty() || _wfopen_s(&file, wide.c_str(), wideMode.c_str()) != 0)
         return nullptr;
     return OwnedFile(file);
 }
@@ -66,15 +91,7 @@ std::string NarrowOem(const wchar_t* text, int length)
 
 std::wstring WidenAnsi(const char* text)
 {
-    if (!text)
-        return std::wstring();
-    const int count = MultiByteToWideChar(CP_ACP, 0, text, -1, nullptr, 0);
-    if (count <= 1)
-        return std::wstring();
-    std::wstring wide(static_cast<std::size_t>(count), L'\0');
-    MultiByteToWideChar(CP_ACP, 0, text, -1, wide.data(), count);
-    wide.resize(static_cast<std::size_t>(count) - 1);
-    return wide;
+    return Widen(CP_ACP, text);
 }
 
 bool IsPathSeparator(wchar_t character)

@@ -1,0 +1,57 @@
+#pragma once
+
+// The decoders behind SamplePictures.h, and what they share. Each takes a whole file in memory; what the file
+// claims is checked against the limits before anything is allocated. The samples are meaningless unless they
+// were taken.
+
+#include "platform/SamplePictures.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace vostel::pictures {
+
+struct SampleFile {
+    std::span<const unsigned char> Bytes;
+    int                            Page = 0;
+    PictureLimits                  Limits;
+};
+
+// Ours, on every platform.
+PictureOutcome DecodeBmpSamples(const SampleFile& file, ImageSamples& samples);
+PictureOutcome DecodePnmSamples(const SampleFile& file, ImageSamples& samples);
+PictureOutcome DecodeGifSamples(const SampleFile& file, ImageSamples& samples);
+PictureOutcome CountGifPages(const SampleFile& file, int& pages);
+
+// By the libraries of the platform.
+PictureOutcome DecodePngSamples(const SampleFile& file, ImageSamples& samples);
+PictureOutcome DecodeJpegSamples(const SampleFile& file, ImageSamples& samples);
+PictureOutcome DecodeTiffSamples(const SampleFile& file, ImageSamples& samples);
+PictureOutcome DecodeWebpSamples(const SampleFile& file, ImageSamples& samples);
+PictureOutcome CountTiffPages(const SampleFile& file, int& pages);
+
+// Of sides that are 1 or more.
+bool IsWithin(const PictureLimits& limits, long long width, long long height);
+
+// Allocates within the limits; BadFormat for an empty picture.
+PictureOutcome MakeSamples(const PictureLimits& limits, SampleType type, long long width, long long height,
+                           ImageSamples& samples);
+
+// A count of 0..top in 8 bits, to the nearest.
+inline unsigned char ScaledByte(std::uint32_t value, std::uint32_t top)
+{
+    return static_cast<unsigned char>((std::uint64_t{value} * 255 + top / 2) / top);
+}
+
+// The colors of indices of 8 bits, 0x00RRGGBB; bytes if all of them are gray. Indices beyond are black.
+ImageSamples ColorsOfIndices(ImageSamples&& indices, std::span<const unsigned> palette);
+bool         IsGrayPalette(std::span<const unsigned> palette);
+
+// The picture as an orientation tag of 1 to 8 wants it shown; other numbers leave it.
+ImageSamples Oriented(ImageSamples&& samples, int orientation);
+// The tag of a JPEG file; 1 without one.
+int OrientationOfJpeg(std::span<const unsigned char> file);
+
+}
