@@ -1,12 +1,17 @@
 #include "instruments/VostelPoints.h"
 
-#include "base/Truncate.h"
 #include "foundation/FormatText.h"
 #include "instruments/CaptionTexts.h"
+
+#include <algorithm>
+#include <set>
+#include <utility>
 
 namespace vostel {
 
 namespace {
+
+constexpr std::size_t MostNumbers = 500;    // that are drawn wherever they fall
 
 constexpr int CrossArm = 5;         // px
 constexpr int NumberHeight = 14;    // px
@@ -33,22 +38,34 @@ bool VostelPoints::HitsMark(CPoint) const
 
 void VostelPoints::DrawMark()
 {
-    const int arm = Scaled(CrossArm);
     const int reach = Scaled(NumberReach);
-    CRect     shown(0, 0, Kit.BmpWidth, Kit.BmpHeight);
-    InflateRect(&shown, reach, reach);
-    Kit.SelectTextStyle(Scaled(NumberHeight), TRANSPARENT, LineColor());
+    CRect     around(0, 0, Kit.BmpWidth, Kit.BmpHeight);
+    InflateRect(&around, reach, reach);
+    std::vector<CPoint> shown;
+    std::vector<int>    numbers;
     for (std::size_t i = 0; i < ClientPoints.size(); ++i) {
-        const CPoint at = ClientPoints[i];
-        if (!PtInRect(&shown, at))
+        if (!PtInRect(&around, ClientPoints[i]))
             continue;
-        // One more at the far ends: a line leaves out its last pixel.
-        Kit.DrawLine(CPoint(at.x - arm, at.y), CPoint(at.x + arm + 1, at.y), 0, LineColor(), PS_SOLID);
-        Kit.DrawLine(CPoint(at.x, at.y - arm), CPoint(at.x, at.y + arm + 1), 0, LineColor(), PS_SOLID);
-        if (!ShowsCaptions())
+        shown.push_back(ClientPoints[i]);
+        numbers.push_back(static_cast<int>(i + 1));
+    }
+    Kit.DrawCrosses(shown, Scaled(CrossArm), LineColor());
+    if (ShowsCaptions())
+        DrawNumbers(shown, numbers);
+}
+
+void VostelPoints::DrawNumbers(const std::vector<CPoint>& shown, const std::vector<int>& numbers)
+{
+    const bool                    crowded = shown.size() > MostNumbers;
+    const int                     cell = std::max(1, Scaled(2 * NumberHeight));
+    std::set<std::pair<int, int>> taken;
+    Kit.SelectTextStyle(Scaled(NumberHeight), TRANSPARENT, LineColor());
+    for (std::size_t i = 0; i < shown.size(); ++i) {
+        if (crowded && !taken.emplace(shown[i].x / cell, shown[i].y / cell).second)
             continue;
-        const CString number = FormatText(L"%d", static_cast<int>(i + 1));
-        TextOutW(Kit.Dc, at.x + Scaled(NumberRight), at.y - Scaled(NumberAbove), number, number.GetLength());
+        const CString number = FormatText(L"%d", numbers[i]);
+        TextOutW(Kit.Dc, shown[i].x + Scaled(NumberRight), shown[i].y - Scaled(NumberAbove), number,
+                 number.GetLength());
     }
 }
 

@@ -4,7 +4,8 @@
 
 namespace vostel {
 
-// Counted marks: a small cross with its number at each point, and a caption that gives their count.
+// Counted marks: a small cross with its number at each point, and a caption that gives their count. Where
+// very many marks crowd, numbers that would fall on others are left out until the image is enlarged.
 class VostelPoints : public VostelMarking {
 public:
     VostelPoints();
@@ -14,6 +15,9 @@ public:
 protected:
     bool HitsMark(CPoint point) const override;    // none beside the handles
     void DrawMark() override;
+
+private:
+    void DrawNumbers(const std::vector<CPoint>& shown, const std::vector<int>& numbers);
 };
 
 }

@@ -11,10 +11,14 @@ namespace {
 
 constexpr unsigned int Opaque = 0xFF;
 
-// Quotient by 255 to the nearest, of 0..255 * 255.
-unsigned int Over255(unsigned int v)
+// Red and blue, or green alone, of a pixel lie in lanes of 16 bits, where products of two bytes have room.
+constexpr unsigned int Lanes = 0x00FF00FF;
+
+// Quotient of each lane by 255 to the nearest, of 0..255 * 255.
+unsigned int Over255(unsigned int lanes)
 {
-    return (v + 128 + ((v + 128) >> 8)) >> 8;
+    const unsigned int raised = lanes + 0x00800080;
+    return (raised + (raised >> 8 & Lanes)) >> 8 & Lanes;
 }
 
 void BlendRow(unsigned int* pixels, int count, unsigned int color)
@@ -25,13 +29,12 @@ void BlendRow(unsigned int* pixels, int count, unsigned int color)
         return;
     }
     const unsigned int rest = Opaque - alpha;
-    const unsigned int red = (color >> 16 & 0xFF) * alpha;
+    const unsigned int redBlue = (color & Lanes) * alpha;
     const unsigned int green = (color >> 8 & 0xFF) * alpha;
-    const unsigned int blue = (color & 0xFF) * alpha;
     for (int i = 0; i < count; ++i) {
         const unsigned int under = pixels[i];
-        pixels[i] = Over255(red + (under >> 16 & 0xFF) * rest) << 16 |
-                    Over255(green + (under >> 8 & 0xFF) * rest) << 8 | Over255(blue + (under & 0xFF) * rest);
+        pixels[i] = Over255(redBlue + (under & Lanes) * rest) | Over255(green + (under >> 8 & 0xFF) * rest)
+                                                                    << 8;
     }
 }
 

@@ -159,3 +159,21 @@ TEST_CASE("letter keys leave markings alone")
         line.OnKeyDown(key, 1, 0);
     CHECK(line.SaveState() == state);
 }
+
+TEST_CASE("of very many marks all crosses are drawn, and numbers where there is room")
+{
+    OverlayScene  scene;
+    VostelPoints& points = Add<VostelPoints>(scene);
+    ImagePoints   many;
+    for (int i = 0; i < 501; ++i)
+        many.emplace_back(30.0 + i % 3 * 12.0, 150.0);
+    many.emplace_back(300.0, 200.0);
+    REQUIRE(points.TakePoints(many));
+    scene.Paint();
+    for (int i = 0; i < 3; ++i)
+        CHECK(scene.Pixel(30 + 12 * i, 153) == 0x0000FF);
+    const auto isBlue = [](unsigned int pixel) { return BlueOf(pixel) > GreenOf(pixel) + 40; };
+    CHECK(scene.Count(CRect(308, 186, 330, 198), isBlue) > 10);
+    // One number in the place of 501.
+    CHECK(scene.Count(CRect(36, 136, 44, 144), isBlue) < 40);
+}

@@ -192,6 +192,18 @@ void PaintKit::DrawSegments(const std::vector<CPoint>& points, const std::vector
     }
 }
 
+void PaintKit::DrawCrosses(const std::vector<CPoint>& points, int arm, COLORREF color)
+{
+    const SelectedObject pen(Dc, CreatePen(PS_SOLID, PenWidth, color));
+    for (const CPoint& at : points) {
+        // LineTo's end point is left out.
+        MoveToEx(Dc, at.x - arm, at.y, nullptr);
+        LineTo(Dc, at.x + arm + 1, at.y);
+        MoveToEx(Dc, at.x, at.y - arm, nullptr);
+        LineTo(Dc, at.x, at.y + arm + 1);
+    }
+}
+
 void PaintKit::DrawHandles(const std::vector<CRect>& rects, COLORREF color, int shape)
 {
     if (!HandlesOn || (shape != RoundHandles && shape != SquareHandles))

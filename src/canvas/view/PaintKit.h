@@ -67,6 +67,8 @@ public:
     // Several strokes in one point list; starts holds the ascending indices where a stroke begins.
     void DrawSegments(const std::vector<CPoint>& points, const std::vector<int>& starts, int penWidth,
                       COLORREF color);
+    // Upright crosses whose arms reach so many pixels from the middle.
+    void DrawCrosses(const std::vector<CPoint>& points, int arm, COLORREF color);
     void DrawHandles(const std::vector<CRect>& rects, COLORREF color, int shape);
     // Fills without an outline, right and bottom edge left out.
     void FillSolid(const CRect& r, COLORREF color);
