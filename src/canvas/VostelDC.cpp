@@ -5,6 +5,7 @@
 #include "platform/HostServices.h"
 
 #include <algorithm>
+#include <new>
 
 namespace vostel {
 
@@ -15,27 +16,19 @@ constexpr unsigned int DeleteSelectedKey = 'R';
 constexpr int          AlphaKey = 'S';
 constexpr int          AlphaStep = 5;
 
+// Hidden objects are not there for the user, and locked ones take no gesture.
+bool TakesGestures(const VostelObj& object)
+{
+    return !object.Hidden && !object.Locked;
 }
 
-// Elements deleted while an event is on its way are destroyed when the outermost event has returned.
-class VostelDC::EventScope {
-public:
-    explicit EventScope(VostelDC& canvas) : Canvas(canvas) { ++Canvas.EventsUnderWay; }
-    ~EventScope()
-    {
-        if (--Canvas.EventsUnderWay == 0 && Canvas.DestroyPending)
-            Canvas.DestroyRemoved();
-    }
-    EventScope(const EventScope&) = delete;
-    EventScope& operator=(const EventScope&) = delete;
-
-private:
-    VostelDC& Canvas;
-};
+}
 
 VostelDC::~VostelDC()
 {
     DropClientSurface();
+    if (OwnDC)
+        DeleteDC(OwnDC);
     FreeClientRowTable();
     for (VostelObj* element : Elements)
         delete element;
@@ -44,21 +37,27 @@ VostelDC::~VostelDC()
 
 void VostelDC::PaintAll()
 {
-    const EventScope scope(*this);
-    if (!UseDirect) {
-        if (ClientMemDC)
-            PaintBackground(ClientMemDC);
-        CanvasSurface.BlitTo(ClientMemDC);
-        if (ShowContrastCtrl)
-            ContrastCtrl.OnDraw(ClientMemDC);
-        if (ShowProgress)
-            ProgressCtrl.OnDraw(ClientMemDC);
-        for (std::size_t i = 0; i < Elements.size(); ++i)
-            Elements[i]->OnDraw(ClientMemDC);
-    }
+    const CallScope scope(*this);
+    if (!UseDirect)
+        ComposeFrame();
     const CRect& client = View.ClientRect;
     BitBlt(ClientDC, 0, 0, WrapSub(client.right, client.left), WrapSub(client.bottom, client.top),
            ClientMemDC, 0, 0, SRCCOPY);
+}
+
+void VostelDC::ComposeFrame()
+{
+    if (ClientMemDC)
+        PaintBackground(ClientMemDC);
+    CanvasSurface.BlitTo(ClientMemDC);
+    if (ShowContrastCtrl)
+        ContrastCtrl.OnDraw(ClientMemDC);
+    if (ShowProgress)
+        ProgressCtrl.OnDraw(ClientMemDC);
+    for (std::size_t i = 0; i < Elements.size(); ++i) {
+        if (!Elements[i]->Hidden)
+            Elements[i]->OnDraw(ClientMemDC);
+    }
 }
 
 void VostelDC::PaintBackground(HDC dc)
@@ -112,6 +111,24 @@ void VostelDC::SetClient(CRect rect, HDC dc)
     ClientOldBitmap = SelectObject(ClientMemDC, ClientBitmap);
 }
 
+void VostelDC::UseOwnArea(int width, int height)
+{
+    const CRect before = View.ClientRect;
+    if (!OwnDC)
+        OwnDC = CreateCompatibleDC(nullptr);
+    const CanvasView view = View;
+    SetClient(CRect(0, 0, width, height), OwnDC);
+    if (!ClientMemDC) {
+        View = view;
+        SetClient(before, OwnDC);
+        throw std::bad_alloc();
+    }
+    if (!view.FirstClient)
+        View.PlaceCentre(view.Scale, WrapAdd(view.CentreX, WrapSub(width, before.Width()) / 2),
+                         WrapAdd(view.CentreY, WrapSub(height, before.Height()) / 2));
+    ViewMoved();
+}
+
 void VostelDC::PrepareImage(int width, int height, bool clearObjects, bool cleared)
 {
     if (clearObjects)
@@ -121,6 +138,8 @@ void VostelDC::PrepareImage(int width, int height, bool clearObjects, bool clear
     CanvasSurface.Rebuild(ClientDC, width, height, cleared);
     // In the same client area, for the view and the objects to find their places on the new image.
     SetClient(View.ClientRect, ClientDC);
+    if (Observer)
+        Observer->ImageChanged();
 }
 
 void VostelDC::ShowSurface(PixelSurface* made)
@@ -130,11 +149,15 @@ void VostelDC::ShowSurface(PixelSurface* made)
     View.ImageWidth = CanvasSurface.Width;
     View.ImageHeight = CanvasSurface.Height;
     PlaceView(View.ClientRect);
+    if (Observer)
+        Observer->ImageChanged();
 }
 
 void VostelDC::OnLButtonDown(unsigned int flags, CPoint p)
 {
-    const EventScope scope(*this);
+    const CallScope scope(*this);
+    if (Observer)
+        Observer->GestureBegins();
     View.LeftDown = true;
     View.LastPoint = p;
     if (ShowContrastCtrl) {
@@ -150,58 +173,63 @@ void VostelDC::OnLButtonDown(unsigned int flags, CPoint p)
     if (!sticks) {
         SelIndex = -1;
         for (std::size_t i = Elements.size(); i-- > 0 && i < Elements.size();) {
-            if (Elements[i]->HitTest(p)) {
+            if (TakesGestures(*Elements[i]) && Elements[i]->HitTest(p)) {
                 SelIndex = static_cast<int>(i);
                 break;
             }
         }
     }
-    if (VostelObj* const selected = SelectedElement())
-        selected->OnLButtonDown(flags, p);
-    for (std::size_t i = 0; i < Elements.size(); ++i) {
-        if (Elements[i]->TypeCode == OverlayPanel)
-            Elements[i]->OnLButtonDown(flags, p);
-    }
+    RouteGesture(&VostelObj::OnLButtonDown, flags, p, {OverlayPanel});
 }
 
 void VostelDC::OnLButtonUp(unsigned int flags, CPoint p)
 {
-    const EventScope scope(*this);
+    const CallScope scope(*this);
     View.LeftDown = false;
     if (ShowContrastCtrl) {
         ContrastCtrl.OnLButtonUp(flags, p);
         if (ContrastCtrl.ControlHit)
             SetLutPara(ContrastCtrl.Low, ContrastCtrl.High);
     }
-    if (VostelObj* const selected = SelectedElement())
-        selected->OnLButtonUp(flags, p);
-    for (std::size_t i = 0; i < Elements.size(); ++i) {
-        if (Elements[i]->TypeCode == OverlayPanel)
-            Elements[i]->OnLButtonUp(flags, p);
-    }
+    RouteGesture(&VostelObj::OnLButtonUp, flags, p, {OverlayPanel});
+    if (Observer)
+        Observer->GestureEnds();
 }
 
 void VostelDC::OnMouseMove(unsigned int flags, CPoint p)
 {
-    const EventScope scope(*this);
+    const CallScope scope(*this);
     View.OnViewMouseMove(flags, p);
     if (ShowContrastCtrl) {
         ContrastCtrl.OnMouseMove(flags, p);
         ContrastCtrl.SetCanvasView(&View);
     }
     HandViewToElements(false);
+    RouteGesture(&VostelObj::OnMouseMove, flags, p, {OverlayPanel, OverlayNeighbours});
+}
+
+// To the selected object first and then to the kinds that get every such event.
+void VostelDC::RouteGesture(GestureHandler handler, unsigned int flags, CPoint p,
+                            std::initializer_list<OverlayKind> always)
+{
+    const auto route = [&](VostelObj& object) {
+        if (!TakesGestures(object))
+            return;
+        if (Observer)
+            Observer->WillChange(object);
+        (object.*handler)(flags, p);
+    };
     if (VostelObj* const selected = SelectedElement())
-        selected->OnMouseMove(flags, p);
+        route(*selected);
     for (std::size_t i = 0; i < Elements.size(); ++i) {
-        const int kind = Elements[i]->TypeCode;
-        if (kind == OverlayPanel || kind == OverlayNeighbours)
-            Elements[i]->OnMouseMove(flags, p);
+        if (std::find(always.begin(), always.end(), Elements[i]->TypeCode) != always.end())
+            route(*Elements[i]);
     }
 }
 
 void VostelDC::OnMouseWheel(unsigned int flags, short delta, CPoint p)
 {
-    const EventScope scope(*this);
+    const CallScope scope(*this);
     if (IsKeyDown(AlphaKey))
         OverlayAlpha = std::clamp(OverlayAlpha + (delta >= 1 ? AlphaStep : -AlphaStep), 0, 255);
     View.OnViewMouseWheel(flags, delta, p);
@@ -214,63 +242,23 @@ void VostelDC::OnMouseWheel(unsigned int flags, short delta, CPoint p)
 
 void VostelDC::OnKeyDown(unsigned int key, unsigned int repeat, unsigned int keyFlags)
 {
-    const EventScope scope(*this);
+    const CallScope scope(*this);
+    if (key >= 'A' && key <= 'Z' && KeyLetters.find(static_cast<char>(key)) == std::string::npos)
+        return;
     if (ShowContrastCtrl)
         ContrastCtrl.OnKeyDown(key, repeat, keyFlags);
     if (key == DeleteAllKey)
-        DeleteAll();
-    else if (key == DeleteSelectedKey)
+        DeleteUnlocked();
+    else if (key == DeleteSelectedKey && SelectedElement() && !SelectedElement()->Locked)
         DeleteSelected();
-    for (std::size_t i = 0; i < Elements.size(); ++i)
-        Elements[i]->OnKeyDown(key, repeat, keyFlags);
-}
-
-void VostelDC::DeleteAll()
-{
-    Removed.insert(Removed.end(), Elements.begin(), Elements.end());
-    std::vector<VostelObj*>().swap(Elements);    // an assigned empty list would keep the storage
-    RectCount = CustomRectCount = PolygonCount = SplineCount = OneStrokeCount = RegionSerial = MStrokeCount =
-        0;
-    TextCount = MeasureLineCount = Angle3Count = Angle4Count = SpareCount = ElementSerial = 0;
-    DestroyPending = true;
-    if (EventsUnderWay == 0)
-        DestroyRemoved();
-}
-
-void VostelDC::DeleteSelected()
-{
-    VostelObj* const removed = SelectedElement();
-    if (!removed)
-        return;
-    const int kind = removed->TypeCode;
-    for (std::size_t i = static_cast<std::size_t>(SelIndex) + 1; i < Elements.size(); ++i) {
-        --Elements[i]->SerialNo;
-        if (Elements[i]->TypeCode == kind)
-            --Elements[i]->TypeSerial;
+    for (std::size_t i = 0; i < Elements.size(); ++i) {
+        VostelObj& element = *Elements[i];
+        if (element.Locked)
+            continue;
+        if (Observer)
+            Observer->WillChange(element);
+        element.OnKeyDown(key, repeat, keyFlags);
     }
-    switch (kind) {
-    case OverlayRect:
-        --RectCount;
-        break;
-    case OverlayCustomRect:
-        --CustomRectCount;
-        break;
-    case OverlayPolygon:
-        --PolygonCount;
-        break;
-    case OverlaySpline:
-        --SplineCount;
-        break;
-    case OverlayOneStroke:
-        --OneStrokeCount;
-        break;
-    default:
-        break;
-    }
-    --RegionSerial;    // for every kind: hosts rely on the resulting numbers
-    Removed.push_back(removed);
-    Elements.erase(Elements.begin() + SelIndex);
-    --SelIndex;    // selected by index only: the flag of the object that stands there now is not set
 }
 
 unsigned int** VostelDC::CreateClientRowTable()
@@ -296,6 +284,24 @@ VostelObj* VostelDC::SelectedElement()
     return SelIndex >= 0 && static_cast<std::size_t>(SelIndex) < Elements.size()
                ? Elements[static_cast<std::size_t>(SelIndex)]
                : nullptr;
+}
+
+void VostelDC::BeginCall()
+{
+    if (CallsUnderWay++ == 0 && Observer)
+        Observer->CallBegins();
+}
+
+void VostelDC::EndCall()
+{
+    if (CallsUnderWay > 1) {
+        --CallsUnderWay;
+        return;
+    }
+    if (Observer)
+        Observer->CallEnds();
+    if (--CallsUnderWay == 0 && DestroyPending)
+        DestroyRemoved();
 }
 
 void VostelDC::DestroyRemoved()
@@ -324,7 +330,7 @@ void VostelDC::DropClientSurface()
 
 void VostelDC::HandViewToElements(bool refreshAgain)
 {
-    const EventScope scope(*this);
+    const CallScope scope(*this);
     for (std::size_t i = 0; i < Elements.size(); ++i) {
         VostelObj* const element = Elements[i];
         element->SetCanvasView(&View);

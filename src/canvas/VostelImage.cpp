@@ -153,6 +153,8 @@ void VostelImage::SetLutPara(float low, float high)
         SetWindowShares(low, high);
         return;
     }
+    if (Observer)
+        Observer->WillChangeContrast();
     StoreContrastWindow(low, high);
     RedrawRaw();
 }

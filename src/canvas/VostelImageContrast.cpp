@@ -58,6 +58,8 @@ void VostelImage::ApplyContrast(const ContrastState& state)
 {
     if (!ShownPlane().Data)
         return;
+    if (Observer)
+        Observer->WillChangeContrast();
     if (Samples.IsEmpty() && CurrentFileType == FileTypeByte)
         TakeSurfaceAsSamples();
     if (Samples.IsEmpty() && Window && state == ContrastOfMap()) {

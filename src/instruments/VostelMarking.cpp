@@ -5,14 +5,11 @@
 #include "geometry/Lengths.h"
 #include "instruments/CaptionTexts.h"
 
-#include <algorithm>
-#include <cmath>
-
 namespace vostel {
 
 namespace {
 
-const CPoint FirstLabelOffset(16, -40);    // px from the upper right corner of the points
+const CPoint FirstLabelOffset(30, -50);    // px from the first point
 
 }
 
@@ -66,7 +63,7 @@ void VostelMarking::OnDraw(HDC dc)
     DrawMark();
     VostelMPoint::OnDraw(dc);
     if (IsLabelPlaced())
-        DrawLabel(dc, NearestToLabel());
+        DrawLabel(dc, ClientPoints[0]);
 }
 
 CString VostelMarking::LengthText() const
@@ -79,21 +76,8 @@ CString VostelMarking::LengthText() const
 
 void VostelMarking::PlaceFirstLabel()
 {
-    CPoint corner = ClientPoints[0];
-    for (const CPoint& point : ClientPoints)
-        corner = CPoint(std::max(corner.x, point.x), std::min(corner.y, point.y));
-    PlaceLabel(static_cast<float>(WrapAdd(corner.x, Scaled(FirstLabelOffset.x))),
-               static_cast<float>(WrapAdd(corner.y, Scaled(FirstLabelOffset.y))), 0.0f, 0.0f);
-}
-
-CPoint VostelMarking::NearestToLabel() const
-{
-    const auto distance = [&](const CPoint& point) {
-        const CPoint corner = Label.NearestCorner(point);
-        return std::hypot(static_cast<double>(point.x) - corner.x, static_cast<double>(point.y) - corner.y);
-    };
-    return *std::min_element(ClientPoints.begin(), ClientPoints.end(),
-                             [&](const CPoint& a, const CPoint& b) { return distance(a) < distance(b); });
+    PlaceLabel(static_cast<float>(WrapAdd(ClientPoints[0].x, Scaled(FirstLabelOffset.x))),
+               static_cast<float>(WrapAdd(ClientPoints[0].y, Scaled(FirstLabelOffset.y))), 0.0f, 0.0f);
 }
 
 }

@@ -23,9 +23,6 @@ protected:
     virtual void DrawMark() = 0;
     CString      LengthText() const;
     void         PlaceFirstLabel() override;
-
-private:
-    CPoint NearestToLabel() const;    // of the points
 };
 
 }

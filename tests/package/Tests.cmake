@@ -59,7 +59,7 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND VOSTEL_X86_64 AND BUILD_SHARED_LIBS)
         if(WIN32)
             set(expected ${package}/exports/${library}.dll.txt)
         else()
-            string(TOUPPER ${library}_1.0 node)
+            string(TOUPPER ${library}_1.[01] node)
             set(expected ${package}/exports/lib${library}.so.txt ${node})
         endif()
         vostel_package_test(ExportedNames-${library}

@@ -10,12 +10,13 @@ import re
 import sys
 
 FLOORS = ["base", "platform", "foundation", "oshelpers", "dialogs", "imaging", "fileio", "output",
-          "geometry", "canvas/view", "overlay", "instruments", "canvas", "canvas/exports"]
+          "geometry", "canvas/view", "overlay", "instruments", "canvas", "document", "canvas/exports", "open"]
 
 # Public headers and folders of them that are not the first include of sources on just one floor.
 WITHOUT_SOURCE = {
     "vostel/export.h": "base",
     "vostel/version.h": "base",
+    "vostel.h": "base",
     "vostel/platform.h": "platform",
     "vostel/host.h": "platform",
     "vostel/version.h": "base",

@@ -16,31 +16,31 @@ void Place(VostelFixedRect& control, int x, int y, int w, int h)
 
 void gCVSShowContrastCtrl(int canvas, bool show)
 {
-    if (VostelImage* const image = FindCanvas(canvas))
+    if (const CanvasCall image{canvas})
         image->ShowContrastCtrl = show;
 }
 
 void gCVSSetContrastCtrlRectPos(int canvas, int x, int y, int w, int h)
 {
-    if (VostelImage* const image = FindCanvas(canvas))
+    if (const CanvasCall image{canvas})
         Place(image->ContrastCtrl, x, y, w, h);
 }
 
 void gCVSShowProgress(int canvas, bool show)
 {
-    if (VostelImage* const image = FindCanvas(canvas))
+    if (const CanvasCall image{canvas})
         image->ShowProgress = show;
 }
 
 void gCVSSetProgressRectPos(int canvas, int x, int y, int w, int h)
 {
-    if (VostelImage* const image = FindCanvas(canvas))
+    if (const CanvasCall image{canvas})
         Place(image->ProgressCtrl, x, y, w, h);
 }
 
 void gCVSSetRange(int canvas, int low, int high)
 {
-    if (VostelImage* const image = FindCanvas(canvas)) {
+    if (const CanvasCall image{canvas}) {
         image->ProgressCtrl.RangeLow = low;
         image->ProgressCtrl.RangeHigh = high;
     }
@@ -48,7 +48,7 @@ void gCVSSetRange(int canvas, int low, int high)
 
 void gCVSSetPos(int canvas, int pos)
 {
-    if (VostelImage* const image = FindCanvas(canvas)) {
+    if (const CanvasCall image{canvas}) {
         image->ProgressCtrl.Pos = pos;
         image->ProgressCtrl.RefreshClientGeometry();
     }

@@ -22,69 +22,25 @@ using namespace vostel;
 
 namespace {
 
-// Region shapes take their number from RegionSerial; ElementSerial is bumped all the same.
-void NumberRegion(VostelImage& canvas, VostelObj& object, int& kindCount)
-{
-    object.SerialNo = canvas.RegionSerial++;
-    ++canvas.ElementSerial;
-    object.TypeSerial = kindCount++;
-}
-
-void NumberElement(VostelImage& canvas, VostelObj& object)
-{
-    object.SerialNo = canvas.ElementSerial++;
-}
-
-void NumberElement(VostelImage& canvas, VostelObj& object, int& kindCount)
-{
-    NumberElement(canvas, object);
-    object.TypeSerial = kindCount++;
-}
-
-// Puts the object on top of the list, which owns it from then on, as the selected one.
-VostelObj& Append(VostelImage& canvas, std::unique_ptr<VostelObj> object)
-{
-    canvas.Elements.push_back(object.get());
-    canvas.SelIndex = static_cast<int>(canvas.Elements.size()) - 1;
-    object->Selected = true;
-    return *object.release();
-}
-
 template <typename Shape>
-void AddRegion(int number, int VostelDC::*kindCount)
+void AddShape(int number)
 {
-    VostelImage* const canvas = FindCanvas(number);
-    if (!canvas)
-        return;
-    auto shape = std::make_unique<Shape>();
-    NumberRegion(*canvas, *shape, canvas->*kindCount);
-    Append(*canvas, std::move(shape));
-}
-
-template <typename Shape>
-void AddElement(int number, int VostelDC::*kindCount)
-{
-    VostelImage* const canvas = FindCanvas(number);
-    if (!canvas)
-        return;
-    auto shape = std::make_unique<Shape>();
-    NumberElement(*canvas, *shape, canvas->*kindCount);
-    Append(*canvas, std::move(shape));
+    if (const CanvasCall canvas{number})
+        canvas->Append(std::make_unique<Shape>());
 }
 
 // Objects that read pixel values and follow the mouse.
 template <typename ReadOut>
 void AddReadOut(int number)
 {
-    VostelImage* const canvas = FindCanvas(number);
+    const CanvasCall canvas(number);
     if (!canvas)
         return;
     auto readOut = std::make_unique<ReadOut>();
-    NumberElement(*canvas, *readOut);
     readOut->SetCanvasView(&canvas->View);
     readOut->SetPlacement(30.0f, 30.0f, 512.0f, 150.0f);
-    readOut->SetOwnerImage(canvas);
-    Append(*canvas, std::move(readOut));
+    readOut->SetOwnerImage(&*canvas);
+    canvas->Append(std::move(readOut));
 }
 
 void SetStyle(VostelTextRect& text, FontType font, int bkMode, unsigned long color, int height)
@@ -100,8 +56,7 @@ VostelTextRect& AppendTextRect(VostelImage& canvas)
 {
     auto            owned = std::make_unique<VostelTextRect>();
     VostelTextRect& text = *owned;
-    NumberElement(canvas, text, canvas.TextCount);
-    Append(canvas, std::move(owned));
+    canvas.Append(std::move(owned));
     text.SetCanvasView(&canvas.View);
     text.Kit.Dc = canvas.ClientMemDC;
     return text;
@@ -119,60 +74,59 @@ void AddText(VostelImage& canvas, CString& text, CPoint at, FontType font, int b
 
 void gCVSDelAllElement(int canvas)
 {
-    if (VostelImage* const image = FindCanvas(canvas))
+    if (const CanvasCall image{canvas})
         image->DeleteAll();
 }
 
 void gCVSDelSelElement(int canvas)
 {
-    if (VostelImage* const image = FindCanvas(canvas))
+    if (const CanvasCall image{canvas})
         image->DeleteSelected();
 }
 
 void gCVSAddMRectangle(int canvas)
 {
-    AddRegion<VostelRect>(canvas, &VostelDC::RectCount);
+    AddShape<VostelRect>(canvas);
 }
 
 void gCVSAddCustomRectangle(int canvas)
 {
-    VostelImage* const image = FindCanvas(canvas);
+    const CanvasCall image(canvas);
     if (!image)
         return;
     tagZEKImaROIRectPara para;
     if (!gDlgGetImaROIRectPara(para))
         return;
     auto rect = std::make_unique<VostelCustomRect>();
-    NumberRegion(*image, *rect, image->CustomRectCount);
     rect->SetPlacement(static_cast<float>(para.RoiLeft), static_cast<float>(para.RoiTop),
                        static_cast<float>(static_cast<long long>(para.RoiRight) - para.RoiLeft),
                        static_cast<float>(static_cast<long long>(para.RoiBottom) - para.RoiTop));
-    Append(*image, std::move(rect));
+    image->Append(std::move(rect));
 }
 
 void gCVSAddPoly(int canvas)
 {
-    AddRegion<VostelPolygon>(canvas, &VostelDC::PolygonCount);
+    AddShape<VostelPolygon>(canvas);
 }
 
 void gCVSAddSpline(int canvas)
 {
-    AddRegion<VostelSpline>(canvas, &VostelDC::SplineCount);
+    AddShape<VostelSpline>(canvas);
 }
 
 void gCVSAddFreeRegion(int canvas)
 {
-    AddRegion<VostelCrayonOneStroke>(canvas, &VostelDC::OneStrokeCount);
+    AddShape<VostelCrayonOneStroke>(canvas);
 }
 
 void gCVSAddFreeStroke(int canvas)
 {
-    AddElement<VostelCrayonMStroke>(canvas, &VostelDC::MStrokeCount);
+    AddShape<VostelCrayonMStroke>(canvas);
 }
 
 void gCVSAddTextOL(int canvas)
 {
-    VostelImage* const image = FindCanvas(canvas);
+    const CanvasCall image(canvas);
     if (!image)
         return;
     tagZEKImaGeneralPara record;
@@ -188,14 +142,14 @@ void gCVSAddTextOL(int canvas)
 void gCVSAddTextOL(int canvas, CString text, int x, int y, FontType font, int bkMode, unsigned long color,
                    int height)
 {
-    if (VostelImage* const image = FindCanvas(canvas))
+    if (const CanvasCall image{canvas})
         AddText(*image, text, CPoint(x, y), font, bkMode, color, height);
 }
 
 void gCVSAddTextOLV2(int canvas, CString text, int x, int y, FontType font, int bkMode, unsigned long color,
                      int height)
 {
-    if (VostelImage* const image = FindCanvas(canvas))
+    if (const CanvasCall image{canvas})
         AddText(*image, text, image->View.ImageToClient(PointTemplateBase<double>(x, y)), font, bkMode, color,
                 height);
 }
@@ -203,7 +157,7 @@ void gCVSAddTextOLV2(int canvas, CString text, int x, int y, FontType font, int 
 CRect gCVSGetTextRectOL(int canvas, CString text, int, int, FontType font, int bkMode, unsigned long color,
                         int height)
 {
-    VostelImage* const image = FindCanvas(canvas);
+    const CanvasCall image(canvas);
     if (!image)
         return CRect();
     VostelTextRect probe;
@@ -217,47 +171,45 @@ CRect gCVSGetTextRectOL(int canvas, CString text, int, int, FontType font, int b
 
 void gCVSAddTextML(int canvas, std::vector<CString>& lines, int x, int y)
 {
-    VostelImage* const image = FindCanvas(canvas);
+    const CanvasCall image(canvas);
     if (!image)
         return;
     auto panel = std::make_unique<VostelTextML>();
-    NumberElement(*image, *panel);
     panel->SetCanvasView(&image->View);
     panel->SetPlacement(static_cast<float>(x), static_cast<float>(y), 0.0f, 0.0f);
     panel->SetTextLines(lines);
-    Append(*image, std::move(panel));
+    image->Append(std::move(panel));
 }
 
 void gCVSAddMeasureLine(int canvas, double)
 {
-    VostelImage* const image = FindCanvas(canvas);
+    const CanvasCall image(canvas);
     if (!image)
         return;
     auto line = std::make_unique<VostelMeasureLine>();
-    NumberElement(*image, *line, image->MeasureLineCount);
     line->MeasureScale = image->MeasureScale;
-    Append(*image, std::move(line)).Selected = false;    // the one object that starts unselected
+    image->Append(std::move(line)).Selected = false;    // the one object that starts unselected
 }
 
 void gCVSAddMeasureAngle3Pts(int canvas)
 {
-    AddElement<VostelMeasureAngle3Pts>(canvas, &VostelDC::Angle3Count);
+    AddShape<VostelMeasureAngle3Pts>(canvas);
 }
 
 void gCVSAddMeasureAngle4Pts(int canvas)
 {
-    AddElement<VostelMeasureAngle4Pts>(canvas, &VostelDC::Angle4Count);
+    AddShape<VostelMeasureAngle4Pts>(canvas);
 }
 
 void gCVSSetMeasureScale(int canvas, double scale)
 {
-    if (VostelImage* const image = FindCanvas(canvas))
+    if (const CanvasCall image{canvas})
         image->MeasureScale = scale;
 }
 
 void gCVSSetMeasureScale(int canvas)
 {
-    VostelImage* const image = FindCanvas(canvas);
+    const CanvasCall image(canvas);
     if (!image)
         return;
     tagZEKImaGeneralPara record;

@@ -26,50 +26,50 @@ POINT ScreenPointOf(LPARAM position)
 
 void gCVSOnDraw(int canvas, HDC)
 {
-    if (VostelImage* const image = FindCanvas(canvas))
+    if (const CanvasCall image{canvas})
         image->PaintAll();
 }
 
 void gCVSOnLButtonDown(int canvas, unsigned int flags, CPoint point)
 {
-    if (VostelImage* const image = FindCanvas(canvas))
+    if (const CanvasCall image{canvas})
         image->OnLButtonDown(flags, point);
 }
 
 void gCVSOnLButtonUp(int canvas, unsigned int flags, CPoint point)
 {
-    if (VostelImage* const image = FindCanvas(canvas))
+    if (const CanvasCall image{canvas})
         image->OnLButtonUp(flags, point);
 }
 
 void gCVSOnMouseMove(int canvas, unsigned int flags, CPoint point)
 {
-    if (VostelImage* const image = FindCanvas(canvas))
+    if (const CanvasCall image{canvas})
         image->OnMouseMove(flags, point);
 }
 
 void gCVSOnMouseWheel(int canvas, unsigned int flags, short delta, CPoint point)
 {
-    if (VostelImage* const image = FindCanvas(canvas))
+    if (const CanvasCall image{canvas})
         image->OnMouseWheel(flags, delta, point);
 }
 
 void gCVSOnKeyDown(int canvas, unsigned int key, unsigned int repeat, unsigned int keyFlags)
 {
-    if (VostelImage* const image = FindCanvas(canvas))
+    if (const CanvasCall image{canvas})
         image->OnKeyDown(key, repeat, keyFlags);
 }
 
 void gCVSOnTimer(int canvas, unsigned long long timerId)
 {
-    VostelImage* const image = FindCanvas(canvas);
+    const CanvasCall image(canvas);
     if (image && image->ShowContrastCtrl)
         image->ContrastCtrl.OnTimer(timerId);
 }
 
 bool gCVSRespondToMessage(MSG* message, int canvas)
 {
-    VostelImage* const image = FindCanvas(canvas);
+    const CanvasCall image(canvas);
     if (!message || !image)
         return true;
     const unsigned int flags = static_cast<unsigned int>(message->wParam & 0xFFFF);

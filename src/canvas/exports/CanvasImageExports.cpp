@@ -37,26 +37,26 @@ public:
 
 void gCVSShowRawFloat(int canvas, ClassData2DIO<float>& data, bool keepOriginal, bool clearObjects)
 {
-    if (VostelImage* const image = FindCanvas(canvas))
+    if (const CanvasCall image{canvas})
         image->ShowRaw(data, keepOriginal, clearObjects);
 }
 
 void gCVSShowUCGray(int canvas, ClassData2DIO<unsigned char>& gray, bool clearObjects)
 {
-    if (VostelImage* const image = FindCanvas(canvas))
+    if (const CanvasCall image{canvas})
         image->ShowGray(gray, clearObjects);
 }
 
 void gCVSShowUCColor(int canvas, ClassData2DIO<unsigned char>& red, ClassData2DIO<unsigned char>& green,
                      ClassData2DIO<unsigned char>& blue, bool clearObjects)
 {
-    if (VostelImage* const image = FindCanvas(canvas))
+    if (const CanvasCall image{canvas})
         image->ShowColor(red, green, blue, clearObjects);
 }
 
 void gCVSShowRawFloat(int canvas, float* data, int width, int height, bool keepOriginal, bool clearObjects)
 {
-    VostelImage* const image = FindCanvas(canvas);
+    const CanvasCall image(canvas);
     if (!image)
         return;
     HostPlane<float> plane(data, width, height);
@@ -65,7 +65,7 @@ void gCVSShowRawFloat(int canvas, float* data, int width, int height, bool keepO
 
 void gCVSShowUCGray(int canvas, unsigned char* gray, int width, int height, bool clearObjects)
 {
-    VostelImage* const image = FindCanvas(canvas);
+    const CanvasCall image(canvas);
     if (!image)
         return;
     HostPlane<unsigned char> plane(gray, width, height);
@@ -75,7 +75,7 @@ void gCVSShowUCGray(int canvas, unsigned char* gray, int width, int height, bool
 void gCVSShowUCColor(int canvas, unsigned char* red, unsigned char* green, unsigned char* blue, int width,
                      int height, bool clearObjects)
 {
-    VostelImage* const image = FindCanvas(canvas);
+    const CanvasCall image(canvas);
     if (!image)
         return;
     HostPlane<unsigned char> redPlane(red, width, height);
@@ -86,14 +86,14 @@ void gCVSShowUCColor(int canvas, unsigned char* red, unsigned char* green, unsig
 
 bool gCVSReadFile(int canvas, CString& path, bool keepOriginal)
 {
-    if (VostelImage* const image = FindCanvas(canvas))
+    if (const CanvasCall image{canvas})
         image->ReadImageFile(path, keepOriginal);
     return true;
 }
 
 void gCVSSetLutPara(int canvas, float low, float high)
 {
-    if (VostelImage* const image = FindCanvas(canvas))
+    if (const CanvasCall image{canvas})
         image->SetLutPara(low, high);
 }
 
@@ -139,7 +139,7 @@ FileType gCVSGetFileType(int canvas)
 
 void gCVSSetFileType(int canvas, FileType type)
 {
-    if (VostelImage* const image = FindCanvas(canvas))
+    if (const CanvasCall image{canvas})
         image->CurrentFileType = type;
 }
 
@@ -155,7 +155,7 @@ int gCVSGetCanvasHeight(int canvas)
 
 int gCVSGenerateLabel(int canvas, bool selectedOnly)
 {
-    VostelImage* const image = FindCanvas(canvas);
+    const CanvasCall image(canvas);
     return image ? image->GenerateLabel(selectedOnly) : 1;
 }
 

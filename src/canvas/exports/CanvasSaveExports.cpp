@@ -8,8 +8,8 @@ namespace {
 
 void Save(int number, void (VostelImage::*operation)())
 {
-    if (VostelImage* const canvas = FindCanvas(number))
-        (canvas->*operation)();
+    if (const CanvasCall canvas{number})
+        ((*canvas).*operation)();
 }
 
 }

@@ -6,14 +6,14 @@ using namespace vostel;
 
 bool gCVSPrepareCanvas(int canvas, int width, int height)
 {
-    if (VostelImage* const image = FindCanvas(canvas))
+    if (const CanvasCall image{canvas})
         image->PrepareImage(width, height, true);
     return true;
 }
 
 void gCVSSetCanvasColor(int canvas, unsigned int color)
 {
-    if (VostelImage* const image = FindCanvas(canvas))
+    if (const CanvasCall image{canvas})
         image->HandOutSurface().Fill(color);
 }
 
@@ -29,20 +29,20 @@ unsigned int* gCVSGetCanvasPixelPtr(int canvas)
 
 unsigned int** gCVSCreateCanvasPixelPtr2D(int canvas)
 {
-    VostelImage* const image = FindCanvas(canvas);
+    const CanvasCall image(canvas);
     return image ? image->HandOutSurface().CreateRowTable() : nullptr;
 }
 
 bool gCVSReleaseCanvasPixelPtr2D(int canvas)
 {
-    if (VostelImage* const image = FindCanvas(canvas))
+    if (const CanvasCall image{canvas})
         image->CanvasSurface.FreeRowTable();
     return true;
 }
 
 void gCVSSetCanvasFastDisplayMode(int canvas, bool fast)
 {
-    if (VostelImage* const image = FindCanvas(canvas))
+    if (const CanvasCall image{canvas})
         image->CanvasSurface.StretchMode = fast ? COLORONCOLOR : HALFTONE;
 }
 
@@ -58,19 +58,19 @@ unsigned int* gCVSGetClientPixelPtr(int canvas)
 
 unsigned int** gCVSCreateClientPixelPtr2D(int canvas)
 {
-    VostelImage* const image = FindCanvas(canvas);
+    const CanvasCall image(canvas);
     return image ? image->CreateClientRowTable() : nullptr;
 }
 
 bool gCVSReleaseClientPixelPtr2D(int canvas)
 {
-    if (VostelImage* const image = FindCanvas(canvas))
+    if (const CanvasCall image{canvas})
         image->FreeClientRowTable();
     return true;
 }
 
 void gCVSSetUseClientMemDCPixelDirect(int canvas, bool direct)
 {
-    if (VostelImage* const image = FindCanvas(canvas))
+    if (const CanvasCall image{canvas})
         image->UseDirect = direct;
 }

@@ -7,13 +7,13 @@ using namespace vostel;
 
 void gCVSSetClient(int canvas, CRect& clientRect, HDC dc)
 {
-    if (VostelImage* const image = FindCanvas(canvas))
+    if (const CanvasCall image{canvas})
         image->SetClient(clientRect, dc);
 }
 
 void gCVSSetCanvasMoveMode(int canvas, DisplayMode mode)
 {
-    if (VostelImage* const image = FindCanvas(canvas))
+    if (const CanvasCall image{canvas})
         image->View.MoveMode = mode;
 }
 

@@ -54,6 +54,15 @@ void CanvasView::SetClientRect(CRect rect)
     RefreshDisplayRect();
 }
 
+void CanvasView::PlaceCentre(double scale, int centreX, int centreY)
+{
+    Scale = scale;
+    CentreX = centreX;
+    CentreY = centreY;
+    RefreshDisplayRect();
+    RefreshAnchors();
+}
+
 void CanvasView::OnViewMouseMove(unsigned int flags, CPoint p)
 {
     if (LeftDown && (flags & MK_CONTROL) != 0) {

@@ -43,6 +43,9 @@ public:
     // Places the view in a client area: centred at first, afterwards held in place by the anchors.
     void SetClientRect(CRect rect);
 
+    // Sets scale and centre, whatever the mode.
+    void PlaceCentre(double scale, int centreX, int centreY);
+
     // Pans by a Control drag; refreshes the anchors in any case.
     void OnViewMouseMove(unsigned int flags, CPoint p);
 

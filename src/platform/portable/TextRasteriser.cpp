@@ -1,6 +1,7 @@
 #include "platform/portable/TextRasteriser.h"
 
 #include "base/Truncate.h"
+#include "base/Utf8.h"
 
 #include <pango/pangocairo.h>
 
@@ -37,36 +38,16 @@ struct Release {
 template <typename Object>
 using Owned = std::unique_ptr<Object, Release>;
 
-void AppendUtf8(std::string& text, unsigned long code)
-{
-    if (code < 0x20 || (code >= 0x7F && code < 0xA0) || code == 0x2028 || code == 0x2029)
-        code = ' ';    // nothing here may end a line
-    else if (code > 0x10FFFF || (code >= 0xD800 && code < 0xE000))
-        code = 0xFFFD;
-    if (code < 0x80) {
-        text += static_cast<char>(code);
-        return;
-    }
-    if (code < 0x800) {
-        text += static_cast<char>(0xC0 | code >> 6);
-    } else {
-        if (code < 0x10000) {
-            text += static_cast<char>(0xE0 | code >> 12);
-        } else {
-            text += static_cast<char>(0xF0 | code >> 18);
-            text += static_cast<char>(0x80 | (code >> 12 & 0x3F));
-        }
-        text += static_cast<char>(0x80 | (code >> 6 & 0x3F));
-    }
-    text += static_cast<char>(0x80 | (code & 0x3F));
-}
-
-std::string Utf8(std::wstring_view text)
+// Of one line: nothing in it may end that.
+std::string LineOf(std::wstring_view text)
 {
     std::string utf8;
     utf8.reserve(text.size() * 3);
-    for (const wchar_t character : text)
-        AppendUtf8(utf8, static_cast<unsigned long>(static_cast<std::uint32_t>(character)));
+    for (const wchar_t character : text) {
+        const std::uint32_t code = static_cast<std::uint32_t>(character);
+        const bool breaks = code < 0x20 || (code >= 0x7F && code < 0xA0) || code == 0x2028 || code == 0x2029;
+        AppendUtf8(utf8, breaks ? U' ' : code);
+    }
     return utf8;
 }
 
@@ -76,7 +57,7 @@ std::string FamilyList(const std::wstring& face)
 {
     std::string list;
     if (!face.empty() && face.find(L',') == std::wstring::npos)
-        list = Utf8(face) + ",";
+        list = LineOf(face) + ",";
     const bool plain = face.empty() || face == L"System" || face == L"Tahoma" || face == L"MS Shell Dlg";
     if (plain)
         list += "DejaVu Sans,";
@@ -220,7 +201,7 @@ Face& TextRasteriser::State::FaceOf(const Font& font)
 
 void TextRasteriser::State::Fill(const Face& face, std::wstring_view text)
 {
-    const std::string utf8 = Utf8(text);
+    const std::string utf8 = LineOf(text);
     pango_layout_set_font_description(Layout.get(), face.Description.get());
     pango_layout_set_text(Layout.get(), utf8.data(), static_cast<int>(utf8.size()));
 }

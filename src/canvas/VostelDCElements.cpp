@@ -1,0 +1,148 @@
+#include "canvas/VostelDC.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace vostel {
+
+int* ElementCounts::OfRegions(int kind)
+{
+    switch (kind) {
+    case OverlayRect:
+        return &RectCount;
+    case OverlayCustomRect:
+        return &CustomRectCount;
+    case OverlayPolygon:
+        return &PolygonCount;
+    case OverlaySpline:
+        return &SplineCount;
+    case OverlayOneStroke:
+        return &OneStrokeCount;
+    default:
+        return nullptr;
+    }
+}
+
+int* ElementCounts::OfKind(int kind)
+{
+    switch (kind) {
+    case OverlayMStroke:
+        return &MStrokeCount;
+    case OverlayTextRect:
+        return &TextCount;
+    case OverlayMeasureLine:
+        return &MeasureLineCount;
+    case OverlayAngle3Pts:
+        return &Angle3Count;
+    case OverlayAngle4Pts:
+        return &Angle4Count;
+    default:
+        return OfRegions(kind);
+    }
+}
+
+VostelObj& VostelDC::Append(std::unique_ptr<VostelObj> object)
+{
+    const ElementCounts before = *this;
+    Elements.push_back(object.get());
+    VostelObj& added = *object.release();
+    const int  kind = added.TypeCode;
+    added.SerialNo = OfRegions(kind) ? RegionSerial++ : ElementSerial;
+    ++ElementSerial;
+    if (int* const count = OfKind(kind))
+        added.TypeSerial = (*count)++;
+    SelIndex = static_cast<int>(Elements.size()) - 1;
+    added.Selected = true;
+    if (Observer)
+        Observer->WasAdded(added, before);
+    return added;
+}
+
+void VostelDC::DeleteAll()
+{
+    if (Observer)
+        Observer->WillRemoveAll();
+    Removed.insert(Removed.end(), Elements.begin(), Elements.end());
+    std::vector<VostelObj*>().swap(Elements);    // an assigned empty list would keep the storage
+    static_cast<ElementCounts&>(*this) = ElementCounts();
+    DestroyPending = true;
+    if (CallsUnderWay == 0)
+        DestroyRemoved();
+}
+
+void VostelDC::DeleteUnlocked()
+{
+    if (std::none_of(Elements.begin(), Elements.end(),
+                     [](const VostelObj* object) { return object->Locked; })) {
+        DeleteAll();
+        return;
+    }
+    for (std::size_t i = Elements.size(); i-- > 0;) {
+        if (!Elements[i]->Locked)
+            DeleteAt(i);
+    }
+}
+
+void VostelDC::DeleteSelected()
+{
+    if (!SelectedElement())
+        return;
+    DeleteAt(static_cast<std::size_t>(SelIndex));
+    --SelIndex;    // selected by index only: the flag of the object that stands there now is not set
+}
+
+void VostelDC::DeleteAt(std::size_t index)
+{
+    if (Observer)
+        Observer->WillRemove(index);
+    VostelObj* const removed = Elements[index];
+    Removed.push_back(removed);
+    const int kind = removed->TypeCode;
+    MoveNumbers(index + 1, kind, -1);
+    if (int* const count = OfRegions(kind))
+        --*count;
+    --RegionSerial;    // for every kind: hosts rely on the resulting numbers
+    Elements.erase(Elements.begin() + static_cast<std::ptrdiff_t>(index));
+}
+
+void VostelDC::MoveNumbers(std::size_t first, int kind, int step)
+{
+    for (std::size_t i = first; i < Elements.size(); ++i) {
+        Elements[i]->SerialNo += step;
+        if (Elements[i]->TypeCode == kind)
+            Elements[i]->TypeSerial += step;
+    }
+}
+
+void VostelDC::ViewMoved()
+{
+    if (ShowContrastCtrl)
+        ContrastCtrl.SetCanvasView(&View);
+    if (ShowProgress)
+        ProgressCtrl.SetCanvasView(&View);
+    for (VostelObj* element : Elements) {
+        element->SetCanvasView(&View);
+        element->DerivePainted();
+    }
+}
+
+void VostelDC::Insert(std::size_t index, VostelObj* owned)
+{
+    Elements.insert(Elements.begin() + static_cast<std::ptrdiff_t>(index), owned);
+}
+
+VostelObj* VostelDC::Detach(std::size_t index)
+{
+    VostelObj* const detached = Elements[index];
+    Elements.erase(Elements.begin() + static_cast<std::ptrdiff_t>(index));
+    return detached;
+}
+
+void VostelDC::Erase(std::size_t index)
+{
+    Removed.push_back(Elements[index]);
+    Detach(index);
+    DestroyPending = true;
+}
+
+}

@@ -1,0 +1,457 @@
+#include "document/Document.h"
+
+#include "canvas/VostelImage.h"
+#include "document/KindRules.h"
+#include "vostel.h"
+
+#include <algorithm>
+#include <atomic>
+#include <utility>
+
+namespace vostel {
+
+namespace {
+
+std::uint64_t NewIdentity()
+{
+    static std::atomic<std::uint64_t> last{0};
+    return ++last;
+}
+
+}
+
+Document::Document(VostelImage& canvas, int number, bool created)
+    : Canvas(canvas), Number(number), Created(created), Place(PlaceNow())
+{
+    for (VostelObj* const object : Canvas.Elements) {
+        Adopt(*object);
+        if (object->Selected)
+            Selection.push_back(object->Identity);
+    }
+    Canvas.Observer = this;
+}
+
+Document::~Document()
+{
+    Canvas.Observer = nullptr;
+}
+
+MeasureUnits Document::Units() const
+{
+    return {Canvas.View.Settings.UnitsPerPixel, Canvas.View.Settings.Unit};
+}
+
+VostelObj* Document::Find(std::uint64_t id) const
+{
+    const auto found = Entries.find(id);
+    return found == Entries.end() ? nullptr : found->second.Object;
+}
+
+std::size_t Document::IndexOf(const VostelObj& object) const
+{
+    const auto& list = Canvas.Elements;
+    return static_cast<std::size_t>(std::find(list.begin(), list.end(), &object) - list.begin());
+}
+
+ObjectState Document::StateOf(VostelObj& object)
+{
+    return {SaveShape(object), NotesOf(object), object.SerialNo, object.TypeSerial};
+}
+
+void Document::Adopt(VostelObj& object)
+{
+    object.Identity = NewIdentity();
+    object.OpenMade = object.OpenMade || Created;
+    if (object.OpenMade)
+        Settle(object);
+    Entry& entry = Entries[object.Identity];
+    entry.Object = &object;
+    if (IsRegion(object.TypeCode)) {
+        entry.Notes.Label = Labels.Lowest();
+        Labels.Use(entry.Notes.Label);
+    }
+}
+
+void Document::Release(VostelObj& object)
+{
+    Labels.Release(NotesOf(object).Label);
+    Entries.erase(object.Identity);
+    object.Identity = 0;
+}
+
+void Document::Prepare(VostelObj& object)
+{
+    if (Replaying || !IsWatching() || Pending.contains(object.Identity))
+        return;
+    ObjectState state = StateOf(object);
+    Touched     touched{state, std::move(state), false};
+    Pending.emplace(object.Identity, std::move(touched));
+}
+
+ObjectNotes& Document::NotesToChange(VostelObj& object)
+{
+    return Entries.at(object.Identity).Notes;
+}
+
+void Document::SetLabel(VostelObj& object, int label)
+{
+    ObjectNotes& notes = NotesToChange(object);
+    Labels.Use(label);
+    Labels.Release(notes.Label);
+    notes.Label = label;
+}
+
+void Document::Reorder(VostelObj& object, std::size_t index)
+{
+    const std::size_t from = IndexOf(object);
+    if (from == index)
+        return;
+    if (IsWatching())
+        Record(OrderChange{object.Identity, from, index});
+    VostelObj* const selected = Canvas.SelectedElement();
+    Canvas.Insert(index, Canvas.Detach(from));
+    if (selected)
+        Canvas.SelIndex = static_cast<int>(IndexOf(*selected));
+    NameStep("Change order");
+    Events.Tell(VOSTEL_OBJECT_CHANGED, object.Identity);
+    Stale = true;
+}
+
+void Document::SetUnits(const MeasureUnits& units)
+{
+    const MeasureUnits before = Units();
+    if (before.UnitsPerPixel == units.UnitsPerPixel && before.Unit == units.Unit)
+        return;
+    if (IsWatching())
+        Record(UnitsChange{before, units});
+    NameStep("Set scale");
+    UseUnits(units);
+}
+
+void Document::UseUnits(const MeasureUnits& units)
+{
+    Canvas.View.Settings.UnitsPerPixel = units.UnitsPerPixel;
+    Canvas.View.Settings.Unit = units.Unit;
+    Canvas.MeasureScale = units.UnitsPerPixel;    // of measures that a gesture makes
+    for (VostelObj* const object : Canvas.Elements)
+        object->DerivePainted();
+    Stale = true;
+}
+
+void Document::Select(const std::vector<VostelObj*>& objects)
+{
+    for (VostelObj* const object : Canvas.Elements)
+        object->Selected = false;
+    Canvas.SelIndex = -1;
+    for (VostelObj* const object : objects) {
+        object->Selected = true;
+        Canvas.SelIndex = std::max(Canvas.SelIndex, static_cast<int>(IndexOf(*object)));
+    }
+    SelectionMoved = true;
+}
+
+void Document::Remove(VostelObj& object)
+{
+    const std::size_t index = IndexOf(object);
+    const int         selected = Canvas.SelIndex;
+    Canvas.DeleteAt(index);
+    if (selected == static_cast<int>(index))
+        Canvas.SelIndex = -1;
+    else if (selected > static_cast<int>(index))
+        --Canvas.SelIndex;
+}
+
+void Document::Settle(VostelObj& object)
+{
+    object.SetCanvasView(&Canvas.View);
+    object.Kit.Dc = Canvas.ClientMemDC;
+    object.DerivePainted();
+    Stale = true;
+}
+
+void Document::NameStep(std::string_view name)
+{
+    if (Current.Name.empty())
+        Current.Name = name;
+}
+
+void Document::Listen(std::int64_t token, std::uint32_t events, Listeners::Function function, void* user)
+{
+    if (!Events.AreThere()) {
+        // What a listener hears of is different from what is there now.
+        Selection = SelectedNow();
+        Place = PlaceNow();
+    }
+    Events.Add(token, events, function, user);
+}
+
+void Document::TellDestruction()
+{
+    Events.Tell(VOSTEL_CANVAS_DESTROYED, 0);
+}
+
+std::vector<std::uint64_t> Document::SelectedNow() const
+{
+    std::vector<std::uint64_t> selected;
+    for (const VostelObj* const object : Canvas.Elements) {
+        if (object->Selected)
+            selected.push_back(object->Identity);
+    }
+    return selected;
+}
+
+Document::ViewPlace Document::PlaceNow() const
+{
+    const CanvasView& view = Canvas.View;
+    return {view.Scale, view.DisplayRect.left, view.DisplayRect.top};
+}
+
+void Document::CallBegins() noexcept {}
+
+void Document::CallEnds() noexcept
+{
+    try {
+        if (ImageCame) {
+            ContrastBefore.reset();    // that of the image before
+            if (AllWent) {
+                Pending.clear();
+                Current = HistoryStep();
+                ForgetSteps();
+            }
+        }
+        FindChanges();
+        FindContrastChange();
+        TellSelection();
+        TellView();
+        if (!InGesture) {
+            RecordChanges();
+            if (OpenSteps == 0)
+                CloseStep();
+        }
+        if (LostTrack)
+            ForgetSteps();
+        if (Stale)
+            Events.Tell(VOSTEL_FRAME_STALE, 0);
+    } catch (...) {
+        // Without memory to note this step none of the older ones leads here any more.
+        Pending.clear();
+        ContrastBefore.reset();
+        Current = HistoryStep();
+        Steps.Clear();
+    }
+    LostTrack = Stale = ImageCame = AllWent = SelectionMoved = false;
+    Events.Deliver(Number);
+}
+
+void Document::GestureBegins() noexcept
+{
+    InGesture = true;
+    SelectionMoved = true;
+}
+
+void Document::GestureEnds() noexcept
+{
+    InGesture = false;
+}
+
+void Document::WillChange(VostelObj& object) noexcept
+{
+    try {
+        Prepare(object);
+    } catch (...) {
+        LostTrack = true;
+    }
+}
+
+void Document::WillChangeContrast() noexcept
+{
+    if (Replaying || !IsWatching() || ContrastBefore)
+        return;
+    try {
+        ContrastBefore = Canvas.Contrast();
+        ContrastLatest = *ContrastBefore;
+    } catch (...) {
+        LostTrack = true;
+    }
+}
+
+void Document::ImageChanged() noexcept
+{
+    ImageCame = Stale = true;
+    try {
+        Events.Tell(VOSTEL_IMAGE_CHANGED, 0);
+    } catch (...) {
+        LostTrack = true;
+    }
+}
+
+void Document::WasAdded(VostelObj& object, const ElementCounts& before) noexcept
+{
+    SelectionMoved = Stale = true;
+    try {
+        Adopt(object);
+        if (!IsWatching())
+            return;
+        PresenceChange change;
+        change.Id = object.Identity;
+        change.Added = true;
+        change.Index = Canvas.Elements.size() - 1;
+        change.Class = ClassOf(object);
+        change.Before = before;
+        change.After = Canvas;
+        NameStep(std::string("Add ") + KindName(object.TypeCode));
+        Record(std::move(change));
+        Pending[object.Identity].Added = true;
+        Events.Tell(VOSTEL_OBJECT_ADDED, object.Identity);
+    } catch (...) {
+        LostTrack = true;
+    }
+}
+
+void Document::WillRemove(std::size_t index) noexcept
+{
+    VostelObj&    object = *Canvas.Elements[index];
+    ElementCounts after = Canvas;
+    if (int* const count = after.OfRegions(object.TypeCode))
+        --*count;
+    --after.RegionSerial;
+    RecordRemoval(object, index, true, after);
+}
+
+void Document::WillRemoveAll() noexcept
+{
+    AllWent = true;
+    for (std::size_t i = Canvas.Elements.size(); i-- > 0;)
+        RecordRemoval(*Canvas.Elements[i], i, false, ElementCounts());
+}
+
+void Document::RecordRemoval(VostelObj& object, std::size_t index, bool renumbering,
+                             const ElementCounts& after)
+{
+    SelectionMoved = Stale = true;
+    try {
+        if (!Replaying && IsWatching()) {
+            PresenceChange change;
+            change.Id = object.Identity;
+            change.Renumbering = renumbering;
+            change.Index = index;
+            change.Class = ClassOf(object);
+            change.Before = Canvas;
+            change.After = after;
+            const auto pending = Pending.find(object.Identity);
+            const bool isNew = pending != Pending.end() && pending->second.Added;
+            change.State = pending != Pending.end() && !isNew ? pending->second.Before : StateOf(object);
+            if (isNew)
+                FillAdded(object.Identity, change.State);
+            if (pending != Pending.end())
+                Pending.erase(pending);
+            NameStep(std::string("Remove ") + KindName(object.TypeCode));
+            Events.Tell(VOSTEL_OBJECT_REMOVED, object.Identity);
+            Record(std::move(change));
+        }
+    } catch (...) {
+        LostTrack = true;
+    }
+    Release(object);
+}
+
+void Document::Record(Change change)
+{
+    if (Steps.Limit() > 0)
+        Current.Changes.push_back(std::move(change));
+}
+
+// Completes the note of an object that came in this step.
+void Document::FillAdded(std::uint64_t id, const ObjectState& state)
+{
+    for (Change& change : Current.Changes) {
+        PresenceChange* const presence = std::get_if<PresenceChange>(&change);
+        if (presence && presence->Added && presence->Id == id)
+            presence->State = state;
+    }
+}
+
+void Document::FindChanges()
+{
+    bool told = false;
+    bool windowMoved = false;
+    for (auto& [id, touched] : Pending) {
+        VostelObj&  object = *Find(id);
+        ObjectState now = StateOf(object);
+        if (now == touched.Latest)
+            continue;
+        windowMoved = windowMoved || object.WindowLow != object.WindowHigh;
+        touched.Latest = std::move(now);
+        Stale = true;
+        if (InGesture && !touched.Added && !told) {
+            Events.Tell(VOSTEL_OBJECT_CHANGING, id);
+            told = true;
+        }
+    }
+    if (windowMoved)
+        Canvas.RedrawRegions();
+}
+
+void Document::FindContrastChange()
+{
+    if (!ContrastBefore)
+        return;
+    const ContrastState now = Canvas.Contrast();
+    if (now == ContrastLatest)
+        return;
+    ContrastLatest = now;
+    Stale = true;
+    Events.Tell(VOSTEL_CONTRAST_CHANGED, 0);
+}
+
+void Document::RecordChanges()
+{
+    for (auto& [id, touched] : Pending) {
+        if (touched.Added) {
+            FillAdded(id, touched.Latest);
+        } else if (!(touched.Before == touched.Latest)) {
+            NameStep(std::string("Change ") + KindName(Find(id)->TypeCode));
+            Events.Tell(VOSTEL_OBJECT_CHANGED, id);
+            Record(ObjectChange{id, std::move(touched.Before), std::move(touched.Latest)});
+        }
+    }
+    Pending.clear();
+    if (ContrastBefore && !(*ContrastBefore == ContrastLatest)) {
+        NameStep("Change contrast");
+        Record(ContrastChange{*ContrastBefore, ContrastLatest});
+    }
+    ContrastBefore.reset();
+}
+
+void Document::CloseStep()
+{
+    if (!Current.Changes.empty()) {
+        Steps.Push(std::move(Current));
+        Events.Tell(VOSTEL_HISTORY_CHANGED, 0);
+    }
+    Current = HistoryStep();
+}
+
+void Document::TellSelection()
+{
+    if (!SelectionMoved || !Events.AreThere())
+        return;
+    std::vector<std::uint64_t> now = SelectedNow();
+    if (now == Selection)
+        return;
+    Selection = std::move(now);
+    Stale = true;
+    Events.Tell(VOSTEL_SELECTION_CHANGED, 0);
+}
+
+void Document::TellView()
+{
+    const ViewPlace now = PlaceNow();
+    if (now == Place)
+        return;
+    Place = now;
+    Stale = true;
+    Events.Tell(VOSTEL_VIEW_CHANGED, 0);
+}
+
+}

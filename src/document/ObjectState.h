@@ -1,0 +1,37 @@
+#pragma once
+
+#include "overlay/VostelObj.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace vostel {
+
+// What is kept of an object beside the object itself.
+struct ObjectNotes {
+    std::string Name;               // UTF-8
+    int         Label = 0;          // of a region, from 1; else 0
+    bool        NoLabel = false;    // left out of the label image
+
+    bool operator==(const ObjectNotes&) const = default;
+};
+
+// Everything that the history restores of an object, to the bit.
+struct ObjectState {
+    std::vector<unsigned char> Shape;
+    ObjectNotes                Notes;
+    // Numbers of the object that comes back. They are no state of its own, since deletions move them.
+    int SerialNo = 0;
+    int TypeSerial = 0;
+
+    bool operator==(const ObjectState& other) const { return Shape == other.Shape && Notes == other.Notes; }
+    std::size_t Bytes() const { return sizeof *this + Shape.capacity() + Notes.Name.capacity(); }
+};
+
+// The object's numbers are left out.
+std::vector<unsigned char> SaveShape(VostelObj& object);
+void                       LoadShape(VostelObj& object, const std::vector<unsigned char>& shape);
+
+}

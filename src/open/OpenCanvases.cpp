@@ -1,0 +1,70 @@
+#include "foundation/Limits.h"
+#include "open/OpenCall.h"
+
+using namespace vostel;
+using namespace vostel::open;
+
+namespace {
+
+void NeedArea(int32_t width, int32_t height)
+{
+    const Limits limits = LimitsInForce();
+    NeedRange(width, 1, limits.MaxSide, "width");
+    NeedRange(height, 1, limits.MaxSide, "height");
+    if (static_cast<std::int64_t>(width) * height > limits.MaxPixels)
+        Fail(VOSTEL_TOO_LARGE, "the area has more than " + std::to_string(limits.MaxPixels) + " px");
+}
+
+}
+
+VostelStatus vostel_canvas_create(int32_t width, int32_t height, int32_t* canvas)
+{
+    return Run([&] {
+        NeedPointer(canvas, "canvas");
+        NeedArea(width, height);
+        Give<int32_t>(canvas, CreateCanvas(width, height));
+    });
+}
+
+VostelStatus vostel_canvas_destroy(int32_t canvas)
+{
+    return Run([&] {
+        if (canvas >= 0 && canvas < CanvasCount)
+            Fail(VOSTEL_INVALID_ARGUMENT, "canvas " + std::to_string(canvas) + " always stands");
+        if (!DestroyCanvas(canvas))
+            FailNoCanvas(canvas);
+    });
+}
+
+VostelStatus vostel_canvas_resize(int32_t canvas, int32_t width, int32_t height)
+{
+    return OnCanvas(canvas, [&](VostelImage& image, Document& notes) {
+        NeedArea(width, height);
+        image.UseOwnArea(width, height);
+        notes.PictureChanged();
+    });
+}
+
+VostelStatus vostel_canvas_set_pixel_ratio(int32_t canvas, double ratio)
+{
+    return OnCanvas(canvas, [&](VostelImage& image, Document& notes) {
+        NeedPositive(ratio, "ratio");
+        if (ratio < 0.25 || ratio > 16.0)
+            Fail(VOSTEL_INVALID_ARGUMENT, "ratio is not 0.25 to 16");
+        image.View.Settings.PixelRatio = ratio;
+        image.ViewMoved();
+        notes.PictureChanged();
+    });
+}
+
+VostelStatus vostel_canvas_set_language(int32_t canvas, const char* language)
+{
+    return OnCanvas(canvas, [&](VostelImage& image, Document& notes) {
+        const std::string name = TextFrom(language, "language");
+        if (name != "zh" && name != "en")
+            Fail(VOSTEL_NOT_FOUND, "there is no language \"" + name + "\", but \"zh\" and \"en\"");
+        image.View.Settings.English = name == "en";
+        image.ViewMoved();
+        notes.PictureChanged();
+    });
+}

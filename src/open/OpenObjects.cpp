@@ -1,0 +1,209 @@
+#include "document/KindRules.h"
+#include "open/OpenCall.h"
+
+#include <algorithm>
+#include <memory>
+
+using namespace vostel;
+using namespace vostel::open;
+
+namespace {
+
+constexpr std::uint32_t KnownFlags = VOSTEL_HIDDEN | VOSTEL_LOCKED | VOSTEL_ELLIPSE | VOSTEL_NO_LABEL;
+
+// Flattening of curves, image px.
+constexpr double OutlineTolerance = 0.01;
+
+void NeedKind(VostelKind kind)
+{
+    if (!IsKind(kind))
+        Fail(VOSTEL_INVALID_ARGUMENT, "there is no kind " + std::to_string(kind));
+}
+
+void NeedPointCount(VostelKind kind, std::size_t count)
+{
+    const PointCounts counts = PointCountsOf(kind);
+    if (count < counts.Least || count > counts.Most)
+        Fail(VOSTEL_INVALID_ARGUMENT, "count is not what the kind takes");
+}
+
+bool IsRectangle(const VostelObj& object)
+{
+    return object.TypeCode == VOSTEL_RECTANGLE || object.TypeCode == VOSTEL_CUSTOM_RECTANGLE;
+}
+
+std::vector<VostelPoint> ToPoints(const std::vector<PointTemplateBase<double>>& points)
+{
+    std::vector<VostelPoint> given;
+    given.reserve(points.size());
+    for (const PointTemplateBase<double>& point : points)
+        given.push_back({point.x, point.y});
+    return given;
+}
+
+std::uint32_t FlagsOf(const VostelObj& object, const ObjectNotes& notes)
+{
+    std::uint32_t flags = 0;
+    if (object.Hidden)
+        flags |= VOSTEL_HIDDEN;
+    if (object.Locked)
+        flags |= VOSTEL_LOCKED;
+    if (IsRectangle(object) && object.EllipseMode)
+        flags |= VOSTEL_ELLIPSE;
+    if (notes.NoLabel)
+        flags |= VOSTEL_NO_LABEL;
+    return flags;
+}
+
+std::unique_ptr<VostelObj> NewObject(VostelImage& image, VostelKind kind)
+{
+    NeedKind(kind);
+    std::unique_ptr<VostelObj> made = MakeObject(AddedClass(kind));
+    made->OpenMade = true;
+    made->SetOwnerImage(&image);
+    made->SetCanvasView(&image.View);
+    made->Kit.Dc = image.ClientMemDC;
+    return made;
+}
+
+// On top of all others, with its place in the document.
+VostelObj& Append(VostelImage& image, Document& notes, std::unique_ptr<VostelObj> made)
+{
+    VostelObj& added = image.Append(std::move(made));
+    notes.Settle(added);
+    return added;
+}
+
+}
+
+VostelStatus vostel_object_add(int32_t canvas, VostelKind kind, const VostelPoint* points, size_t count,
+                               VostelObject* object)
+{
+    return OnCanvas(canvas, [&](VostelImage& image, Document& notes) {
+        NeedPointer(object, "object");
+        std::unique_ptr<VostelObj> made = NewObject(image, kind);
+        NeedPointCount(kind, count);
+        if (!made->TakePoints(PointsFrom(points, count)))
+            Fail(VOSTEL_INVALID_ARGUMENT, "points is not what the kind takes");
+        VostelObj* const selected = image.SelectedElement();
+        const int        index = image.SelIndex;
+        VostelObj&       added = Append(image, notes, std::move(made));
+        added.Selected = false;    // what is selected stays so
+        image.SelIndex = selected ? index : -1;
+        Give(object, added.Identity);
+    });
+}
+
+VostelStatus vostel_draw_next(int32_t canvas, VostelKind kind, VostelObject* object)
+{
+    return OnCanvas(canvas, [&](VostelImage& image, Document& notes) {
+        NeedPointer(object, "object");
+        std::unique_ptr<VostelObj> made = NewObject(image, kind);
+        if (kind == VOSTEL_PANEL || kind == VOSTEL_NEIGHBOURS)
+            made->SetPlacement(30.0f, 30.0f, 512.0f, 150.0f);
+        for (VostelObj* const other : image.Elements)
+            other->Selected = false;
+        Give(object, Append(image, notes, std::move(made)).Identity);
+    });
+}
+
+VostelStatus vostel_object_remove(int32_t canvas, VostelObject object)
+{
+    return OnCanvas(canvas, [&](VostelImage&, Document& notes) { notes.Remove(ObjectOf(notes, object)); });
+}
+
+VostelStatus vostel_object_list(int32_t canvas, VostelObject* list, size_t capacity, size_t* count)
+{
+    return OnCanvas(canvas, [&](VostelImage& image, Document&) {
+        std::vector<VostelObject> all;
+        all.reserve(image.Elements.size());
+        for (const VostelObj* const element : image.Elements)
+            all.push_back(element->Identity);
+        GiveList<VostelObject>(all, list, capacity, count);
+    });
+}
+
+VostelStatus vostel_object_get(int32_t canvas, VostelObject object, VostelObjectInfo* info)
+{
+    return OnCanvas(canvas, [&](VostelImage&, Document& notes) {
+        const VostelObj& found = ObjectOf(notes, object);
+        const Bounds     bounds = BoundsOfObject(found);
+        VostelObjectInfo all = {};
+        all.kind = found.TypeCode;
+        all.flags = FlagsOf(found, notes.NotesOf(found));
+        all.label = notes.NotesOf(found).Label;
+        all.selected = found.Selected ? 1 : 0;
+        all.index = notes.IndexOf(found);
+        all.point_count = found.GivePoints().size();
+        all.left = bounds.Left;
+        all.top = bounds.Top;
+        all.right = bounds.Right;
+        all.bottom = bounds.Bottom;
+        GiveRecord(info, all, "info");
+    });
+}
+
+VostelStatus vostel_object_set_flags(int32_t canvas, VostelObject object, uint32_t flags)
+{
+    return OnCanvas(canvas, [&](VostelImage&, Document& notes) {
+        VostelObj& found = ObjectOf(notes, object);
+        NeedFlags(flags, KnownFlags);
+        if ((flags & VOSTEL_ELLIPSE) != 0 && !IsRectangle(found))
+            Fail(VOSTEL_INVALID_ARGUMENT, "VOSTEL_ELLIPSE is for rectangles");
+        if ((flags & VOSTEL_NO_LABEL) != 0 && !IsRegion(found.TypeCode))
+            Fail(VOSTEL_INVALID_ARGUMENT, "VOSTEL_NO_LABEL is for regions");
+        notes.Prepare(found);
+        found.Hidden = (flags & VOSTEL_HIDDEN) != 0;
+        found.Locked = (flags & VOSTEL_LOCKED) != 0;
+        if (IsRectangle(found))
+            found.EllipseMode = (flags & VOSTEL_ELLIPSE) != 0;
+        notes.NotesToChange(found).NoLabel = (flags & VOSTEL_NO_LABEL) != 0;
+        notes.Settle(found);
+    });
+}
+
+VostelStatus vostel_object_points(int32_t canvas, VostelObject object, VostelPoint* points, size_t capacity,
+                                  size_t* count)
+{
+    return OnCanvas(canvas, [&](VostelImage&, Document& notes) {
+        GiveList<VostelPoint>(ToPoints(ObjectOf(notes, object).GivePoints()), points, capacity, count);
+    });
+}
+
+VostelStatus vostel_object_set_points(int32_t canvas, VostelObject object, const VostelPoint* points,
+                                      size_t count)
+{
+    return OnCanvas(canvas, [&](VostelImage&, Document& notes) {
+        VostelObj& found = ObjectOf(notes, object);
+        NeedPointCount(found.TypeCode, count);
+        const std::vector<PointTemplateBase<double>> taken = PointsFrom(points, count);
+        notes.Prepare(found);
+        if (!found.TakePoints(taken))
+            Fail(VOSTEL_INVALID_ARGUMENT, "points is not what the kind takes");
+        notes.Settle(found);
+    });
+}
+
+VostelStatus vostel_object_outline(int32_t canvas, VostelObject object, VostelPoint* points, size_t capacity,
+                                   size_t* count)
+{
+    return OnCanvas(canvas, [&](VostelImage&, Document& notes) {
+        const std::optional<Outline> outline = ObjectOf(notes, object).RegionOutline();
+        if (!outline)
+            Fail(VOSTEL_INVALID_ARGUMENT, "the object is not a region with points enough");
+        std::vector<VostelPoint> given;
+        for (const ImagePoint& point : outline->Flattened(OutlineTolerance))
+            given.push_back({point.x, point.y});
+        GiveList<VostelPoint>(given, points, capacity, count);
+    });
+}
+
+VostelStatus vostel_object_move_to(int32_t canvas, VostelObject object, size_t index)
+{
+    return OnCanvas(canvas, [&](VostelImage& image, Document& notes) {
+        VostelObj& found = ObjectOf(notes, object);
+        if (index >= image.Elements.size())
+            Fail(VOSTEL_INVALID_ARGUMENT, "index lies behind the last object");
+        notes.Reorder(found, index);
+    });
+}

@@ -1,0 +1,2 @@
+# Tests of the open interface, one line each.
+vostel_test(open/HistoryTest)
