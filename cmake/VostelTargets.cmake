@@ -28,6 +28,14 @@ function(vostel_compile_rules target)
     endif()
 endfunction()
 
+# Reads what most sources of a target include once for all of them: vostel_common_headers(target <header>...). Not for
+# the library. Sources name what they use all the same, as builds with CMAKE_DISABLE_PRECOMPILE_HEADERS want it.
+function(vostel_common_headers target)
+    target_precompile_headers(${target} PRIVATE ${ARGN})
+    # ccache looks into a precompiled header only if the preprocessor has kept its name.
+    target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
+endfunction()
+
 # Shows only the names that are marked for export.
 function(vostel_hide_names target)
     set_target_properties(${target} PROPERTIES CXX_VISIBILITY_PRESET hidden)
