@@ -1,5 +1,6 @@
 #include "geometry/Histogram.h"
 
+#include "geometry/BinRows.h"
 #include "geometry/CodeCounts.h"
 #include "geometry/FloatRanks.h"
 
@@ -12,41 +13,76 @@ namespace vostel {
 
 namespace {
 
-class Bins {
+// Counts bins. Equal ones in a row would wait for each other: neighbours count in tables of their own.
+class BinCounter {
 public:
-    Bins(double low, double high, std::span<std::uint64_t> counts)
-        : Low(low), High(high), Width((high - low) / static_cast<double>(counts.size())),
-          PerUnit(static_cast<double>(counts.size()) / (high - low)),
-          Last(static_cast<std::int64_t>(counts.size()) - 1), Counts(counts.data())
+    static constexpr std::size_t Block = 1024;
+
+    explicit BinCounter(std::span<std::uint64_t> counts)
+        : Counts(counts), Tables(counts.size() <= MostTabled ? TableCount : 1),
+          Held((counts.size() + 1) * Tables)
     {
-        std::fill(counts.begin(), counts.end(), 0);
     }
 
-    // Not a number fails the comparison.
-    void Add(double v, std::uint64_t count) const
+    void Add(const std::int32_t* bins, std::size_t count)
     {
-        if (!(v >= Low && v <= High))
-            return;
-        // The product can miss by one where v lies near a bound.
-        const double place = (v - Low) * PerUnit;
-        std::int64_t bin = place < static_cast<double>(Last) ? static_cast<std::int64_t>(place) : Last;
-        if (bin > 0 && v < Bound(bin))
-            --bin;
-        else if (bin < Last && v >= Bound(bin + 1))
-            ++bin;
-        Counts[bin] += count;
+        if (Tables == TableCount) {
+            std::uint32_t* const first = Held.data();
+            std::uint32_t* const second = first + Counts.size() + 1;
+            std::uint32_t* const third = second + Counts.size() + 1;
+            std::uint32_t* const fourth = third + Counts.size() + 1;
+            for (; count >= 4; count -= 4, bins += 4) {
+                ++first[bins[0]];
+                ++second[bins[1]];
+                ++third[bins[2]];
+                ++fourth[bins[3]];
+                Added += 4;
+            }
+        }
+        for (std::size_t i = 0; i < count; ++i)
+            ++Held[static_cast<std::size_t>(bins[i])];
+        Added += count;
+        if (Added > UINT32_MAX - Block)
+            Flush();
+    }
+
+    void Flush()
+    {
+        for (std::size_t table = 0; table < Tables; ++table) {
+            const std::uint32_t* const held = Held.data() + table * (Counts.size() + 1);
+            for (std::size_t bin = 0; bin < Counts.size(); ++bin)
+                Counts[bin] += held[bin];
+        }
+        std::fill(Held.begin(), Held.end(), 0);
+        Added = 0;
     }
 
 private:
-    double         Low;
-    double         High;
-    double         Width;
-    double         PerUnit;
-    std::int64_t   Last;
-    std::uint64_t* Counts;
+    static constexpr std::size_t TableCount = 4;
+    static constexpr std::size_t MostTabled = 4096;    // bins; more leave the first-level cache
 
-    double Bound(std::int64_t bin) const { return Low + static_cast<double>(bin) * Width; }
+    std::span<std::uint64_t>   Counts;
+    std::size_t                Tables;
+    std::vector<std::uint32_t> Held;    // each table ends with what lies outside
+    std::uint64_t              Added = 0;
 };
+
+void CountFloatBins(const PlaneView& plane, std::span<const PixelRun> runs, const BinRule& rule,
+                    std::span<std::uint64_t> counts)
+{
+    const BinRowVariant& variant = ActiveBinRowVariant();
+    BinCounter           counter(counts);
+    std::int32_t         bins[BinCounter::Block];
+    for (const PixelRun& run : runs) {
+        const float* const row = plane.Row<float>(run.Row);
+        for (int x = run.Begin; x < run.End; x += static_cast<int>(BinCounter::Block)) {
+            const std::size_t count = std::min(BinCounter::Block, static_cast<std::size_t>(run.End - x));
+            variant.Row(rule, row + x, bins, count);
+            counter.Add(bins, count);
+        }
+    }
+    counter.Flush();
+}
 
 // Between two neighbours, from the nearer one.
 double Between(double a, double b, double t)
@@ -75,18 +111,18 @@ std::uint64_t CountFloats(const PlaneView& plane, std::span<const PixelRun> runs
 void HistogramOf(const PlaneView& plane, int channel, std::span<const PixelRun> runs, double low, double high,
                  std::span<std::uint64_t> counts)
 {
-    const Bins bins(low, high, counts);
+    const BinRule rule(low, high, counts.size());
+    std::fill(counts.begin(), counts.end(), 0);
     if (plane.Type == SampleType::F32) {
-        for (const PixelRun& run : runs) {
-            const float* const row = plane.Row<float>(run.Row);
-            for (int x = run.Begin; x < run.End; ++x)
-                bins.Add(static_cast<double>(row[x]), 1);
-        }
+        CountFloatBins(plane, runs, rule, counts);
         return;
     }
     const double unit = CodesPerUnit(plane.Type, channel);
-    for (const CodeCount& entry : CountCodes(plane, channel, runs))
-        bins.Add(entry.Code / unit, entry.Count);
+    for (const CodeCount& entry : CountCodes(plane, channel, runs)) {
+        const std::int32_t bin = rule.BinOf(entry.Code / unit);
+        if (bin <= rule.Last)
+            counts[static_cast<std::size_t>(bin)] += entry.Count;
+    }
 }
 
 bool PercentilesOf(const PlaneView& plane, int channel, std::span<const PixelRun> runs,

@@ -1,4 +1,5 @@
 # Tests of geometry, one line each.
+vostel_inner_test(geometry/BinRowsTest)
 vostel_inner_test(geometry/CoverageTest)
 vostel_inner_test(geometry/HistogramTest)
 vostel_inner_test(geometry/OutlineTest)
