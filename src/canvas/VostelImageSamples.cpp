@@ -118,6 +118,8 @@ void VostelImage::FinishSamples(SamplePainter& painter, PixelSurface& made, cons
     Stretch = MakeRemapRule(range.Low, range.High, 0.0f, RawTop);
     if (!keeps.View || !sameSize)
         ShowSurface(made.Pixels ? &made : nullptr);
+    else if (Observer)
+        Observer->ImageChanged();
     Window = kept ? *kept : FirstContrast(Samples.Type, range);
     if (!kept)
         painter.Prepare(*Window);

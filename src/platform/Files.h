@@ -9,10 +9,11 @@
 
 namespace vostel {
 
-bool      PathExists(const char* path);                    // a file or a directory; false for null
-bool      IsDirectory(const CString& path);                // an existing directory
-OwnedFile OpenFile(const char* path, const char* mode);    // null on failure, or for a null argument
+bool      PathExists(const char* path);                        // a file or a directory; false for null
+bool      IsDirectory(const CString& path);                    // an existing directory
+OwnedFile OpenFile(const char* path, const char* mode);        // null on failure, or for a null argument
 OwnedFile OpenUtf8File(const char* path, const char* mode);    // the same for a path in UTF-8
+bool      SeekFile(std::FILE* file, long long place);          // counted from the beginning
 // Bytes of an open regular file whatever its size, -1 if it is unknown; the position is kept.
 long long FileLength(std::FILE* file);
 

@@ -1,2 +1,4 @@
 # Tests of the open interface, one line each.
 vostel_test(open/HistoryTest)
+vostel_test(open/OpenImageTest)
+vostel_test(open/OpenContrastTest)

@@ -47,6 +47,11 @@ OwnedFile OpenUtf8File(const char* path, const char* mode)
     return OpenFile(path, mode);
 }
 
+bool SeekFile(std::FILE* file, long long place)
+{
+    return fseeko(file, static_cast<off_t>(place), SEEK_SET) == 0;
+}
+
 long long FileLength(std::FILE* file)
 {
     struct stat facts;

@@ -71,6 +71,11 @@ OwnedFile OpenUtf8File(const char* path, const char* mode)
     return OwnedFile(file);
 }
 
+bool SeekFile(std::FILE* file, long long place)
+{
+    return _fseeki64(file, place, SEEK_SET) == 0;
+}
+
 long long FileLength(std::FILE* file)
 {
     struct _stat64 facts;

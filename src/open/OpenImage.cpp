@@ -1,0 +1,235 @@
+#include "canvas/SampleRange.h"
+#include "foundation/Limits.h"
+#include "open/OpenPlanes.h"
+#include "platform/Files.h"
+#include "platform/SamplePictures.h"
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+
+using namespace vostel;
+using namespace vostel::open;
+
+namespace {
+
+ShowKeeps KeepsFrom(std::uint32_t flags)
+{
+    NeedFlags(flags, VOSTEL_KEEP_OBJECTS | VOSTEL_KEEP_VIEW | VOSTEL_KEEP_CONTRAST);
+    return {(flags & VOSTEL_KEEP_OBJECTS) != 0, (flags & VOSTEL_KEEP_VIEW) != 0,
+            (flags & VOSTEL_KEEP_CONTRAST) != 0};
+}
+
+PictureLimits LimitsOfPictures()
+{
+    const Limits limits = LimitsInForce();
+    return {limits.MaxSide, limits.MaxPixels, limits.MaxFileBytes};
+}
+
+void NeedTaken(PictureOutcome outcome, const std::string& path, std::int32_t page)
+{
+    switch (outcome) {
+    case PictureOutcome::Taken:
+        return;
+    case PictureOutcome::NotRead:
+        Fail(VOSTEL_NOT_READ, "\"" + path + "\" cannot be read");
+    case PictureOutcome::BadFormat:
+        Fail(VOSTEL_BAD_FORMAT, "\"" + path + "\" is no picture, or damaged");
+    case PictureOutcome::TooLarge:
+        Fail(VOSTEL_TOO_LARGE, "\"" + path + "\" is beyond the limits");
+    case PictureOutcome::NotSupported:
+        Fail(VOSTEL_NOT_SUPPORTED, "\"" + path + "\" is a picture of a kind that is not supported");
+    case PictureOutcome::NoSuchPage:
+        Fail(VOSTEL_NOT_FOUND, "\"" + path + "\" has no page " + std::to_string(page));
+    }
+}
+
+VostelStatus OpenPage(std::int32_t canvas, const char* path, std::int32_t page, std::uint32_t flags)
+{
+    return OnCanvas(canvas, [&](VostelImage& image, Document&) {
+        const ShowKeeps   keeps = KeepsFrom(flags);
+        const std::string name = TextFrom(path, "path");
+        NeedRange(page, 0, INT32_MAX, "page");
+        ImageSamples samples;
+        NeedTaken(ReadPicture(name.c_str(), page, LimitsOfPictures(), samples), name, page);
+        image.ShowSamples(std::move(samples), keeps);
+    });
+}
+
+void TurnByteOrder(ImageSamples& samples)
+{
+    const std::size_t bytes = IsColor(samples.Type) ? 1 : PixelBytes(samples.Type);
+    if (bytes == 1)
+        return;
+    for (unsigned char* at = samples.Data(); at != samples.Data() + samples.Bytes(); at += bytes)
+        std::reverse(at, at + bytes);
+}
+
+// The samples that a layout finds in a file.
+ImageSamples ReadRaw(const std::string& path, const VostelRawLayout& layout)
+{
+    const SampleType type = SampleTypeFrom(layout.type, "layout->type");
+    NeedRange(layout.width, 1, INT32_MAX, "layout->width");
+    NeedRange(layout.height, 1, INT32_MAX, "layout->height");
+    NeedRange(layout.offset, 0, INT64_MAX, "layout->offset");
+    const Limits limits = LimitsInForce();
+    if (layout.width > limits.MaxSide || layout.height > limits.MaxSide ||
+        layout.width > limits.MaxPixels / layout.height)
+        Fail(VOSTEL_TOO_LARGE, "layout->width and layout->height are beyond the limits");
+    const OwnedFile file = OpenUtf8File(path.c_str(), "rb");
+    const long long length = file ? FileLength(file.get()) : -1;
+    if (length < 0)
+        Fail(VOSTEL_NOT_READ, "\"" + path + "\" cannot be read");
+    if (length > limits.MaxFileBytes)
+        Fail(VOSTEL_TOO_LARGE, "\"" + path + "\" is beyond the limits");
+    const long long bytes = static_cast<long long>(PixelBytes(type)) * layout.width * layout.height;
+    if (layout.offset > length - bytes)
+        Fail(VOSTEL_BAD_FORMAT, "\"" + path + "\" is shorter than its layout");
+    ImageSamples samples(type, layout.width, layout.height);
+    if (!SeekFile(file.get(), layout.offset) ||
+        std::fread(samples.Data(), 1, samples.Bytes(), file.get()) != samples.Bytes())
+        Fail(VOSTEL_NOT_READ, "\"" + path + "\" cannot be read");
+    if ((layout.big_endian != 0) != (std::endian::native == std::endian::big))
+        TurnByteOrder(samples);
+    return samples;
+}
+
+// The value of channel 0; the luma's last places in double.
+double ValueAt(const PlaneView& plane, int channel, int x, int y)
+{
+    switch (plane.Type) {
+    case SampleType::U8:
+        return plane.Row<std::uint8_t>(y)[x];
+    case SampleType::U16:
+        return plane.Row<std::uint16_t>(y)[x];
+    case SampleType::I16:
+        return plane.Row<std::int16_t>(y)[x];
+    case SampleType::F32:
+        return static_cast<double>(plane.Row<float>(y)[x]);
+    default: {
+        const ColorLayout         layout(plane.Type);
+        const std::uint8_t* const pixel =
+            plane.Row<std::uint8_t>(y) + static_cast<std::size_t>(x) * PixelBytes(plane.Type);
+        return channel == 0 ? layout.LumaCode(pixel) / static_cast<double>(LumaUnit)
+                            : pixel[layout.Offset(channel)];
+    }
+    }
+}
+
+// Truncated and held within 0 and 255; not a number becomes 0.
+unsigned char ByteOf(double value)
+{
+    return static_cast<unsigned char>(value >= 255.0 ? 255.0 : value > 0.0 ? value : 0.0);
+}
+
+void CopyRow(const PlaneView& plane, int y, SampleType type, char* target)
+{
+    if (type == plane.Type) {
+        std::memcpy(target, plane.Row<char>(y), PixelBytes(type) * static_cast<std::size_t>(plane.Width));
+        return;
+    }
+    for (int x = 0; x < plane.Width; ++x) {
+        if (type == SampleType::F32) {
+            Give(reinterpret_cast<float*>(target + 4 * static_cast<std::ptrdiff_t>(x)),
+                 static_cast<float>(ValueAt(plane, 0, x, y)));
+        } else if (type == SampleType::U8) {
+            target[x] = static_cast<char>(ByteOf(ValueAt(plane, 0, x, y)));
+        } else {
+            for (int channel = 1; channel <= 3; ++channel)
+                target[3 * static_cast<std::ptrdiff_t>(x) + channel - 1] =
+                    static_cast<char>(ByteOf(ValueAt(plane, IsColor(plane.Type) ? channel : 0, x, y)));
+        }
+    }
+}
+
+}
+
+VostelStatus vostel_image_show(int32_t canvas, VostelPixel type, const void* data, int32_t width,
+                               int32_t height, ptrdiff_t row_bytes, uint32_t flags)
+{
+    return OnCanvas(canvas, [&](VostelImage& image, Document&) {
+        const ShowKeeps keeps = KeepsFrom(flags);
+        image.ShowSamples(PlaneFrom(type, data, width, height, row_bytes), keeps);
+    });
+}
+
+VostelStatus vostel_image_open(int32_t canvas, const char* path, uint32_t flags)
+{
+    return OpenPage(canvas, path, 0, flags);
+}
+
+VostelStatus vostel_image_pages(const char* path, int32_t* pages)
+{
+    return Run([&] {
+        NeedPointer(pages, "pages");
+        const std::string name = TextFrom(path, "path");
+        int               count = 0;
+        NeedTaken(CountPages(name.c_str(), LimitsOfPictures(), count), name, 0);
+        Give<int32_t>(pages, count);
+    });
+}
+
+VostelStatus vostel_image_open_page(int32_t canvas, const char* path, int32_t page, uint32_t flags)
+{
+    return OpenPage(canvas, path, page, flags);
+}
+
+VostelStatus vostel_image_open_raw(int32_t canvas, const char* path, const VostelRawLayout* layout,
+                                   uint32_t flags)
+{
+    return OnCanvas(canvas, [&](VostelImage& image, Document&) {
+        const ShowKeeps   keeps = KeepsFrom(flags);
+        const std::string name = TextFrom(path, "path");
+        image.ShowSamples(ReadRaw(name, RecordFrom(layout, VostelRawLayout{}, "layout")), keeps);
+    });
+}
+
+VostelStatus vostel_image_info(int32_t canvas, VostelImageInfo* info)
+{
+    return OnCanvas(canvas, [&](VostelImage& image, Document&) {
+        const PlaneView   plane = NeedImage(image);
+        const SampleRange range = RangeOf(plane);
+        GiveRecord(info,
+                   VostelImageInfo{0, PixelOf(plane.Type), plane.Width, plane.Height, range.Min, range.Max,
+                                   range.NotFinite},
+                   "info");
+    });
+}
+
+VostelStatus vostel_image_value(int32_t canvas, int32_t channel, double x, double y, double* value)
+{
+    return OnCanvas(canvas, [&](VostelImage& image, Document&) {
+        NeedPointer(value, "value");
+        NeedFinite(x, "x");
+        NeedFinite(y, "y");
+        const PlaneView plane = NeedImage(image);
+        NeedChannel(plane, channel);
+        if (!(x >= 0.0 && x < plane.Width && y >= 0.0 && y < plane.Height))
+            Fail(VOSTEL_NOT_FOUND, "the point lies outside the image");
+        Give(value, ValueAt(plane, channel, static_cast<int>(x), static_cast<int>(y)));
+    });
+}
+
+VostelStatus vostel_image_plane(int32_t canvas, VostelPlane* plane)
+{
+    return OnCanvas(canvas, [&](VostelImage& image, Document&) {
+        const PlaneView shown = NeedImage(image);
+        GiveRecord(plane,
+                   VostelPlane{0, PixelOf(shown.Type), shown.Width, shown.Height, shown.RowBytes,
+                               const_cast<void*>(shown.Data)},
+                   "plane");
+    });
+}
+
+VostelStatus vostel_image_copy(int32_t canvas, VostelPixel type, void* data, ptrdiff_t row_bytes)
+{
+    return OnCanvas(canvas, [&](VostelImage& image, Document&) {
+        const PlaneView  plane = NeedImage(image);
+        const SampleType wanted = SampleTypeFrom(type, "type");
+        if (wanted != SampleType::F32 && wanted != SampleType::U8 && wanted != SampleType::Rgb8)
+            Fail(VOSTEL_NOT_SUPPORTED, "type is neither VOSTEL_F32 nor VOSTEL_U8 nor VOSTEL_RGB8");
+        const PlaneView target = PlaneFrom(type, data, plane.Width, plane.Height, row_bytes);
+        for (int y = 0; y < plane.Height; ++y)
+            CopyRow(plane, y, wanted, static_cast<char*>(data) + y * target.RowBytes);
+    });
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "geometry/PlaneView.h"
+#include "open/OpenCall.h"
+
+#include <cstddef>
+#include <cstdint>
+
+namespace vostel::open {
+
+// The type of a constant; fails with VOSTEL_INVALID_ARGUMENT for what is none.
+SampleType  SampleTypeFrom(VostelPixel type, const char* name);
+VostelPixel PixelOf(SampleType type);
+
+// Samples in the caller's memory. Fails with VOSTEL_INVALID_ARGUMENT for a null pointer, sides below 1 and
+// rows that overlap or lie absurdly far apart, and with VOSTEL_TOO_LARGE beyond the limits.
+PlaneView PlaneFrom(VostelPixel type, const void* data, std::int32_t width, std::int32_t height,
+                    std::ptrdiff_t rowBytes);
+
+// The values that a canvas shows; fails with VOSTEL_NO_IMAGE.
+PlaneView NeedImage(const VostelImage& image);
+
+void NeedChannel(const PlaneView& plane, std::int32_t channel);
+
+}

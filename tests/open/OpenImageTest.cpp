@@ -1,0 +1,277 @@
+// Images by the open interface: what comes in comes out again.
+
+#include "platform/PictureFiles.h"
+#include "support/OpenCanvas.h"
+#include "support/TempFolder.h"
+
+#include <VostelObj.h>
+
+#include <cmath>
+#include <cstring>
+#include <limits>
+#include <vector>
+
+namespace {
+
+VostelImageInfo InfoOf(int32_t canvas)
+{
+    VostelImageInfo info = {};
+    info.size = sizeof info;
+    REQUIRE(vostel_image_info(canvas, &info) == VOSTEL_OK);
+    return info;
+}
+
+VostelPlane PlaneOf(int32_t canvas)
+{
+    VostelPlane plane = {};
+    plane.size = sizeof plane;
+    REQUIRE(vostel_image_plane(canvas, &plane) == VOSTEL_OK);
+    return plane;
+}
+
+double ValueOf(int32_t canvas, int32_t channel, double x, double y)
+{
+    double value = -99.0;
+    REQUIRE(vostel_image_value(canvas, channel, x, y, &value) == VOSTEL_OK);
+    return value;
+}
+
+template <typename Sample>
+void Show(int32_t canvas, VostelPixel type, const std::vector<Sample>& values, int width, int height,
+          uint32_t flags = 0)
+{
+    REQUIRE(vostel_image_show(canvas, type, values.data(), width, height, 0, flags) == VOSTEL_OK);
+}
+
+constexpr float NaN = std::numeric_limits<float>::quiet_NaN();
+constexpr float Inf = std::numeric_limits<float>::infinity();
+
+}
+
+TEST_CASE("a canvas without an image says so")
+{
+    const OpenCanvas canvas;
+    VostelImageInfo  info = {};
+    info.size = sizeof info;
+    VostelPlane plane = {};
+    plane.size = sizeof plane;
+    double value = 0.0;
+    CHECK(vostel_image_info(canvas.Number, &info) == VOSTEL_NO_IMAGE);
+    CHECK(vostel_image_plane(canvas.Number, &plane) == VOSTEL_NO_IMAGE);
+    CHECK(vostel_image_value(canvas.Number, 0, 0.0, 0.0, &value) == VOSTEL_NO_IMAGE);
+    CHECK(vostel_image_copy(canvas.Number, VOSTEL_U8, &value, 0) == VOSTEL_NO_IMAGE);
+    CHECK(vostel_contrast_set(canvas.Number, 0.0, 1.0) == VOSTEL_NO_IMAGE);
+}
+
+TEST_CASE("what is known of an image are its size, type, finite range and the number of values beside it")
+{
+    const OpenCanvas canvas;
+    Show<float>(canvas.Number, VOSTEL_F32, {1.0f, NaN, -2.5f, Inf, 7.0f, -Inf}, 3, 2);
+    const VostelImageInfo info = InfoOf(canvas.Number);
+    CHECK(info.type == VOSTEL_F32);
+    CHECK(info.width == 3);
+    CHECK(info.height == 2);
+    CHECK(info.min == -2.5);
+    CHECK(info.max == 7.0);
+    CHECK(info.not_finite == 3);
+    Show<std::uint8_t>(canvas.Number, VOSTEL_RGB8, {255, 0, 0, 0, 255, 0}, 2, 1);
+    CHECK(InfoOf(canvas.Number).min == 76.245);
+    CHECK(InfoOf(canvas.Number).max == 149.685);
+    Show<float>(canvas.Number, VOSTEL_F32, {NaN, Inf}, 2, 1);
+    CHECK(InfoOf(canvas.Number).min == 0.0);
+    CHECK(InfoOf(canvas.Number).not_finite == 2);
+}
+
+TEST_CASE("a value is that of the pixel that covers the point, in each channel")
+{
+    const OpenCanvas canvas;
+    Show<std::int16_t>(canvas.Number, VOSTEL_I16, {-7, 300, 5, -32768}, 2, 2);
+    CHECK(ValueOf(canvas.Number, 0, 0.0, 0.0) == -7.0);
+    CHECK(ValueOf(canvas.Number, 0, 1.999, 0.999) == 300.0);
+    CHECK(ValueOf(canvas.Number, 0, 1.0, 1.0) == -32768.0);
+    double value = 4.0;
+    for (const double outside : {-1e-9, 2.0, 1e300, -1e300})
+        CHECK(vostel_image_value(canvas.Number, 0, outside, 0.5, &value) == VOSTEL_NOT_FOUND);
+    CHECK(vostel_image_value(canvas.Number, 1, 0.5, 0.5, &value) == VOSTEL_INVALID_ARGUMENT);
+    CHECK(vostel_image_value(canvas.Number, 0, static_cast<double>(NaN), 0.5, &value) ==
+          VOSTEL_INVALID_ARGUMENT);
+    CHECK(value == 4.0);
+    const std::uint8_t bgra[] = {3, 2, 1, 9};
+    REQUIRE(vostel_image_show(canvas.Number, VOSTEL_BGRA8, bgra, 1, 1, 0, 0) == VOSTEL_OK);
+    CHECK(ValueOf(canvas.Number, 0, 0.5, 0.5) == 1.815);
+    for (int channel = 1; channel <= 3; ++channel)
+        CHECK(ValueOf(canvas.Number, channel, 0.5, 0.5) == channel);
+}
+
+TEST_CASE("the borrowed plane holds the samples as they came, in their own type")
+{
+    const OpenCanvas           canvas;
+    std::vector<unsigned char> rows(2 * 10);    // two rows of 3 x 16 bits, ten bytes apart, bottom-up
+    const std::uint16_t        values[] = {1, 2, 3, 40000, 50000, 60000};
+    std::memcpy(rows.data() + 10, values, 6);
+    std::memcpy(rows.data(), values + 3, 6);
+    REQUIRE(vostel_image_show(canvas.Number, VOSTEL_U16, rows.data() + 10, 3, 2, -10, 0) == VOSTEL_OK);
+    const VostelPlane plane = PlaneOf(canvas.Number);
+    CHECK(plane.type == VOSTEL_U16);
+    CHECK(plane.width == 3);
+    CHECK(plane.height == 2);
+    for (int y = 0; y < 2; ++y)
+        CHECK(std::memcmp(static_cast<const char*>(plane.data) + y * plane.row_bytes, values + 3 * y, 6) ==
+              0);
+    CHECK(gCVSGetFileType(canvas.Number) == FileTypeRaw);
+    CHECK(gCVSGetRawOriPtr1D(canvas.Number)[5] == 60000.0f);
+}
+
+TEST_CASE("copies are truncated and held within a byte, and gray comes three times")
+{
+    const OpenCanvas canvas;
+    Show<float>(canvas.Number, VOSTEL_F32, {1.9f, -3.0f, 300.0f, NaN, Inf, 255.0f}, 3, 2);
+    std::vector<std::uint8_t> bytes(8, 77);
+    REQUIRE(vostel_image_copy(canvas.Number, VOSTEL_U8, bytes.data(), 4) == VOSTEL_OK);
+    CHECK(bytes == std::vector<std::uint8_t>{1, 0, 255, 77, 0, 255, 255, 77});
+    std::vector<std::uint8_t> colors(18);
+    REQUIRE(vostel_image_copy(canvas.Number, VOSTEL_RGB8, colors.data(), 0) == VOSTEL_OK);
+    CHECK(colors[2] == 1);
+    CHECK(colors[6] == 255);
+    std::vector<float> floats(6);
+    REQUIRE(vostel_image_copy(canvas.Number, VOSTEL_F32, floats.data() + 3, -12) == VOSTEL_OK);
+    CHECK(floats[3] == 1.9f);
+    CHECK(std::isnan(floats[0]));
+    const std::uint8_t bgr[] = {30, 20, 10};
+    REQUIRE(vostel_image_show(canvas.Number, VOSTEL_BGR8, bgr, 1, 1, 0, 0) == VOSTEL_OK);
+    REQUIRE(vostel_image_copy(canvas.Number, VOSTEL_RGB8, colors.data(), 0) == VOSTEL_OK);
+    CHECK(colors[0] == 10);
+    CHECK(colors[2] == 30);
+    REQUIRE(vostel_image_copy(canvas.Number, VOSTEL_F32, floats.data(), 0) == VOSTEL_OK);
+    CHECK(floats[0] == 18.15f);
+    REQUIRE(vostel_image_copy(canvas.Number, VOSTEL_U8, bytes.data(), 0) == VOSTEL_OK);
+    CHECK(bytes[0] == 18);
+    CHECK(vostel_image_copy(canvas.Number, VOSTEL_U16, bytes.data(), 0) == VOSTEL_NOT_SUPPORTED);
+    CHECK(vostel_image_copy(canvas.Number, 99, bytes.data(), 0) == VOSTEL_INVALID_ARGUMENT);
+}
+
+TEST_CASE("bad samples change nothing")
+{
+    const OpenCanvas canvas;
+    Show<std::uint8_t>(canvas.Number, VOSTEL_U8, {1, 2}, 2, 1);
+    const std::uint8_t data[16] = {};
+    const auto         show = [&](VostelPixel type, const void* from, int32_t width, int32_t height,
+                          ptrdiff_t rowBytes, uint32_t flags) {
+        return vostel_image_show(canvas.Number, type, from, width, height, rowBytes, flags);
+    };
+    CHECK(show(0, data, 2, 2, 0, 0) == VOSTEL_INVALID_ARGUMENT);
+    CHECK(show(8, data, 2, 2, 0, 0) == VOSTEL_INVALID_ARGUMENT);
+    CHECK(show(VOSTEL_U8, nullptr, 2, 2, 0, 0) == VOSTEL_INVALID_ARGUMENT);
+    CHECK(show(VOSTEL_U8, data, 0, 2, 0, 0) == VOSTEL_INVALID_ARGUMENT);
+    CHECK(show(VOSTEL_U8, data, 2, -1, 0, 0) == VOSTEL_INVALID_ARGUMENT);
+    CHECK(show(VOSTEL_U8, data, 4, 2, 3, 0) == VOSTEL_INVALID_ARGUMENT);
+    CHECK(show(VOSTEL_U8, data, 2, 2, PTRDIFF_MIN, 0) == VOSTEL_INVALID_ARGUMENT);
+    CHECK(show(VOSTEL_U8, data, 2, 2, PTRDIFF_MAX, 0) == VOSTEL_INVALID_ARGUMENT);
+    CHECK(show(VOSTEL_U8, data, 2, 2, 0, 8) == VOSTEL_INVALID_ARGUMENT);
+    CHECK(show(VOSTEL_U8, data, INT32_MAX, INT32_MAX, 0, 0) == VOSTEL_TOO_LARGE);
+    CHECK(vostel_image_show(12345, VOSTEL_U8, data, 2, 2, 0, 0) == VOSTEL_NOT_FOUND);
+    CHECK(InfoOf(canvas.Number).max == 2.0);
+}
+
+TEST_CASE("an image goes with the history unless the objects are kept")
+{
+    const OpenCanvas  canvas;
+    const VostelPoint corners[] = {{1.0, 1.0}, {5.0, 5.0}};
+    VostelObject      object = 0;
+    Show<std::uint8_t>(canvas.Number, VOSTEL_U8, std::vector<std::uint8_t>(64), 8, 8);
+    REQUIRE(vostel_object_add(canvas.Number, VOSTEL_RECTANGLE, corners, 2, &object) == VOSTEL_OK);
+    Show<std::uint8_t>(canvas.Number, VOSTEL_U8, std::vector<std::uint8_t>(64, 3), 8, 8,
+                       VOSTEL_KEEP_OBJECTS | VOSTEL_KEEP_VIEW);
+    CHECK(ObjectsOf(canvas.Number).size() == 1);
+    CHECK(HistoryOf(canvas.Number).undo_count == 1);
+    Show<std::uint8_t>(canvas.Number, VOSTEL_U8, std::vector<std::uint8_t>(64, 3), 8, 8);
+    CHECK(ObjectsOf(canvas.Number).empty());
+    CHECK(HistoryOf(canvas.Number).undo_count == 0);
+}
+
+TEST_CASE("every image is told to listeners, once")
+{
+    const OpenCanvas           canvas;
+    std::vector<std::uint32_t> told;
+    std::int64_t               token = 0;
+    const auto                 listener = [](const VostelEvent* event, void* user) {
+        static_cast<std::vector<std::uint32_t>*>(user)->push_back(event->type);
+    };
+    REQUIRE(vostel_listen(canvas.Number, VOSTEL_IMAGE_CHANGED, listener, &told, &token) == VOSTEL_OK);
+    Show<std::uint8_t>(canvas.Number, VOSTEL_U8, {1, 2}, 2, 1);
+    CHECK(told.size() == 1);
+    Show<std::uint8_t>(canvas.Number, VOSTEL_U8, {3, 4}, 2, 1,
+                       VOSTEL_KEEP_OBJECTS | VOSTEL_KEEP_VIEW | VOSTEL_KEEP_CONTRAST);
+    CHECK(told.size() == 2);
+    vostel_unlisten(token);
+}
+
+TEST_CASE("files are opened by their content, and each failure has its status")
+{
+    const OpenCanvas canvas;
+    const TempFolder folder;
+    const auto       write = [&](const char* name, const files::Bytes& bytes) {
+        REQUIRE(WriteBytes(folder.Path(name), bytes));
+        return folder.Path(name);
+    };
+    const std::string picture = write("\xC3\xA4.txt", files::Png(2, 1, 16, files::Gray, {0x12, 0x34, 0, 1}));
+    REQUIRE(vostel_image_open(canvas.Number, picture.c_str(), 0) == VOSTEL_OK);
+    CHECK(InfoOf(canvas.Number).type == VOSTEL_U16);
+    CHECK(ValueOf(canvas.Number, 0, 0.5, 0.5) == 0x1234);
+    int32_t pages = 0;
+    CHECK(vostel_image_pages(picture.c_str(), &pages) == VOSTEL_OK);
+    CHECK(pages == 1);
+    CHECK(vostel_image_open_page(canvas.Number, picture.c_str(), 1, 0) == VOSTEL_NOT_FOUND);
+    CHECK(vostel_image_open_page(canvas.Number, picture.c_str(), -1, 0) == VOSTEL_INVALID_ARGUMENT);
+    CHECK(vostel_image_open(canvas.Number, folder.Path("missing.png").c_str(), 0) == VOSTEL_NOT_READ);
+    CHECK(vostel_image_open(canvas.Number, write("bad.png", {1, 2, 3}).c_str(), 0) == VOSTEL_BAD_FORMAT);
+    CHECK(vostel_image_open(canvas.Number, nullptr, 0) == VOSTEL_INVALID_ARGUMENT);
+    CHECK(vostel_image_pages(folder.Path("missing.png").c_str(), &pages) == VOSTEL_NOT_READ);
+    CHECK(std::string(vostel_last_message()).find("missing.png") != std::string::npos);
+    CHECK(InfoOf(canvas.Number).width == 2);
+}
+
+TEST_CASE("raw files are read by a layout")
+{
+    const OpenCanvas canvas;
+    const TempFolder folder;
+    REQUIRE(WriteBytes(folder.Path("raw"), {9, 9, 9, 0x12, 0x34, 0xFF, 0xFE}));
+    const std::string path = folder.Path("raw");
+    VostelRawLayout   layout = {sizeof layout, VOSTEL_U16, 2, 1, 3, 1};
+    REQUIRE(vostel_image_open_raw(canvas.Number, path.c_str(), &layout, 0) == VOSTEL_OK);
+    CHECK(ValueOf(canvas.Number, 0, 0.5, 0.5) == 0x1234);
+    CHECK(ValueOf(canvas.Number, 0, 1.5, 0.5) == 0xFFFE);
+    layout.big_endian = 0;
+    layout.type = VOSTEL_I16;
+    REQUIRE(vostel_image_open_raw(canvas.Number, path.c_str(), &layout, 0) == VOSTEL_OK);
+    CHECK(ValueOf(canvas.Number, 0, 1.5, 0.5) == -257.0);
+    layout.offset = 4;
+    CHECK(vostel_image_open_raw(canvas.Number, path.c_str(), &layout, 0) == VOSTEL_BAD_FORMAT);
+    layout.offset = -1;
+    CHECK(vostel_image_open_raw(canvas.Number, path.c_str(), &layout, 0) == VOSTEL_INVALID_ARGUMENT);
+    layout.offset = INT64_MAX;
+    CHECK(vostel_image_open_raw(canvas.Number, path.c_str(), &layout, 0) == VOSTEL_BAD_FORMAT);
+    layout = {sizeof layout, VOSTEL_RGB8, 2, 1, 1, 1};
+    REQUIRE(vostel_image_open_raw(canvas.Number, path.c_str(), &layout, 0) == VOSTEL_OK);
+    CHECK(ValueOf(canvas.Number, 3, 0.5, 0.5) == 0x12);
+    CHECK(vostel_image_open_raw(canvas.Number, folder.Path("none").c_str(), &layout, 0) == VOSTEL_NOT_READ);
+    CHECK(vostel_image_open_raw(canvas.Number, path.c_str(), nullptr, 0) == VOSTEL_INVALID_ARGUMENT);
+}
+
+TEST_CASE("the limits hold for samples and files")
+{
+    const OpenCanvas canvas;
+    const TempFolder folder;
+    REQUIRE(WriteBytes(folder.Path("wide.png"), files::Png(5, 1, 8, files::Gray, {1, 2, 3, 4, 5})));
+    VostelLimits limits = {sizeof limits, 4, 0, 0, 0};
+    REQUIRE(vostel_set_limits(&limits) == VOSTEL_OK);
+    const std::uint8_t data[5] = {};
+    CHECK(vostel_image_show(canvas.Number, VOSTEL_U8, data, 5, 1, 0, 0) == VOSTEL_TOO_LARGE);
+    CHECK(vostel_image_open(canvas.Number, folder.Path("wide.png").c_str(), 0) == VOSTEL_TOO_LARGE);
+    limits = {sizeof limits, 0, 0, 10, 0};
+    REQUIRE(vostel_set_limits(&limits) == VOSTEL_OK);
+    CHECK(vostel_image_open(canvas.Number, folder.Path("wide.png").c_str(), 0) == VOSTEL_TOO_LARGE);
+    limits = {sizeof limits, 0, 0, 0, 0};
+    REQUIRE(vostel_set_limits(&limits) == VOSTEL_OK);
+    CHECK(vostel_image_open(canvas.Number, folder.Path("wide.png").c_str(), 0) == VOSTEL_OK);
+}
