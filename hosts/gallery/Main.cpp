@@ -3,7 +3,10 @@
 
 #include "common/Sheet.h"
 
+#include <vostel.h>
+
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
@@ -189,6 +192,77 @@ void DrawProgress(Host& user)
     user.Paint();
 }
 
+// What the C interface adds is drawn by the same gestures after vostel_draw_next.
+VostelObject DrawNext(VostelKind kind)
+{
+    VostelObject object = 0;
+    vostel_draw_next(Canvas, kind, &object);
+    return object;
+}
+
+void SetStyle(VostelObject object, std::uint32_t line, std::uint32_t fill, double width)
+{
+    VostelStyle style = {};
+    style.size = sizeof style;
+    vostel_object_style(Canvas, object, &style);
+    style.line_color = style.selected_color = style.handle_color = line;
+    style.fill_color = fill;
+    style.line_width = width;
+    vostel_object_set_style(Canvas, object, &style);
+}
+
+void DrawPoints(Host& user)
+{
+    DrawNext(VOSTEL_POINTS);
+    for (const CPoint& mark : {CPoint(48, 50), CPoint(110, 48), CPoint(172, 52), CPoint(235, 50),
+                               CPoint(45, 120), CPoint(112, 122), CPoint(180, 120)})
+        user.Click(MK_SHIFT, mark);
+}
+
+void DrawPolyline(Host& user)
+{
+    DrawNext(VOSTEL_POLYLINE);
+    for (const CPoint& node : {CPoint(45, 250), CPoint(110, 190), CPoint(185, 215), CPoint(250, 120)})
+        user.Click(MK_SHIFT, node);
+}
+
+void DrawArrow(Host& user)
+{
+    DrawNext(VOSTEL_ARROW);
+    user.Drag(MK_SHIFT, CPoint(90, 235), CPoint(230, 130));
+}
+
+void DrawStyles(Host& user)
+{
+    SetStyle(DrawNext(VOSTEL_RECTANGLE), 0xFFC000, 0x50FFC000, 1.0);
+    user.Drag(MK_SHIFT, CPoint(30, 30), CPoint(180, 140));
+    SetStyle(DrawNext(VOSTEL_SPLINE), 0x00A0FF, 0x6000A0FF, 3.0);
+    for (const CPoint& node : Ring(CPoint(270, 110), 80.0, 65.0, 5))
+        user.Click(MK_SHIFT, node);
+    SetStyle(DrawNext(VOSTEL_ARROW), 0x30D030, 0, 5.0);
+    user.Drag(MK_SHIFT, CPoint(60, 270), CPoint(240, 225));
+}
+
+void DrawEnglish(Host& user)
+{
+    vostel_canvas_set_language(Canvas, "en");
+    DrawNext(VOSTEL_LENGTH);
+    user.Drag(MK_SHIFT, CPoint(50, 235), CPoint(190, 205));
+    DrawNext(VOSTEL_ANGLE);
+    user.Click(MK_SHIFT, CPoint(180, 180));
+    user.Drag(0, CPoint(180, 30), CPoint(270, 60));
+}
+
+void DrawTwice(Host& user)
+{
+    vostel_canvas_set_pixel_ratio(Canvas, 2.0);
+    DrawNext(VOSTEL_POLYGON);
+    for (const CPoint& node : Ring(CPoint(150, 170), 110.0, 90.0, 5))
+        user.Click(MK_SHIFT, node);
+    DrawNext(VOSTEL_ARROW);
+    user.Drag(MK_SHIFT, CPoint(90, 235), CPoint(200, 110));
+}
+
 const Tile Tiles[] = {
     {L"Rectangle", DrawRectangle},
     {L"Rectangle as ellipse (key E)", DrawEllipse},
@@ -207,6 +281,12 @@ const Tile Tiles[] = {
     {L"Neighbour values", DrawNeighbours},
     {L"Contrast slider", DrawSlider},
     {L"Progress bar", DrawProgress},
+    {L"Points", DrawPoints},
+    {L"Polyline", DrawPolyline},
+    {L"Arrow", DrawArrow},
+    {L"Fills and line widths", DrawStyles},
+    {L"English captions", DrawEnglish},
+    {L"Pixel ratio 2", DrawTwice},
 };
 
 // Places of the tiles in reading order; the height that they need comes back.
@@ -243,6 +323,8 @@ bool WriteSheet(const std::string& picture, const std::string& path)
         user.Paint();
         sheet.Place(user, x, y, width, TileHeight, tile.Name);
         gCVSDelAllElement(Canvas);
+        vostel_canvas_set_language(Canvas, "zh");
+        vostel_canvas_set_pixel_ratio(Canvas, 1.0);
         MakeRoom(user,
                  (width - TileWidth) / 2 - static_cast<int>(gCVSGetCanvasRegion(Canvas).left));    // undone
     });

@@ -4,12 +4,16 @@
 #include "canvas/view/HitTests.h"
 #include "geometry/Lengths.h"
 #include "instruments/CaptionTexts.h"
+#include "overlay/StateArchive.h"
+
+#include <algorithm>
+#include <cmath>
 
 namespace vostel {
 
 namespace {
 
-const CPoint FirstLabelOffset(30, -50);    // px from the first point
+const CPoint FirstLabelOffset(16, -40);    // px from the upper right corner of the points
 
 }
 
@@ -30,19 +34,22 @@ void VostelMarking::OnLButtonDown(unsigned int flags, CPoint point)
         return;
     }
     VostelMPoint::OnLButtonDown(flags, point);
-    if (shift && !IsLabelPlaced() && View && !ImagePoints.empty())
-        PlaceFirstLabel();
+    if (shift)
+        PlaceLabelAgain();
 }
 
 void VostelMarking::OnMouseMove(unsigned int flags, CPoint point)
 {
     if (LabelHit) {
+        LabelDragged = LabelDragged || (Label.IsMoving() && point != LastPoint);
         VostelCaptioned::OnMouseMove(flags, point);
         return;
     }
     const ImagePoint before = CentroidOfPoints(ImagePoints);
     VostelMPoint::OnMouseMove(flags, point);
-    if (IsMoving() && IsLabelPlaced()) {
+    if ((flags & MK_SHIFT) != 0 && ActiveNode >= 0) {
+        PlaceLabelAgain();
+    } else if (IsMoving() && IsLabelPlaced()) {
         const ImagePoint now = CentroidOfPoints(ImagePoints);
         Label.MoveBy(now.x - before.x, now.y - before.y);
     }
@@ -63,7 +70,13 @@ void VostelMarking::OnDraw(HDC dc)
     DrawMark();
     VostelMPoint::OnDraw(dc);
     if (IsLabelPlaced())
-        DrawLabel(dc, ClientPoints[0]);
+        DrawLabel(dc, NearestToLabel());
+}
+
+void VostelMarking::Persist(StateArchive& archive)
+{
+    VostelCaptioned::Persist(archive);
+    archive(LabelDragged);
 }
 
 CString VostelMarking::LengthText() const
@@ -76,8 +89,27 @@ CString VostelMarking::LengthText() const
 
 void VostelMarking::PlaceFirstLabel()
 {
-    PlaceLabel(static_cast<float>(WrapAdd(ClientPoints[0].x, Scaled(FirstLabelOffset.x))),
-               static_cast<float>(WrapAdd(ClientPoints[0].y, Scaled(FirstLabelOffset.y))), 0.0f, 0.0f);
+    CPoint corner = ClientPoints[0];
+    for (const CPoint& point : ClientPoints)
+        corner = CPoint(std::max(corner.x, point.x), std::min(corner.y, point.y));
+    PlaceLabel(static_cast<float>(WrapAdd(corner.x, Scaled(FirstLabelOffset.x))),
+               static_cast<float>(WrapAdd(corner.y, Scaled(FirstLabelOffset.y))), 0.0f, 0.0f);
+}
+
+void VostelMarking::PlaceLabelAgain()
+{
+    if (!LabelDragged && View && !ClientPoints.empty())
+        PlaceFirstLabel();
+}
+
+CPoint VostelMarking::NearestToLabel() const
+{
+    const auto distance = [&](const CPoint& point) {
+        const CPoint corner = Label.NearestCorner(point);
+        return std::hypot(static_cast<double>(point.x) - corner.x, static_cast<double>(point.y) - corner.y);
+    };
+    return *std::min_element(ClientPoints.begin(), ClientPoints.end(),
+                             [&](const CPoint& a, const CPoint& b) { return distance(a) < distance(b); });
 }
 
 }

@@ -9,6 +9,8 @@ namespace vostel {
 // always says the measure.
 class VostelMarking : public VostelCaptioned {
 public:
+    bool LabelDragged = false;    // the caption's place is the user's; else it goes beside each new point
+
     VostelMarking();
 
     void OnLButtonDown(unsigned int flags, CPoint point) override;
@@ -16,6 +18,7 @@ public:
     void OnKeyDown(unsigned int key, unsigned int repeat, unsigned int keyFlags) override;    // none
     bool Covers(CPoint point) const override;
     void OnDraw(HDC dc) override;
+    void Persist(StateArchive& archive) override;
 
 protected:
     // Of the mark itself, without handles and caption.
@@ -23,6 +26,10 @@ protected:
     virtual void DrawMark() = 0;
     CString      LengthText() const;
     void         PlaceFirstLabel() override;
+
+private:
+    void   PlaceLabelAgain();         // unless the user has
+    CPoint NearestToLabel() const;    // of the points
 };
 
 }

@@ -74,7 +74,7 @@ void VostelCanvas::Persist(StateArchive& archive)
 CString VostelCanvas::CaptionText() const
 {
     const bool english = Settings() && Settings()->English;
-    return FormatText(english ? L"Minimum of the line %5.3f, maximum %5.3f"
+    return FormatText(english ? L"Line: minimum %5.3f, maximum %5.3f"
                               : L"线数据的最小值为 %5.3f 最大值为 %5.3f",
                       static_cast<double>(DataMin), static_cast<double>(DataMax));
 }

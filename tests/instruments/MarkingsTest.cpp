@@ -49,7 +49,8 @@ TEST_CASE("each Shift press counts one point more, with its cross and the count 
             CHECK(scene.Pixel(at.x + step, at.y) == 0xFF0000);
             CHECK(scene.Pixel(at.x - step, at.y) == 0xFF0000);
             CHECK(scene.Pixel(at.x, at.y + step) == 0xFF0000);
-            CHECK(scene.Pixel(at.x, at.y - step) == 0xFF0000);
+            if (at != points.ClientPoints.back())    // the caption's connector starts there
+                CHECK(scene.Pixel(at.x, at.y - step) == 0xFF0000);
         }
     // Their numbers beside them.
     const auto isRed = [](unsigned int pixel) { return RedOf(pixel) > GreenOf(pixel) + 60; };
@@ -176,4 +177,33 @@ TEST_CASE("of very many marks all crosses are drawn, and numbers where there is 
     CHECK(scene.Count(CRect(308, 186, 330, 198), isBlue) > 10);
     // One number in the place of 501.
     CHECK(scene.Count(CRect(36, 136, 44, 144), isBlue) < 40);
+}
+
+TEST_CASE("a caption goes beside each new point until it is dragged")
+{
+    OverlayScene    scene;
+    VostelPolyline& line = Add<VostelPolyline>(scene);
+    ShiftPress(scene, 50, 200);
+    ShiftPress(scene, 100, 150);
+    const CRect& box = line.Label.ClientBox;
+    CHECK(box.left > 100);
+    CHECK(box.bottom < 150);
+    ShiftPress(scene, 200, 120);
+    CHECK(box.left > 200);
+    CHECK(box.bottom < 120);
+    CHECK(line.Label.Text == line.CaptionText());
+    scene.Drag(CPoint(box.left + 20, box.top + 8), CPoint(40, 40));
+    const PointTemplateBase<double> place = line.Label.ImagePoints[0];
+    ShiftPress(scene, 250, 100);
+    CHECK(IsAt(line.Label.ImagePoints[0], place.x, place.y));
+    CHECK(line.LabelDragged);
+}
+
+TEST_CASE("the caption of an arrow stays beside it while it is laid")
+{
+    OverlayScene scene;
+    VostelArrow& arrow = Add<VostelArrow>(scene);
+    scene.Drag(CPoint(50, 250), CPoint(200, 150), DrawFlags);
+    CHECK(arrow.Label.ClientBox.left > 200);
+    CHECK(arrow.Label.ClientBox.bottom < 150);
 }

@@ -4,7 +4,10 @@
 
 #include "Scenes.h"
 
+#include <vostel.h>
+
 #include <cstddef>
+#include <cstdint>
 #include <initializer_list>
 
 class CanvasFrame {
@@ -23,6 +26,8 @@ public:
     {
         gCVSShowContrastCtrl(number, false);
         gCVSShowProgress(number, false);
+        vostel_canvas_set_language(number, "zh");
+        vostel_canvas_set_pixel_ratio(number, 1.0);
         gCVSDelAllElement(number);
         Turn(-turned, at);    // the scale outlives the image
     }
@@ -77,6 +82,23 @@ public:
     {
         for (int i = 0; i < times; ++i)
             gCVSOnKeyDown(number, key, 1, 0);
+    }
+
+    // A new object of the C interface, which the next gestures draw.
+    VostelObject DrawNext(VostelKind kind)
+    {
+        VostelObject object = 0;
+        vostel_draw_next(number, kind, &object);
+        return object;
+    }
+    void SetStyle(VostelObject object, std::uint32_t fill, double width)
+    {
+        VostelStyle style = {};
+        style.size = sizeof style;
+        vostel_object_style(number, object, &style);
+        style.fill_color = fill;
+        style.line_width = width;
+        vostel_object_set_style(number, object, &style);
     }
 
     // The last frame is the picture: what follows only puts the canvas back for the next scene.

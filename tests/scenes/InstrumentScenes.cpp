@@ -86,6 +86,40 @@ void Profile(Session& session)
     session.Drag({CPoint(200, 100), CPoint(182, 90), CPoint(172, 81)});
 }
 
+// Marks of the C interface. Their captions lie up and to the right of them.
+void Marks(Session& session)
+{
+    session.DrawNext(VOSTEL_POINTS);
+    session.PressEach({CPoint(110, 250), CPoint(150, 260), CPoint(130, 290)}, MK_SHIFT);
+    session.DrawNext(VOSTEL_POLYLINE);
+    session.PressEach({CPoint(100, 130), CPoint(140, 200), CPoint(180, 150), CPoint(220, 170)}, MK_SHIFT);
+    session.DrawNext(VOSTEL_ARROW);
+    session.Drag({CPoint(260, 280), CPoint(280, 270), CPoint(330, 230)}, MK_SHIFT);
+}
+// Ending in one column, right of which all that belongs to captions is covered.
+void OpenLines(Session& session)
+{
+    session.DrawNext(VOSTEL_POLYLINE);
+    session.PressEach({CPoint(100, 130), CPoint(140, 200), CPoint(180, 150), CPoint(200, 170)}, MK_SHIFT);
+    session.DrawNext(VOSTEL_ARROW);
+    session.Drag({CPoint(120, 290), CPoint(180, 270), CPoint(200, 240)}, MK_SHIFT);
+}
+
+// Measures and a read-out in English.
+void English(Session& session)
+{
+    vostel_canvas_set_language(CanvasNumber, "en");
+    session.DrawNext(VOSTEL_LENGTH);
+    session.Drag({CPoint(120, 240), CPoint(150, 250), CPoint(220, 270)}, MK_SHIFT);
+    session.DrawNext(VOSTEL_ANGLE);
+    session.Press(CPoint(240, 250), MK_SHIFT);
+    session.DrawNext(VOSTEL_POINTS);
+    session.Press(CPoint(330, 280), MK_SHIFT);
+    gCVSAddInfoWin(CanvasNumber);
+    session.Move(CPoint(260, 190));
+    session.Paint();
+}
+
 // One text of each style, one of them selected and dragged.
 void TextStyles(Session& session)
 {
@@ -153,6 +187,9 @@ std::vector<Scene> InstrumentScenes()
         {"angle-of-four-points", 500, 400, 32, false, Agreement::Glyphs, Whole<Angle4>},
         {"angle-of-four-points-covered", 500, 400, 32, false, Agreement::Exact,
          Covered<Angle4, 277, 297, 220, 40>},
+        {"marks", 500, 400, 32, false, Agreement::Glyphs, Whole<Marks>},
+        {"marks-covered", 500, 400, 32, false, Agreement::Exact, Covered<OpenLines, 200, 60, 300, 240>},
+        {"english", 500, 400, 32, false, Agreement::Glyphs, Whole<English>},
         {"profile", 600, 400, 32, false, Agreement::Glyphs, Whole<Profile>},
         {"profile-covered", 600, 400, 32, false, Agreement::Exact, Covered<Profile, 6, 15, 420, 24>},
         {"text-styles", 500, 400, 32, false, Agreement::Glyphs, Whole<TextStyles>},

@@ -66,6 +66,38 @@ void Stroke(CanvasFrame& frame, int x, int y, int seed)
     gCVSOnLButtonUp(CanvasNumber, MK_SHIFT, CPoint(x, y));
 }
 
+// Interiors of every kind of region, one over another and over the window's edge.
+void Fills(CanvasFrame& frame)
+{
+    frame.SetStyle(frame.DrawNext(VOSTEL_POLYGON), 0x80FF8000, 1.0);
+    for (int i = 0; i < 5; ++i)
+        frame.Press(CPoint(120 + 60 * (i * 2 % 5), 120 + 100 * (i % 2) + 9 * i), MK_SHIFT);
+    const VostelObject ellipse = frame.DrawNext(VOSTEL_RECTANGLE);
+    frame.SetStyle(ellipse, 0x4000FF40, 1.0);
+    frame.Drag({CPoint(200, 130), CPoint(330, 170), CPoint(395, 285)}, MK_SHIFT);
+    vostel_object_set_flags(CanvasNumber, ellipse, VOSTEL_ELLIPSE);
+    frame.SetStyle(frame.DrawNext(VOSTEL_SPLINE), 0x600060FF, 1.0);
+    PressRing(frame, 160, 250, 60, 7);
+    VostelObject      box = 0;
+    const VostelPoint corners[2] = {{-400.5, 150.25}, {40.75, 900.0}};
+    vostel_object_add(CanvasNumber, VOSTEL_RECTANGLE, corners, 2, &box);
+    frame.SetStyle(box, 0xB0FF00FF, 1.0);
+    const VostelPoint star[5] = {
+        {250.0, 20.5}, {290.5, 120.0}, {200.25, 60.0}, {300.0, 60.0}, {210.0, 120.75}};
+    vostel_object_add(CanvasNumber, VOSTEL_FREE_REGION, star, 5, &box);
+    frame.SetStyle(box, 0xFF203040, 1.0);
+}
+
+// Lines and handles of a screen of twice as many pixels, and a wide line.
+void Twice(CanvasFrame& frame)
+{
+    vostel_canvas_set_pixel_ratio(CanvasNumber, 2.0);
+    frame.DrawNext(VOSTEL_POLYGON);
+    PressRing(frame, 180, 200, 60, 5);
+    frame.SetStyle(frame.DrawNext(VOSTEL_POLYGON), 0, 3.0);
+    PressRing(frame, 320, 220, 60, 4);
+}
+
 // The first one runs over the image's edge and along it.
 void FreeRegions(CanvasFrame& frame)
 {
@@ -144,5 +176,8 @@ std::vector<Scene> OverlayScenes()
         {"overlay-rectangles-zoomed", 500, 400, 32, false, Agreement::Exact, Of<Rectangles, 3>},
         {"overlay-ellipses", 500, 400, 32, false, Agreement::Exact, Of<Ellipses, 0>},
         {"overlay-custom-rectangles", 500, 400, 32, false, Agreement::Exact, Of<CustomRectangles, 0>},
+        {"overlay-fills", 500, 400, 32, false, Agreement::Exact, Of<Fills, 0>},
+        {"overlay-fills-zoomed", 500, 400, 32, false, Agreement::Exact, Of<Fills, 3>},
+        {"overlay-twice-as-many-pixels", 500, 400, 32, false, Agreement::Exact, Of<Twice, 1>},
     };
 }
