@@ -2,6 +2,7 @@
 
 #include "canvas/VostelImage.h"
 #include "document/KindRules.h"
+#include "document/ViewLinks.h"
 #include "vostel.h"
 
 #include <algorithm>
@@ -187,6 +188,7 @@ void Document::Listen(std::int64_t token, std::uint32_t events, Listeners::Funct
 
 void Document::TellDestruction()
 {
+    UnlinkCanvas(Number);
     Events.Tell(VOSTEL_CANVAS_DESTROYED, 0);
 }
 
@@ -240,6 +242,7 @@ void Document::CallEnds() noexcept
         Steps.Clear();
     }
     LostTrack = Stale = ImageCame = AllWent = SelectionMoved = false;
+    LeadLinked();
     Events.Deliver(Number);
 }
 
@@ -447,11 +450,35 @@ void Document::TellSelection()
 void Document::TellView()
 {
     const ViewPlace now = PlaceNow();
+    const bool      follows = Followed == now;
+    Followed.reset();
     if (now == Place)
         return;
     Place = now;
     Stale = true;
     Events.Tell(VOSTEL_VIEW_CHANGED, 0);
+    Leads = !follows;
+}
+
+// With nothing left to note: the listeners of the other canvases may call this one.
+void Document::LeadLinked() noexcept
+{
+    if (!Leads)
+        return;
+    Leads = false;
+    try {
+        ShowOnLinked(Number, MiddleOf(Canvas.View));
+    } catch (...) {
+        return;    // without memory the others stay where they are
+    }
+}
+
+void Document::Follow(const MiddleView& middle)
+{
+    if (!PlaceMiddle(Canvas.View, middle))
+        return;
+    Followed = PlaceNow();
+    Canvas.ViewMoved();
 }
 
 }

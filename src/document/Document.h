@@ -1,6 +1,7 @@
 #pragma once
 
 #include "canvas/CanvasObserver.h"
+#include "canvas/view/ViewPlacing.h"
 #include "document/History.h"
 #include "document/LabelNumbers.h"
 #include "document/Listeners.h"
@@ -67,6 +68,8 @@ public:
     // Forgets the steps and tells it.
     void ForgetSteps();
     void SetStepLimit(std::size_t bytes);
+    // Looks at what a linked canvas looks at. Where coordinates do not reach, the view stays.
+    void Follow(const MiddleView& middle);
 
     void CallBegins() noexcept override;
     void CallEnds() noexcept override;
@@ -120,6 +123,8 @@ private:
     bool                             RegionWindowsMoved = false;    // while replaying
     std::vector<std::uint64_t>       Selection;                     // as it was told last
     ViewPlace                        Place;
+    std::optional<ViewPlace>         Followed;         // taken from a linked canvas and not told yet
+    bool                             Leads = false;    // linked canvases are to follow
 
     bool        IsWatching() const { return Steps.Limit() > 0 || Events.AreThere(); }
     ObjectState StateOf(VostelObj& object);
@@ -137,6 +142,7 @@ private:
     void FinishGesture();
     void TellSelection();
     void TellView();
+    void LeadLinked() noexcept;
 
     void Replay(const HistoryStep& step, bool forwards);
     void Apply(const ObjectChange& change, bool forwards);
