@@ -29,9 +29,15 @@ bool PixelSurface::SaveGrayBmp(CString path)
 
 bool PixelSurface::SaveColorImage(const CString& path)
 {
+    WriteColorImage(path);
+    return true;
+}
+
+bool PixelSurface::WriteColorImage(const CString& path) const
+{
     ATL::CImage picture;
     if (!Pixels || !picture.Create(Width, Height, 24))
-        return true;
+        return false;
     const std::unique_ptr<unsigned char*, void (*)(unsigned char**)> rows(Create2DList(&picture),
                                                                           Release2DList);
     for (int i = 0; i < Height; ++i) {
@@ -44,8 +50,7 @@ bool PixelSurface::SaveColorImage(const CString& path)
             target[2] = static_cast<unsigned char>(source[x] >> 16);
         }
     }
-    picture.Save(path);
-    return true;
+    return picture.Save(path) >= 0;
 }
 
 }

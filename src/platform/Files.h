@@ -16,6 +16,9 @@ OwnedFile OpenUtf8File(const char* path, const char* mode);    // the same for a
 bool      SeekFile(std::FILE* file, long long place);          // counted from the beginning
 // Bytes of an open regular file whatever its size, -1 if it is unknown; the position is kept.
 long long FileLength(std::FILE* file);
+// Gives a file another name in the same folder, whatever has it; false if the file keeps the old one.
+bool MoveFileOver(const CString& from, const CString& to);
+void RemoveFile(const CString& path);
 
 std::string  NarrowAnsi(const wchar_t* text, int length);    // system code page; UTF-8 off Windows
 std::string  NarrowOem(const wchar_t* text, int length);     // console code page; UTF-8 off Windows

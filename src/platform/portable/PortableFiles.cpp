@@ -60,6 +60,17 @@ long long FileLength(std::FILE* file)
     return facts.st_size;
 }
 
+bool MoveFileOver(const CString& from, const CString& to)
+{
+    return std::rename(NarrowAnsi(from, from.GetLength()).c_str(), NarrowAnsi(to, to.GetLength()).c_str()) ==
+           0;
+}
+
+void RemoveFile(const CString& path)
+{
+    std::remove(NarrowAnsi(path, path.GetLength()).c_str());
+}
+
 std::string NarrowAnsi(const wchar_t* text, int length)
 {
     std::string narrow;

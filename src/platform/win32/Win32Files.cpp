@@ -84,6 +84,16 @@ long long FileLength(std::FILE* file)
     return facts.st_size;
 }
 
+bool MoveFileOver(const CString& from, const CString& to)
+{
+    return MoveFileExW(from, to, MOVEFILE_REPLACE_EXISTING) != 0;
+}
+
+void RemoveFile(const CString& path)
+{
+    DeleteFileW(path);
+}
+
 std::string NarrowAnsi(const wchar_t* text, int length)
 {
     return Narrow(CP_ACP, text, length);

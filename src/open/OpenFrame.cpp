@@ -1,0 +1,144 @@
+#include "document/PictureDrawing.h"
+#include "foundation/Limits.h"
+#include "open/OpenCall.h"
+#include "open/PlaneRows.h"
+#include "platform/Files.h"
+#include "platform/System.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cmath>
+
+using namespace vostel;
+using namespace vostel::open;
+
+namespace {
+
+// The canvas's area with a fresh frame. Its rows run bottom-up and are tightly packed.
+struct Frame {
+    int                 Width = 0;
+    int                 Height = 0;
+    const unsigned int* Pixels = nullptr;
+
+    const unsigned int* Row(int y) const
+    {
+        return Pixels + static_cast<std::ptrdiff_t>(Height - 1 - y) * Width;
+    }
+};
+
+Frame Compose(VostelImage& image)
+{
+    if (!image.ClientMemDC || !image.ClientPixels)
+        Fail(VOSTEL_NOT_FOUND, "the canvas has no area yet");
+    if (!image.UseDirect)
+        image.ComposeFrame();
+    GdiFlush();
+    return {image.View.ClientRect.Width(), image.View.ClientRect.Height(), image.ClientPixels};
+}
+
+CString EndingOf(const CString& path)
+{
+    const int dot = path.ReverseFind(L'.');
+    return dot < 0 ? CString() : path.Mid(dot);
+}
+
+void NeedKnownEnding(const CString& path)
+{
+    CString ending = EndingOf(path);
+    ending.MakeLower();
+    for (const wchar_t* const known : {L".png", L".bmp", L".jpg", L".jpeg", L".tif", L".tiff"}) {
+        if (ending == known)
+            return;
+    }
+    Fail(VOSTEL_NOT_SUPPORTED, "path does not end in png, bmp, jpg or tif");
+}
+
+// Px of a side of the picture.
+int ScaledSide(int side, double scale)
+{
+    const double scaled = std::max(1.0, std::floor(side * scale + 0.5));
+    if (scaled > LimitsInForce().MaxSide)
+        Fail(VOSTEL_TOO_LARGE,
+             "the picture has a side of more than " + std::to_string(LimitsInForce().MaxSide) + " px");
+    return static_cast<int>(scaled);
+}
+
+// A name beside the path, with the same ending, that no other call uses.
+CString NameBeside(const CString& path)
+{
+    static std::atomic<unsigned> last{0};
+    const CString                ending = EndingOf(path);
+    const std::wstring           number = std::to_wstring(ClockCount()) + L"-" + std::to_wstring(++last);
+    return path.Left(path.GetLength() - ending.GetLength()) + L"~" + number.c_str() + ending;
+}
+
+// A save that fails leaves the file that was there.
+void Write(const PixelSurface& picture, const CString& path)
+{
+    const CString beside = NameBeside(path);
+    if (!picture.WriteColorImage(beside) || !MoveFileOver(beside, path)) {
+        RemoveFile(beside);
+        Fail(VOSTEL_NOT_WRITTEN, "path cannot be written");
+    }
+}
+
+}
+
+VostelStatus vostel_frame_render(int32_t canvas, VostelFrame* frame)
+{
+    return OnCanvas(canvas, [&](VostelImage& image, Document&) {
+        NeedRecord(frame, sizeof *frame, "frame");
+        const Frame made = Compose(image);
+        VostelFrame given = {};
+        given.width = made.Width;
+        given.height = made.Height;
+        given.row_bytes = -static_cast<std::ptrdiff_t>(sizeof *made.Pixels) * made.Width;
+        given.pixels = made.Row(0);
+        GiveRecord(frame, given, "frame");
+    });
+}
+
+VostelStatus vostel_frame_render_to(int32_t canvas, VostelPlane* target)
+{
+    return OnCanvas(canvas, [&](VostelImage& image, Document&) {
+        const PlaneRows rows = PlaneRowsFrom(target, "target");
+        if (rows.Type != VOSTEL_BGRA8)
+            Fail(VOSTEL_INVALID_ARGUMENT, "target is not of VOSTEL_BGRA8");
+        if (rows.Width != image.View.ClientRect.Width() || rows.Height != image.View.ClientRect.Height())
+            Fail(VOSTEL_INVALID_ARGUMENT, "target has not the size of the canvas's area");
+        const Frame                made = Compose(image);
+        std::vector<std::uint32_t> opaque(static_cast<std::size_t>(made.Width));
+        for (int y = 0; y < made.Height; ++y) {
+            std::transform(made.Row(y), made.Row(y) + made.Width, opaque.begin(),
+                           [](unsigned int pixel) { return pixel | 0xFF000000u; });
+            std::memcpy(rows.Row(y), opaque.data(), opaque.size() * sizeof opaque[0]);
+        }
+    });
+}
+
+VostelStatus vostel_picture_save(int32_t canvas, const char* path, double scale, uint32_t flags)
+{
+    return OnCanvas(canvas, [&](VostelImage& image, Document&) {
+        constexpr long long MostPixels = 1LL << 28;    // of any picture
+        const CString       file = WideFrom(path, "path");
+        NeedPositive(scale, "scale");
+        NeedFlags(flags, VOSTEL_WITH_OBJECTS | VOSTEL_WITH_CAPTIONS | VOSTEL_WITH_HANDLES);
+        NeedKnownEnding(file);
+        if (!image.CanvasSurface.Bitmap || image.CurrentFileType == FileTypeNone)
+            Fail(VOSTEL_NO_IMAGE, "the canvas shows no image");
+        const int width = ScaledSide(image.CanvasWidth, scale);
+        const int height = ScaledSide(image.CanvasHeight, scale);
+        if (static_cast<long long>(width) * height >
+            std::min<long long>(MostPixels, LimitsInForce().MaxPixels))
+            Fail(VOSTEL_TOO_LARGE, "the picture has too many px");
+        PixelSurface picture;
+        picture.Rebuild(nullptr, width, height, false);
+        if (!picture.Bitmap)
+            throw std::bad_alloc();
+        DrawPicture(image, scale,
+                    {(flags & VOSTEL_WITH_OBJECTS) != 0, (flags & VOSTEL_WITH_CAPTIONS) != 0,
+                     (flags & VOSTEL_WITH_HANDLES) != 0},
+                    picture);
+        Write(picture, file);
+    });
+}
