@@ -2,6 +2,7 @@
 
 #include "base/Reflect.h"
 #include "imaging/PlaneRows.h"
+#include "imaging/ThresholdByShare.h"
 #include "imaging/ThresholdRows.h"
 
 #include <algorithm>
@@ -14,6 +15,8 @@ using namespace vostel;
 namespace {
 
 using Plane = ClassData2DIO<unsigned char>;
+
+constexpr double ShareOfMean = 0.85;
 
 // With these radii 20 * 255 * area, and 255 * area, still fit in 31 bits.
 constexpr int LargestScaledRadius = 323;
@@ -114,7 +117,7 @@ void ThresholdNarrow(Plane& image, int radius)
 }
 
 // For all others, in 64 bits and with the quotient as it reads.
-void ThresholdWide(Plane& image, int radius)
+void ThresholdWide(Plane& image, int radius, double share)
 {
     const int                 width = image.Width;
     const int                 height = image.Height;
@@ -156,7 +159,7 @@ void ThresholdWide(Plane& image, int radius)
         for (std::size_t x = 0; x < count; ++x) {
             sum += columns[static_cast<std::size_t>(entering[x])] -
                    columns[static_cast<std::size_t>(leaving[x])];
-            target[x] = static_cast<double>(pixels[x] * area) > static_cast<double>(sum) * 0.85 ? 255 : 0;
+            target[x] = static_cast<double>(pixels[x] * area) > static_cast<double>(sum) * share ? 255 : 0;
         }
     }
     results.DeliverRest();
@@ -166,11 +169,16 @@ void ThresholdWide(Plane& image, int radius)
 
 void LAT_Constant(ClassData2DIO<unsigned char>& image, int size)
 {
+    ThresholdByShare(image, size, ShareOfMean);
+}
+
+void vostel::ThresholdByShare(ClassData2DIO<unsigned char>& image, int size, double share)
+{
     const int radius = std::min(size / 2, LargestRadius);
     if (radius < 0 || CountOf(image) == 0)
         return;
-    if (radius <= LargestNarrowRadius && radius < image.Width)
+    if (share == ShareOfMean && radius <= LargestNarrowRadius && radius < image.Width)
         ThresholdNarrow(image, radius);
     else
-        ThresholdWide(image, radius);
+        ThresholdWide(image, radius, share);
 }

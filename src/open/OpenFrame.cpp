@@ -1,7 +1,7 @@
 #include "document/PictureDrawing.h"
 #include "foundation/Limits.h"
 #include "open/OpenCall.h"
-#include "open/PlaneRows.h"
+#include "open/OpenPlanes.h"
 #include "platform/Files.h"
 #include "platform/System.h"
 
@@ -101,8 +101,8 @@ VostelStatus vostel_frame_render(int32_t canvas, VostelFrame* frame)
 VostelStatus vostel_frame_render_to(int32_t canvas, VostelPlane* target)
 {
     return OnCanvas(canvas, [&](VostelImage& image, Document&) {
-        const PlaneRows rows = PlaneRowsFrom(target, "target");
-        if (rows.Type != VOSTEL_BGRA8)
+        const CallerPlane rows = CallerPlaneFrom(target, "target");
+        if (rows.Type != SampleType::Bgra8)
             Fail(VOSTEL_INVALID_ARGUMENT, "target is not of VOSTEL_BGRA8");
         if (rows.Width != image.View.ClientRect.Width() || rows.Height != image.View.ClientRect.Height())
             Fail(VOSTEL_INVALID_ARGUMENT, "target has not the size of the canvas's area");

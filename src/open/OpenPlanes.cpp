@@ -35,17 +35,29 @@ PlaneView PlaneFrom(VostelPixel type, const void* data, std::int32_t width, std:
     const Limits limits = LimitsInForce();
     if (width > limits.MaxSide || height > limits.MaxSide || width > limits.MaxPixels / height)
         Fail(VOSTEL_TOO_LARGE, "width and height are beyond the limits");
-    const std::ptrdiff_t tight = static_cast<std::ptrdiff_t>(PixelBytes(plane.Type)) * width;
+    plane.Width = width;
+    plane.Height = height;
+    plane.RowBytes = RowDistance(rowBytes, width, PixelBytes(plane.Type));
+    plane.Data = data;
+    return plane;
+}
+
+std::ptrdiff_t RowDistance(std::ptrdiff_t rowBytes, std::int32_t width, std::size_t pixelBytes)
+{
+    const std::ptrdiff_t tight = static_cast<std::ptrdiff_t>(pixelBytes) * width;
     const std::ptrdiff_t distance = rowBytes == 0 ? tight : rowBytes;
     if (distance > -tight && distance < tight)
         Fail(VOSTEL_INVALID_ARGUMENT, "row_bytes is less than a row");
     if (distance < -MostRowBytes || distance > MostRowBytes)
         Fail(VOSTEL_INVALID_ARGUMENT, "row_bytes is beyond 2^30");
-    plane.Width = width;
-    plane.Height = height;
-    plane.RowBytes = distance;
-    plane.Data = data;
-    return plane;
+    return distance;
+}
+
+CallerPlane CallerPlaneFrom(const VostelPlane* plane, const char* name)
+{
+    const VostelPlane given = RecordFrom(plane, VostelPlane{}, name);
+    const PlaneView   view = PlaneFrom(given.type, given.data, given.width, given.height, given.row_bytes);
+    return {view.Type, view.Width, view.Height, view.RowBytes, given.data};
 }
 
 PlaneView NeedImage(const VostelImage& image)

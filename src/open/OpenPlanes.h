@@ -17,6 +17,24 @@ VostelPixel PixelOf(SampleType type);
 PlaneView PlaneFrom(VostelPixel type, const void* data, std::int32_t width, std::int32_t height,
                     std::ptrdiff_t rowBytes);
 
+// The distance of rows as the caller gives it, 0 standing for tightly packed. Fails with
+// VOSTEL_INVALID_ARGUMENT for rows that overlap or lie absurdly far apart.
+std::ptrdiff_t RowDistance(std::ptrdiff_t rowBytes, std::int32_t width, std::size_t pixelBytes);
+
+// A caller's plane that may be written. It may be aligned as it likes: its rows are copied from and to.
+struct CallerPlane {
+    SampleType     Type = SampleType::U8;
+    int            Width = 0;
+    int            Height = 0;
+    std::ptrdiff_t RowBytes = 0;
+    void*          Data = nullptr;
+
+    char* Row(int y) const { return static_cast<char*>(Data) + y * RowBytes; }
+};
+
+// Fails as PlaneFrom does.
+CallerPlane CallerPlaneFrom(const VostelPlane* plane, const char* name);
+
 // The values that a canvas shows; fails with VOSTEL_NO_IMAGE.
 PlaneView NeedImage(const VostelImage& image);
 

@@ -1,6 +1,11 @@
 # Tests of the open interface, one line each.
 vostel_test(open/FrameTest)
 vostel_test(open/HistoryTest)
+vostel_test(open/MasksTest)
+vostel_test(open/MeasuresTest)
 vostel_test(open/OpenContrastTest)
 vostel_test(open/OpenImageTest)
+vostel_test(open/ProfileTest)
+vostel_test(open/RoutinesTest)
+vostel_test(open/TableTest)
 vostel_test(open/ViewTest)
