@@ -69,6 +69,13 @@ struct Context {
     COLORREF BkColor = 0xFFFFFF;
     COLORREF TextColor = 0;
     int      StretchMode = BLACKONWHITE;
+
+    // What a context draws on that has no bitmap of its own selected: the default bitmap is one handle for
+    // all contexts, but each has its own memory.
+    unsigned char BlankBits[4] = {};
+    Bitmap        Blank;
+
+    Context();
 };
 
 // Null for a handle that is not a live object of the kind.

@@ -2,12 +2,18 @@
 //
 // A handle holds a slot number, the kind and the generation of the slot: a deleted object's handle, a
 // handle of another kind and a number that never was a handle all find nothing.
+//
+// Different threads may use different objects at once. Slots never move and are published by their handle, so
+// that finding an object takes no lock; making and deleting take one for the list of free slots.
 
 #include "platform/portable/BitmapMemory.h"
 #include "platform/portable/PortableContext.h"
 
+#include <array>
+#include <atomic>
 #include <cstdlib>
 #include <memory>
+#include <mutex>
 #include <new>
 #include <utility>
 
@@ -16,73 +22,98 @@ namespace {
 
 enum class Kind : unsigned { Free, Context, Bitmap, Pen, Brush, Font };
 
-struct Slot {
-    Kind          Holds = Kind::Free;
-    bool          Stock = false;
-    int           Selections = 0;    // contexts that it is selected in
-    std::uint32_t Generation = 0;
-    void*         Object = nullptr;
-};
+using HandleBits = std::uintptr_t;
 
 // More objects than the desktop lets a process have are a leak, and fail here as they do there.
 constexpr std::size_t SlotLimit = 65536;
+constexpr std::size_t BlockSlots = 1024;
+constexpr std::size_t NoSlot = SlotLimit;
 constexpr int         IndexBits = 20;
 constexpr int         KindBits = 4;
+constexpr HandleBits  GenerationMask = ~HandleBits{0} >> (IndexBits + KindBits);
 
-using HandleBits = std::uintptr_t;
-constexpr HandleBits GenerationMask = ~HandleBits{0} >> (IndexBits + KindBits);
-
-struct Table {
-    std::vector<Slot>        Slots;
-    std::vector<std::size_t> FreeSlots;
-    DWORD                    Live = 0;    // stock objects left out
-    HGDIOBJ                  Stock[22] = {};
-    HBITMAP                  DefaultBitmap = nullptr;
+struct Slot {
+    std::atomic<HandleBits> Handle{0};    // 0 while it is free
+    Kind                    Holds = Kind::Free;
+    bool                    Stock = false;
+    int           Selections = 0;    // contexts that it is selected in; of stock objects not counted
+    std::uint32_t Generation = 0;
+    void*         Object = nullptr;
+    std::size_t   Index = 0;
+    std::size_t   NextFree = NoSlot;
 };
 
-HGDIOBJ HandleOf(std::size_t index, const Slot& slot)
+struct Table {
+    std::array<std::atomic<Slot*>, SlotLimit / BlockSlots> Blocks = {};    // owned
+
+    std::mutex  Lock;    // of the free slots
+    std::size_t FirstFree = NoSlot;
+    std::size_t Used = 0;
+
+    std::atomic<DWORD> Live{0};    // stock objects left out
+    HGDIOBJ            Stock[22] = {};
+    HBITMAP            DefaultBitmap = nullptr;
+};
+
+HandleBits HandleOf(const Slot& slot)
 {
-    HandleBits bits = (slot.Generation & GenerationMask) << (IndexBits + KindBits) |
-                      static_cast<HandleBits>(slot.Holds) << IndexBits | (index + 1);
-    return reinterpret_cast<HGDIOBJ>(bits);
+    return (slot.Generation & GenerationMask) << (IndexBits + KindBits) |
+           static_cast<HandleBits>(slot.Holds) << IndexBits | (slot.Index + 1);
+}
+
+Slot* SlotAt(Table& table, std::size_t index)
+{
+    Slot* const block = table.Blocks[index / BlockSlots].load(std::memory_order_acquire);
+    return block ? block + index % BlockSlots : nullptr;
 }
 
 Slot* FindSlot(Table& table, const void* handle)
 {
-    HandleBits  bits = reinterpret_cast<HandleBits>(handle);
-    std::size_t index = bits & ((HandleBits{1} << IndexBits) - 1);
-    if (index == 0 || index > table.Slots.size())
+    const HandleBits  bits = reinterpret_cast<HandleBits>(handle);
+    const std::size_t index = bits & ((HandleBits{1} << IndexBits) - 1);
+    if (index == 0 || index > SlotLimit)
         return nullptr;
-    Slot& slot = table.Slots[index - 1];
-    return slot.Holds != Kind::Free && HandleOf(index - 1, slot) == handle ? &slot : nullptr;
+    Slot* const slot = SlotAt(table, index - 1);
+    return slot && slot->Handle.load(std::memory_order_acquire) == bits ? slot : nullptr;
 }
 
 // Null when memory or the table is full: no call of this interface throws.
+Slot* TakeFreeSlot(Table& table)
+{
+    const std::lock_guard<std::mutex> hold(table.Lock);
+    if (table.FirstFree != NoSlot) {
+        Slot* const slot = SlotAt(table, table.FirstFree);
+        table.FirstFree = slot->NextFree;
+        return slot;
+    }
+    if (table.Used >= SlotLimit)
+        return nullptr;
+    std::atomic<Slot*>& block = table.Blocks[table.Used / BlockSlots];
+    if (!block.load(std::memory_order_relaxed)) {
+        Slot* const made = new (std::nothrow) Slot[BlockSlots];
+        if (!made)
+            return nullptr;
+        block.store(made, std::memory_order_release);
+    }
+    Slot* const slot = SlotAt(table, table.Used);
+    slot->Index = table.Used++;
+    return slot;
+}
+
 HGDIOBJ Insert(Table& table, Kind kind, void* object, bool stock)
 {
-    std::size_t index = 0;
-    if (!table.FreeSlots.empty()) {
-        index = table.FreeSlots.back();
-        table.FreeSlots.pop_back();
-    } else {
-        if (table.Slots.size() >= SlotLimit)
-            return nullptr;
-        try {
-            if (table.FreeSlots.capacity() <= table.Slots.size())    // so that a deletion never allocates
-                table.FreeSlots.reserve(2 * table.Slots.size() + 64);
-            table.Slots.emplace_back();
-        } catch (const std::bad_alloc&) {
-            return nullptr;
-        }
-        index = table.Slots.size() - 1;
-    }
-    Slot& slot = table.Slots[index];
-    slot.Holds = kind;
-    slot.Stock = stock;
-    slot.Selections = 0;
-    slot.Object = object;
-    table.Live += stock ? 0 : 1;
-    return HandleOf(index, slot);
+    Slot* const slot = TakeFreeSlot(table);
+    if (!slot)
+        return nullptr;
+    slot->Holds = kind;
+    slot->Stock = stock;
+    slot->Selections = 0;
+    slot->Object = object;
+    if (!stock)
+        table.Live.fetch_add(1, std::memory_order_relaxed);
+    const HandleBits handle = HandleOf(*slot);
+    slot->Handle.store(handle, std::memory_order_release);
+    return reinterpret_cast<HGDIOBJ>(handle);
 }
 
 template <typename Object>
@@ -114,8 +145,8 @@ void FillStock(Table& table)
     }
     auto bitmap = std::make_unique<Bitmap>();
     bitmap->Width = bitmap->Height = bitmap->BitsPerPixel = 1;
-    bitmap->RowBytes = 4;
-    bitmap->Bits = AllocateBits(4);
+    bitmap->RowBytes = sizeof Context::BlankBits;
+    bitmap->Bits = AllocateBits(sizeof Context::BlankBits);
     table.DefaultBitmap = static_cast<HBITMAP>(InsertObject(table, Kind::Bitmap, std::move(bitmap), true));
 }
 
@@ -166,21 +197,26 @@ void Destroy(const Slot& slot)
 
 void Remove(Table& table, Slot& slot)
 {
+    slot.Handle.store(0, std::memory_order_release);
     Destroy(slot);
     slot.Holds = Kind::Free;
     slot.Object = nullptr;
     ++slot.Generation;
-    --table.Live;
-    table.FreeSlots.push_back(static_cast<std::size_t>(&slot - table.Slots.data()));
+    table.Live.fetch_sub(1, std::memory_order_relaxed);
+    const std::lock_guard<std::mutex> hold(table.Lock);
+    slot.NextFree = table.FirstFree;
+    table.FirstFree = slot.Index;
 }
 
+// Stock objects belong to all threads and stay as they are.
 void Release(Table& table, const void* handle)
 {
-    if (Slot* slot = FindSlot(table, handle)) {
-        --slot->Selections;
-        if (slot->Holds == Kind::Bitmap)
-            static_cast<Bitmap*>(slot->Object)->SelectedIn = nullptr;
-    }
+    Slot* const slot = FindSlot(table, handle);
+    if (!slot || slot->Stock)
+        return;
+    --slot->Selections;
+    if (slot->Holds == Kind::Bitmap)
+        static_cast<Bitmap*>(slot->Object)->SelectedIn = nullptr;
 }
 
 // Puts an object in a member of a context and its handle beside it; returns the previous handle.
@@ -189,12 +225,20 @@ HGDIOBJ Exchange(Table& table, Slot& slot, HGDIOBJ handle, Handle& heldHandle, O
 {
     HGDIOBJ before = heldHandle;
     Release(table, before);
-    ++slot.Selections;
+    if (!slot.Stock)
+        ++slot.Selections;
     heldHandle = static_cast<Handle>(handle);
     held = static_cast<Object*>(slot.Object);
     return before;
 }
 
+}
+
+Context::Context()
+{
+    Blank.Width = Blank.Height = Blank.BitsPerPixel = 1;
+    Blank.RowBytes = sizeof BlankBits;
+    Blank.Bits = BlankBits;
 }
 
 Context* FindContext(HDC dc)
@@ -233,12 +277,10 @@ HDC CreateCompatibleDC(HDC like)
     if (like && !FindContext(like))
         return nullptr;
     std::unique_ptr<Context> made(new (std::nothrow) Context);
-    Context*                 context = made.get();
     HDC dc = static_cast<HDC>(InsertObject(table, Kind::Context, std::move(made), false));
     if (!dc)
         return nullptr;
-    Exchange(table, *FindSlot(table, table.DefaultBitmap), table.DefaultBitmap, context->BitmapHandle,
-             context->Surface);
+    SelectObject(dc, table.DefaultBitmap);
     SelectObject(dc, table.Stock[BLACK_PEN]);
     SelectObject(dc, table.Stock[WHITE_BRUSH]);
     SelectObject(dc, table.Stock[SYSTEM_FONT]);
@@ -273,7 +315,10 @@ HGDIOBJ SelectObject(HDC dc, HGDIOBJ object)
         if (!slot->Stock && slot->Selections != 0 && bitmap->SelectedIn != dc)
             return nullptr;
         HGDIOBJ before = Exchange(table, *slot, object, context->BitmapHandle, context->Surface);
-        bitmap->SelectedIn = slot->Stock ? nullptr : dc;
+        if (slot->Stock)
+            context->Surface = &context->Blank;
+        else
+            bitmap->SelectedIn = dc;
         return before;
     }
     case Kind::Pen:
@@ -378,5 +423,7 @@ HFONT CreateFontW(int height, int, int, int, int weight, DWORD italic, DWORD und
 
 DWORD GetGuiResources(HANDLE process, DWORD kind)
 {
-    return process == GetCurrentProcess() && kind == GR_GDIOBJECTS ? Objects().Live : 0;
+    return process == GetCurrentProcess() && kind == GR_GDIOBJECTS
+               ? Objects().Live.load(std::memory_order_relaxed)
+               : 0;
 }
