@@ -22,6 +22,9 @@ function(vostel_compile_rules target)
         target_compile_options(${target} PRIVATE -O1 -g1 -fno-omit-frame-pointer
             -fsanitize=address,undefined -fno-sanitize-recover=all)
         target_link_options(${target} PRIVATE -fsanitize=address,undefined)
+    elseif(VOSTEL_SANITIZE_THREADS)
+        target_compile_options(${target} PRIVATE -O1 -g1 -fsanitize=thread)
+        target_link_options(${target} PRIVATE -fsanitize=thread)
     endif()
     if(MINGW)
         target_link_options(${target} PRIVATE -static)    # the runtime goes into each program and library

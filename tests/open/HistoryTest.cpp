@@ -23,10 +23,10 @@ std::string StepName(int32_t canvas, int32_t step)
     });
 }
 
-void ShowImage(int32_t canvas, bool keepObjects)
+void ShowImage(int32_t canvas, uint32_t flags)
 {
-    std::vector<unsigned char> gray(200 * 150, 100);
-    gCVSShowUCGray(canvas, gray.data(), 200, 150, !keepObjects);
+    const std::vector<unsigned char> gray(200 * 150, 100);
+    REQUIRE(vostel_image_show(canvas, VOSTEL_U8, gray.data(), 200, 150, 0, flags) == VOSTEL_OK);
 }
 
 // Random calls of both interfaces, some of which make no sense where they come.
@@ -249,7 +249,7 @@ TEST_CASE("a begin and an end make one step, and nest")
 TEST_CASE("a drag from press to release is one step, of either interface")
 {
     const OpenCanvas canvas;
-    ShowImage(canvas.Number, false);
+    ShowImage(canvas.Number, 0);
     const VostelObject object = AddTriangle(canvas.Number);
     const std::string  before = StateOf(canvas.Number);
     const VostelPoint  inside = {50 + 50, 25 + 30};    // the image of 200 x 150 lies at 50, 25
@@ -270,9 +270,9 @@ TEST_CASE("selection, view and image make no step; an image without its objects 
     const OpenCanvas   canvas;
     const VostelObject object = AddTriangle(canvas.Number);
     CHECK(vostel_select(canvas.Number, &object, 1) == VOSTEL_OK);
-    ShowImage(canvas.Number, true);
+    ShowImage(canvas.Number, VOSTEL_KEEP_OBJECTS);
     CHECK(HistoryOf(canvas.Number).undo_count == 1);
-    ShowImage(canvas.Number, false);
+    ShowImage(canvas.Number, 0);
     CHECK(HistoryOf(canvas.Number).undo_count == 0);
     CHECK(HistoryOf(canvas.Number).bytes == 0);
     CHECK(ObjectsOf(canvas.Number).empty());
@@ -300,7 +300,7 @@ TEST_CASE("beyond the limit the oldest steps go")
 TEST_CASE("a drag among 10,000 objects costs the bytes of one")
 {
     const OpenCanvas canvas;
-    ShowImage(canvas.Number, false);
+    ShowImage(canvas.Number, 0);
     for (int i = 0; i < 10000; ++i)
         AddTriangle(canvas.Number);
     const uint64_t bytes = HistoryOf(canvas.Number).bytes;
@@ -316,7 +316,7 @@ TEST_CASE("undo to the start gives the start and redo to the end gives the end")
     for (unsigned seed = 1; seed <= 4; ++seed) {
         CAPTURE(seed);
         const OpenCanvas canvas;
-        ShowImage(canvas.Number, false);
+        ShowImage(canvas.Number, 0);
         REQUIRE(vostel_history_limit(canvas.Number, std::size_t(1) << 30) == VOSTEL_OK);
         Storm storm(canvas.Number, seed);
         for (int i = 0; i < 5; ++i)

@@ -1,4 +1,5 @@
 # Tests of the open interface, one line each.
+vostel_test(open/CanvasTableTest)
 vostel_test(open/FrameTest)
 vostel_test(open/HistoryTest)
 vostel_test(open/MasksTest)
