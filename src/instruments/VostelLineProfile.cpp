@@ -24,6 +24,8 @@ VostelLineProfile::VostelLineProfile()
 
 void VostelLineProfile::OnLButtonDown(unsigned int flags, CPoint point)
 {
+    if (OpenMade)
+        PlacePlot();
     if (!PlotHit)
         VostelSingleLine::OnLButtonDown(flags, point);
     ProfilePlot.OnLButtonDown(flags, point);
@@ -83,9 +85,7 @@ void VostelLineProfile::DerivePainted()
 
 bool VostelLineProfile::TakePoints(std::span<const PointTemplateBase<double>> points)
 {
-    if (ProfilePlot.PlotWidth == 0)
-        ProfilePlot.SetPlacement(static_cast<float>(Scaled(30)), static_cast<float>(Scaled(30)),
-                                 static_cast<float>(Scaled(512)), static_cast<float>(Scaled(150)));
+    PlacePlot();
     return VostelSingleLine::TakePoints(points);
 }
 
@@ -105,6 +105,13 @@ void VostelLineProfile::PlotSamples()
 {
     ClassData2DIO<float> samples = Samples();
     ProfilePlot.SetData(samples);
+}
+
+void VostelLineProfile::PlacePlot()
+{
+    if (ProfilePlot.PlotWidth == 0)
+        ProfilePlot.SetPlacement(static_cast<float>(Scaled(30)), static_cast<float>(Scaled(30)),
+                                 static_cast<float>(Scaled(512)), static_cast<float>(Scaled(150)));
 }
 
 ClassData2DIO<float> VostelLineProfile::Samples() const

@@ -31,6 +31,7 @@ public:
 
 private:
     void                 PlotSamples();
+    void                 PlacePlot();    // where it is at first
     ClassData2DIO<float> Samples() const;
 };
 

@@ -56,7 +56,7 @@ void VostelMeasureAngle3Pts::OnDraw(HDC dc)
         Kit.DrawLine(ClientPoints[0], ClientPoints[1], 0, LineColor(), PS_SOLID);
         Kit.DrawLine(ClientPoints[0], ClientPoints[2], 0, LineColor(), PS_SOLID);
         DrawLabel(dc, ClientPoints[0]);
-    } else {
+    } else if (!OpenMade) {
         Label.OnDraw(dc);
     }
 }

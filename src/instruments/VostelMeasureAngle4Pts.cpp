@@ -12,6 +12,7 @@ namespace {
 
 constexpr double NearEnd = 100.0;    // client px from the press at its zoom; the far ends lie twice as far
 constexpr int    GripRadius = 4;     // px
+constexpr int    FarthestCross = 30000;    // client px; open-made lines that meet beyond end at their points
 
 // A x + B y + C = 0 through two points. The integers are formed whole and then rounded to float once.
 struct Line {
@@ -80,11 +81,17 @@ void VostelMeasureAngle4Pts::OnDraw(HDC dc)
     BindKit(dc);
     Kit.DrawHandles(HandleRects, LineColor(), HandleShape);
     if (ImagePoints.size() == 4 && ClientPoints.size() == 4) {
-        Kit.DrawHandles({CrossBox}, Yellow, RoundHandles);
-        for (const CPoint& end : ClientPoints)
-            Kit.DrawLine(end, Cross, 0, LineColor(), PS_SOLID);
+        if (OpenMade) {
+            Kit.DrawLine(ClientPoints[0], ClientPoints[1], 0, LineColor(), PS_SOLID);
+            Kit.DrawLine(ClientPoints[2], ClientPoints[3], 0, LineColor(), PS_SOLID);
+        }
+        if (!OpenMade || IsCrossNear()) {
+            Kit.DrawHandles({CrossBox}, Yellow, RoundHandles);
+            for (const CPoint& end : ClientPoints)
+                Kit.DrawLine(end, Cross, 0, LineColor(), PS_SOLID);
+        }
         DrawLabel(dc, ClientPoints[0]);
-    } else {
+    } else if (!OpenMade) {
         Label.OnDraw(dc);
     }
 }
@@ -105,6 +112,12 @@ void VostelMeasureAngle4Pts::PlaceFirstLabel()
 {
     PlaceLabel(static_cast<float>(ClientPoints[0].x) - static_cast<float>(Scaled(200)),
                static_cast<float>(ClientPoints[0].y), 50.0f, 30.0f);
+}
+
+bool VostelMeasureAngle4Pts::IsCrossNear() const
+{
+    const CRect around(-FarthestCross, -FarthestCross, FarthestCross, FarthestCross);
+    return PtInRect(&around, Cross) != 0;
 }
 
 void VostelMeasureAngle4Pts::PlaceCross(int x, int y)

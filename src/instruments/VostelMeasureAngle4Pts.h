@@ -29,6 +29,7 @@ protected:
 private:
     void PlaceCross(int x, int y);
     void RefreshCross();
+    bool IsCrossNear() const;
 };
 
 }

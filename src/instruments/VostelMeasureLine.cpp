@@ -21,6 +21,8 @@ void VostelMeasureLine::OnLButtonDown(unsigned int flags, CPoint point)
     VostelSingleLine::OnLButtonDown(flags, point);
     if (ImagePoints.size() == 2)
         MeasureArmed = true;
+    if (OpenMade && (flags & MK_SHIFT) != 0)
+        LabelUnplaced = true;    // the caption of a new line finds a new place
     if (MeasureArmed)
         Label.OnLButtonDown(flags, point);
 }
@@ -68,7 +70,7 @@ void VostelMeasureLine::OnDraw(HDC dc)
     if (!ShowsCaptions())
         return;
     RefreshLabel();
-    if (MeasureArmed)
+    if (OpenMade ? !LabelUnplaced : MeasureArmed)
         Label.OnDraw(dc);
     if (!LabelUnplaced)
         Kit.DrawLine(MidPoint, Label.NearestCorner(MidPoint), 0, Black, PS_DOT);

@@ -26,6 +26,13 @@ void VostelTextRect::SetPlacement(float x, float y, float w, float h)
     VostelSizeFixedRect::SetPlacement(static_cast<float>(at.x), static_cast<float>(at.y), w, h);
 }
 
+void VostelTextRect::OnLButtonDown(unsigned int flags, CPoint point)
+{
+    if (OpenMade && View && ImagePoints.empty() && (flags & MK_SHIFT) != 0)
+        PlaceCorner(ClientToImage(point), TextWidth, TextHeight);
+    VostelSizeFixedRect::OnLButtonDown(flags, point);
+}
+
 void VostelTextRect::RefreshClientGeometry()
 {
     VostelSizeFixedRect::RefreshClientGeometry();
@@ -35,6 +42,8 @@ void VostelTextRect::RefreshClientGeometry()
 
 void VostelTextRect::OnDraw(HDC dc)
 {
+    if (OpenMade && ImagePoints.empty())
+        return;
     if (FittedHeight != 0 && FittedHeight != FontHeight())
         TakeText(CString(Text));
     VostelSizeFixedRect::OnDraw(dc);
@@ -113,8 +122,10 @@ bool VostelTextRect::TakeText(const CString& text)
     Text = text;
     const MeasuringContext context(Kit);
     const CRect            extent = Fit();
-    PlaceCorner(ImagePoints.empty() ? PointTemplateBase<double>() : ImagePoints[0], extent.Width(),
-                extent.Height());
+    TextWidth = extent.Width();
+    TextHeight = extent.Height();
+    if (!ImagePoints.empty())
+        PlaceCorner(ImagePoints[0], TextWidth, TextHeight);
     return true;
 }
 

@@ -20,8 +20,10 @@ public:
 
     VostelTextRect();
 
-    void    SetPlacement(float x, float y, float w,
-                         float h) override;    // x, y in client px; w, h as for the base
+    void SetPlacement(float x, float y, float w,
+                      float h) override;    // x, y in client px; w, h as for the base
+    // A Shift press places an open-made text that has no place yet.
+    void    OnLButtonDown(unsigned int flags, CPoint point) override;
     void    RefreshClientGeometry() override;
     void    OnDraw(HDC dc) override;
     void    SetTextAndFit(CString& text) override;

@@ -45,7 +45,7 @@ void VostelCustomRect::OnDraw(HDC dc)
     SetPens();
     VostelCustomRect::DerivePainted();
     FillRegion();
-    if (DrawBody)
+    if (DrawBody && (!OpenMade || ClientPoints.size() == 2))
         DrawBox(LineColor());
 }
 

@@ -39,6 +39,8 @@ void VostelSingleLine::RefreshClientGeometry()
 
 void VostelSingleLine::OnDraw(HDC dc)
 {
+    if (OpenMade && ClientPoints.size() != 2)
+        return;
     ShowHandles = true;
     VostelSingleLine::DerivePainted();
     VostelMPoint::OnDraw(dc);

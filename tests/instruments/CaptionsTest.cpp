@@ -139,3 +139,92 @@ TEST_CASE("read-outs of an English canvas are English")
     scene.Move(10, 20);
     CHECK(scene.Last<VostelImaInfo>().Lines.back() == L"没有图像数据");
 }
+
+TEST_CASE("an open-made object that is not laid yet draws nothing, however often it is painted")
+{
+    for (const ObjectClass& kind : EveryClass()) {
+        if (kind.Fewest == 0 || kind.Make()->TypeCode == OverlayPanel)
+            continue;
+        CAPTURE(kind.Name);
+        OverlayScene               scene;
+        std::unique_ptr<VostelObj> object = kind.Make();
+        object->OpenMade = true;
+        object->SetCanvasView(&scene.Canvas().View);
+        object->TakeText(L"waits for its place");
+        scene.Canvas().Elements.push_back(object.release());
+        for (int i = 0; i < 3; ++i) {
+            scene.Paint();
+            CHECK(scene.Count(scene.Whole(), [](unsigned int pixel) { return pixel != 0x646464; }) == 0);
+        }
+    }
+}
+
+TEST_CASE("a Shift press places an open-made text that waits for its place")
+{
+    OverlayScene scene;
+    auto         owned = std::make_unique<VostelTextRect>();
+    owned->OpenMade = true;
+    owned->SetCanvasView(&scene.Canvas().View);
+    REQUIRE(owned->TakeText(L"here"));
+    VostelTextRect& text = *owned;
+    scene.Canvas().Elements.push_back(owned.release());
+    scene.Canvas().SelIndex = 0;
+    scene.Press(120, 90, MK_LBUTTON | MK_SHIFT);
+    scene.Release(120, 90, MK_SHIFT);
+    REQUIRE(text.GivePoints().size() == 1);
+    CHECK(SamePlace(text.GivePoints()[0], {120.0, 90.0}));
+    CHECK(text.ClientBox.left == 117);
+    CHECK(text.ClientBox.Width() > 20);
+    CHECK(text.Hits(CPoint(125, 95)));
+}
+
+TEST_CASE("open-made lines that never meet are drawn between their points alone")
+{
+    OverlayScene           scene;
+    CanvasView&            view = scene.Canvas().View;
+    VostelMeasureAngle4Pts angle;
+    angle.OpenMade = true;
+    angle.SetCanvasView(&view);
+    REQUIRE(angle.TakePoints(ImagePoints{{100.0, 100.0}, {200.0, 100.0}, {100.0, 150.0}, {200.0, 150.0}}));
+    CHECK(angle.CaptionText() == L"角度 = 0.000 度");
+    scene.Paint();
+    angle.OnDraw(scene.Canvas().ClientMemDC);
+    scene.Canvas().UseDirect = true;
+    scene.Paint();
+    scene.Canvas().UseDirect = false;
+    CHECK(scene.Pixel(150, 100) == 0x0000FF);
+    CHECK(scene.Pixel(150, 150) == 0x0000FF);
+    CHECK(scene.Pixel(250, 150) == 0x646464);
+    CHECK(scene.Pixel(50, 150) == 0x646464);
+}
+
+TEST_CASE("a second line that a Shift drag lays has its caption beside it")
+{
+    OverlayScene scene;
+    auto         owned = std::make_unique<VostelMeasureLine>();
+    owned->OpenMade = true;
+    owned->SetCanvasView(&scene.Canvas().View);
+    VostelMeasureLine& line = *owned;
+    scene.Canvas().Elements.push_back(owned.release());
+    scene.Canvas().SelIndex = 0;
+    scene.Drag(CPoint(20, 200), CPoint(60, 220), MK_LBUTTON | MK_SHIFT);
+    const int first = line.Label.ClientBox.left;
+    scene.Drag(CPoint(120, 250), CPoint(160, 270), MK_LBUTTON | MK_SHIFT);
+    CHECK(line.Label.ClientBox.left == first + 100);
+    CHECK(line.Label.Text == L"长度 = 44.721 px");
+}
+
+TEST_CASE("a profile that a Shift drag lays has its plot in the first place")
+{
+    OverlayScene scene;
+    auto         owned = std::make_unique<VostelLineProfile>();
+    owned->OpenMade = true;
+    owned->SetOwnerImage(&scene.Canvas());
+    owned->SetCanvasView(&scene.Canvas().View);
+    VostelLineProfile& profile = *owned;
+    scene.Canvas().Elements.push_back(owned.release());
+    scene.Canvas().SelIndex = 0;
+    scene.Drag(CPoint(20, 250), CPoint(200, 270), MK_LBUTTON | MK_SHIFT);
+    CHECK(profile.ProfilePlot.ClientBox == CRect(30, 30, 542, 180));
+    CHECK(profile.ProfilePlot.Data.Width == 181);
+}
