@@ -290,7 +290,7 @@ int PeerBench::Finish()
                                      })
             ->UseManualTime()
             ->Iterations(static_cast<benchmark::IterationCount>(seconds.size()))
-            ->Unit(benchmark::Millisecond);
+            ->Unit(benchmark::kMillisecond);
     }
     if (!AllSamples.empty())
         benchmark::RunSpecifiedBenchmarks();

@@ -1,10 +1,12 @@
 #include "canvas/SamplePainter.h"
 
 #include "base/PixelFill.h"
+#include "foundation/RowThreads.h"
 #include "output/PlaneUploads.h"
 
 #include <algorithm>
 #include <cstddef>
+#include <new>
 
 namespace vostel {
 
@@ -13,6 +15,9 @@ namespace {
 // Pixels at a time: a block stays in the first-level cache until it is copied onto the surface, past the
 // caches if that is large.
 constexpr int Block = 1024;
+
+// Pixels from which threads pay.
+constexpr std::size_t ThreadsFrom = std::size_t{1} << 20;
 
 std::size_t TableEntries(SampleType type)
 {
@@ -74,12 +79,24 @@ void SamplePainter::Prepare(const ContrastState& state)
 
 void SamplePainter::Draw(const PlaneView& plane, PixelSurface& surface) const
 {
-    const bool streaming = UsesStreamingStores(static_cast<std::size_t>(plane.Width) *
-                                               static_cast<std::size_t>(plane.Height) * sizeof(unsigned));
-    for (int y = 0; y < plane.Height; ++y)
-        DrawRun(plane, {y, 0, plane.Width}, SurfaceRow(surface, y), streaming);
-    if (streaming)
-        FenceStreamingStores();
+    const std::size_t pixels = static_cast<std::size_t>(plane.Width) * static_cast<std::size_t>(plane.Height);
+    const bool        streaming = UsesStreamingStores(pixels * sizeof(unsigned));
+    const auto        drawRows = [&](RowRun rows) {
+        for (int y = rows.First; y < rows.End; ++y)
+            DrawRun(plane, {y, 0, plane.Width}, SurfaceRow(surface, y), streaming);
+        if (streaming)
+            FenceStreamingStores();
+    };
+    const RowRun all = {0, plane.Height};
+    if (pixels < ThreadsFrom) {
+        drawRows(all);
+        return;
+    }
+    try {
+        ForEachRowRun(plane.Height, drawRows);
+    } catch (const std::bad_alloc&) {
+        drawRows(all);    // without the memory that threads take
+    }
 }
 
 void SamplePainter::Draw(const PlaneView& plane, std::span<const PixelRun> runs, PixelSurface& surface) const

@@ -1,7 +1,6 @@
 #include "output/FloatWindow.h"
 
 #include "base/CpuVariants.h"
-#include "base/Truncate.h"
 
 #include <algorithm>
 #include <bit>
@@ -35,37 +34,53 @@ float HighestNotAbove(double v)
 }
 
 // Each level begins at the share whose power reaches the half below it: 255 powers for the whole table.
-void FillLevels(std::vector<unsigned char>& levels, double gamma)
+void FillPixelsOfBits(const ContrastCurve& curve, std::vector<unsigned>& pixels)
 {
     const std::size_t entries = (std::bit_cast<std::uint32_t>(1.0f) >> FloatWindow::DroppedBits) + 1;
-    levels.assign(entries + sizeof(int) - 1, 255);
+    pixels.assign(entries, curve.Colors.back());
     std::size_t begin = 0;
-    for (int level = 0; level < 255; ++level) {
-        const float       next = static_cast<float>(std::pow((level + 0.5) / 255.0, gamma));
+    for (std::size_t level = 0; level < 255; ++level) {
+        const double      half = (static_cast<double>(level) + 0.5) / 255.0;
+        const float       next = static_cast<float>(std::pow(half, curve.Gamma));
         const std::size_t end =
             std::clamp<std::size_t>(std::bit_cast<std::uint32_t>(next) >> FloatWindow::DroppedBits,
                                     std::max<std::size_t>(begin, 1), entries - 1);
-        std::fill(levels.begin() + static_cast<std::ptrdiff_t>(begin),
-                  levels.begin() + static_cast<std::ptrdiff_t>(end), static_cast<unsigned char>(level));
+        std::fill(pixels.begin() + static_cast<std::ptrdiff_t>(begin),
+                  pixels.begin() + static_cast<std::ptrdiff_t>(end), curve.Colors[level]);
         begin = end;
     }
 }
 
-unsigned PixelAt(const FloatWindow& window, float v)
+// Without a branch: which values lie outside is anyone's guess.
+int Select(bool first, int a, int b)
 {
-    if ((std::bit_cast<std::uint32_t>(v) & 0x7F800000u) == 0x7F800000u)
-        return window.Curve.NotFinitePixel;
-    if (v < window.Lowest)
-        return window.Curve.BelowPixel;
-    if (v > window.Highest)
-        return window.Curve.AbovePixel;
+    const int mask = -static_cast<int>(first);
+    return (a & mask) | (b & ~mask);
+}
+
+template <bool Linear>
+int EntryOf(const FloatWindow& window, float v)
+{
     float place = (v - window.Base) * window.Factor + window.Offset;
     place = place > 0.0f ? place : 0.0f;
     place = place < window.Top ? place : window.Top;
-    const std::size_t level =
-        window.IsLinear ? static_cast<std::size_t>(TruncToInt(place))
-                        : window.LevelOfBits[std::bit_cast<std::uint32_t>(place) >> FloatWindow::DroppedBits];
-    return window.Curve.Colors[level];
+    int entry = Linear ? static_cast<int>(place)
+                       : static_cast<int>(std::bit_cast<std::uint32_t>(place) >> FloatWindow::DroppedBits);
+    entry = Select(v < window.Lowest, window.Below, entry);
+    entry = Select(v > window.Highest, window.Above, entry);
+    const std::uint32_t exponent = std::bit_cast<std::uint32_t>(v) & 0x7F800000u;
+    return Select(exponent == 0x7F800000u, window.NotFinite, entry);
+}
+
+// The entries first and then their pixels: without a branch in either, and the first without a table.
+template <bool Linear>
+void FastRow(const FloatWindow& window, const float* values, unsigned* pixels, std::size_t count)
+{
+    for (std::size_t x = 0; x < count; ++x)
+        pixels[x] = static_cast<unsigned>(EntryOf<Linear>(window, values[x]));
+    const unsigned* const table = window.Pixels.data();
+    for (std::size_t x = 0; x < count; ++x)
+        pixels[x] = table[pixels[x]];
 }
 
 void Row(const FloatWindow& window, const float* values, unsigned* pixels, std::size_t count)
@@ -73,10 +88,11 @@ void Row(const FloatWindow& window, const float* values, unsigned* pixels, std::
     if (!window.IsFast) {
         for (std::size_t x = 0; x < count; ++x)
             pixels[x] = window.Curve.PixelOf(static_cast<double>(values[x]));
-        return;
+    } else if (window.IsLinear) {
+        FastRow<true>(window, values, pixels, count);
+    } else {
+        FastRow<false>(window, values, pixels, count);
     }
-    for (std::size_t x = 0; x < count; ++x)
-        pixels[x] = PixelAt(window, values[x]);
 }
 
 }
@@ -100,8 +116,14 @@ FloatWindow::FloatWindow(const ContrastState& state) : Curve(state)
     Top = IsLinear ? 255.5f : 1.0f;
     Lowest = LowestNotBelow(state.Low);
     Highest = HighestNotAbove(state.High);
-    if (!IsLinear)
-        FillLevels(LevelOfBits, state.Gamma);
+    if (IsLinear)
+        Pixels.assign(Curve.Colors.begin(), Curve.Colors.end());
+    else
+        FillPixelsOfBits(Curve, Pixels);
+    Below = static_cast<int>(Pixels.size());
+    Above = Below + 1;
+    NotFinite = Below + 2;
+    Pixels.insert(Pixels.end(), {Curve.BelowPixel, Curve.AbovePixel, Curve.NotFinitePixel});
 }
 
 const FloatWindowVariant FloatWindowPlain = {.Row = Row};

@@ -10,10 +10,10 @@ namespace vostel {
 // Floats to pixels through a contrast curve, without its double arithmetic: at most one level from the
 // formula, and exact at both ends of the window, outside it and for values that are not finite.
 //
-// Gamma 1: level = trunc((v - Base) * Factor + Offset), in float, held within 0..255. Others: the share of
-// the window, (v - Base) * Factor + Offset held within 0..1, has a level for each of its upper bits, with
-// steps of 2^-11 of its own size. Windows that float cannot resolve, and gammas below 1/8 or above
-// 16, take the formula itself.
+// place = (v - Base) * Factor + Offset, in float, held within 0..Top, finds an entry of a table of pixels.
+// Gamma 1: trunc(place) is the level. Others: place is the share of the window, and there is an entry for
+// each of its upper bits, with steps of 2^-11 of its own size. Windows that float cannot resolve, and gammas
+// below 1/8 or above 16, take the formula itself.
 struct FloatWindow {
     ContrastCurve Curve;
     bool          IsFast = false;
@@ -22,11 +22,14 @@ struct FloatWindow {
     float         Base = 0.0f;
     float         Factor = 0.0f;
     float         Offset = 0.0f;
-    float         Top = 0.0f;        // what place is held below
+    float         Top = 0.0f;
     float         Lowest = 0.0f;     // the lowest float inside the window
     float         Highest = 0.0f;    // the highest one
-    // Of a share's bits >> DroppedBits; vector gathers read past the last entry.
-    std::vector<unsigned char> LevelOfBits;
+    // Behind those of the places the pixels of values below, above and not finite.
+    std::vector<unsigned> Pixels;
+    int                   Below = 0;    // entries
+    int                   Above = 0;
+    int                   NotFinite = 0;
 
     static constexpr int DroppedBits = 12;
 
