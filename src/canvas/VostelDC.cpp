@@ -294,14 +294,13 @@ void VostelDC::BeginCall()
 
 void VostelDC::EndCall()
 {
-    if (CallsUnderWay > 1) {
-        --CallsUnderWay;
+    if (--CallsUnderWay > 0)
         return;
-    }
+    if (DestroyPending)
+        DestroyRemoved();
+    // Calls from within are outermost ones too.
     if (Observer)
         Observer->CallEnds();
-    if (--CallsUnderWay == 0 && DestroyPending)
-        DestroyRemoved();
 }
 
 void VostelDC::DestroyRemoved()

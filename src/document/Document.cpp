@@ -82,6 +82,7 @@ void Document::Release(VostelObj& object)
 
 void Document::Prepare(VostelObj& object)
 {
+    NoteWindow(object);
     if (Replaying || !IsWatching() || Pending.contains(object.Identity))
         return;
     ObjectState state = StateOf(object);
@@ -110,6 +111,7 @@ void Document::Reorder(VostelObj& object, std::size_t index)
     if (IsWatching())
         Record(OrderChange{object.Identity, from, index});
     VostelObj* const selected = Canvas.SelectedElement();
+    NoteWindow(object);
     Canvas.Insert(index, Canvas.Detach(from));
     if (selected)
         Canvas.SelIndex = static_cast<int>(IndexOf(*selected));
@@ -162,12 +164,24 @@ void Document::Remove(VostelObj& object)
         --Canvas.SelIndex;
 }
 
+// Where a region with a contrast window of its own was or is, the image is drawn anew at the end of the call.
+void Document::NoteWindow(const VostelObj& object)
+{
+    RegionWindowsMoved = RegionWindowsMoved || object.WindowLow != object.WindowHigh;
+}
+
+void Document::RedrawWindows()
+{
+    if (RegionWindowsMoved)
+        Canvas.RedrawRegions();
+    RegionWindowsMoved = false;
+}
+
 void Document::Settle(VostelObj& object)
 {
     object.SetCanvasView(&Canvas.View);
     object.Kit.Dc = Canvas.ClientMemDC;
     object.DerivePainted();
-    Stale = true;
 }
 
 void Document::NameStep(std::string_view name)
@@ -182,6 +196,7 @@ void Document::Listen(std::int64_t token, std::uint32_t events, Listeners::Funct
         // What a listener hears of is different from what is there now.
         Selection = SelectedNow();
         Place = PlaceNow();
+        ContrastTold = Canvas.Contrast();
     }
     Events.Add(token, events, function, user);
 }
@@ -215,6 +230,7 @@ void Document::CallEnds() noexcept
     try {
         if (ImageCame) {
             ContrastBefore.reset();    // that of the image before
+            TellContrast();
             if (AllWent) {
                 Pending.clear();
                 Current = HistoryStep();
@@ -222,6 +238,7 @@ void Document::CallEnds() noexcept
             }
         }
         FindChanges();
+        RedrawWindows();
         FindContrastChange();
         TellSelection();
         TellView();
@@ -332,6 +349,7 @@ void Document::RecordRemoval(VostelObj& object, std::size_t index, bool renumber
                              const ElementCounts& after)
 {
     SelectionMoved = Stale = true;
+    NoteWindow(object);
     try {
         if (!Replaying && IsWatching()) {
             PresenceChange change;
@@ -377,13 +395,12 @@ void Document::FillAdded(std::uint64_t id, const ObjectState& state)
 void Document::FindChanges()
 {
     bool told = false;
-    bool windowMoved = false;
     for (auto& [id, touched] : Pending) {
         VostelObj&  object = *Find(id);
         ObjectState now = StateOf(object);
         if (now == touched.Latest)
             continue;
-        windowMoved = windowMoved || object.WindowLow != object.WindowHigh;
+        NoteWindow(object);
         touched.Latest = std::move(now);
         Stale = true;
         if (InGesture && !touched.Added && !told) {
@@ -391,8 +408,6 @@ void Document::FindChanges()
             told = true;
         }
     }
-    if (windowMoved)
-        Canvas.RedrawRegions();
 }
 
 void Document::FindContrastChange()
@@ -403,6 +418,17 @@ void Document::FindContrastChange()
     if (now == ContrastLatest)
         return;
     ContrastLatest = now;
+    TellContrast();
+}
+
+void Document::TellContrast()
+{
+    if (!Events.AreThere())
+        return;
+    ContrastState now = Canvas.Contrast();
+    if (now == ContrastTold)
+        return;
+    ContrastTold = std::move(now);
     Stale = true;
     Events.Tell(VOSTEL_CONTRAST_CHANGED, 0);
 }

@@ -112,6 +112,7 @@ private:
     HistoryStep                      Current;           // changes of the step under way
     std::optional<ContrastState>     ContrastBefore;    // before a change of this call or gesture
     ContrastState                    ContrastLatest;
+    ContrastState                    ContrastTold;    // to listeners
     int                              OpenSteps = 0;
     bool                             InGesture = false;
     bool                             Replaying = false;
@@ -120,8 +121,8 @@ private:
     bool                             ImageCame = false;
     bool                             AllWent = false;
     bool                             SelectionMoved = false;
-    bool                             RegionWindowsMoved = false;    // while replaying
-    std::vector<std::uint64_t>       Selection;                     // as it was told last
+    bool                             RegionWindowsMoved = false;
+    std::vector<std::uint64_t>       Selection;    // as it was told last
     ViewPlace                        Place;
     std::optional<ViewPlace>         Followed;         // taken from a linked canvas and not told yet
     bool                             Leads = false;    // linked canvases are to follow
@@ -140,6 +141,9 @@ private:
     void RecordChanges();
     void CloseStep();
     void FinishGesture();
+    void NoteWindow(const VostelObj& object);
+    void RedrawWindows();
+    void TellContrast();
     void TellSelection();
     void TellView();
     void LeadLinked() noexcept;

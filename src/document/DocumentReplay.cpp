@@ -7,16 +7,6 @@
 
 namespace vostel {
 
-namespace {
-
-// A region shows a contrast window of its own.
-bool HasWindow(const VostelObj& object)
-{
-    return object.WindowLow != object.WindowHigh;
-}
-
-}
-
 void Document::BeginStep(std::string name)
 {
     if (OpenSteps == 0) {
@@ -113,9 +103,7 @@ void Document::Replay(const HistoryStep& step, bool forwards)
     const auto  place = std::find(list.begin(), list.end(), selected);
     Canvas.SelIndex = selected && place != list.end() ? static_cast<int>(place - list.begin()) : -1;
     SelectionMoved = Stale = true;
-    if (RegionWindowsMoved)
-        Canvas.RedrawRegions();
-    RegionWindowsMoved = false;
+    RedrawWindows();
 }
 
 void Document::Apply(const ObjectChange& change, bool forwards)
@@ -138,6 +126,7 @@ void Document::Apply(const OrderChange& change, bool forwards)
 {
     const std::size_t from = forwards ? change.From : change.To;
     const std::size_t to = forwards ? change.To : change.From;
+    NoteWindow(*Find(change.Id));
     Canvas.Insert(to, Canvas.Detach(from));
     Events.Tell(VOSTEL_OBJECT_CHANGED, change.Id);
 }
@@ -145,7 +134,7 @@ void Document::Apply(const OrderChange& change, bool forwards)
 void Document::Apply(const ContrastChange& change, bool forwards)
 {
     Canvas.ApplyContrast(forwards ? change.After : change.Before);
-    Events.Tell(VOSTEL_CONTRAST_CHANGED, 0);
+    TellContrast();
 }
 
 void Document::Apply(const UnitsChange& change, bool forwards)
@@ -156,9 +145,9 @@ void Document::Apply(const UnitsChange& change, bool forwards)
 void Document::RestoreState(VostelObj& object, const ObjectState& state)
 {
     ObjectNotes notes = state.Notes;
-    RegionWindowsMoved = RegionWindowsMoved || HasWindow(object);
+    NoteWindow(object);
     LoadShape(object, state.Shape);
-    RegionWindowsMoved = RegionWindowsMoved || HasWindow(object);
+    NoteWindow(object);
     SetLabel(object, notes.Label);
     NotesToChange(object) = std::move(notes);
     Settle(object);
@@ -184,7 +173,7 @@ void Document::PutBack(const PresenceChange& change)
     Canvas.Insert(change.Index, &object);
     if (change.Renumbering)
         Canvas.MoveNumbers(change.Index + 1, object.TypeCode, 1);
-    RegionWindowsMoved = RegionWindowsMoved || HasWindow(object);
+    NoteWindow(object);
     Settle(object);
 }
 
@@ -192,7 +181,7 @@ void Document::TakeAway(const PresenceChange& change)
 {
     VostelObj&        object = *Find(change.Id);
     const std::size_t index = IndexOf(object);
-    RegionWindowsMoved = RegionWindowsMoved || HasWindow(object);
+    NoteWindow(object);
     if (change.Renumbering)
         Canvas.MoveNumbers(index + 1, object.TypeCode, -1);
     Release(object);

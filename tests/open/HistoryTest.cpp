@@ -82,6 +82,12 @@ public:
         case 15:
             Key();
             break;
+        case 16:
+            vostel_set_scale(Number, 0.25 * (1 + Upto(8)), Upto(2) == 0 ? "mm" : "px");
+            break;
+        case 18:
+            Contrast();
+            break;
         case 17:
             SelectSome();
             break;
@@ -178,12 +184,30 @@ private:
         gCVSOnLButtonUp(Number, flags, at);
     }
     void Key() { CHECK(vostel_event_key(Number, static_cast<uint32_t>("ADERZ"[Upto(5)]), 0) == VOSTEL_OK); }
+    void Contrast()
+    {
+        const double low = Upto(200);
+        CHECK(vostel_contrast_set(Number, low, low + 1 + Upto(50)) == VOSTEL_OK);
+        CHECK(vostel_contrast_gamma(Number, 0.5 + Upto(3)) == VOSTEL_OK);
+        CHECK(vostel_contrast_marks(Number, Random(), Random(), Random()) == VOSTEL_OK);
+        const VostelObject region = Any();
+        if (Upto(3) == 0)
+            vostel_contrast_of_object(Number, region, low, low + Upto(50));
+    }
     void SelectSome()
     {
         const VostelObject chosen[] = {Any()};
         vostel_select(Number, chosen, static_cast<std::size_t>(Upto(2)));
     }
 };
+
+int DifferentPixels(const std::vector<uint32_t>& a, const std::vector<uint32_t>& b)
+{
+    int different = 0;
+    for (std::size_t i = 0; i < a.size(); ++i)
+        different += a[i] != b[i] ? 1 : 0;
+    return a.size() == b.size() ? different : -1;
+}
 
 int UndoAll(int32_t canvas)
 {
@@ -323,7 +347,8 @@ TEST_CASE("undo to the start gives the start and redo to the end gives the end")
             storm.Call();
         REQUIRE(vostel_history_limit(canvas.Number, 0) == VOSTEL_OK);
         REQUIRE(vostel_history_limit(canvas.Number, std::size_t(1) << 30) == VOSTEL_OK);
-        const std::string start = StateOf(canvas.Number);
+        const std::string           start = StateOf(canvas.Number);
+        const std::vector<uint32_t> startFrame = FrameOf(canvas.Number);
         for (int i = 0; i < 2500; ++i) {
             storm.Call();
             if (i % 50 == 0) {
@@ -335,11 +360,14 @@ TEST_CASE("undo to the start gives the start and redo to the end gives the end")
                 REQUIRE(FirstDifference(StateOf(canvas.Number), now) == "");
             }
         }
-        const std::string end = StateOf(canvas.Number);
-        const int         steps = UndoAll(canvas.Number);
+        const std::string           end = StateOf(canvas.Number);
+        const std::vector<uint32_t> endFrame = FrameOf(canvas.Number);
+        const int                   steps = UndoAll(canvas.Number);
         CHECK(steps > 500);
         CHECK(FirstDifference(StateOf(canvas.Number), start) == "");
+        CHECK(DifferentPixels(FrameOf(canvas.Number), startFrame) == 0);
         CHECK(RedoAll(canvas.Number) == steps);
         CHECK(FirstDifference(StateOf(canvas.Number), end) == "");
+        CHECK(DifferentPixels(FrameOf(canvas.Number), endFrame) == 0);
     }
 }

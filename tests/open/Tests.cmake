@@ -2,6 +2,7 @@
 vostel_test(open/CanvasTableTest)
 vostel_test(open/FrameTest)
 vostel_test(open/HistoryTest)
+vostel_test(open/ListenersTest)
 vostel_test(open/MasksTest)
 vostel_test(open/MeasuresTest)
 vostel_test(open/OpenContrastTest)
@@ -10,3 +11,7 @@ vostel_test(open/ProfileTest)
 vostel_test(open/RoutinesTest)
 vostel_test(open/TableTest)
 vostel_test(open/ViewTest)
+
+# Pages of docs/ that tests hold against what the library does.
+set_property(SOURCE ${CMAKE_CURRENT_SOURCE_DIR}/open/ListenersTest.cpp APPEND PROPERTY
+    COMPILE_DEFINITIONS "VOSTEL_DOCS_FOLDER=\"${PROJECT_SOURCE_DIR}/docs\"")

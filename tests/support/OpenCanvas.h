@@ -102,7 +102,27 @@ inline std::string StateOf(int32_t canvas)
                  }) +
                  "\n";
     }
+    double low = 0.0, high = 0.0;
+    if (vostel_contrast_get(canvas, &low, &high) == VOSTEL_OK)
+        append("contrast %a %a\n", low, high);
     return state;
+}
+
+// What the canvas shows without a selection and with read-outs of the pixel at 10, 10.
+inline std::vector<uint32_t> FrameOf(int32_t canvas)
+{
+    REQUIRE(vostel_select(canvas, nullptr, 0) == VOSTEL_OK);
+    REQUIRE(vostel_event_move(canvas, 10, 10, 0) == VOSTEL_OK);
+    VostelFrame frame = {};
+    frame.size = sizeof frame;
+    REQUIRE(vostel_frame_render(canvas, &frame) == VOSTEL_OK);
+    std::vector<uint32_t> pixels;
+    for (int y = 0; y < frame.height; ++y) {
+        const uint32_t* const row = reinterpret_cast<const uint32_t*>(
+            reinterpret_cast<const char*>(frame.pixels) + y * frame.row_bytes);
+        pixels.insert(pixels.end(), row, row + frame.width);
+    }
+    return pixels;
 }
 
 // The first line in which two states differ, of both; empty if they do not.
