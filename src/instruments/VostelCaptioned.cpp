@@ -82,6 +82,15 @@ void VostelCaptioned::DrawLabel(HDC dc, CPoint from)
     Label.OnDraw(dc);
 }
 
+void VostelCaptioned::UpdateLabel()
+{
+    CString text = CaptionText();
+    if (OpenMade)
+        RefreshLabel();
+    else
+        Label.SetText(text);
+}
+
 void VostelCaptioned::RefreshLabel()
 {
     if (OpenMade && IsLabelPlaced())

@@ -31,6 +31,9 @@ protected:
     // Draws connector and caption, of an open-made shape with what it says now.
     void DrawLabel(HDC dc, CPoint from);
 
+    // The caption says the measure after a move.
+    void UpdateLabel();
+
 private:
     void RefreshLabel();
 };

@@ -49,6 +49,7 @@ void VostelLineProfile::OnMouseMove(unsigned int flags, CPoint point)
 void VostelLineProfile::SetCanvasView(CanvasView* view)
 {
     VostelSingleLine::SetCanvasView(view);
+    ProfilePlot.OpenMade = OpenMade;
     ProfilePlot.SetCanvasView(view);
 }
 

@@ -43,8 +43,7 @@ void VostelMeasureAngle3Pts::OnMouseMove(unsigned int flags, CPoint point)
 {
     VostelMeasureAngle::OnMouseMove(flags, point);
     if (ClientPoints.size() == 3) {
-        CString text = CaptionText();
-        Label.SetText(text);
+        UpdateLabel();
     }
 }
 

@@ -60,8 +60,7 @@ void VostelMeasureAngle4Pts::OnMouseMove(unsigned int flags, CPoint point)
     VostelMeasureAngle::OnMouseMove(flags, point);
     if (ImagePoints.size() == 4) {
         RefreshCross();
-        CString text = CaptionText();
-        Label.SetText(text);
+        UpdateLabel();
     }
 }
 

@@ -42,7 +42,10 @@ void VostelMeasureLine::OnMouseMove(unsigned int flags, CPoint point)
         VostelSingleLine::OnMouseMove(flags, point);
     if (MeasureArmed) {
         CString text = CaptionText();
-        Label.SetText(text);
+        if (OpenMade)
+            RefreshLabel();
+        else
+            Label.SetText(text);
         Label.OnMouseMove(flags, point);
     }
 }

@@ -228,3 +228,52 @@ TEST_CASE("a profile that a Shift drag lays has its plot in the first place")
     CHECK(profile.ProfilePlot.ClientBox == CRect(30, 30, 542, 180));
     CHECK(profile.ProfilePlot.Data.Width == 181);
 }
+
+TEST_CASE("the box of a caption fits while its measure is dragged, without a paint")
+{
+    CanvasView                   view = SomeView();
+    Made<VostelMeasureAngle4Pts> made(view, {{50.0, 20.0}, {50.0, 10.0}, {60.0, 50.0}, {70.0, 50.0}});
+    VostelMeasureAngle4Pts&      angle = made.Object;
+    REQUIRE(angle.Label.Text == L"角度 = 90.000 度");
+    angle.OnLButtonDown(MK_LBUTTON, CPoint(150, 120));
+    angle.OnMouseMove(MK_LBUTTON, CPoint(150, 140));
+    CHECK(angle.Label.Text == L"角度 = 135.000 度");
+    const CRect                  dragged = angle.Label.ClientBox;
+    Made<VostelMeasureAngle4Pts> fresh(view, angle.GivePoints());
+    CHECK(dragged.Width() == fresh.Object.Label.ClientBox.Width());
+
+    Made<VostelMeasureLine> line(view, {{10.0, 20.0}, {14.0, 23.0}});
+    const int               narrow = line.Object.Label.ClientBox.Width();
+    line.Object.OnLButtonDown(MK_LBUTTON, CPoint(38, 66));
+    line.Object.OnMouseMove(MK_LBUTTON, CPoint(38, 6600));
+    CHECK(line.Object.Label.Text != L"长度 = 5.000 px");
+    CHECK(line.Object.Label.ClientBox.Width() > narrow);
+}
+
+TEST_CASE("the text of an open-made plot has a font of its own, whatever was drawn before")
+{
+    OverlayScene scene(600, 300);
+    const auto   inkOfPlot = [&](bool afterLargeText) {
+        std::vector<std::unique_ptr<VostelObj>> objects;
+        if (afterLargeText) {
+            objects.push_back(std::make_unique<VostelTextRect>());
+            objects.back()->StyleFontType = FontCustom;
+            objects.back()->StyleHeight = 90;
+            objects.back()->ImagePoints = {{-500.0, -500.0}, {-400.0, -400.0}};
+        }
+        objects.push_back(std::make_unique<VostelLineProfile>());
+        for (std::unique_ptr<VostelObj>& object : objects) {
+            object->OpenMade = true;
+            object->SetOwnerImage(&scene.Canvas());
+            object->SetCanvasView(&scene.Canvas().View);
+            object->TakePoints(ImagePoints{{20.0, 250.0}, {220.0, 280.0}});    // the profile's
+            scene.Canvas().Elements.push_back(object.release());
+        }
+        scene.Paint();
+        scene.Canvas().DeleteAll();
+        return scene.Count(CRect(31, 31, 541, 100), [](unsigned int pixel) { return pixel != 0x646464; });
+    };
+    const int ink = inkOfPlot(false);
+    CHECK(ink > 100);
+    CHECK(inkOfPlot(true) == ink);
+}
