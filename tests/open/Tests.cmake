@@ -1,5 +1,6 @@
 # Tests of the open interface, one line each.
 vostel_test(open/CanvasTableTest)
+vostel_test(open/CppLayerTest)
 vostel_test(open/FrameTest)
 vostel_test(open/HistoryTest)
 vostel_test(open/ListenersTest)

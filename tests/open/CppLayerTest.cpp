@@ -1,0 +1,219 @@
+#include "vostel.hpp"
+
+#include "support/TempFolder.h"
+
+#include <doctest/doctest.h>
+
+#include <array>
+#include <cstdint>
+#include <list>
+#include <optional>
+#include <string>
+#include <type_traits>
+#include <unordered_set>
+#include <utility>
+#include <vector>
+
+using vostel::Canvas;
+
+namespace {
+
+Canvas CanvasWithImage()
+{
+    Canvas                    canvas(100, 80);
+    std::vector<std::uint8_t> pixels;
+    for (int i = 0; i < 60 * 40; ++i)
+        pixels.push_back(static_cast<std::uint8_t>(i % 60));
+    canvas.image_show(vostel::Plane<std::uint8_t>(pixels, 60, 40));
+    return canvas;
+}
+
+bool Stands(std::int32_t canvas)
+{
+    std::size_t count = 0;
+    return vostel_object_list(canvas, nullptr, 0, &count) == VOSTEL_OK;
+}
+
+template <typename Call>
+VostelStatus StatusOf(Call call)
+{
+    try {
+        call();
+    } catch (const vostel::Error& error) {
+        CHECK(!error.message().empty());
+        return error.status();
+    }
+    return VOSTEL_OK;
+}
+
+}
+
+TEST_CASE("a canvas that was made goes with its object, and a borrowed one stays")
+{
+    std::int32_t number = -1;
+    {
+        Canvas canvas(10, 10);
+        number = canvas.number();
+        CHECK(Stands(number));
+        Canvas moved = std::move(canvas);
+        CHECK(moved.number() == number);
+        {
+            const Canvas borrowed = Canvas::number(number);
+        }
+        CHECK(Stands(number));
+    }
+    CHECK_FALSE(Stands(number));
+    static_assert(!std::is_copy_constructible_v<Canvas>);
+}
+
+TEST_CASE("points come from whatever holds them")
+{
+    Canvas                                  canvas = CanvasWithImage();
+    const std::vector<vostel::Point>        expected = {{1.0, 2.0}, {30.0, 4.0}, {5.0, 36.0}};
+    const std::list<std::pair<int, float>>  pairs = {{1, 2.0f}, {30, 4.0f}, {5, 36.0f}};
+    const std::array<std::array<int, 2>, 3> arrays = {{{1, 2}, {30, 4}, {5, 36}}};
+    const vostel::Point                     plain[] = {{1.0, 2.0}, {30.0, 4.0}, {5.0, 36.0}};
+    struct Other {
+        float x, y;
+    };
+    const std::vector<Other> others = {{1.0f, 2.0f}, {30.0f, 4.0f}, {5.0f, 36.0f}};
+    for (const vostel::Object& object :
+         {canvas.add_polygon({{1, 2}, {30, 4}, {5, 36}}), canvas.add_polygon(expected),
+          canvas.add_polygon(pairs), canvas.add_polygon(arrays), canvas.add_polygon(plain),
+          canvas.add_polygon(others), canvas.add_polygon({expected.data(), expected.size()})}) {
+        const std::vector<vostel::Point> points = object.points();
+        REQUIRE(points.size() == 3);
+        for (std::size_t i = 0; i < 3; ++i) {
+            CHECK(points[i].x == expected[i].x);
+            CHECK(points[i].y == expected[i].y);
+        }
+    }
+    CHECK(vostel::Points(expected).data() == expected.data());
+}
+
+TEST_CASE("an object is named, measured, found and removed")
+{
+    Canvas            canvas = CanvasWithImage();
+    vostel::Object    rectangle = canvas.add_rectangle(2, 3, 12, 8);
+    const std::string name(1000, 'n');
+    rectangle.set_name(name);
+    CHECK(rectangle.name() == name);
+    CHECK(rectangle.kind() == VOSTEL_RECTANGLE);
+    CHECK(canvas.measure(rectangle).area == 50.0);
+    CHECK(rectangle.measure().mean == 6.5);
+    CHECK(canvas.mask(rectangle).at(2, 3) == 255);
+    CHECK(canvas.mask(rectangle).at(1, 3) == 0);
+    CHECK(canvas.labels().at(11, 7) == rectangle.label());
+    CHECK(canvas.histogram(0.0, 60.0, 6, rectangle) == std::vector<std::uint64_t>{40, 10, 0, 0, 0, 0});
+    const vostel::Point client = canvas.view_to_client({5.0, 5.0});
+    CHECK(canvas.object_at(client) == rectangle);
+    CHECK(canvas.object_at({-50.0, -50.0}) == std::nullopt);
+    canvas.select({rectangle});
+    CHECK(canvas.selection() == std::vector<vostel::Object>{rectangle});
+    CHECK(canvas.add_ellipse(0, 0, 10, 10).flags() == VOSTEL_ELLIPSE);
+    CHECK(canvas.add_text({1, 1}, "bore").text() == "bore");
+    const std::unordered_set<vostel::Object> keys = {rectangle, rectangle};
+    CHECK(keys.size() == 1);
+    rectangle.remove();
+    CHECK(canvas.object_list().size() == 2);
+    CHECK(StatusOf([&] { rectangle.measure(); }) == VOSTEL_NOT_FOUND);
+}
+
+TEST_CASE("a profile has its samples and what is said of them")
+{
+    Canvas                canvas = CanvasWithImage();
+    const vostel::Profile profile = canvas.profile(canvas.add_length({0.5, 5.5}, {59.5, 5.5}));
+    REQUIRE(profile.values.size() == 60);
+    CHECK(profile.values[17] == 17.0);
+    CHECK(profile.length == 59.0);
+    CHECK(profile.spacing == 1.0);
+}
+
+TEST_CASE("where there may be nothing, nothing comes")
+{
+    Canvas canvas(20, 20);
+    CHECK_FALSE(canvas.image_info().has_value());
+    CHECK_FALSE(canvas.undo());
+    CHECK_FALSE(canvas.redo());
+    CHECK(canvas.history_name(-1) == std::nullopt);
+    canvas = CanvasWithImage();
+    CHECK(canvas.image_info()->width == 60);
+    CHECK(canvas.image_value(17.5, 0.0) == 17.0);
+    CHECK(canvas.image_value(-1.0, 0.0) == std::nullopt);
+    canvas.add_polygon({{1, 2}, {30, 4}, {5, 36}});
+    CHECK(canvas.history_name(-1) == "Add polygon");
+    CHECK(canvas.undo());
+    CHECK(canvas.redo());
+}
+
+TEST_CASE("all that happens while a step lives is taken back at once")
+{
+    Canvas canvas = CanvasWithImage();
+    {
+        const vostel::Step step = canvas.step("two");
+        canvas.add_arrow({1, 1}, {9, 9});
+        canvas.add_profile({1, 1}, {9, 9});
+    }
+    CHECK(canvas.history_name(-1) == "two");
+    CHECK(canvas.undo());
+    CHECK(canvas.object_list().empty());
+}
+
+TEST_CASE("a listener hears while its subscription lives, and may end it itself")
+{
+    Canvas               canvas = CanvasWithImage();
+    int                  heard = 0;
+    vostel::Subscription outer;
+    {
+        vostel::Subscription inner = canvas.listen(
+            VOSTEL_OBJECT_ADDED, [&](const vostel::Event& event) { heard += event.object != 0; });
+        canvas.add_points({{1, 1}});
+        CHECK(heard == 1);
+        outer = std::move(inner);
+    }
+    canvas.add_points({{1, 1}});
+    CHECK(heard == 2);
+    const std::string captured(100, 'x');
+    outer = canvas.listen(VOSTEL_OBJECT_ADDED, [&heard, &outer, captured](const vostel::Event&) {
+        outer.end();
+        heard += static_cast<int>(captured.size());
+        throw 1;    // goes no further
+    });
+    canvas.add_points({{1, 1}});
+    canvas.add_points({{1, 1}});
+    CHECK(heard == 102);
+}
+
+TEST_CASE("a failure throws its status and its message")
+{
+    Canvas canvas(20, 20);
+    CHECK(StatusOf([&] { canvas.view_fit(); }) == VOSTEL_NO_IMAGE);
+    CHECK(StatusOf([&] { canvas.image_open("no such file"); }) == VOSTEL_NOT_READ);
+    CHECK(StatusOf([&] { canvas.table("xml"); }) == VOSTEL_NOT_SUPPORTED);
+    CHECK(StatusOf([] { Canvas(0, 5); }) == VOSTEL_INVALID_ARGUMENT);
+    CHECK(StatusOf([] { Canvas::number(4711000).view_get(); }) == VOSTEL_NOT_FOUND);
+    std::vector<float> few(5);
+    CHECK(StatusOf([&] { vostel::Plane<float>(few, 3, 2); }) == VOSTEL_INVALID_ARGUMENT);
+}
+
+TEST_CASE("pictures, copies and routines go by containers")
+{
+    TempFolder folder;
+    Canvas     canvas = CanvasWithImage();
+    canvas.picture_save(folder.Path("a.png"), 2.0);
+    CHECK(vostel::image_pages(folder.Path("a.png")) == 1);
+    Canvas again(10, 10);
+    again.image_open(folder.Path("a.png"));
+    CHECK(again.image_info()->width == 120);
+    const vostel::ImageOf<float> values = canvas.image_copy<float>();
+    CHECK(values.at(59, 39) == 59.0f);
+    std::vector<float> smooth(values.values.size());
+    vostel::gaussian(vostel::Plane<const float>(values.values, 60, 40), 3, 1.0,
+                     vostel::Plane<float>(smooth, 60, 40));
+    CHECK(smooth[30] == doctest::Approx(30.0));
+    std::vector<double> real = {1.0, 0.0, 0.0, 0.0}, imaginary(4);
+    vostel::fft(real, imaginary);
+    CHECK(real == std::vector<double>(4, 1.0));
+    CHECK(vostel::contrast_map_names().front() == "gray");
+    CHECK(vostel::version() == vostel_version());
+}
