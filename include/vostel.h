@@ -351,7 +351,8 @@ VOSTEL_CALL VostelStatus vostel_image_show(int32_t canvas, VostelPixel type, con
 
 /// Shows a picture file, told by its content: PNG, JPEG, TIFF, BMP, GIF, PNM, WebP. Gray of 16 bits and float
 /// stay so; palettes become what they show, gray if all their colors are gray; CMYK becomes RGB; orientation
-/// tags are followed; RGB of 16 bits becomes 8.
+/// tags are followed; RGB of 16 bits becomes 8. An alpha channel beside colors stays in the samples, as
+/// VOSTEL_BGRA8, and is not shown; that of gray pictures and transparent palette entries is dropped.
 /// @param path UTF-8
 VOSTEL_CALL VostelStatus vostel_image_open(int32_t canvas, const char* path, uint32_t flags);
 

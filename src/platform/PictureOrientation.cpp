@@ -18,25 +18,6 @@ std::uint32_t NumberAt(std::span<const unsigned char> bytes, std::size_t at, int
     return value;
 }
 
-// In the first directory of a TIFF structure, which is what JPEG files carry.
-int OrientationOfDirectory(std::span<const unsigned char> tiff)
-{
-    constexpr std::uint32_t orientationTag = 274;
-    if (tiff.size() < 8)
-        return 1;
-    const bool          big = tiff[0] == 'M';
-    const std::size_t   directory = NumberAt(tiff, 4, 4, big);
-    const std::uint32_t entries = NumberAt(tiff, directory, 2, big);
-    for (std::uint32_t i = 0; i < entries; ++i) {
-        const std::size_t entry = directory + 2 + std::size_t{12} * i;
-        if (entry >= tiff.size())
-            break;
-        if (NumberAt(tiff, entry, 2, big) == orientationTag)
-            return static_cast<int>(NumberAt(tiff, entry + 8, 2, big));
-    }
-    return 1;
-}
-
 template <std::size_t Bytes>
 void TurnInto(const ImageSamples& from, ImageSamples& to, int orientation)
 {
@@ -82,6 +63,27 @@ ImageSamples Oriented(ImageSamples&& samples, int orientation)
     return result;
 }
 
+int OrientationOfTiff(std::span<const unsigned char> file, int page)
+{
+    constexpr std::uint32_t orientationTag = 274;
+    constexpr std::size_t   entryBytes = 12;
+    if (file.size() < 8)
+        return 1;
+    const bool  big = file[0] == 'M';
+    std::size_t directory = NumberAt(file, 4, 4, big);
+    for (int skipped = 0; skipped < page && directory != 0; ++skipped)
+        directory = NumberAt(file, directory + 2 + entryBytes * NumberAt(file, directory, 2, big), 4, big);
+    const std::uint32_t entries = NumberAt(file, directory, 2, big);
+    for (std::uint32_t i = 0; i < entries; ++i) {
+        const std::size_t entry = directory + 2 + entryBytes * i;
+        if (entry >= file.size())
+            break;
+        if (NumberAt(file, entry, 2, big) == orientationTag)
+            return static_cast<int>(NumberAt(file, entry + 8, 2, big));
+    }
+    return 1;
+}
+
 int OrientationOfJpeg(std::span<const unsigned char> file)
 {
     constexpr unsigned char exif[] = {'E', 'x', 'i', 'f', 0, 0};
@@ -97,7 +99,7 @@ int OrientationOfJpeg(std::span<const unsigned char> file)
             break;
         if (file[at + 1] == 0xE1 && length >= 8 + sizeof exif &&
             std::memcmp(file.data() + at + 4, exif, sizeof exif) == 0)
-            return OrientationOfDirectory(file.subspan(at + 4 + sizeof exif, length - 2 - sizeof exif));
+            return OrientationOfTiff(file.subspan(at + 4 + sizeof exif, length - 2 - sizeof exif), 0);
         at += 2 + length;
     }
     return 1;

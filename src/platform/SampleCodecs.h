@@ -53,5 +53,7 @@ bool         IsGrayPalette(std::span<const unsigned> palette);
 ImageSamples Oriented(ImageSamples&& samples, int orientation);
 // The tag of a JPEG file; 1 without one.
 int OrientationOfJpeg(std::span<const unsigned char> file);
+// The tag of a page of a TIFF with addresses of 32 bits; 1 without one.
+int OrientationOfTiff(std::span<const unsigned char> file, int page);
 
 }

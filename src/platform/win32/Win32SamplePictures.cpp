@@ -9,7 +9,6 @@
 
 #include <wincodec.h>
 
-#include <algorithm>
 #include <iterator>
 #include <utility>
 
@@ -80,69 +79,114 @@ PictureOutcome Open(const SampleFile& file, Opened& opened)
     return PictureOutcome::Taken;
 }
 
-bool IsOneOf(const GUID& format, std::initializer_list<GUID> formats)
-{
-    return std::find(formats.begin(), formats.end(), format) != formats.end();
-}
-
-// What a frame is converted to.
+// How the pixels of a frame become samples.
 struct Plan {
     SampleType Type;
-    GUID       Format;
-    bool       Indexed = false;
+    GUID       Format;    // that they are asked for in
+    // Unpacked here, where the system's own conversion is missing or rounds in its own way:
+    int  Bits = 0;    // of indices or grays of up to 8 bits
+    bool Indexed = false;
+    int  Words = 0;    // of 16 bits a pixel, red first
 };
 
 Plan PlanFor(const GUID& format)
 {
-    if (IsOneOf(format, {GUID_WICPixelFormat1bppIndexed, GUID_WICPixelFormat2bppIndexed,
-                         GUID_WICPixelFormat4bppIndexed, GUID_WICPixelFormat8bppIndexed}))
-        return {SampleType::Bgr8, GUID_WICPixelFormat24bppBGR, true};
-    if (IsOneOf(format, {GUID_WICPixelFormatBlackWhite, GUID_WICPixelFormat2bppGray,
-                         GUID_WICPixelFormat4bppGray, GUID_WICPixelFormat8bppGray}))
-        return {SampleType::U8, GUID_WICPixelFormat8bppGray};
+    const struct {
+        GUID Format;
+        int  Bits;
+        bool Indexed;
+    } packed[] = {{GUID_WICPixelFormat1bppIndexed, 1, true}, {GUID_WICPixelFormat2bppIndexed, 2, true},
+                  {GUID_WICPixelFormat4bppIndexed, 4, true}, {GUID_WICPixelFormat8bppIndexed, 8, true},
+                  {GUID_WICPixelFormatBlackWhite, 1, false}, {GUID_WICPixelFormat2bppGray, 2, false},
+                  {GUID_WICPixelFormat4bppGray, 4, false}};
+    for (const auto& kind : packed) {
+        if (kind.Format == format)
+            return {.Type = SampleType::U8, .Format = format, .Bits = kind.Bits, .Indexed = kind.Indexed};
+    }
+    if (format == GUID_WICPixelFormat48bppRGB)
+        return {.Type = SampleType::Rgb8, .Format = format, .Words = 3};
+    if (format == GUID_WICPixelFormat64bppRGBA)
+        return {.Type = SampleType::Bgra8, .Format = format, .Words = 4};
+    if (format == GUID_WICPixelFormat8bppGray)
+        return {.Type = SampleType::U8, .Format = format};
     if (format == GUID_WICPixelFormat16bppGray)
-        return {SampleType::U16, format};
-    if (IsOneOf(format, {GUID_WICPixelFormat32bppGrayFloat, GUID_WICPixelFormat16bppGrayHalf}))
-        return {SampleType::F32, GUID_WICPixelFormat32bppGrayFloat};
-    if (IsOneOf(format,
-                {GUID_WICPixelFormat32bppBGRA, GUID_WICPixelFormat32bppPBGRA, GUID_WICPixelFormat32bppRGBA,
-                 GUID_WICPixelFormat64bppRGBA, GUID_WICPixelFormat64bppPRGBA}))
-        return {SampleType::Bgra8, GUID_WICPixelFormat32bppBGRA};
-    return {SampleType::Bgr8, GUID_WICPixelFormat24bppBGR};
+        return {.Type = SampleType::U16, .Format = format};
+    if (format == GUID_WICPixelFormat32bppGrayFloat || format == GUID_WICPixelFormat16bppGrayHalf)
+        return {.Type = SampleType::F32, .Format = GUID_WICPixelFormat32bppGrayFloat};
+    for (const GUID& alpha : {GUID_WICPixelFormat32bppBGRA, GUID_WICPixelFormat32bppPBGRA,
+                              GUID_WICPixelFormat32bppRGBA, GUID_WICPixelFormat64bppPRGBA}) {
+        if (alpha == format)
+            return {.Type = SampleType::Bgra8, .Format = GUID_WICPixelFormat32bppBGRA};
+    }
+    return {.Type = SampleType::Bgr8, .Format = GUID_WICPixelFormat24bppBGR};
 }
 
-bool HasGrayPalette(Opened& opened, IWICBitmapFrameDecode& frame)
+bool ReadPalette(Opened& opened, IWICBitmapFrameDecode& frame, std::vector<unsigned>& colors)
 {
     Held<IWICPalette> palette;
-    WICColor          colors[256] = {};
+    WICColor          entries[256] = {};
     UINT              count = 0;
     if (FAILED(opened.Factory->CreatePalette(palette.Out())) || FAILED(frame.CopyPalette(palette.Get())) ||
-        FAILED(palette->GetColors(static_cast<UINT>(std::size(colors)), colors, &count)))
+        FAILED(palette->GetColors(static_cast<UINT>(std::size(entries)), entries, &count)))
         return false;
-    return std::all_of(colors, colors + count,
-                       [](WICColor color) { return (color & 0xFFFFFFu) == (color & 0xFFu) * 0x010101u; });
+    for (UINT i = 0; i < count; ++i)
+        colors.push_back(entries[i] & 0xFFFFFFu);
+    return true;
 }
 
-ImageSamples FirstChannel(const ImageSamples& triples)
+// Indices or grays of up to 8 bits, the left pixel in the high bits.
+PictureOutcome UnpackBits(Opened& opened, IWICBitmapFrameDecode& frame, const Plan& plan,
+                          ImageSamples& samples)
 {
-    ImageSamples         gray(SampleType::U8, triples.Width, triples.Height);
-    const unsigned char* source = triples.Data();
-    for (std::size_t i = 0; i < gray.Bytes(); ++i)
-        gray.Data()[i] = source[3 * i];
-    return gray;
+    const unsigned    top = (1u << plan.Bits) - 1;
+    const std::size_t stride =
+        (static_cast<std::size_t>(samples.Width) * static_cast<std::size_t>(plan.Bits) + 7) / 8;
+    std::vector<unsigned char> packed(stride * static_cast<std::size_t>(samples.Height));
+    if (FAILED(frame.CopyPixels(nullptr, static_cast<UINT>(stride), static_cast<UINT>(packed.size()),
+                                packed.data())))
+        return PictureOutcome::BadFormat;
+    for (int y = 0; y < samples.Height; ++y) {
+        const unsigned char* const row = packed.data() + stride * static_cast<std::size_t>(y);
+        unsigned char* const       target = samples.Row<unsigned char>(y);
+        for (int x = 0; x < samples.Width; ++x) {
+            const int      bit = x * plan.Bits;
+            const unsigned value = row[bit / 8] >> (8 - plan.Bits - bit % 8) & top;
+            target[x] = plan.Indexed ? static_cast<unsigned char>(value) : ScaledByte(value, top);
+        }
+    }
+    if (!plan.Indexed)
+        return PictureOutcome::Taken;
+    std::vector<unsigned> colors;
+    if (!ReadPalette(opened, frame, colors))
+        return PictureOutcome::BadFormat;
+    samples = ColorsOfIndices(std::move(samples), colors);
+    return PictureOutcome::Taken;
 }
 
-int OrientationOfTiff(IWICBitmapFrameDecode& frame)
+// Colors of 16 bits, row by row.
+PictureOutcome UnpackWords(IWICBitmapFrameDecode& frame, const Plan& plan, ImageSamples& samples)
 {
-    Held<IWICMetadataQueryReader> metadata;
-    PROPVARIANT                   value;
-    PropVariantInit(&value);
-    if (FAILED(frame.GetMetadataQueryReader(metadata.Out())) ||
-        FAILED(metadata->GetMetadataByName(L"/ifd/{ushort=274}", &value)))
-        return 1;
-    const int orientation = value.vt == VT_UI2 ? value.uiVal : 1;
-    PropVariantClear(&value);
-    return orientation;
+    const bool                 alpha = plan.Words == 4;
+    std::vector<std::uint16_t> words(static_cast<std::size_t>(samples.Width) *
+                                     static_cast<std::size_t>(plan.Words));
+    const UINT                 stride = static_cast<UINT>(words.size() * sizeof words[0]);
+    for (int y = 0; y < samples.Height; ++y) {
+        const WICRect row = {0, y, samples.Width, 1};
+        if (FAILED(frame.CopyPixels(&row, stride, stride, reinterpret_cast<BYTE*>(words.data()))))
+            return PictureOutcome::BadFormat;
+        unsigned char* target = samples.Row<unsigned char>(y);
+        for (std::size_t at = 0; at < words.size();
+             at += static_cast<std::size_t>(plan.Words), target += plan.Words) {
+            const unsigned char red = ScaledByte(words[at], 65535);
+            const unsigned char blue = ScaledByte(words[at + 2], 65535);
+            target[0] = alpha ? blue : red;
+            target[1] = ScaledByte(words[at + 1], 65535);
+            target[2] = alpha ? red : blue;
+            if (alpha)
+                target[3] = ScaledByte(words[at + 3], 65535);
+        }
+    }
+    return PictureOutcome::Taken;
 }
 
 PictureOutcome CopyPixels(Opened& opened, IWICBitmapFrameDecode& frame, const Plan& plan, const GUID& format,
@@ -152,6 +196,10 @@ PictureOutcome CopyPixels(Opened& opened, IWICBitmapFrameDecode& frame, const Pl
     if (samples.Bytes() > UINT32_MAX)
         return PictureOutcome::TooLarge;
     const UINT bytes = static_cast<UINT>(samples.Bytes());
+    if (plan.Bits > 0)
+        return UnpackBits(opened, frame, plan, samples);
+    if (plan.Words > 0)
+        return UnpackWords(frame, plan, samples);
     if (plan.Format == format)
         return SUCCEEDED(frame.CopyPixels(nullptr, stride, bytes, samples.Data()))
                    ? PictureOutcome::Taken
@@ -187,10 +235,8 @@ PictureOutcome Decode(const SampleFile& file, bool isTiff, ImageSamples& samples
     const PictureOutcome copied = CopyPixels(opened, *frame.Get(), plan, format, samples);
     if (copied != PictureOutcome::Taken)
         return copied;
-    if (plan.Indexed && HasGrayPalette(opened, *frame.Get()))
-        samples = FirstChannel(samples);
     if (isTiff)
-        samples = Oriented(std::move(samples), OrientationOfTiff(*frame.Get()));
+        samples = Oriented(std::move(samples), OrientationOfTiff(file.Bytes, file.Page));
     return PictureOutcome::Taken;
 }
 
