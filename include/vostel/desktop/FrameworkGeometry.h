@@ -8,7 +8,8 @@
 
 #include <algorithm>
 
-// (std::min) in brackets: a host may have the macro of that name.
+// (std::min) in brackets: a host may have the macro of that name. Comparisons are no members, as C++20 could
+// take those the other way round as well.
 
 /// A size.
 class CSize : public tagSIZE {
@@ -23,9 +24,9 @@ public:
     explicit CSize(POINT point) : tagSIZE{point.x, point.y} {}
 
     /// Returns whether both extents are equal.
-    bool operator==(SIZE other) const { return cx == other.cx && cy == other.cy; }
+    friend bool operator==(const SIZE& a, const SIZE& b) { return a.cx == b.cx && a.cy == b.cy; }
     /// Returns whether an extent differs.
-    bool operator!=(SIZE other) const { return !(*this == other); }
+    friend bool operator!=(const SIZE& a, const SIZE& b) { return a.cx != b.cx || a.cy != b.cy; }
 };
 
 /// A point.
@@ -53,9 +54,9 @@ public:
         y = newY;
     }
     /// Returns whether both coordinates are equal.
-    bool operator==(POINT other) const { return x == other.x && y == other.y; }
+    friend bool operator==(const POINT& a, const POINT& b) { return a.x == b.x && a.y == b.y; }
     /// Returns whether a coordinate differs.
-    bool operator!=(POINT other) const { return !(*this == other); }
+    friend bool operator!=(const POINT& a, const POINT& b) { return a.x != b.x || a.y != b.y; }
     /// Returns the sum of the coordinates.
     CPoint operator+(POINT other) const { return CPoint(x + other.x, y + other.y); }
     /// Returns the difference of the coordinates.
@@ -180,12 +181,15 @@ public:
     /// Returns the rectangle shifted the other way.
     CRect operator-(POINT by) const { return CRect(left - by.x, top - by.y, right - by.x, bottom - by.y); }
     /// Returns whether all edges are equal.
-    bool operator==(const RECT& r) const
+    friend bool operator==(const RECT& a, const RECT& b)
     {
-        return left == r.left && top == r.top && right == r.right && bottom == r.bottom;
+        return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
     }
     /// Returns whether an edge differs.
-    bool operator!=(const RECT& r) const { return !(*this == r); }
+    friend bool operator!=(const RECT& a, const RECT& b)
+    {
+        return a.left != b.left || a.top != b.top || a.right != b.right || a.bottom != b.bottom;
+    }
 
     /// The rectangle as the calls of the desktop take it.
     operator RECT*() { return this; }
