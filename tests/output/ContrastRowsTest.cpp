@@ -143,11 +143,12 @@ TEST_CASE("values are truncated towards zero, wrap in 16 bits and take entry 0 b
                                                    {std::numeric_limits<float>::infinity(), 9},
                                                    {-std::numeric_limits<float>::infinity(), 9}};
     InEveryVariant([&](const char* variant) {
-        for (const auto& [value, gray] : expected) {
-            const std::vector<float> row(20, value);
+        for (const auto& pair : expected) {
+            const std::vector<float> row(20, pair.first);
             std::vector<unsigned>    pixels(20, Guard);
             ContrastShowAll(*table, row.data(), 20, 1, pixels.data(), nullptr);
-            CHECK_MESSAGE(pixels == std::vector<unsigned>(20, gray * 0x010101u), variant << ", " << value);
+            CHECK_MESSAGE(pixels == std::vector<unsigned>(20, pair.second * 0x010101u),
+                          variant << ", " << pair.first);
         }
     });
 }

@@ -130,7 +130,9 @@ TEST_CASE("limits that a host sets beyond the table lose their low bits in float
                                           {-1, 65535},
                                           {INT_MAX, INT_MIN},
                                           {0, 65536}};
-    for (const auto& [low, high] : limits) {
+    for (const auto& limit : limits) {
+        const int low = limit.first;
+        const int high = limit.second;
         map.RangeLow = low;
         map.RangeHigh = high;
         map.GetMapUs();
@@ -170,7 +172,9 @@ TEST_CASE("the byte table takes its limits as truncated fractions of 255")
     ZEKMAPIMA                     map;
     const std::pair<float, float> limits[] = {{0.1f, 0.9f},  {0.5f, 0.5f},  {0.9f, 0.1f}, {-0.5f, 1.5f},
                                               {0.3f, 0.31f}, {-1e9f, 1e9f}, {0.0f, 0.0f}, {1.0f, 2.0f}};
-    for (const auto& [low, high] : limits) {
+    for (const auto& limit : limits) {
+        const float low = limit.first;
+        const float high = limit.second;
         map.GetMapUc(low, high);
         const double l = static_cast<double>(low) * 255.0;
         const double h = static_cast<double>(high) * 255.0;
@@ -181,7 +185,7 @@ TEST_CASE("the byte table takes its limits as truncated fractions of 255")
     }
 }
 
-TEST_CASE("a colour range with equal limits has no ramp")
+TEST_CASE("a color range with equal limits has no ramp")
 {
     ZEKMAPIMA           map;
     const tagStructRGBA low = {1, 2, 3, 4};
@@ -195,7 +199,7 @@ TEST_CASE("a colour range with equal limits has no ramp")
     CHECK(Same(map.UsColorMap->Ptr1D[65535], high));
 }
 
-TEST_CASE("a colour ramp truncates each channel in float and leaves alpha alone")
+TEST_CASE("a color ramp truncates each channel in float and leaves alpha alone")
 {
     ZEKMAPIMA           map;
     const tagStructRGBA low = {200, 0, 10, 40};
@@ -221,7 +225,7 @@ TEST_CASE("a colour ramp truncates each channel in float and leaves alpha alone"
     CHECK(map.UsColorMap->Ptr1D[1500].r == 11);
 }
 
-TEST_CASE("a colour range stores its limits unchecked, reversed ones too")
+TEST_CASE("a color range stores its limits unchecked, reversed ones too")
 {
     ZEKMAPIMA           map;
     const tagStructRGBA low = {1, 2, 3, 4};
