@@ -25,7 +25,7 @@ ElementClass ClassOf(const VostelObj& object)
 
 bool IsKind(int kind)
 {
-    return kind >= 0 && MakeObject(static_cast<ElementClass>(kind)) != nullptr;
+    return kind >= 0 && MakeObject(static_cast<ElementClass>(kind));
 }
 
 bool IsRegion(int kind)

@@ -94,8 +94,8 @@ bool ReadRows(Reader& reader, unsigned char* first, std::size_t rowBytes)
                                         : nullptr;
     while (codec.output_scanline < codec.output_height) {
         unsigned char* row = first + rowBytes * codec.output_scanline;
-        jpeg_read_scanlines(&codec, scratch != nullptr ? scratch : &row, 1);
-        if (scratch != nullptr)
+        jpeg_read_scanlines(&codec, scratch ? scratch : &row, 1);
+        if (scratch)
             FromPress(scratch[0], codec.saw_Adobe_marker != 0, row, codec.output_width);
     }
     jpeg_finish_decompress(&codec);

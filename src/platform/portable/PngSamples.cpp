@@ -41,7 +41,7 @@ struct Reader {
     Reader()
     {
         Png = png_create_read_struct(PNG_LIBPNG_VER_STRING, nullptr, Fail, Ignore);
-        Info = Png != nullptr ? png_create_info_struct(Png) : nullptr;
+        Info = Png ? png_create_info_struct(Png) : nullptr;
     }
     ~Reader() { png_destroy_read_struct(&Png, &Info, nullptr); }
     Reader(const Reader&) = delete;
@@ -119,7 +119,7 @@ PictureOutcome DecodePngSamples(const SampleFile& file, ImageSamples& samples)
     Source       source{file.Bytes, 0};
     Plan         plan;
     const Reader reader;
-    if (reader.Info == nullptr)
+    if (!reader.Info)
         throw std::bad_alloc();
     if (!MakePlan(reader.Png, reader.Info, source, plan))
         return PictureOutcome::BadFormat;

@@ -57,7 +57,7 @@ int Silent(TIFF*, void*, const char*, const char*, va_list)
 TiffHandle OpenTiff(TiffBytes& bytes)
 {
     TIFFOpenOptions* options = TIFFOpenOptionsAlloc();
-    if (options == nullptr)
+    if (!options)
         return nullptr;
     TIFFOpenOptionsSetMaxSingleMemAlloc(options, tmsize_t{1} << 30);
     TIFFOpenOptionsSetErrorHandlerExtR(options, Silent, nullptr);

@@ -354,7 +354,7 @@ PictureOutcome DecodeTiffSamples(const SampleFile& file, ImageSamples& samples)
 {
     TiffBytes        bytes{file.Bytes};
     const TiffHandle tiff = OpenTiff(bytes);
-    if (tiff == nullptr)
+    if (!tiff)
         return PictureOutcome::BadFormat;
     if (file.Page > 0) {
         if (static_cast<tdir_t>(file.Page) >= TIFFNumberOfDirectories(tiff.get()))
@@ -396,7 +396,7 @@ PictureOutcome CountTiffPages(const SampleFile& file, int& pages)
 {
     TiffBytes        bytes{file.Bytes};
     const TiffHandle tiff = OpenTiff(bytes);
-    if (tiff == nullptr)
+    if (!tiff)
         return PictureOutcome::BadFormat;
     pages = static_cast<int>(TIFFNumberOfDirectories(tiff.get()));
     return PictureOutcome::Taken;
