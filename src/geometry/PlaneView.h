@@ -11,7 +11,7 @@ namespace vostel {
 
 // Values of an image in someone else's memory; rows and samples are aligned for their type.
 //
-// Channel 0 is the value of a gray image and the luma (299 R + 587 G + 114 B) / 1000 of a colour one; 1, 2
+// Channel 0 is the value of a gray image and the luma (299 R + 587 G + 114 B) / 1000 of a color one; 1, 2
 // and 3 are red, green and blue.
 struct PlaneView {
     SampleType     Type = SampleType::U8;

@@ -154,7 +154,7 @@ TEST_CASE("8-bit data is read from the file's first byte whatever its header is 
     CHECK(host.Original() == std::vector<float>{1.0f, 2.0f, 3.0f, 255.0f});
 }
 
-TEST_CASE("an element type that there is not shows nothing")
+TEST_CASE("an unknown element type shows nothing")
 {
     LoadingCanvas host;
     host.Write("a.raw", std::vector<unsigned char>{1, 2, 3, 4});

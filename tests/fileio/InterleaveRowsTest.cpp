@@ -186,7 +186,7 @@ TEST_CASE("every variant gives the formula's gray for each of the 256 levels and
     }
 }
 
-TEST_CASE("every variant gives the formula's gray for each of the 2^24 colours")
+TEST_CASE("every variant gives the formula's gray for each of the 2^24 colors")
 {
     Bytes red(256), green(256), blue(256), expected(256), gray(256);
     for (int b = 0; b < 256; ++b)

@@ -423,7 +423,7 @@ TEST_CASE("pixels of 24 bits become 32 with a high byte of zero, and back lose i
     CHECK(narrow.PixelAt(4, 3) == 0x000702u);
 }
 
-TEST_CASE("the pixel of a fresh context shows in text colour, and takes the background's colour as 1")
+TEST_CASE("the pixel of a fresh context shows in text color, and takes the background's color as 1")
 {
     HDC    fresh = CreateCompatibleDC(nullptr);
     Canvas canvas(2, 2);
@@ -461,7 +461,7 @@ TEST_CASE("copies count from the viewport origins of both contexts")
     CHECK(target.PixelAt(3, 0) == source.PixelAt(0, 0));
 }
 
-TEST_CASE("the smooth stretch of an even colour gives that colour, with a high byte of zero")
+TEST_CASE("the smooth stretch of an even color gives that color, with a high byte of zero")
 {
     Canvas source(40, 30, 32, false);
     Canvas target(33, 21);

@@ -24,7 +24,7 @@ namespace vostel::widget {
 namespace {
 
 constexpr int    LongestSide = 100000;
-constexpr qint64 MostPixels = qint64{1} << 28;    // more would take gigabytes of planes
+constexpr qint64 MaxPixels = qint64{1} << 28;    // more would take gigabytes of planes
 
 const QString AnswersFile = QStringLiteral("RawLayout.ini");
 
@@ -195,7 +195,7 @@ void RawLayoutDialog::Check()
     const QString count = QLocale().toString(qAbs(difference));
     QString       text;
     QString       colour = QStringLiteral("#9a5b00");
-    if (pixels > MostPixels) {
+    if (pixels > MaxPixels) {
         text = tr("This is too large to be shown.");
         colour = QStringLiteral("#b00020");
     } else if (FileBytes < 0) {
@@ -210,7 +210,7 @@ void RawLayoutDialog::Check()
     }
     Verdict->setText(text);
     Verdict->setStyleSheet(QStringLiteral("color: %1").arg(colour));
-    Buttons->button(QDialogButtonBox::Ok)->setEnabled(pixels <= MostPixels);
+    Buttons->button(QDialogButtonBox::Ok)->setEnabled(pixels <= MaxPixels);
 }
 
 tagZEKImaLoadPara RawLayoutDialog::Layout() const

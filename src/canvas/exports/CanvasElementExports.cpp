@@ -216,7 +216,7 @@ void gCVSSetMeasureScale(int canvas)
     CString              section = L"MeasureScaleInfo";
     CString              file = L"MeasureScale.ini";
     if (gDlgGetImaGeneralParaV2(record, section, file))
-        image->MeasureScale = std::wcstod(record.Value, nullptr);    // 0 for what is no number
+        image->MeasureScale = std::wcstod(record.Value, nullptr);    // 0 if the text is not a number
 }
 
 void gCVSAddInfoWin(int canvas)
