@@ -2,6 +2,8 @@
 
 #include "support/OpenCanvas.h"
 
+#include <VostelObj.h>
+
 #include <algorithm>
 #include <random>
 

@@ -88,9 +88,9 @@ std::uint64_t BitsAt(const unsigned char* row, std::size_t k, int bits)
         return value;
     }
     case 24: {
-        const unsigned char* const bytes = row + 3 * k;
-        return std::endian::native == std::endian::little ? bytes[0] | bytes[1] << 8 | bytes[2] << 16
-                                                          : bytes[2] | bytes[1] << 8 | bytes[0] << 16;
+        const std::uint32_t first = row[3 * k], middle = row[3 * k + 1], last = row[3 * k + 2];
+        return std::endian::native == std::endian::little ? first | middle << 8 | last << 16
+                                                          : last | middle << 8 | first << 16;
     }
     case 32: {
         std::uint32_t value;
