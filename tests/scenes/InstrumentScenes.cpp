@@ -96,11 +96,11 @@ void Marks(Session& session)
     session.DrawNext(VOSTEL_ARROW);
     session.Drag({CPoint(260, 280), CPoint(280, 270), CPoint(330, 230)}, MK_SHIFT);
 }
-// Ending in one column, right of which all that belongs to captions is covered.
+// Ending at the upper right, next to their captions; all right of there is covered.
 void OpenLines(Session& session)
 {
     session.DrawNext(VOSTEL_POLYLINE);
-    session.PressEach({CPoint(100, 130), CPoint(140, 200), CPoint(180, 150), CPoint(200, 170)}, MK_SHIFT);
+    session.PressEach({CPoint(100, 130), CPoint(140, 200), CPoint(180, 150), CPoint(200, 125)}, MK_SHIFT);
     session.DrawNext(VOSTEL_ARROW);
     session.Drag({CPoint(120, 290), CPoint(180, 270), CPoint(200, 240)}, MK_SHIFT);
 }
