@@ -87,8 +87,9 @@ public:
     VostelObj* SelectedElement();    // null for none
     // Numbers an object by its kind and puts it on top of the list, which owns it from then on, as the
     // selected one.
-    VostelObj& Append(std::unique_ptr<VostelObj> object);
-    void       DeleteAll();    // SelIndex stays as it was
+    VostelObj& Append(std::unique_ptr<VostelObj>&& object);
+    void       ReserveDeletion();    // a DeleteAll that follows finds memory enough
+    void       DeleteAll();          // SelIndex stays as it was
     // Takes the selected object out of the list, closing the gap in the numbers. It is kept aside until
     // DeleteAll or the end of the canvas, since a host may still hold it.
     void DeleteSelected();

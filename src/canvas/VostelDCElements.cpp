@@ -41,7 +41,7 @@ int* ElementCounts::OfKind(int kind)
     }
 }
 
-VostelObj& VostelDC::Append(std::unique_ptr<VostelObj> object)
+VostelObj& VostelDC::Append(std::unique_ptr<VostelObj>&& object)
 {
     const ElementCounts before = *this;
     Elements.push_back(object.get());
@@ -58,8 +58,14 @@ VostelObj& VostelDC::Append(std::unique_ptr<VostelObj> object)
     return added;
 }
 
+void VostelDC::ReserveDeletion()
+{
+    Removed.reserve(Removed.size() + Elements.size());
+}
+
 void VostelDC::DeleteAll()
 {
+    ReserveDeletion();
     if (Observer)
         Observer->WillRemoveAll();
     Removed.insert(Removed.end(), Elements.begin(), Elements.end());
@@ -93,6 +99,7 @@ void VostelDC::DeleteSelected()
 
 void VostelDC::DeleteAt(std::size_t index)
 {
+    Removed.reserve(Removed.size() + 1);
     if (Observer)
         Observer->WillRemove(index);
     VostelObj* const removed = Elements[index];

@@ -59,6 +59,7 @@ void CopyAsFloats(const PlaneView& plane, ClassData2DIO<float>& target)
 
 void VostelImage::ShowSamples(const PlaneView& source, ShowKeeps keeps)
 {
+    ReserveDeletion();
     const bool fits = Samples.HasShape(source.Type, source.Width, source.Height) &&
                       HasSurfaceFor(source.Width, source.Height) && !Overlap(source, ViewOf(Samples));
     if (!fits) {
@@ -76,6 +77,7 @@ void VostelImage::ShowSamples(const PlaneView& source, ShowKeeps keeps)
 
 void VostelImage::ShowSamples(ImageSamples&& samples, ShowKeeps keeps)
 {
+    ReserveDeletion();
     const CopiedRange range = RangeOfSamples(samples);
     ReplaceSamples(std::move(samples), range, keeps);
 }

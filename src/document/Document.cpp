@@ -61,20 +61,48 @@ ObjectState Document::StateOf(VostelObj& object)
 
 void Document::Adopt(VostelObj& object)
 {
-    object.Identity = NewIdentity();
-    object.OpenMade = object.OpenMade || Created;
-    if (object.OpenMade)
-        Settle(object);
-    Entry& entry = Entries[object.Identity];
-    entry.Object = &object;
+    Entry entry{&object, {}};
     if (IsRegion(object.TypeCode)) {
         entry.Notes.Label = Labels.Lowest();
         Labels.Use(entry.Notes.Label);
+    }
+    const std::uint64_t identity = NewIdentity();
+    try {
+        Entries.emplace(identity, entry);
+    } catch (...) {
+        Labels.Release(entry.Notes.Label);
+        throw;
+    }
+    object.Identity = identity;
+    object.OpenMade = object.OpenMade || Created;
+    if (object.OpenMade)
+        Settle(object);
+}
+
+void Document::AdoptStrays()
+{
+    for (VostelObj* const object : Canvas.Elements) {
+        if (object->Identity == 0)
+            Adopt(*object);
+    }
+    HasStrays = false;
+}
+
+VostelObj& Document::Add(std::unique_ptr<VostelObj> object)
+{
+    Adopt(*object);
+    try {
+        return Canvas.Append(std::move(object));
+    } catch (...) {
+        Release(*object);
+        throw;
     }
 }
 
 void Document::Release(VostelObj& object)
 {
+    if (object.Identity == 0)
+        return;
     Labels.Release(NotesOf(object).Label);
     Entries.erase(object.Identity);
     object.Identity = 0;
@@ -108,14 +136,13 @@ void Document::Reorder(VostelObj& object, std::size_t index)
     const std::size_t from = IndexOf(object);
     if (from == index)
         return;
-    if (IsWatching())
-        Record(OrderChange{object.Identity, from, index});
+    NameStep("Change order");
+    Record(OrderChange{object.Identity, from, index});
     VostelObj* const selected = Canvas.SelectedElement();
     NoteWindow(object);
     Canvas.Insert(index, Canvas.Detach(from));
     if (selected)
         Canvas.SelIndex = static_cast<int>(IndexOf(*selected));
-    NameStep("Change order");
     Events.Tell(VOSTEL_OBJECT_CHANGED, object.Identity);
     Stale = true;
 }
@@ -125,10 +152,16 @@ void Document::SetUnits(const MeasureUnits& units)
     const MeasureUnits before = Units();
     if (before.UnitsPerPixel == units.UnitsPerPixel && before.Unit == units.Unit)
         return;
-    if (IsWatching())
-        Record(UnitsChange{before, units});
+    UnitsChange change{before, units};
     NameStep("Set scale");
-    UseUnits(units);
+    Current.Changes.reserve(Current.Changes.size() + 1);
+    try {
+        UseUnits(units);
+    } catch (...) {
+        UseUnits(before);
+        throw;
+    }
+    Record(std::move(change));
 }
 
 void Document::UseUnits(const MeasureUnits& units)
@@ -298,18 +331,18 @@ void Document::WillChangeContrast() noexcept
 void Document::ImageChanged() noexcept
 {
     ImageCame = Stale = true;
-    try {
-        Events.Tell(VOSTEL_IMAGE_CHANGED, 0);
-    } catch (...) {
-        LostTrack = true;
-    }
+    Events.Tell(VOSTEL_IMAGE_CHANGED, 0);
 }
 
 void Document::WasAdded(VostelObj& object, const ElementCounts& before) noexcept
 {
     SelectionMoved = Stale = true;
     try {
-        Adopt(object);
+        if (object.Identity == 0) {
+            HasStrays = true;
+            Adopt(object);
+            HasStrays = false;
+        }
         if (!IsWatching())
             return;
         PresenceChange change;

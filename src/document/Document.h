@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -42,6 +43,13 @@ public:
     VostelObj*         Find(std::uint64_t id) const;
     std::size_t        IndexOf(const VostelObj& object) const;    // of one on the canvas
     const ObjectNotes& NotesOf(const VostelObj& object) const { return Entries.at(object.Identity).Notes; }
+
+    // Puts an object on top of all others, as the selected one. Fails by bad_alloc, before anything has
+    // changed.
+    VostelObj& Add(std::unique_ptr<VostelObj> object);
+    // Objects that came when there was no memory for an identity get theirs.
+    bool HasStrays = false;
+    void AdoptStrays();
 
     // An object is about to change. Unlike WillChange it fails, by bad_alloc, before anything has.
     void Prepare(VostelObj& object);

@@ -146,14 +146,21 @@ void Document::RestoreState(VostelObj& object, const ObjectState& state)
 {
     ObjectNotes notes = state.Notes;
     NoteWindow(object);
-    LoadShape(object, state.Shape);
+    const std::vector<unsigned char> before = SaveShape(object);
+    try {
+        LoadShape(object, state.Shape);
+        Settle(object);
+        SetLabel(object, notes.Label);
+    } catch (...) {
+        LoadShape(object, before);
+        Settle(object);
+        throw;
+    }
     NoteWindow(object);
-    SetLabel(object, notes.Label);
     NotesToChange(object) = std::move(notes);
-    Settle(object);
 }
 
-// An object comes back under its own identity.
+// An object comes back under its own identity. Whatever can fail comes first.
 void Document::PutBack(const PresenceChange& change)
 {
     std::unique_ptr<VostelObj> made = MakeObject(change.Class);
@@ -163,29 +170,33 @@ void Document::PutBack(const PresenceChange& change)
     made->SetOwnerImage(&Canvas);
     made->SetCanvasView(&Canvas.View);
     made->Kit.Dc = Canvas.ClientMemDC;
-    Entry entry{made.get(), {}};
     LoadShape(*made, change.State.Shape);
-    entry.Notes = change.State.Notes;
+    Settle(*made);
+    Entry entry{made.get(), change.State.Notes};
     Canvas.Elements.reserve(Canvas.Elements.size() + 1);
     Labels.Use(entry.Notes.Label);
-    Entries.emplace(change.Id, std::move(entry));
-    VostelObj& object = *made.release();
-    Canvas.Insert(change.Index, &object);
+    try {
+        Entries.emplace(change.Id, entry);
+    } catch (...) {
+        Labels.Release(entry.Notes.Label);
+        throw;
+    }
+    Canvas.Insert(change.Index, made.get());
+    const VostelObj& object = *made.release();
     if (change.Renumbering)
         Canvas.MoveNumbers(change.Index + 1, object.TypeCode, 1);
     NoteWindow(object);
-    Settle(object);
 }
 
 void Document::TakeAway(const PresenceChange& change)
 {
     VostelObj&        object = *Find(change.Id);
     const std::size_t index = IndexOf(object);
+    Canvas.Erase(index);
     NoteWindow(object);
     if (change.Renumbering)
-        Canvas.MoveNumbers(index + 1, object.TypeCode, -1);
+        Canvas.MoveNumbers(index, object.TypeCode, -1);
     Release(object);
-    Canvas.Erase(index);
 }
 
 }

@@ -22,10 +22,15 @@ bool Listeners::Remove(std::int64_t token)
     return removed > 0;
 }
 
-void Listeners::Tell(std::uint32_t type, std::uint64_t object)
+void Listeners::Tell(std::uint32_t type, std::uint64_t object) noexcept
 {
-    if (Want(type))
+    if (!Want(type))
+        return;
+    try {
         Queue.push_back({type, object});
+    } catch (...) {
+        return;    // a call that has come this far must not fail
+    }
 }
 
 void Listeners::Deliver(int canvas) noexcept

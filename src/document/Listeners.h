@@ -19,7 +19,8 @@ public:
     bool AreThere() const { return !All.empty(); }
     bool Want(std::uint32_t type) const { return (Wanted & type) != 0; }
 
-    void Tell(std::uint32_t type, std::uint64_t object);
+    // Without memory for it an event is lost.
+    void Tell(std::uint32_t type, std::uint64_t object) noexcept;
     // Calls the listeners for all that waits, and for what they cause in turn. Within a listener it does
     // nothing: the outer call goes on. What a listener throws is dropped.
     void Deliver(int canvas) noexcept;

@@ -66,14 +66,6 @@ std::unique_ptr<VostelObj> NewObject(VostelImage& image, VostelKind kind)
     return made;
 }
 
-// On top of all others, with its place in the document.
-VostelObj& Append(VostelImage& image, Document& notes, std::unique_ptr<VostelObj> made)
-{
-    VostelObj& added = image.Append(std::move(made));
-    notes.Settle(added);
-    return added;
-}
-
 }
 
 VostelStatus vostel_object_add(int32_t canvas, VostelKind kind, const VostelPoint* points, size_t count,
@@ -85,9 +77,10 @@ VostelStatus vostel_object_add(int32_t canvas, VostelKind kind, const VostelPoin
         NeedPointCount(kind, count);
         if (!made->TakePoints(PointsFrom(points, count)))
             Fail(VOSTEL_INVALID_ARGUMENT, "points is not what the kind takes");
+        notes.Settle(*made);
         VostelObj* const selected = image.SelectedElement();
         const int        index = image.SelIndex;
-        VostelObj&       added = Append(image, notes, std::move(made));
+        VostelObj&       added = notes.Add(std::move(made));
         added.Selected = false;    // what is selected stays so
         image.SelIndex = selected ? index : -1;
         Give(object, added.Identity);
@@ -101,9 +94,10 @@ VostelStatus vostel_draw_next(int32_t canvas, VostelKind kind, VostelObject* obj
         std::unique_ptr<VostelObj> made = NewObject(image, kind);
         if (kind == VOSTEL_PANEL || kind == VOSTEL_NEIGHBOURS)
             made->SetPlacement(30.0f, 30.0f, 512.0f, 150.0f);
+        const VostelObj& added = notes.Add(std::move(made));
         for (VostelObj* const other : image.Elements)
-            other->Selected = false;
-        Give(object, Append(image, notes, std::move(made)).Identity);
+            other->Selected = other == &added;
+        Give(object, added.Identity);
     });
 }
 

@@ -4,6 +4,7 @@
 
 #include "foundation/RowThreads.h"
 #include "imaging/RandomPlanes.h"
+#include "support/FailingAllocator.h"
 #include "support/ResizeOwned.h"
 #include "support/TempFolder.h"
 
@@ -11,139 +12,9 @@
 
 #include <doctest/doctest.h>
 
-#include <atomic>
-#include <cstdint>
-#include <cstdlib>
 #include <new>
 
 using namespace vostel;
-
-namespace {
-
-std::atomic<long> LiveBlocks{0};
-std::atomic<long> UntilFailure{0};    // counts down to the allocation that fails; 0: none does
-std::atomic<bool> HasFailed{false};
-
-bool IsTurnOfFailure()
-{
-    long left = UntilFailure.load();
-    while (left > 0 && !UntilFailure.compare_exchange_weak(left, left - 1)) {
-    }
-    if (left != 1)
-        return false;
-    HasFailed = true;
-    return true;
-}
-
-void* Take(std::size_t size)
-{
-    void* const block = IsTurnOfFailure() ? nullptr : std::malloc(size > 0 ? size : 1);
-    if (!block)
-        throw std::bad_alloc();
-    ++LiveBlocks;
-    return block;
-}
-
-void* TakeOrNull(std::size_t size) noexcept
-{
-    try {
-        return Take(size);
-    } catch (const std::bad_alloc&) {
-        return nullptr;
-    }
-}
-
-void Give(void* block)
-{
-    if (!block)
-        return;
-    --LiveBlocks;
-    std::free(block);
-}
-
-// The block's own address stands before the aligned one.
-void* TakeAligned(std::size_t size, std::align_val_t alignment)
-{
-    const std::size_t    step = static_cast<std::size_t>(alignment);
-    unsigned char* const block = static_cast<unsigned char*>(Take(size + step + sizeof(void*)));
-    unsigned char* const begin = block + sizeof(void*);
-    void* const          aligned = begin + (step - reinterpret_cast<std::uintptr_t>(begin) % step) % step;
-    static_cast<void**>(aligned)[-1] = block;
-    return aligned;
-}
-
-void GiveAligned(void* aligned)
-{
-    if (aligned)
-        Give(static_cast<void**>(aligned)[-1]);
-}
-
-}
-
-void* operator new(std::size_t size)
-{
-    return Take(size);
-}
-void* operator new[](std::size_t size)
-{
-    return Take(size);
-}
-void* operator new(std::size_t size, std::align_val_t alignment)
-{
-    return TakeAligned(size, alignment);
-}
-void* operator new[](std::size_t size, std::align_val_t alignment)
-{
-    return TakeAligned(size, alignment);
-}
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept
-{
-    return TakeOrNull(size);
-}
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept
-{
-    return TakeOrNull(size);
-}
-void operator delete(void* block, const std::nothrow_t&) noexcept
-{
-    Give(block);
-}
-void operator delete[](void* block, const std::nothrow_t&) noexcept
-{
-    Give(block);
-}
-void operator delete(void* block) noexcept
-{
-    Give(block);
-}
-void operator delete[](void* block) noexcept
-{
-    Give(block);
-}
-void operator delete(void* block, std::size_t) noexcept
-{
-    Give(block);
-}
-void operator delete[](void* block, std::size_t) noexcept
-{
-    Give(block);
-}
-void operator delete(void* block, std::align_val_t) noexcept
-{
-    GiveAligned(block);
-}
-void operator delete[](void* block, std::align_val_t) noexcept
-{
-    GiveAligned(block);
-}
-void operator delete(void* block, std::size_t, std::align_val_t) noexcept
-{
-    GiveAligned(block);
-}
-void operator delete[](void* block, std::size_t, std::align_val_t) noexcept
-{
-    GiveAligned(block);
-}
 
 namespace {
 
@@ -182,13 +53,6 @@ Planes SomePlanes(unsigned seed)
     return planes;
 }
 
-// The first failed allocation after this is number n; 0 ends it.
-void FailAt(long n)
-{
-    HasFailed = false;
-    UntilFailure = n;
-}
-
 struct Losses {
     int  Thrown = 0;             // calls that ended by the allocator's exception
     int  Survived = 0;           // calls in which an allocation failed and which came through nevertheless
@@ -207,7 +71,7 @@ Losses FailEach(Fresh fresh, Call call, Same same)
     auto       expected = fresh();
     call(expected);
     for (long n = 1; n < 1000 && !losses.Ended; ++n) {
-        const long live = LiveBlocks;
+        const long live = LiveBlockCount();
         {
             auto arguments = fresh();
             bool thrown = false;
@@ -217,7 +81,7 @@ Losses FailEach(Fresh fresh, Call call, Same same)
             } catch (const std::bad_alloc&) {
                 thrown = true;
             }
-            const bool failed = HasFailed;
+            const bool failed = HasAllocationFailed();
             FailAt(0);
             losses.Ended = !failed;
             losses.Thrown += thrown;
@@ -225,7 +89,7 @@ Losses FailEach(Fresh fresh, Call call, Same same)
             if (!same(arguments, thrown ? before : expected))
                 (thrown ? losses.Spoiled : losses.WrongResult) = true;
         }
-        losses.Leaked = losses.Leaked || LiveBlocks != live;
+        losses.Leaked = losses.Leaked || LiveBlockCount() != live;
     }
     return losses;
 }
@@ -257,10 +121,10 @@ struct ThreeThreads {
 
 TEST_CASE("this program's allocator fails on request and counts what is alive")
 {
-    const long live = LiveBlocks;
+    const long live = LiveBlockCount();
     {
         std::vector<int> numbers(7);
-        CHECK(LiveBlocks == live + 1);
+        CHECK(LiveBlockCount() == live + 1);
         FailAt(2);
         bool thrown = false;
         try {
@@ -273,9 +137,9 @@ TEST_CASE("this program's allocator fails on request and counts what is alive")
         CHECK(thrown);
         FloatPlane plane;
         plane.Allocate(3, 3);    // the library takes its memory here too
-        CHECK(LiveBlocks == live + 3);
+        CHECK(LiveBlockCount() == live + 3);
     }
-    CHECK(LiveBlocks == live);
+    CHECK(LiveBlockCount() == live);
 }
 
 TEST_CASE("correlations that run out of memory pass the exception on and leave image and kernel")
@@ -302,7 +166,7 @@ TEST_CASE("scaling in place that runs out of memory leaves the image")
 TEST_CASE("scaling a 16-bit image leaves its previous buffers to their owner and nothing else")
 {
     ForceRowThreads(1);    // threads would have blocks of their own
-    const long live = LiveBlocks;
+    const long live = LiveBlockCount();
     {
         WordPlane words;
         words.Allocate(9, 8);
@@ -310,12 +174,12 @@ TEST_CASE("scaling a 16-bit image leaves its previous buffers to their owner and
         unsigned short** const rows = words.Ptr2D;
         std::fill_n(pixels, 9 * 8, static_cast<unsigned short>(7));
         Resize(words, 4, 19);
-        CHECK(LiveBlocks == live + 4);
+        CHECK(LiveBlockCount() == live + 4);
         CHECK(pixels[71] == 7);
         delete[] pixels;
         delete[] rows;
     }
-    CHECK(LiveBlocks == live);
+    CHECK(LiveBlockCount() == live);
     ForceRowThreads(0);
 }
 
@@ -372,7 +236,7 @@ TEST_CASE("a row filter that runs out of memory leaves every pixel")
 
 TEST_CASE("a transform whose Init finds no memory is empty and can be initialised again")
 {
-    const long live = LiveBlocks;
+    const long live = LiveBlockCount();
     int        thrown = 0;
     bool       empty = true, again = true, ended = false;
     for (long n = 1; n < 100 && !ended; ++n) {
@@ -386,7 +250,7 @@ TEST_CASE("a transform whose Init finds no memory is empty and can be initialise
             empty = empty && !fft.Re && !fft.SinInverse && +fft.Length == 0;
             fft.RunFFT();
         }
-        ended = !HasFailed;
+        ended = !HasAllocationFailed();
         FailAt(0);
         fft.Init(32, true);
         fft.Re[0] = 1.0f;
@@ -397,12 +261,12 @@ TEST_CASE("a transform whose Init finds no memory is empty and can be initialise
     CHECK(thrown == 8);
     CHECK(empty);
     CHECK(again);
-    CHECK(LiveBlocks == live);
+    CHECK(LiveBlockCount() == live);
 }
 
 TEST_CASE("a kernel's spectrum that finds no memory leaves the transform whole or empty")
 {
-    const long live = LiveBlocks;
+    const long live = LiveBlockCount();
     int        untouched = 0, emptied = 0;
     bool       ended = false;
     for (long n = 1; n < 100 && !ended; ++n) {
@@ -416,13 +280,13 @@ TEST_CASE("a kernel's spectrum that finds no memory leaves the transform whole o
             untouched += fft.Re && +fft.Length == 16 && fft.Re[3] == 5.0f;
             emptied += !fft.Re && +fft.Length == 0;
         }
-        ended = !HasFailed;
+        ended = !HasAllocationFailed();
         FailAt(0);
     }
     CHECK(ended);
     CHECK(untouched == 2);
     CHECK(emptied == 8);
-    CHECK(LiveBlocks == live);
+    CHECK(LiveBlockCount() == live);
 }
 
 TEST_CASE("raw files that find no memory on their way leave the image")
@@ -451,15 +315,15 @@ TEST_CASE("a picture that finds no memory is written whole or not at all, and it
         bool good = true, ended = false, leaked = false;
         for (long n = 1; n < 1000 && !ended; ++n) {
             std::filesystem::remove(path);
-            const long live = LiveBlocks;
+            const long live = LiveBlockCount();
             FailAt(n);
             try {
                 gSaveUcData(&arguments.Bytes, wide);
             } catch (const std::bad_alloc&) {
             }
-            ended = !HasFailed;
+            ended = !HasAllocationFailed();
             FailAt(0);
-            leaked = leaked || LiveBlocks != live;
+            leaked = leaked || LiveBlockCount() != live;
             const std::vector<unsigned char> bytes = ReadBytes(path);
             missing += bytes.empty();
             good = good && (bytes.empty() || bytes == whole) && SameContents(arguments, planes);

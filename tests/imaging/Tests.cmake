@@ -15,8 +15,8 @@ vostel_inner_test(imaging/ReconstructionFilterTest)
 # GCC 12 mistakes the joining of short strings for overlapping copies.
 set_source_files_properties(imaging/RasterFillsTest.cpp PROPERTIES
     COMPILE_OPTIONS "$<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>")
-# Replaces the allocator, so it is a program of its own.
-vostel_test_program(VostelAllocationTests)
+# Their allocator fails on request, so they are a program of their own.
+vostel_test_program(VostelAllocationTests support/FailingAllocator.cpp)
 target_link_libraries(VostelAllocationTests PRIVATE VostelCore)
 target_compile_definitions(VostelAllocationTests PRIVATE VOSTEL_BUILDING)
 vostel_test_source(VostelAllocationTests imaging/AllocationFailureTest)

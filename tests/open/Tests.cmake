@@ -12,6 +12,7 @@ vostel_test(open/ProfileTest)
 vostel_test(open/RoutinesTest)
 vostel_test(open/TableTest)
 vostel_test(open/ViewTest)
+vostel_test_source(VostelAllocationTests open/OutOfMemoryTest)
 
 # Pages of docs/ that tests hold against what the library does.
 set_property(SOURCE ${CMAKE_CURRENT_SOURCE_DIR}/open/ListenersTest.cpp APPEND PROPERTY

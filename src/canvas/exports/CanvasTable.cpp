@@ -77,12 +77,12 @@ CanvasCall::CanvasCall(int number)
 
 Document& CanvasCall::Notes() const
 {
-    if (Held)
-        return Held->Notes;
-    std::unique_ptr<Document>& notes = gNotes[Number];
-    if (!notes)
-        notes = std::make_unique<Document>(*Image, Number, false);
-    return *notes;
+    if (!Held && !gNotes[Number])
+        gNotes[Number] = std::make_unique<Document>(*Image, Number, false);
+    Document& notes = Held ? Held->Notes : *gNotes[Number];
+    if (notes.HasStrays)
+        notes.AdoptStrays();
+    return notes;
 }
 
 int CreateCanvas(int width, int height)
