@@ -63,7 +63,7 @@ void VostelImage::ShowSamples(const PlaneView& source, ShowKeeps keeps)
     const bool fits = Samples.HasShape(source.Type, source.Width, source.Height) &&
                       HasSurfaceFor(source.Width, source.Height) && !Overlap(source, ViewOf(Samples));
     if (!fits) {
-        ImageSamples copy(source.Type, source.Width, source.Height);
+        ImageSamples      copy(source.Type, source.Width, source.Height);
         const CopiedRange range = CopySamples(source, copy);
         ReplaceSamples(std::move(copy), range, keeps);
         return;
@@ -72,6 +72,8 @@ void VostelImage::ShowSamples(const PlaneView& source, ShowKeeps keeps)
     const ContrastState kept = Contrast();
     SamplePainter       painter(source.Type, keeps.Contrast ? kept : ContrastState());
     PixelSurface        none;
+    if (!keeps.Objects)
+        DeleteAll();
     FinishSamples(painter, none, CopySamples(source, Samples), keeps.Contrast ? &kept : nullptr, keeps);
 }
 
@@ -92,6 +94,8 @@ void VostelImage::ReplaceSamples(ImageSamples&& samples, const CopiedRange& rang
         if (!made.Pixels)
             throw std::bad_alloc();
     }
+    if (!keeps.Objects)
+        DeleteAll();
     const ImageSamples former = DropSamples();
     Samples = std::move(samples);
     FinishSamples(painter, made, range, keeps.Contrast ? &kept : nullptr, keeps);
@@ -107,8 +111,6 @@ void VostelImage::FinishSamples(SamplePainter& painter, PixelSurface& made, cons
 {
     const bool sameSize = !made.Pixels && CanvasWidth == Samples.Width && CanvasHeight == Samples.Height;
     const bool deep = IsDeep(Samples.Type);
-    if (!keeps.Objects)
-        DeleteAll();
     Raw.Release();
     RawOri.Release();
     RawIsOld = RawOriIsOld = LabelsAreOld = deep;

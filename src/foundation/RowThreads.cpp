@@ -1,7 +1,9 @@
 #include "foundation/RowThreads.h"
 
+#include "foundation/Limits.h"
 #include "platform/System.h"
 
+#include <algorithm>
 #include <atomic>
 #include <cstddef>
 #include <exception>
@@ -20,6 +22,15 @@ struct Share {
     std::exception_ptr Failure;
     std::thread        Thread;
 };
+
+int ThreadsInForce()
+{
+    const int forced = ForcedThreads.load(std::memory_order_relaxed);
+    if (forced > 0)
+        return forced;
+    const int most = LimitsInForce().MaxThreads;
+    return most > 0 ? std::min(most, ProcessorCount()) : ProcessorCount();
+}
 
 void Work(Share& share, const std::function<void(RowRun)>& work) noexcept
 {
@@ -45,8 +56,7 @@ void ForEachRowRun(int rows, const std::function<void(RowRun)>& work)
 {
     if (rows <= 0)
         return;
-    const int forced = ForcedThreads.load(std::memory_order_relaxed);
-    const int threads = forced > 0 ? forced : ProcessorCount();
+    const int threads = ThreadsInForce();
     // Nothing would be done beside it.
     if (threads == 1 || rows < threads) {
         work(RowRunOf(rows, threads, threads - 1));

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/Compiler.h"
+
 #include <cstddef>
 #include <cstdint>
 
@@ -19,9 +21,9 @@ struct BinRule {
     float Doubt;
 
     BinRule(double low, double high, std::size_t bins);
-    bool         IsFloatUsable() const { return Doubt < 0.25f; }
-    double       Bound(std::int32_t bin) const { return Low + static_cast<double>(bin) * Width; }
-    std::int32_t BinOf(double v) const;    // Last + 1 outside, and for not a number
+    VOSTEL_INLINE bool IsFloatUsable() const { return Doubt < 0.25f; }
+    double             Bound(std::int32_t bin) const { return Low + static_cast<double>(bin) * Width; }
+    std::int32_t       BinOf(double v) const;    // Last + 1 outside, and for not a number
 };
 
 struct BinRowVariant {

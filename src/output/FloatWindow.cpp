@@ -78,7 +78,7 @@ void FastRow(const FloatWindow& window, const float* values, unsigned* pixels, s
 {
     for (std::size_t x = 0; x < count; ++x)
         pixels[x] = static_cast<unsigned>(EntryOf<Linear>(window, values[x]));
-    const unsigned* const table = window.Pixels.data();
+    const unsigned* const table = window.Pixels();
     for (std::size_t x = 0; x < count; ++x)
         pixels[x] = table[pixels[x]];
 }
@@ -116,14 +116,17 @@ FloatWindow::FloatWindow(const ContrastState& state) : Curve(state)
     Top = IsLinear ? 255.5f : 1.0f;
     Lowest = LowestNotBelow(state.Low);
     Highest = HighestNotAbove(state.High);
-    if (IsLinear)
-        Pixels.assign(Curve.Colors.begin(), Curve.Colors.end());
-    else
-        FillPixelsOfBits(Curve, Pixels);
-    Below = static_cast<int>(Pixels.size());
+    if (!IsLinear)
+        FillPixelsOfBits(Curve, OfBits);
+    Below = IsLinear ? Levels : static_cast<int>(OfBits.size());
     Above = Below + 1;
     NotFinite = Below + 2;
-    Pixels.insert(Pixels.end(), {Curve.BelowPixel, Curve.AbovePixel, Curve.NotFinitePixel});
+    const unsigned outside[] = {Curve.BelowPixel, Curve.AbovePixel, Curve.NotFinitePixel};
+    if (IsLinear)
+        std::copy(std::begin(outside), std::end(outside),
+                  std::copy(Curve.Colors.begin(), Curve.Colors.end(), OfLevels.begin()));
+    else
+        OfBits.insert(OfBits.end(), std::begin(outside), std::end(outside));
 }
 
 const FloatWindowVariant FloatWindowPlain = {.Row = Row};

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "base/Compiler.h"
 #include "output/ContrastCurve.h"
 
+#include <array>
 #include <cstddef>
 #include <vector>
 
@@ -25,15 +27,17 @@ struct FloatWindow {
     float         Top = 0.0f;
     float         Lowest = 0.0f;     // the lowest float inside the window
     float         Highest = 0.0f;    // the highest one
-    // Behind those of the places the pixels of values below, above and not finite.
-    std::vector<unsigned> Pixels;
-    int                   Below = 0;    // entries
-    int                   Above = 0;
-    int                   NotFinite = 0;
+    // Behind those of the places the pixels of values below, above and not finite. Gamma 1 takes no memory.
+    std::array<unsigned, Levels + 3> OfLevels = {};
+    std::vector<unsigned>            OfBits;
+    int                              Below = 0;    // entries
+    int                              Above = 0;
+    int                              NotFinite = 0;
 
     static constexpr int DroppedBits = 12;
 
     explicit FloatWindow(const ContrastState& state);
+    VOSTEL_INLINE const unsigned* Pixels() const { return IsLinear ? OfLevels.data() : OfBits.data(); }
 };
 
 void ShowFloats(const FloatWindow& window, const float* values, unsigned* pixels, std::size_t count);

@@ -75,7 +75,7 @@ std::size_t ShowByTable(const FloatWindow& window, const float* values, unsigned
         Simd::Prefetch(values + end, 4096);
         Simd::StoreInts(pixels + end, entries.Replaced(entries.PlacesOf(v), v));
     }
-    const unsigned* const table = window.Pixels.data();
+    const unsigned* const table = window.Pixels();
     for (std::size_t x = 0; x < end; x += 8) {
         std::uint64_t pairs[4];
         std::memcpy(pairs, pixels + x, sizeof pairs);

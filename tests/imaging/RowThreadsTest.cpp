@@ -1,5 +1,6 @@
 #include "foundation/RowThreads.h"
 
+#include "foundation/Limits.h"
 #include "platform/System.h"
 
 #include <algorithm>
@@ -107,4 +108,21 @@ TEST_CASE("a failed allocation in a thread reaches the caller after all runs hav
     ForEachRowRun(40, [&](RowRun run) { done += run.End - run.First; });
     ForceRowThreads(0);
     CHECK(done == 40);
+}
+
+TEST_CASE("the limit on threads holds for the runs, and 0 takes it away")
+{
+    Limits limits;
+    limits.MaxThreads = 1;
+    SetLimits(limits);
+    std::atomic<int> runs{0};
+    ForEachRowRun(1000, [&](RowRun run) {
+        CHECK(run.End == 1000);
+        ++runs;
+    });
+    CHECK(runs == 1);
+    SetLimits(Limits());
+    runs = 0;
+    ForEachRowRun(1000, [&](RowRun) { ++runs; });
+    CHECK(runs == ProcessorCount());
 }
