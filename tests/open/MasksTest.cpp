@@ -249,7 +249,8 @@ TEST_CASE("masks and labels want an image, and a mask wants a region")
           VOSTEL_INVALID_ARGUMENT);
     CHECK(vostel_mask(canvas.Number, 123456789, mask, 0) == VOSTEL_NOT_FOUND);
     CHECK(vostel_mask(canvas.Number, whole, nullptr, 0) == VOSTEL_INVALID_ARGUMENT);
-    CHECK(vostel_mask(canvas.Number, region, mask, 0) == VOSTEL_NOT_FOUND);    // it went with the canvas's image
+    CHECK(vostel_mask(canvas.Number, region, mask, 0) ==
+          VOSTEL_NOT_FOUND);    // it went with the canvas's image
     CHECK(vostel_mask(canvas.Number, whole, mask, 0) == VOSTEL_OK);
     CHECK(std::count(mask, mask + 16, 255) == 16);
 }

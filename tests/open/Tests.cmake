@@ -1,4 +1,5 @@
 # Tests of the open interface, one line each.
+vostel_test(open/BadInputTest)
 vostel_test(open/CanvasTableTest)
 vostel_test(open/CppLayerTest)
 vostel_test(open/FrameTest)
@@ -17,3 +18,8 @@ vostel_test_source(VostelAllocationTests open/OutOfMemoryTest)
 # Pages of docs/ that tests hold against what the library does.
 set_property(SOURCE ${CMAKE_CURRENT_SOURCE_DIR}/open/ListenersTest.cpp APPEND PROPERTY
     COMPILE_DEFINITIONS "VOSTEL_DOCS_FOLDER=\"${PROJECT_SOURCE_DIR}/docs\"")
+
+# The table of functions is held against the header, so that none is forgotten.
+target_sources(VostelTests PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/open/BadArguments.cpp)
+set_property(SOURCE ${CMAKE_CURRENT_SOURCE_DIR}/open/BadInputTest.cpp APPEND PROPERTY
+    COMPILE_DEFINITIONS "VOSTEL_HEADER=\"${PROJECT_SOURCE_DIR}/include/vostel.h\"")
