@@ -176,8 +176,8 @@ TEST_CASE("a saved picture holds the whole image at its scale, whatever the view
     TempFolder folder;
     OpenCanvas canvas(50, 40);
     ShowPattern(canvas.Number, 37, 23);
-    const VostelView far = {sizeof far, 3.0, -1000.0, 77.0};
-    REQUIRE(vostel_view_set(canvas.Number, &far) == VOSTEL_OK);
+    const VostelView away = {sizeof away, 3.0, -1000.0, 77.0};
+    REQUIRE(vostel_view_set(canvas.Number, &away) == VOSTEL_OK);
     for (const int scale : {1, 2, 3}) {
         const Frame picture = Save(canvas.Number, folder.Path("part.png"), scale, 0);
         REQUIRE(picture.Width == 37 * scale);
