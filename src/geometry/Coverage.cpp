@@ -89,27 +89,36 @@ std::vector<PixelRun> ScanPieces(const std::vector<DescendingPiece>& pieces, int
     std::sort(edges.begin(), edges.end(),
               [](const ScanEdge& a, const ScanEdge& b) { return a.FirstRow < b.FirstRow; });
 
+    int lastEnd = 0;
+    for (const ScanEdge& edge : edges)
+        lastEnd = std::max(lastEnd, edge.EndRow);
     std::vector<PixelRun> runs;
+    if (!edges.empty())
+        runs.reserve(static_cast<std::size_t>(lastEnd - edges.front().FirstRow));    // most have one a row
     std::vector<ScanEdge> active;
     std::size_t           next = 0;
     int                   row = 0;
+    int                   firstEnd = height;    // of the active edges
     while (next < edges.size() || !active.empty()) {
         if (active.empty())
             row = edges[next].FirstRow;
-        for (; next < edges.size() && edges[next].FirstRow == row; ++next)
+        for (; next < edges.size() && edges[next].FirstRow == row; ++next) {
             active.push_back(edges[next]);
+            firstEnd = std::min(firstEnd, edges[next].EndRow);
+        }
         for (std::size_t i = 0; i < active.size(); ++i) {
-            ScanEdge edge = active[i];
-            edge.Column = ColumnOf(edge, row, width);
-            std::size_t place = i;
-            for (; place > 0 && active[place - 1].Column > edge.Column; --place)
-                active[place] = active[place - 1];
-            active[place] = edge;
+            active[i].Column = ColumnOf(active[i], row, width);
+            for (std::size_t place = i; place > 0 && active[place - 1].Column > active[place].Column; --place)
+                std::swap(active[place - 1], active[place]);
         }
         for (std::size_t i = 0; i + 1 < active.size(); i += 2)
             AddRun(runs, row, active[i].Column, active[i + 1].Column);
-        ++row;
+        if (++row < firstEnd)
+            continue;
         std::erase_if(active, [row](const ScanEdge& edge) { return edge.EndRow == row; });
+        firstEnd = height;
+        for (const ScanEdge& edge : active)
+            firstEnd = std::min(firstEnd, edge.EndRow);
     }
     return runs;
 }
