@@ -451,8 +451,9 @@ VOSTEL_CALL VostelStatus vostel_view_to_client(int32_t canvas, double x, double 
 /// 0 shows the nearest pixel, else pixels are averaged and interpolated.
 VOSTEL_CALL VostelStatus vostel_view_set_smooth(int32_t canvas, int32_t smooth);
 
-/// Links two canvases and their groups: they keep the same scale and the same image point in the middle. With
-/// itself a canvas leaves its group.
+/// Links two canvases and their groups: they keep the same scale and the same image point in the middle, at
+/// first those of the second one. With itself a canvas leaves its group. Linked canvases are used by one
+/// thread at a time, as a single one is.
 VOSTEL_CALL VostelStatus vostel_view_link(int32_t canvas, int32_t with);
 /// @}
 
@@ -465,7 +466,9 @@ VOSTEL_CALL VostelStatus vostel_frame_render(int32_t canvas, VostelFrame* frame)
 /// Draws into the caller's memory: VOSTEL_BGRA8 of the area's size, alpha 255.
 VOSTEL_CALL VostelStatus vostel_frame_render_to(int32_t canvas, VostelPlane* target);
 
-/// Writes the whole image at a scale, in the format of the ending: png bmp jpg tif. Needs no window.
+/// Writes the whole image at a scale, in the format of the ending: png bmp jpg tif. Needs no window. Panels
+/// and the plots of profiles belong to the canvas's area and are left out. A save that fails leaves the file
+/// that was there.
 /// @param scale above 0
 /// @param flags VOSTEL_WITH_...
 VOSTEL_CALL VostelStatus vostel_picture_save(int32_t canvas, const char* path, double scale, uint32_t flags);
@@ -661,15 +664,16 @@ VOSTEL_CALL VostelStatus vostel_gaussian(const VostelPlane* image, int32_t size,
 /// Scales an image to the result's size.
 VOSTEL_CALL VostelStatus vostel_resize(const VostelPlane* image, VostelPlane* result);
 
-/// Compares each pixel with the mean of the size x size around it.
+/// 255 where a pixel is brighter than the constant times the mean of the size x size around it, else 0. Works
+/// on bytes: other samples are truncated and held within 0 and 255.
 VOSTEL_CALL VostelStatus vostel_adaptive_threshold(const VostelPlane* image, int32_t size, double constant,
                                                    VostelPlane* result);
 
-/// Joins two images that overlap by so many columns, equalised there.
+/// Joins two images that overlap by so many columns, equalised there; 0, or 2 and more.
 VOSTEL_CALL VostelStatus vostel_stitch(const VostelPlane* left, const VostelPlane* right, int32_t overlap,
                                        VostelPlane* result);
 
-/// Filters each row by the ramp of a reconstruction.
+/// Filters each row by the ramp of a reconstruction, cut to so many taps; twice the width less 1 are all.
 VOSTEL_CALL VostelStatus vostel_ramp_filter(const VostelPlane* rows, int32_t kernel_length, double spacing,
                                             VostelPlane* result);
 
