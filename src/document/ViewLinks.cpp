@@ -2,31 +2,44 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cstdint>
 #include <mutex>
+#include <utility>
 #include <vector>
 
 namespace vostel {
 
 namespace {
 
-using Group = std::vector<int>;
+struct Group {
+    std::vector<int> Members;    // two or more; no canvas is in two groups
+    std::uint64_t    LastShow = 0;
+
+    bool Has(int canvas) const { return std::find(Members.begin(), Members.end(), canvas) != Members.end(); }
+};
 
 struct Links {
     std::mutex         Lock;
-    std::vector<Group> Groups;    // each of two canvases or more; no canvas is in two of them
+    std::vector<Group> Groups;
     std::atomic<bool>  AreThere{false};
     ShowOnCanvas       Show = nullptr;
+    std::uint64_t      Shows = 0;    // so far, of all groups
 
-    std::vector<Group>::iterator Find(int canvas)
+    // Null for a canvas that is in none.
+    Group* Find(int canvas)
     {
-        return std::find_if(Groups.begin(), Groups.end(), [&](const Group& group) {
-            return std::find(group.begin(), group.end(), canvas) != group.end();
-        });
+        const auto found = std::find_if(Groups.begin(), Groups.end(),
+                                        [canvas](const Group& group) { return group.Has(canvas); });
+        return found == Groups.end() ? nullptr : &*found;
     }
-    Group GroupOf(int canvas)
+    std::vector<int> MembersBeside(int canvas)
     {
-        const auto found = Find(canvas);
-        return found == Groups.end() ? Group{canvas} : *found;
+        const Group* const group = Find(canvas);
+        return group ? group->Members : std::vector<int>{canvas};
+    }
+    void Drop(int canvas)
+    {
+        std::erase_if(Groups, [canvas](const Group& group) { return group.Has(canvas); });
     }
 };
 
@@ -37,17 +50,14 @@ Links gLinks;
 void LinkCanvas(int canvas, int with, ShowOnCanvas show)
 {
     const std::lock_guard<std::mutex> hold(gLinks.Lock);
-    Group                             joined = gLinks.GroupOf(with);
-    if (std::find(joined.begin(), joined.end(), canvas) != joined.end())
+    Group                             joined{gLinks.MembersBeside(with)};
+    if (joined.Has(canvas))
         return;
-    const Group own = gLinks.GroupOf(canvas);
-    joined.insert(joined.end(), own.begin(), own.end());
+    const std::vector<int> own = gLinks.MembersBeside(canvas);
+    joined.Members.insert(joined.Members.end(), own.begin(), own.end());
     gLinks.Groups.reserve(gLinks.Groups.size() + 1);
-    for (const int member : {canvas, with}) {
-        const auto found = gLinks.Find(member);
-        if (found != gLinks.Groups.end())
-            gLinks.Groups.erase(found);
-    }
+    gLinks.Drop(canvas);
+    gLinks.Drop(with);
     gLinks.Groups.push_back(std::move(joined));
     gLinks.Show = show;
     gLinks.AreThere = true;
@@ -58,12 +68,12 @@ void UnlinkCanvas(int canvas) noexcept
     if (!gLinks.AreThere)
         return;
     const std::lock_guard<std::mutex> hold(gLinks.Lock);
-    const auto                        found = gLinks.Find(canvas);
-    if (found == gLinks.Groups.end())
+    Group* const                      group = gLinks.Find(canvas);
+    if (!group)
         return;
-    std::erase(*found, canvas);
-    if (found->size() < 2)
-        gLinks.Groups.erase(found);
+    std::erase(group->Members, canvas);
+    if (group->Members.size() < 2)
+        gLinks.Drop(group->Members.front());
     gLinks.AreThere = !gLinks.Groups.empty();
 }
 
@@ -71,14 +81,27 @@ void ShowOnLinked(int canvas, const MiddleView& view)
 {
     if (!gLinks.AreThere)
         return;
-    Group        members;
-    ShowOnCanvas show = nullptr;
+    std::vector<int> members;
+    std::uint64_t    number = 0;
+    ShowOnCanvas     show = nullptr;
     {
         const std::lock_guard<std::mutex> hold(gLinks.Lock);
-        members = gLinks.GroupOf(canvas);
+        Group* const                      group = gLinks.Find(canvas);
+        if (!group)
+            return;
+        members = group->Members;
+        number = group->LastShow = ++gLinks.Shows;
         show = gLinks.Show;
     }
+    // A listener may move the group on meanwhile, or change it: then the rest has seen a later view.
+    const auto isLatest = [&] {
+        const std::lock_guard<std::mutex> hold(gLinks.Lock);
+        const Group* const                group = gLinks.Find(canvas);
+        return group && group->LastShow == number;
+    };
     for (const int member : members) {
+        if (!isLatest())
+            return;
         if (member != canvas)
             show(member, view);
     }

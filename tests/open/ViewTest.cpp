@@ -327,3 +327,77 @@ TEST_CASE("a listener of a linked canvas hears that its view has changed, once")
     REQUIRE(SetView(a.Number, 2.0, 3.0, 4.0) == VOSTEL_OK);
     CHECK(heard.Views == 1);
 }
+
+namespace {
+
+struct Meddler {
+    int32_t Moves = -1;
+    int     Times = 0;
+};
+
+void MoveOnce(const VostelEvent*, void* user)
+{
+    Meddler& meddler = *static_cast<Meddler*>(user);
+    if (meddler.Times++ == 0)
+        CHECK(SetView(meddler.Moves, 0.5, 7.0, 8.0) == VOSTEL_OK);
+}
+
+void Destroy(const VostelEvent* event, void*)
+{
+    CHECK(vostel_canvas_destroy(event->canvas) == VOSTEL_OK);
+}
+
+}
+
+TEST_CASE("what a listener does to a linked canvas in the middle of a call is followed too")
+{
+    OpenCanvas a, b, c;
+    for (const int32_t canvas : {a.Number, b.Number, c.Number})
+        ShowGray(canvas, 50, 50);
+    REQUIRE(vostel_view_link(b.Number, a.Number) == VOSTEL_OK);
+    REQUIRE(vostel_view_link(c.Number, a.Number) == VOSTEL_OK);
+    Meddler      meddler;
+    std::int64_t token = 0;
+    SUBCASE("to itself")
+    {
+        meddler.Moves = b.Number;
+        REQUIRE(vostel_listen(b.Number, VOSTEL_VIEW_CHANGED, MoveOnce, &meddler, &token) == VOSTEL_OK);
+    }
+    SUBCASE("to the one that the call is for")
+    {
+        meddler.Moves = a.Number;
+        REQUIRE(vostel_listen(b.Number, VOSTEL_VIEW_CHANGED, MoveOnce, &meddler, &token) == VOSTEL_OK);
+    }
+    SUBCASE("to another, from the one that the call is for")
+    {
+        meddler.Moves = c.Number;
+        REQUIRE(vostel_listen(a.Number, VOSTEL_VIEW_CHANGED, MoveOnce, &meddler, &token) == VOSTEL_OK);
+    }
+    REQUIRE(SetView(a.Number, 2.0, 3.0, 4.0) == VOSTEL_OK);
+    CHECK(meddler.Times >= 1);
+    for (const int32_t canvas : {a.Number, b.Number, c.Number}) {
+        CAPTURE(canvas - a.Number);
+        CHECK(ViewOf(canvas).scale == 0.5);
+        CHECK(ViewOf(canvas).left == 7.0);
+        CHECK(ViewOf(canvas).top == 8.0);
+    }
+}
+
+TEST_CASE("a linked canvas that a listener destroys in the middle of a call is left out")
+{
+    OpenCanvas a;
+    int32_t    goes = -1;
+    REQUIRE(vostel_canvas_create(300, 200, &goes) == VOSTEL_OK);
+    OpenCanvas c;
+    for (const int32_t canvas : {a.Number, goes, c.Number})
+        ShowGray(canvas, 50, 50);
+    REQUIRE(vostel_view_link(goes, a.Number) == VOSTEL_OK);
+    REQUIRE(vostel_view_link(c.Number, a.Number) == VOSTEL_OK);
+    std::int64_t token = 0;
+    REQUIRE(vostel_listen(goes, VOSTEL_VIEW_CHANGED, Destroy, nullptr, &token) == VOSTEL_OK);
+    REQUIRE(SetView(a.Number, 2.0, 3.0, 4.0) == VOSTEL_OK);
+    CHECK(ViewOf(c.Number).left == 3.0);
+    VostelView view = {};
+    view.size = sizeof view;
+    CHECK(vostel_view_get(goes, &view) == VOSTEL_NOT_FOUND);
+}
