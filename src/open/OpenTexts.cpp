@@ -12,6 +12,7 @@ namespace {
 constexpr double WidestLine = 100.0;    // px
 constexpr double HighestText = 1000.0;
 constexpr int    PlainHeight = 18;
+constexpr int    PanelHeight = 20;
 
 // 0xRRGGBB of a color of the drawing context and back.
 std::uint32_t Rgb(COLORREF color)
@@ -28,6 +29,7 @@ COLORREF ColorOf(std::uint32_t rgb)
 // px; 0 of captions stands for the plain style.
 int TextHeightOf(const VostelObj& object)
 {
+    const bool panel = object.TypeCode == VOSTEL_PANEL || object.TypeCode == VOSTEL_NEIGHBOURS;
     switch (object.TypeCode == VOSTEL_TEXT ? object.StyleFontType : FontCustom) {
     case FontPlain24:
         return 24;
@@ -35,7 +37,7 @@ int TextHeightOf(const VostelObj& object)
     case FontRed22Framed:
         return 22;
     case FontCustom:
-        return object.StyleHeight > 0 ? object.StyleHeight : PlainHeight;
+        return object.StyleHeight > 0 ? object.StyleHeight : panel ? PanelHeight : PlainHeight;
     default:
         return PlainHeight;
     }
