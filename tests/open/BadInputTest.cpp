@@ -197,10 +197,11 @@ TEST_CASE("the table has every function that the header declares, with all of it
     for (const std::string& name : TextFunctions)
         listed[name] = name == "vostel_status_name" ? 1 : 0;
     CHECK(listed.size() == AllFunctions().size() + TextFunctions.size());
-    for (const auto& [name, parameters] : Declarations()) {
+    for (const auto& declared : Declarations()) {
+        const std::string& name = declared.first;
         CAPTURE(name);
         CHECK(listed.count(name) == 1);
-        CHECK(listed[name] == parameters);
+        CHECK(listed[name] == declared.second);
     }
     CHECK(listed.size() == Declarations().size());
 }
