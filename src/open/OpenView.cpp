@@ -21,9 +21,17 @@ void NeedClientArea(const CanvasView& view)
 
 void Place(VostelImage& image, const ImagePlace& place)
 {
+    const double scale = image.View.Scale;
+    const CPoint centre(image.View.CentreX, image.View.CentreY);
     if (!PlaceImage(image.View, place))
         Fail(VOSTEL_INVALID_ARGUMENT, "the image would lie beyond 1e9 client px, or the scale beyond 1e9");
-    image.ViewMoved();
+    try {
+        image.ViewMoved();
+    } catch (...) {
+        // Objects that have moved already find their places again with the next paint or move.
+        image.View.PlaceCentre(scale, centre.x, centre.y);
+        throw;
+    }
 }
 
 // Of a linked canvas, which may have gone meanwhile.

@@ -34,7 +34,7 @@ public:
 
 using Call = std::function<VostelStatus(const Furnished&)>;
 
-// The state without the numbers of objects, which are never the same.
+// View and state without the numbers of objects, which are never the same.
 std::string Comparable(int32_t canvas)
 {
     std::string state = StateOf(canvas);
@@ -46,7 +46,11 @@ std::string Comparable(int32_t canvas)
             kept += c;
         number = number || c == '\n';
     }
-    return kept;
+    VostelView view = {};
+    view.size = sizeof view;
+    REQUIRE(vostel_view_get(canvas, &view) == VOSTEL_OK);
+    return kept + std::to_string(view.scale) + " " + std::to_string(view.left) + " " +
+           std::to_string(view.top);
 }
 
 void CheckEachFailure(const std::string& name, const Call& call)
@@ -162,5 +166,26 @@ TEST_CASE("numbers")
         VostelFrame frame = {};
         frame.size = sizeof frame;
         return vostel_frame_render(canvas.Number, &frame);
+    });
+}
+
+TEST_CASE("views")
+{
+    CheckEachFailure("set", [](const Furnished& canvas) {
+        const VostelView view = {sizeof view, 3.0, -20.0, 9.0};
+        return vostel_view_set(canvas.Number, &view);
+    });
+    CheckEachFailure("fit", [](const Furnished& canvas) { return vostel_view_fit(canvas.Number); });
+}
+
+TEST_CASE("profiles, masks and pictures")
+{
+    CheckEachFailure("profile", [](const Furnished& canvas) {
+        std::size_t count = 0;
+        return vostel_profile(canvas.Number, canvas.Length, 0, 3.0, nullptr, nullptr, 0, &count);
+    });
+    CheckEachFailure("mask", [](const Furnished& canvas) {
+        static std::vector<std::uint8_t> mask(80 * 60);
+        return vostel_mask(canvas.Number, canvas.Polygon, mask.data(), 0);
     });
 }
