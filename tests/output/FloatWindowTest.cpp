@@ -47,8 +47,8 @@ std::vector<float> ValuesFor(const ContrastState& state, unsigned seed)
     std::uniform_real_distribution<double> share(-0.2, 1.2);
     std::vector<float>                     values = {0.0f, -0.0f, NaN, Inf, -Inf, 3.4e38f, -3.4e38f, 1e-45f};
     for (const double end : {state.Low, state.High}) {
-        const float near = static_cast<float>(std::clamp(end, -3.4e38, 3.4e38));
-        values.insert(values.end(), {near, std::nextafter(near, Inf), std::nextafter(near, -Inf)});
+        const float edge = static_cast<float>(std::clamp(end, -3.4e38, 3.4e38));
+        values.insert(values.end(), {edge, std::nextafter(edge, Inf), std::nextafter(edge, -Inf)});
     }
     for (int i = 0; i < 3000; ++i) {
         double at = share(random);
