@@ -216,7 +216,7 @@ typedef struct VostelStyle {
     uint32_t handle_color;      ///< 0xRRGGBB
     uint32_t fill_color;        ///< 0xAARRGGBB, of a region's inside; alpha 0: none
     double   line_width;        ///< px, above 0
-    double   text_height;       ///< whole px, from 1; of texts and captions
+    double   text_height;       ///< px, from 1, rounded to a whole one; of texts and captions
 } VostelStyle;
 
 /// What is to be said of an object in a few numbers.
@@ -538,7 +538,7 @@ VOSTEL_CALL VostelStatus vostel_object_name(int32_t canvas, VostelObject object,
 /// Gives an object a name.
 VOSTEL_CALL VostelStatus vostel_object_set_name(int32_t canvas, VostelObject object, const char* name);
 
-/// The text of a text object, or the caption of a measure; empty of other kinds.
+/// The text of a text object or a panel, or the caption of a measure; empty of other kinds.
 VOSTEL_CALL VostelStatus vostel_object_text(int32_t canvas, VostelObject object, char* buffer,
                                             size_t capacity, size_t* length);
 

@@ -205,7 +205,14 @@ void VostelDC::OnMouseMove(unsigned int flags, CPoint p)
         ContrastCtrl.SetCanvasView(&View);
     }
     HandViewToElements(false);
+    PointerAt = p;
     RouteGesture(&VostelObj::OnMouseMove, flags, p, {OverlayPanel, OverlayNeighbours});
+    // What read-outs say is no state of theirs.
+    if (Observer && std::any_of(Elements.begin(), Elements.end(), [](const VostelObj* element) {
+            return (element->TypeCode == OverlayPanel || element->TypeCode == OverlayNeighbours) &&
+                   !element->Hidden;
+        }))
+        Observer->PictureChanged();
 }
 
 // To the selected object first and then to the kinds that get every such event.

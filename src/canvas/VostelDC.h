@@ -39,6 +39,7 @@ public:
     VostelProgress ProgressCtrl;
     std::vector<VostelObj*> Elements;             // owned; paint order, the highest index on top
     int                     SelIndex = -1;        // -1 for none; may point past the list after DeleteAll
+    CPoint                  PointerAt;            // client px, of the last move
     bool                    UseDirect = false;    // the host draws into the client surface itself
     std::string             KeyLetters = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";    // the letter keys that act
     CanvasObserver*         Observer = nullptr;                           // borrowed
@@ -98,6 +99,12 @@ public:
 
     // Adds to the numbers of the objects from first on, and to those within the kind.
     void MoveNumbers(std::size_t first, int kind, int step);
+
+    void TellPictureChanged() const
+    {
+        if (Observer)
+            Observer->PictureChanged();
+    }
 
     // Gives the objects the view after it was changed by hand, with all that a paint would derive from it.
     void ViewMoved();

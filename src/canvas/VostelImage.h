@@ -73,7 +73,7 @@ public:
 
     // The image's values as they came, borrowed until the next image; Data is null without an image. Float
     // data whose original was not kept gives Raw, colors of a byte image the pixels of the surface.
-    PlaneView ShownPlane() const;
+    PlaneView ShownPlane() const override;
 
     // How the values of ShownPlane are shown. Without an image, what the next one starts with.
     ContrastState Contrast() const;

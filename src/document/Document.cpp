@@ -39,7 +39,7 @@ Document::~Document()
 
 MeasureUnits Document::Units() const
 {
-    return {Canvas.View.Settings.UnitsPerPixel, Canvas.View.Settings.Unit};
+    return {Canvas.View.Settings.UnitsPerPixel, Canvas.View.Settings.Unit, Canvas.MeasureScale};
 }
 
 VostelObj* Document::Find(std::uint64_t id) const
@@ -150,7 +150,7 @@ void Document::Reorder(VostelObj& object, std::size_t index)
 void Document::SetUnits(const MeasureUnits& units)
 {
     const MeasureUnits before = Units();
-    if (before.UnitsPerPixel == units.UnitsPerPixel && before.Unit == units.Unit)
+    if (before == units)
         return;
     UnitsChange change{before, units};
     NameStep("Set scale");
@@ -168,7 +168,7 @@ void Document::UseUnits(const MeasureUnits& units)
 {
     Canvas.View.Settings.UnitsPerPixel = units.UnitsPerPixel;
     Canvas.View.Settings.Unit = units.Unit;
-    Canvas.MeasureScale = units.UnitsPerPixel;    // of measures that a gesture makes
+    Canvas.MeasureScale = units.DrawnScale;
     for (VostelObj* const object : Canvas.Elements)
         object->DerivePainted();
     Stale = true;
@@ -214,6 +214,9 @@ void Document::Settle(VostelObj& object)
 {
     object.SetCanvasView(&Canvas.View);
     object.Kit.Dc = Canvas.ClientMemDC;
+    // Read-outs say at once what lies under the pointer, or under where it was last.
+    if (object.OpenMade && (object.TypeCode == OverlayPanel || object.TypeCode == OverlayNeighbours))
+        object.OnMouseMove(0, Canvas.PointerAt);
     object.DerivePainted();
 }
 
@@ -485,8 +488,41 @@ void Document::RecordChanges()
     ContrastBefore.reset();
 }
 
+// Several changes of one object become one, and what changed nothing in the end goes.
+void Document::CondenseStep()
+{
+    std::vector<Change>& changes = Current.Changes;
+    std::unordered_map<std::uint64_t, std::size_t>
+                      last;    // change of an object that came and went not since
+    std::vector<bool> merged(changes.size());
+    for (std::size_t i = 0; i < changes.size(); ++i) {
+        if (const PresenceChange* const presence = std::get_if<PresenceChange>(&changes[i]))
+            last.erase(presence->Id);
+        ObjectChange* const change = std::get_if<ObjectChange>(&changes[i]);
+        if (!change)
+            continue;
+        const auto [place, isFirst] = last.emplace(change->Id, i);
+        if (isFirst)
+            continue;
+        std::get<ObjectChange>(changes[place->second]).After = std::move(change->After);
+        merged[i] = true;
+    }
+    std::size_t kept = 0;
+    for (std::size_t i = 0; i < changes.size(); ++i) {
+        const ObjectChange* const change = std::get_if<ObjectChange>(&changes[i]);
+        if (merged[i] || (change && change->Before == change->After))
+            continue;
+        if (kept != i)
+            changes[kept] = std::move(changes[i]);
+        ++kept;
+    }
+    changes.resize(kept);
+}
+
 void Document::CloseStep()
 {
+    if (Current.Changes.size() > 1)
+        CondenseStep();
     if (!Current.Changes.empty()) {
         Steps.Push(std::move(Current));
         Events.Tell(VOSTEL_HISTORY_CHANGED, 0);

@@ -147,6 +147,7 @@ private:
     void FindChanges();
     void FindContrastChange();
     void RecordChanges();
+    void CondenseStep();
     void CloseStep();
     void FinishGesture();
     void NoteWindow(const VostelObj& object);

@@ -50,6 +50,12 @@ struct ContrastChange {
 struct MeasureUnits {
     double  UnitsPerPixel = 1.0;
     CString Unit = L"px";
+    double  DrawnScale = 1.0;    // of measures that a gesture of the canvas calls makes
+
+    bool operator==(const MeasureUnits& other) const
+    {
+        return UnitsPerPixel == other.UnitsPerPixel && Unit == other.Unit && DrawnScale == other.DrawnScale;
+    }
 };
 
 struct UnitsChange {

@@ -3,8 +3,12 @@
 #include "base/Truncate.h"
 #include "canvas/view/HitTests.h"
 #include "canvas/view/ImageValues.h"
+#include "geometry/ProfileSampling.h"
+#include "geometry/Statistics.h"
 
+#include <algorithm>
 #include <cmath>
+#include <cstdint>
 
 namespace vostel {
 
@@ -92,7 +96,10 @@ bool VostelLineProfile::TakePoints(std::span<const PointTemplateBase<double>> po
 
 CString VostelLineProfile::CaptionText() const
 {
-    return ProfilePlot.CaptionText();
+    if (!OpenMade)
+        return ProfilePlot.CaptionText();
+    const ValueStatistics values = StatisticsOf(ExactSamples());
+    return ProfilePlot.RangeText(values.Min, values.Max);
 }
 
 void VostelLineProfile::Persist(StateArchive& archive)
@@ -104,8 +111,38 @@ void VostelLineProfile::Persist(StateArchive& archive)
 // No samples empty the plot, so that a line that has become too short shows no stale curve.
 void VostelLineProfile::PlotSamples()
 {
-    ClassData2DIO<float> samples = Samples();
+    ClassData2DIO<float> samples = OpenMade ? PlottedSamples() : Samples();
     ProfilePlot.SetData(samples);
+    if (OpenMade)
+        ProfilePlot.Caption = CaptionText();
+}
+
+// One sample a pixel of the length, as profiles are measured.
+std::vector<double> VostelLineProfile::ExactSamples() const
+{
+    constexpr std::int64_t MostSamples = 10'000'000;    // a longer line is no measurement
+    if (ImagePoints.size() != 2 || !OwnerImage)
+        return {};
+    const PlaneView   plane = OwnerImage->ShownPlane();
+    const ProfileLine line(ImagePoints[0], ImagePoints[1]);
+    if (!plane.Data || line.Count > MostSamples)
+        return {};
+    std::vector<double> samples(static_cast<std::size_t>(line.Count));
+    SampleProfile(plane, 0, line, 1, samples);
+    return samples;
+}
+
+// The same for the plot, which has no place for what is not finite.
+ClassData2DIO<float> VostelLineProfile::PlottedSamples() const
+{
+    const std::vector<double> exact = ExactSamples();
+    ClassData2DIO<float>      samples;
+    if (exact.empty())
+        return samples;
+    samples.Allocate(static_cast<int>(exact.size()), 1);
+    std::transform(exact.begin(), exact.end(), samples.Ptr1D,
+                   [](double v) { return std::isfinite(v) ? static_cast<float>(v) : 0.0f; });
+    return samples;
 }
 
 void VostelLineProfile::PlacePlot()

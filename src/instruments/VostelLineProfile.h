@@ -3,6 +3,8 @@
 #include "overlay/VostelCanvas.h"
 #include "overlay/VostelSingleLine.h"
 
+#include <vector>
+
 namespace vostel {
 
 // A line on the image with a plot window beside it: while the mouse moves, the samples under the line are
@@ -33,6 +35,8 @@ private:
     void                 PlotSamples();
     void                 PlacePlot();    // where it is at first
     ClassData2DIO<float> Samples() const;
+    std::vector<double>  ExactSamples() const;
+    ClassData2DIO<float> PlottedSamples() const;
 };
 
 }

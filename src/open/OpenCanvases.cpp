@@ -1,6 +1,8 @@
 #include "foundation/Limits.h"
 #include "open/OpenCall.h"
 
+#include <algorithm>
+
 using namespace vostel;
 using namespace vostel::open;
 
@@ -9,8 +11,10 @@ namespace {
 void NeedArea(int32_t width, int32_t height)
 {
     const Limits limits = LimitsInForce();
-    NeedRange(width, 1, limits.MaxSide, "width");
-    NeedRange(height, 1, limits.MaxSide, "height");
+    NeedRange(width, 1, INT32_MAX, "width");
+    NeedRange(height, 1, INT32_MAX, "height");
+    if (std::max(width, height) > limits.MaxSide)
+        Fail(VOSTEL_TOO_LARGE, "a side of the area has more than " + std::to_string(limits.MaxSide) + " px");
     if (static_cast<std::int64_t>(width) * height > limits.MaxPixels)
         Fail(VOSTEL_TOO_LARGE, "the area has more than " + std::to_string(limits.MaxPixels) + " px");
 }

@@ -37,8 +37,6 @@ VostelStatus vostel_history_name(int32_t canvas, int32_t step, char* buffer, siz
         const HistoryStep* const named = step == -1  ? notes.Steps.NextUndo()
                                          : step == 1 ? notes.Steps.NextRedo()
                                                      : nullptr;
-        if (step != -1 && step != 1)
-            Fail(VOSTEL_INVALID_ARGUMENT, "step is neither -1 nor 1");
         if (!named)
             Fail(VOSTEL_NOT_FOUND, "there is no such step");
         GiveText(named->Name, buffer, capacity, length);

@@ -26,8 +26,7 @@ VostelStatus vostel_listen(int32_t canvas, uint32_t events, VostelListener liste
         if (!listener)
             Fail(VOSTEL_INVALID_ARGUMENT, "listener is null");
         NeedPointer(token, "token");
-        NeedFlags(events, AllEvents);
-        if (events == 0)
+        if ((events & AllEvents) == 0)
             Fail(VOSTEL_INVALID_ARGUMENT, "events names none");
         const std::int64_t made = NewToken(canvas);
         notes.Listen(made, events, listener, user);

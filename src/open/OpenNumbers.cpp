@@ -88,7 +88,7 @@ VostelStatus vostel_set_scale(int32_t canvas, double units_per_pixel, const char
 {
     return OnCanvas(canvas, [&](VostelImage&, Document& notes) {
         NeedPositive(units_per_pixel, "units_per_pixel");
-        notes.SetUnits({units_per_pixel, WideFrom(unit, "unit")});
+        notes.SetUnits({units_per_pixel, WideFrom(unit, "unit"), units_per_pixel});
     });
 }
 

@@ -9,7 +9,10 @@ VostelStatus vostel_object_at(int32_t canvas, double client_x, double client_y, 
 {
     return OnCanvas(canvas, [&](VostelImage& image, Document&) {
         NeedPointer(object, "object");
-        const CPoint point = DevicePoint(client_x, client_y);
+        NeedFinite(client_x, "client_x");
+        NeedFinite(client_y, "client_y");
+        const auto   within = [](double v) { return std::clamp(v, -1e9, 1e9); };
+        const CPoint point = DevicePoint(within(client_x), within(client_y));
         const auto   hit =
             std::find_if(image.Elements.rbegin(), image.Elements.rend(), [&](VostelObj* element) {
                 return !element->Hidden && !element->Locked && element->Hits(point);

@@ -55,7 +55,8 @@ void VostelCanvas::OnDraw(HDC dc)
     // Classic plots take the font that the context happens to hold.
     if (OpenMade || PixelRatio() != 1.0)
         Kit.SelectTextStyle(Scaled(LabelHeight), TRANSPARENT, Blue);
-    Kit.DrawLabel(CaptionText(), WrapAdd(ClientBox.left, Scaled(5)), WrapAdd(ClientBox.top, Scaled(5)));
+    Kit.DrawLabel(Caption.IsEmpty() ? CaptionText() : Caption, WrapAdd(ClientBox.left, Scaled(5)),
+                  WrapAdd(ClientBox.top, Scaled(5)));
 }
 
 void VostelCanvas::Persist(StateArchive& archive)
@@ -73,10 +74,15 @@ void VostelCanvas::Persist(StateArchive& archive)
 
 CString VostelCanvas::CaptionText() const
 {
+    return RangeText(static_cast<double>(DataMin), static_cast<double>(DataMax));
+}
+
+CString VostelCanvas::RangeText(double low, double high) const
+{
     const bool english = Settings() && Settings()->English;
     return FormatText(english ? L"Line: minimum %5.3f, maximum %5.3f"
                               : L"线数据的最小值为 %5.3f 最大值为 %5.3f",
-                      static_cast<double>(DataMin), static_cast<double>(DataMax));
+                      low, high);
 }
 
 }

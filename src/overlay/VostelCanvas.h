@@ -13,6 +13,7 @@ public:
     int                           PlotHeight = 0;
     float                         DataMin = 0.0f;
     float                         DataMax = 0.0f;
+    CString                       Caption;          // in the place of the data's range, unless it is empty
     float                         XStep = 0.0f;     // data columns per plot column
     float                         YScale = 0.0f;    // plot px per data unit
 
@@ -21,6 +22,7 @@ public:
     // Fewer than 5 values leave the plot as it was and Data with a single element.
     void    SetData(ClassData2DIO<float>& source) override;
     CString CaptionText() const override;
+    CString RangeText(double low, double high) const;    // what the caption says of a range
     // With the size of the plot; the curve is what its owner shows.
     void Persist(StateArchive& archive) override;
 };

@@ -226,7 +226,7 @@ TEST_CASE("a profile that a Shift drag lays has its plot in the first place")
     scene.Canvas().SelIndex = 0;
     scene.Drag(CPoint(20, 250), CPoint(200, 270), MK_LBUTTON | MK_SHIFT);
     CHECK(profile.ProfilePlot.ClientBox == CRect(30, 30, 542, 180));
-    CHECK(profile.ProfilePlot.Data.Width == 181);
+    CHECK(profile.ProfilePlot.Data.Width == 182);
 }
 
 TEST_CASE("the box of a caption fits while its measure is dragged, without a paint")

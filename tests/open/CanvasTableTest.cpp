@@ -31,7 +31,7 @@ TEST_CASE("created canvases count up from 5 and are never used again")
     CHECK(vostel_canvas_destroy(-1) == VOSTEL_NOT_FOUND);
     int32_t number = 77;
     CHECK(vostel_canvas_create(0, 48, &number) == VOSTEL_INVALID_ARGUMENT);
-    CHECK(vostel_canvas_create(64, 2000000000, &number) == VOSTEL_INVALID_ARGUMENT);
+    CHECK(vostel_canvas_create(64, 2000000000, &number) == VOSTEL_TOO_LARGE);
     CHECK(vostel_canvas_create(64, 48, nullptr) == VOSTEL_INVALID_ARGUMENT);
     CHECK(number == 77);
 }

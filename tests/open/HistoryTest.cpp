@@ -1,5 +1,6 @@
 // Undo and redo, over calls of both interfaces and gestures.
 
+#include "common/MemoryBitmap.h"
 #include "support/OpenCanvas.h"
 
 #include <VostelObj.h>
@@ -270,6 +271,60 @@ TEST_CASE("a begin and an end make one step, and nest")
     CHECK(StepName(canvas.Number, -1) == "move all");
     CHECK(vostel_undo(canvas.Number) == VOSTEL_OK);
     CHECK(ObjectsOf(canvas.Number).empty());
+}
+
+TEST_CASE("a step that changes nothing in the end is none, and one object is noted once")
+{
+    const OpenCanvas   canvas;
+    const VostelObject object = AddTriangle(canvas.Number);
+    CHECK(vostel_history_begin(canvas.Number, "there and back") == VOSTEL_OK);
+    CHECK(vostel_object_set_name(canvas.Number, object, "q") == VOSTEL_OK);
+    CHECK(vostel_object_set_name(canvas.Number, object, "") == VOSTEL_OK);
+    CHECK(vostel_history_end(canvas.Number) == VOSTEL_OK);
+    CHECK(HistoryOf(canvas.Number).undo_count == 1);
+    const std::string before = StateOf(canvas.Number);
+    const uint64_t    bytes = HistoryOf(canvas.Number).bytes;
+    CHECK(vostel_history_begin(canvas.Number, "many") == VOSTEL_OK);
+    for (int i = 0; i < 100; ++i)
+        CHECK(vostel_object_set_label(canvas.Number, object, 10 + i) == VOSTEL_OK);
+    CHECK(vostel_history_end(canvas.Number) == VOSTEL_OK);
+    CHECK(HistoryOf(canvas.Number).bytes < bytes + 2048);
+    CHECK(vostel_undo(canvas.Number) == VOSTEL_OK);
+    CHECK(StateOf(canvas.Number) == before);
+}
+
+TEST_CASE("undo gives back the scale of measures that the canvas calls had set")
+{
+    gCVSSetMeasureScale(3, 0.25);
+    REQUIRE(vostel_history_limit(3, 1 << 20) == VOSTEL_OK);
+    const auto lengthDrawn = [] {
+        gCVSAddMeasureLine(3, 1.0);
+        gCVSOnMouseMove(3, 0, CPoint(5, 5));
+        gCVSOnLButtonDown(3, MK_LBUTTON | MK_SHIFT, CPoint(10, 10));
+        gCVSOnMouseMove(3, MK_LBUTTON | MK_SHIFT, CPoint(40, 50));
+        gCVSOnLButtonUp(3, 0, CPoint(40, 50));
+        const VostelObject drawn = ObjectsOf(3).back();
+        return TextOf([&](char* buffer, std::size_t capacity, std::size_t* length) {
+            return vostel_object_text(3, drawn, buffer, capacity, length);
+        });
+    };
+    MemoryBitmap window(200, 150);
+    CRect        client(0, 0, 200, 150);
+    gCVSSetClient(3, client, window.Dc);
+    std::vector<unsigned char> gray(100 * 80, 9);
+    gCVSShowUCGray(3, gray.data(), 100, 80, true);
+    const std::string first = lengthDrawn();
+    CHECK(vostel_set_scale(3, 0.5, "mm") == VOSTEL_OK);
+    CHECK(lengthDrawn() != first);
+    CHECK(vostel_undo(3) == VOSTEL_OK);
+    while (HistoryOf(3).undo_count > 2)
+        CHECK(vostel_undo(3) == VOSTEL_OK);
+    gCVSDelAllElement(3);
+    CHECK(lengthDrawn() == first);
+    gCVSDelAllElement(3);
+    REQUIRE(vostel_history_limit(3, 0) == VOSTEL_OK);
+    gCVSSetMeasureScale(3, 1.0);
+    gCVSSetClient(3, client, nullptr);
 }
 
 TEST_CASE("a drag from press to release is one step, of either interface")

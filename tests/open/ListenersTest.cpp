@@ -179,6 +179,13 @@ std::vector<Row> MakeTable()
     note("`vostel_frame_render`");
     vostel_object_remove(number, 12345678);
     note("a call that fails");
+    gCVSShowContrastCtrl(number, true);
+    note("`gCVSShowContrastCtrl`, `gCVSShowProgress`, `gCVSSetPos`, `gCVSSetCanvasColor`");
+    const VostelPoint place = {10, 10};
+    vostel_object_add(number, VOSTEL_PANEL, &place, 1, &other);
+    ear.Heard.clear();
+    vostel_event_move(number, 120, 70, 0);
+    note("a move without a button over a panel's canvas");
     vostel_canvas_destroy(number);
     note("`vostel_canvas_destroy`");
     return rows;

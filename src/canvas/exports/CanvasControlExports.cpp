@@ -16,26 +16,34 @@ void Place(VostelFixedRect& control, int x, int y, int w, int h)
 
 void gCVSShowContrastCtrl(int canvas, bool show)
 {
-    if (const CanvasCall image{canvas})
+    if (const CanvasCall image{canvas}) {
         image->ShowContrastCtrl = show;
+        image->TellPictureChanged();
+    }
 }
 
 void gCVSSetContrastCtrlRectPos(int canvas, int x, int y, int w, int h)
 {
-    if (const CanvasCall image{canvas})
+    if (const CanvasCall image{canvas}) {
         Place(image->ContrastCtrl, x, y, w, h);
+        image->TellPictureChanged();
+    }
 }
 
 void gCVSShowProgress(int canvas, bool show)
 {
-    if (const CanvasCall image{canvas})
+    if (const CanvasCall image{canvas}) {
         image->ShowProgress = show;
+        image->TellPictureChanged();
+    }
 }
 
 void gCVSSetProgressRectPos(int canvas, int x, int y, int w, int h)
 {
-    if (const CanvasCall image{canvas})
+    if (const CanvasCall image{canvas}) {
         Place(image->ProgressCtrl, x, y, w, h);
+        image->TellPictureChanged();
+    }
 }
 
 void gCVSSetRange(int canvas, int low, int high)
@@ -43,6 +51,7 @@ void gCVSSetRange(int canvas, int low, int high)
     if (const CanvasCall image{canvas}) {
         image->ProgressCtrl.RangeLow = low;
         image->ProgressCtrl.RangeHigh = high;
+        image->TellPictureChanged();
     }
 }
 
@@ -51,5 +60,6 @@ void gCVSSetPos(int canvas, int pos)
     if (const CanvasCall image{canvas}) {
         image->ProgressCtrl.Pos = pos;
         image->ProgressCtrl.RefreshClientGeometry();
+        image->TellPictureChanged();
     }
 }

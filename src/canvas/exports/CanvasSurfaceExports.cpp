@@ -13,8 +13,10 @@ bool gCVSPrepareCanvas(int canvas, int width, int height)
 
 void gCVSSetCanvasColor(int canvas, unsigned int color)
 {
-    if (const CanvasCall image{canvas})
+    if (const CanvasCall image{canvas}) {
         image->HandOutSurface().Fill(color);
+        image->TellPictureChanged();
+    }
 }
 
 HDC gCVSGetCanvasHDC(int canvas)
@@ -42,8 +44,10 @@ bool gCVSReleaseCanvasPixelPtr2D(int canvas)
 
 void gCVSSetCanvasFastDisplayMode(int canvas, bool fast)
 {
-    if (const CanvasCall image{canvas})
+    if (const CanvasCall image{canvas}) {
         image->CanvasSurface.StretchMode = fast ? COLORONCOLOR : HALFTONE;
+        image->TellPictureChanged();
+    }
 }
 
 HDC gCVSGetClientMemDC(int canvas)

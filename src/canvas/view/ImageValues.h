@@ -1,5 +1,6 @@
 #pragma once
 
+#include "geometry/PlaneView.h"
 #include "vostel/CanvasTypes.h"
 #include "vostel/platform.h"
 
@@ -15,6 +16,9 @@ public:
     virtual int               ShownWidth() const = 0;    // image px
     virtual int               ShownHeight() const = 0;
     virtual const CanvasView& ShownView() const = 0;
+
+    // The samples as they came; without data where there is no image.
+    virtual PlaneView ShownPlane() const = 0;
 
     // Elements of the float data as it came, and stretched to 0..65535. -1 outside the data, and where it was
     // not kept.
