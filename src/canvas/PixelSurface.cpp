@@ -54,6 +54,22 @@ Span VisibleSpan(LONG displayLow, LONG displayHigh, LONG clientLow, LONG clientH
     return span;
 }
 
+// The span at a high scale: every source px that is visible at all, and where it lies. What overhangs the
+// client area is clipped by the target.
+Span OutwardSpan(LONG displayLow, LONG displayHigh, double scale, LONG clientLow, LONG clientHigh, int extent)
+{
+    const double first = std::floor((static_cast<double>(clientLow) - displayLow) / scale);
+    const double end = std::ceil((static_cast<double>(clientHigh) - displayLow) / scale);
+    Span         span;
+    span.SourceLow = static_cast<int>(std::clamp(first, 0.0, static_cast<double>(extent)));
+    span.SourceHigh =
+        static_cast<int>(std::clamp(end, static_cast<double>(span.SourceLow), static_cast<double>(extent)));
+    span.TargetLow = TruncToInt(displayLow + span.SourceLow * scale);
+    span.TargetHigh =
+        span.SourceHigh == extent ? displayHigh : TruncToInt(displayLow + span.SourceHigh * scale);
+    return span;
+}
+
 BytePlaneView RowsFrom(const BytePlaneView& plane, int row)
 {
     const std::size_t skipped = plane.Stride * static_cast<std::size_t>(row);
@@ -218,6 +234,27 @@ bool PixelSurface::FindVisible(Visible& visible) const
     return true;
 }
 
+PixelSurface::Visible PixelSurface::Nearest(const Visible& visible) const
+{
+    constexpr int fewest = 4;    // source px of a side, at which the wheel stops too
+    const double  scale = ViewRef->Scale;
+    if (!ViewRef->AnyScale || !(scale > 1.0))
+        return visible;
+    const CRect& from = visible.Source;
+    const CRect& shown = ViewRef->DisplayRect;
+    const CRect& client = ViewRef->ClientRect;
+    const double columns =
+        std::min<double>(WrapSub(from.right, from.left), WrapSub(client.right, client.left) / scale);
+    const double rows =
+        std::min<double>(WrapSub(from.bottom, from.top), WrapSub(client.bottom, client.top) / scale);
+    if (columns >= fewest && rows >= fewest)
+        return visible;
+    const Span x = OutwardSpan(shown.left, shown.right, scale, client.left, client.right, Width);
+    const Span y = OutwardSpan(shown.top, shown.bottom, scale, client.top, client.bottom, Height);
+    return {CRect(x.SourceLow, y.SourceLow, x.SourceHigh, y.SourceHigh),
+            CRect(x.TargetLow, y.TargetLow, x.TargetHigh, y.TargetHigh)};
+}
+
 void PixelSurface::BlitTo(HDC target)
 {
     SetStretchBltMode(target, StretchMode);
@@ -227,11 +264,12 @@ void PixelSurface::BlitTo(HDC target)
     ViewRef->SourceRect = visible.Source;
     if (!Bitmap)
         return;    // MemDC then holds the one pixel that a new context comes with
-    const CRect& from = visible.Source;
-    const CRect& to = visible.Target;
     const CRect& all = ViewRef->DisplayRect;
     if (StretchMode == COLORONCOLOR) {
         // Only what is visible is stretched, at the cost of source positions rounded to whole pixels.
+        const Visible nearest = Nearest(visible);
+        const CRect&  from = nearest.Source;
+        const CRect&  to = nearest.Target;
         StretchBlt(target, to.left, to.top, WrapSub(to.right, to.left), WrapSub(to.bottom, to.top), MemDC,
                    from.left, from.top, WrapSub(from.right, from.left), WrapSub(from.bottom, from.top),
                    SRCCOPY);
@@ -248,10 +286,13 @@ CRect PixelSurface::CoveredClient() const
         return CRect();
     if (StretchMode == HALFTONE)
         return ViewRef->DisplayRect;
-    const CRect& from = visible.Source;
-    const bool   whole = from.left >= 0 && from.left < from.right && from.right <= Width && from.top >= 0 &&
+    if (StretchMode != COLORONCOLOR)
+        return CRect();
+    const Visible nearest = Nearest(visible);
+    const CRect&  from = nearest.Source;
+    const bool    whole = from.left >= 0 && from.left < from.right && from.right <= Width && from.top >= 0 &&
                        from.top < from.bottom && from.bottom <= Height;
-    return StretchMode == COLORONCOLOR && whole && !visible.Target.IsRectEmpty() ? visible.Target : CRect();
+    return whole && !nearest.Target.IsRectEmpty() ? nearest.Target : CRect();
 }
 
 void PixelSurface::DropBitmap()

@@ -103,8 +103,11 @@ private:
         CRect Target;    // client px
     };
     bool FindVisible(Visible& visible) const;
-    void ForEachUploadRow(int width, int height, auto&& upload);
-    void DropBitmap();
+    // What the nearest mode stretches for it: where the view may have any scale and rounded source edges
+    // would be a good part of what is visible, whole px beyond them.
+    Visible Nearest(const Visible& visible) const;
+    void    ForEachUploadRow(int width, int height, auto&& upload);
+    void    DropBitmap();
 };
 
 }

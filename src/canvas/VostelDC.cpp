@@ -123,6 +123,7 @@ void VostelDC::UseOwnArea(int width, int height)
         SetClient(before, OwnDC);
         throw std::bad_alloc();
     }
+    View.AnyScale = true;
     if (!view.FirstClient)
         View.PlaceCentre(view.Scale, WrapAdd(view.CentreX, WrapSub(width, before.Width()) / 2),
                          WrapAdd(view.CentreY, WrapSub(height, before.Height()) / 2));

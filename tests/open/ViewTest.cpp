@@ -401,3 +401,73 @@ TEST_CASE("a linked canvas that a listener destroys in the middle of a call is l
     view.size = sizeof view;
     CHECK(vostel_view_get(goes, &view) == VOSTEL_NOT_FOUND);
 }
+
+namespace {
+
+// Gray 10 + 20x + 3y.
+void ShowSteps(int32_t canvas, int32_t width, int32_t height)
+{
+    std::vector<std::uint8_t> pixels;
+    for (int32_t y = 0; y < height; ++y) {
+        for (int32_t x = 0; x < width; ++x)
+            pixels.push_back(static_cast<std::uint8_t>(10 + 20 * x + 3 * y));
+    }
+    REQUIRE(vostel_image_show(canvas, VOSTEL_U8, pixels.data(), width, height, 0, 0) == VOSTEL_OK);
+}
+
+// The client px, more than a px from a border of image px, that do not show the image px they lie on.
+int WronglyShown(int32_t canvas, int32_t width, int32_t height)
+{
+    VostelFrame frame = {};
+    frame.size = sizeof frame;
+    REQUIRE(vostel_frame_render(canvas, &frame) == VOSTEL_OK);
+    const double scale = ViewOf(canvas).scale;
+    const auto   isNearBorder = [scale](double place) {
+        return std::fabs(place - std::round(place)) * scale < 1.6;
+    };
+    int wrong = 0;
+    for (int y = 0; y < frame.height; ++y) {
+        const auto* row = reinterpret_cast<const std::uint32_t*>(reinterpret_cast<const char*>(frame.pixels) +
+                                                                 y * frame.row_bytes);
+        for (int x = 0; x < frame.width; ++x) {
+            const VostelPoint at = ImageAt(canvas, x + 0.5, y + 0.5);
+            const bool        inside = at.x >= 0.0 && at.x < width && at.y >= 0.0 && at.y < height;
+            if (!inside || isNearBorder(at.x) || isNearBorder(at.y))
+                continue;
+            const auto gray =
+                static_cast<std::uint32_t>(10 + 20 * static_cast<int>(at.x) + 3 * static_cast<int>(at.y));
+            wrong += (row[x] & 0xFFFFFF) != gray * 0x010101;
+        }
+    }
+    return wrong;
+}
+
+}
+
+TEST_CASE("at any high scale a client px shows the image px that it lies on")
+{
+    OpenCanvas canvas(300, 200);
+    ShowSteps(canvas.Number, 4, 4);
+    for (const double scale : {75.5, 100.0, 150.0, 201.0, 299.7, 1000.0, 1e5, 2e8}) {
+        for (const double share : {0.0, 0.13, 0.5, 0.871}) {
+            CAPTURE(scale);
+            CAPTURE(share);
+            REQUIRE(SetView(canvas.Number, scale, 150.0 - 4.0 * scale * share, 100.0 - 3.7 * scale * share) ==
+                    VOSTEL_OK);
+            CHECK(WronglyShown(canvas.Number, 4, 4) == 0);
+        }
+    }
+    ShowSteps(canvas.Number, 11, 9);
+    REQUIRE(SetView(canvas.Number, 58.3, -77.0, -99.0) == VOSTEL_OK);    // five columns, fewer than four rows
+    CHECK(WronglyShown(canvas.Number, 11, 9) == 0);
+    REQUIRE(SetView(canvas.Number, 20.0, 269.0, 171.0) == VOSTEL_OK);    // but for two px out of the area
+    CHECK(WronglyShown(canvas.Number, 11, 9) == 0);
+}
+
+TEST_CASE("one of the five canvases shows a high scale that was set for it")
+{
+    REQUIRE(vostel_canvas_resize(1, 300, 200) == VOSTEL_OK);
+    ShowSteps(1, 4, 4);
+    REQUIRE(SetView(1, 201.0, -250.0, -250.0) == VOSTEL_OK);
+    CHECK(WronglyShown(1, 4, 4) == 0);
+}

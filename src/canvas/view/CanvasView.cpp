@@ -56,6 +56,7 @@ void CanvasView::SetClientRect(CRect rect)
 
 void CanvasView::PlaceCentre(double scale, int centreX, int centreY)
 {
+    AnyScale = true;
     Scale = scale;
     CentreX = centreX;
     CentreY = centreY;

@@ -38,6 +38,7 @@ public:
     double AnchorY = 0.0;
     CRect  SourceRect;            // image px; what the last blit showed
     bool   FirstClient = true;    // no client rectangle has been set yet
+    bool   AnyScale = false;      // set by numbers too, not by gestures and their limits alone
     CanvasSettings Settings;
 
     // Places the view in a client area: centred at first, afterwards held in place by the anchors.
