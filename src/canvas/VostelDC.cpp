@@ -2,9 +2,11 @@
 
 #include "base/Truncate.h"
 #include "canvas/view/Colors.h"
+#include "canvas/view/ViewPlacing.h"
 #include "platform/HostServices.h"
 
 #include <algorithm>
+#include <cmath>
 #include <new>
 
 namespace vostel {
@@ -15,6 +17,12 @@ constexpr unsigned int DeleteAllKey = 'C';
 constexpr unsigned int DeleteSelectedKey = 'R';
 constexpr int          AlphaKey = 'S';
 constexpr int          AlphaStep = 5;
+
+// From the whole middle of one client side to that of another one at the origin, in client px.
+double MiddleShift(LONG low, LONG high, int extent)
+{
+    return extent / 2 - std::floor((static_cast<double>(low) + high) * 0.5);
+}
 
 // Hidden objects are not there for the user, and locked ones take no gesture.
 bool TakesGestures(const VostelObj& object)
@@ -124,9 +132,11 @@ void VostelDC::UseOwnArea(int width, int height)
         throw std::bad_alloc();
     }
     View.AnyScale = true;
-    if (!view.FirstClient)
-        View.PlaceCentre(view.Scale, WrapAdd(view.CentreX, WrapSub(width, before.Width()) / 2),
-                         WrapAdd(view.CentreY, WrapSub(height, before.Height()) / 2));
+    if (!view.FirstClient) {
+        // Whole middles, so that resizes one after the other do not add up their halves.
+        PlaceImage(View, {view.Scale, view.DisplayRect.left + MiddleShift(before.left, before.right, width),
+                          view.DisplayRect.top + MiddleShift(before.top, before.bottom, height)});
+    }
     ViewMoved();
 }
 

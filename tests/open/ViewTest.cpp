@@ -471,3 +471,39 @@ TEST_CASE("one of the five canvases shows a high scale that was set for it")
     REQUIRE(SetView(1, 201.0, -250.0, -250.0) == VOSTEL_OK);
     CHECK(WronglyShown(1, 4, 4) == 0);
 }
+
+TEST_CASE("a resize keeps the image point in the middle, however many follow each other")
+{
+    OpenCanvas   canvas(300, 200);
+    std::mt19937 random(23);
+    ShowGray(canvas.Number, 64, 48);
+    REQUIRE(SetView(canvas.Number, 3.7, 11.0, -17.0) == VOSTEL_OK);
+    const VostelPoint first = ImageAt(canvas.Number, 150.0, 100.0);
+    const auto        resize = [&](int32_t width, int32_t height) {
+        REQUIRE(vostel_canvas_resize(canvas.Number, width, height) == VOSTEL_OK);
+        const VostelPoint now = ImageAt(canvas.Number, width * 0.5, height * 0.5);
+        CAPTURE(width);
+        CAPTURE(height);
+        CHECK(std::fabs(now.x - first.x) * 3.7 <= 1.0);
+        CHECK(std::fabs(now.y - first.y) * 3.7 <= 1.0);
+    };
+    SUBCASE("by one px")
+    {
+        for (int32_t step = 1; step <= 100; ++step)
+            resize(300 + step, 200 + 3 * step);
+    }
+    SUBCASE("to any size")
+    {
+        for (int step = 0; step < 300; ++step)
+            resize(static_cast<int32_t>(1 + random() % 900), static_cast<int32_t>(1 + random() % 900));
+    }
+    SUBCASE("there and back")
+    {
+        for (int step = 0; step < 50; ++step) {
+            resize(301, 333);
+            resize(300, 200);
+            CHECK(ViewOf(canvas.Number).left == 11.0);
+            CHECK(ViewOf(canvas.Number).top == -17.0);
+        }
+    }
+}
