@@ -15,12 +15,17 @@ void Row(const BinRule& rule, const float* values, std::int32_t* bins, std::size
         bins[x] = rule.BinOf(static_cast<double>(values[x]));
 }
 
+double WidthOf(double low, double high, double bins)
+{
+    return std::isfinite(high - low) ? (high - low) / bins : high / bins - low / bins;
+}
+
 }
 
 BinRule::BinRule(double low, double high, std::size_t bins)
-    : Low(low), High(high), Width((high - low) / static_cast<double>(bins)),
-      PerUnit(static_cast<double>(bins) / (high - low)), Last(static_cast<std::int32_t>(bins) - 1),
-      LowFloat(0.0f), PerUnitFloat(0.0f), Doubt(1.0f)
+    : Low(low), High(high), Width(WidthOf(low, high, static_cast<double>(bins))),
+      PerUnit(std::isfinite(high - low) ? static_cast<double>(bins) / (high - low) : 1.0 / Width),
+      Last(static_cast<std::int32_t>(bins) - 1), LowFloat(0.0f), PerUnitFloat(0.0f), Doubt(1.0f)
 {
     const double farthest = std::fmax(std::fabs(low), std::fabs(high));
     if (!(farthest < static_cast<double>(FLT_MAX) / 4.0) || !(PerUnit < 1e30) || !(PerUnit > 1e-30))

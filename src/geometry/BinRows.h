@@ -7,7 +7,7 @@
 
 namespace vostel {
 
-// Bins of a histogram, bounded in double by Low + k Width.
+// Bins of a histogram of floats and codes, bounded in double by Low + k Width.
 struct BinRule {
     double       Low;
     double       High;

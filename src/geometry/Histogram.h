@@ -8,7 +8,8 @@
 namespace vostel {
 
 // With w = (high - low) / bins, bin k counts the values low + k w <= v < low + (k + 1) w under the runs, as
-// these bounds come out in double; v == high falls into the last one. Other values are not counted.
+// these bounds come out in double; v == high falls into the last one. Other values are not counted. Where
+// high - low overflows, w is high / bins - low / bins.
 // Low < high, both finite. Overwrites all counts; there is at least one.
 void HistogramOf(const PlaneView& plane, int channel, std::span<const PixelRun> runs, double low, double high,
                  std::span<std::uint64_t> counts);

@@ -190,3 +190,24 @@ TEST_CASE("contrast in their own values reaches images of the classic calls")
     CHECK(WindowOf(canvas.Number) == Ends{0.0, 15.0});
     CHECK(PixelOf(canvas.Number, 0, 1) == 0xFFFFFFu);
 }
+
+TEST_CASE("bins of a range whose width no number holds are as wide as its ends tell")
+{
+    const OpenCanvas         canvas;
+    const std::vector<float> values = {-3e38f, -1.0f, 0.0f, 1.0f, 3e38f, NaN};
+    REQUIRE(vostel_image_show(canvas.Number, VOSTEL_F32, values.data(), 6, 1, 0, 0) == VOSTEL_OK);
+    const auto countsOf = [&](double low, double high, int32_t bins) {
+        std::vector<std::uint64_t> counts(static_cast<std::size_t>(bins));
+        REQUIRE(vostel_histogram(canvas.Number, 0, 0, low, high, bins, counts.data()) == VOSTEL_OK);
+        return counts;
+    };
+    using Counts = std::vector<std::uint64_t>;
+    CHECK(countsOf(-1e308, 1e308, 1) == Counts{5});
+    CHECK(countsOf(-1e308, 1e308, 2) == Counts{2, 3});
+    CHECK(countsOf(-1e308, 1e308, 4) == Counts{0, 2, 3, 0});
+    CHECK(countsOf(-1e308, 1e308, 5) == Counts{0, 0, 5, 0, 0});
+    CHECK(countsOf(-1.5e308, 0.5e308, 2) == Counts{0, 5});
+    const Counts many = countsOf(-1e308, 1e308, 1024);
+    CHECK(many[511] == 2);
+    CHECK(many[512] == 3);
+}
