@@ -1,5 +1,6 @@
 // GIF. Frames are laid over each other as a viewer does it, up to the one asked for. Where nothing was drawn
-// the screen has its background color.
+// the screen has its background color. A file ends with its last whole frame, whether or not the mark of the
+// end follows.
 
 #include "platform/PictureBuffer.h"
 #include "platform/SampleCodecs.h"
@@ -273,27 +274,23 @@ public:
             Background = Colors[static_cast<std::size_t>(background)];
     }
 
-    enum class Record { Frame, End, Broken };
-    // Goes on to the pixels of the next frame.
-    Record Next(Frame& frame)
+    // Goes on to the pixels of the next frame. False where none follows.
+    bool Next(Frame& frame)
     {
         frame = Frame();
         while (!Place.IsBroken()) {
             switch (Place.Byte()) {
             case 0x2C:
                 ReadFrame(frame);
-                return Place.IsBroken() || frame.Width < 1 || frame.Height < 1 ? Record::Broken
-                                                                               : Record::Frame;
-            case 0x3B:
-                return Place.IsBroken() ? Record::Broken : Record::End;
+                return !Place.IsBroken() && frame.Width >= 1 && frame.Height >= 1;
             case 0x21:
                 ReadExtension(frame);
                 break;
-            default:
-                return Record::Broken;
+            default:    // the mark of the end among them
+                return false;
             }
         }
-        return Record::Broken;
+        return false;
     }
 
 private:
@@ -337,11 +334,9 @@ PictureOutcome DecodeGifSamples(const SampleFile& file, ImageSamples& samples)
     std::optional<Screen>      screen;
     std::vector<unsigned char> indices;
     for (int number = 0;; ++number) {
-        Frame                 frame;
-        const GifFile::Record record = gif.Next(frame);
-        if (record != GifFile::Record::Frame)
-            return record == GifFile::Record::End && number > 0 ? PictureOutcome::NoSuchPage
-                                                                : PictureOutcome::BadFormat;
+        Frame frame;
+        if (!gif.Next(frame))
+            return number > 0 ? PictureOutcome::NoSuchPage : PictureOutcome::BadFormat;
         if (!screen) {
             // A first frame that is larger than the screen makes it larger.
             const int width = std::max(gif.Width, frame.Left + frame.Width);
@@ -357,7 +352,8 @@ PictureOutcome DecodeGifSamples(const SampleFile& file, ImageSamples& samples)
         const long long count = static_cast<long long>(frame.Width) * frame.Height;
         if (!IsPlausible(count, file.Bytes.size(), mostExpansion) ||
             !Decompress(gif.Place, static_cast<std::size_t>(count), indices))
-            return PictureOutcome::BadFormat;
+            return number > 0 && gif.Place.IsBroken() ? PictureOutcome::NoSuchPage
+                                                      : PictureOutcome::BadFormat;
         screen->Draw(frame, indices);
         if (number == file.Page)
             return screen->Give(file.Limits, samples);
@@ -368,19 +364,18 @@ PictureOutcome CountGifPages(const SampleFile& file, int& pages)
 {
     GifFile gif(file.Bytes);
     int     frames = 0;
-    for (;;) {
-        Frame                 frame;
-        const GifFile::Record record = gif.Next(frame);
-        if (record == GifFile::Record::End && frames > 0) {
-            pages = frames;
-            return PictureOutcome::Taken;
-        }
-        if (record != GifFile::Record::Frame)
-            return PictureOutcome::BadFormat;
+    Frame   frame;
+    while (gif.Next(frame)) {
         gif.Place.Skip(1);
         gif.Place.SkipBlocks();
+        if (gif.Place.IsBroken())
+            break;
         ++frames;
     }
+    if (frames == 0)
+        return PictureOutcome::BadFormat;
+    pages = frames;
+    return PictureOutcome::Taken;
 }
 
 }

@@ -231,6 +231,44 @@ TEST_CASE("files are opened by their content, and each failure has its status")
     CHECK(InfoOf(canvas.Number).width == 2);
 }
 
+TEST_CASE("a GIF ends with its last whole frame, whether or not the mark of the end follows")
+{
+    const OpenCanvas   canvas;
+    const TempFolder   folder;
+    const files::Bytes one = files::Gif(3, 2, {1, 2, 3, 4, 5, 6});
+    REQUIRE(one.back() == ';');
+    const std::size_t head = 13 + 768;    // screen and palette
+    files::Bytes      two(one.begin(), one.end() - 1);
+    two.insert(two.end(), one.begin() + static_cast<std::ptrdiff_t>(head), one.end());
+    const std::string path = folder.Path("a.gif");
+    // The pages of the file's first bytes, of which each can be opened and none behind them; 0 if it has
+    // none.
+    const auto pagesOf = [&](const files::Bytes& file, std::size_t length) {
+        REQUIRE(
+            WriteBytes(path, files::Bytes(file.begin(), file.begin() + static_cast<std::ptrdiff_t>(length))));
+        int32_t pages = 0;
+        if (vostel_image_pages(path.c_str(), &pages) != VOSTEL_OK) {
+            CHECK(vostel_image_open(canvas.Number, path.c_str(), 0) == VOSTEL_BAD_FORMAT);
+            return 0;
+        }
+        for (int32_t page = 0; page < pages; ++page)
+            CHECK(vostel_image_open_page(canvas.Number, path.c_str(), page, 0) == VOSTEL_OK);
+        CHECK(vostel_image_open_page(canvas.Number, path.c_str(), pages, 0) == VOSTEL_NOT_FOUND);
+        return static_cast<int>(pages);
+    };
+    CHECK(pagesOf(two, two.size()) == 2);
+    CHECK(pagesOf(two, two.size() - 1) == 2);
+    for (std::size_t length = one.size() - 1; length < two.size() - 1; ++length) {
+        CAPTURE(length);
+        CHECK(pagesOf(two, length) == 1);
+    }
+    CHECK(pagesOf(two, one.size() - 2) == 0);
+    CHECK(pagesOf(two, head) == 0);
+    files::Bytes torn = one;
+    torn.back() = 7;
+    CHECK(pagesOf(torn, torn.size()) == 1);
+}
+
 TEST_CASE("raw files are read by a layout")
 {
     const OpenCanvas canvas;
