@@ -86,6 +86,7 @@ void VostelImage::ShowSamples(ImageSamples&& samples, ShowKeeps keeps)
 
 void VostelImage::ReplaceSamples(ImageSamples&& samples, const CopiedRange& range, ShowKeeps keeps)
 {
+    keeps.Contrast = keeps.Contrast && CurrentFileType != FileTypeNone;    // a first image has none to keep
     const ContrastState kept = Contrast();
     SamplePainter       painter(samples.Type, keeps.Contrast ? kept : ContrastState());
     PixelSurface        made;

@@ -211,3 +211,15 @@ TEST_CASE("bins of a range whose width no number holds are as wide as its ends t
     CHECK(many[511] == 2);
     CHECK(many[512] == 3);
 }
+
+TEST_CASE("a first image has no contrast to keep")
+{
+    const OpenCanvas canvas;
+    ShowRamp(canvas.Number, VOSTEL_KEEP_CONTRAST);
+    CHECK(WindowOf(canvas.Number) == Ends{0.0, 100.0});
+    CHECK(PixelOf(canvas.Number, 100, 0) == 0xFFFFFFu);
+    REQUIRE(vostel_contrast_set(canvas.Number, 20.0, 40.0) == VOSTEL_OK);
+    const float other[] = {1.0f, 30.0f};
+    REQUIRE(vostel_image_show(canvas.Number, VOSTEL_F32, other, 2, 1, 0, VOSTEL_KEEP_CONTRAST) == VOSTEL_OK);
+    CHECK(WindowOf(canvas.Number) == Ends{20.0, 40.0});
+}
