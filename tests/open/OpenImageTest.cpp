@@ -8,7 +8,9 @@
 
 #include <cmath>
 #include <cstring>
+#include <filesystem>
 #include <limits>
+#include <string>
 #include <vector>
 
 namespace {
@@ -214,7 +216,10 @@ TEST_CASE("files are opened by their content, and each failure has its status")
         REQUIRE(WriteBytes(folder.Path(name), bytes));
         return folder.Path(name);
     };
-    const std::string picture = write("\xC3\xA4.txt", files::Png(2, 1, 16, files::Gray, {0x12, 0x34, 0, 1}));
+    const std::filesystem::path named = std::filesystem::path(folder.Path()) / u8"\u00E4.txt";
+    std::filesystem::rename(write("plain.txt", files::Png(2, 1, 16, files::Gray, {0x12, 0x34, 0, 1})), named);
+    const std::u8string utf8 = named.u8string();
+    const std::string   picture(utf8.begin(), utf8.end());
     REQUIRE(vostel_image_open(canvas.Number, picture.c_str(), 0) == VOSTEL_OK);
     CHECK(InfoOf(canvas.Number).type == VOSTEL_U16);
     CHECK(ValueOf(canvas.Number, 0, 0.5, 0.5) == 0x1234);
