@@ -2,7 +2,7 @@
 
 # Debian packages by what needs them. A package stands in one list only; docs/dependencies.md says why each is there.
 packages_build=(cmake g++ libcli11-dev libgif-dev libjpeg-dev libpango1.0-dev libpng-dev libtiff-dev libwebp-dev ninja-build
-                pkg-config)
+                nlohmann-json3-dev pkg-config)
 packages_viewer=(qt6-base-dev qt6-l10n-tools qt6-tools-dev qt6-tools-dev-tools qt6-translations-l10n)
 packages_fonts=(fonts-dejavu-core fonts-noto-cjk)
 packages_tests=(abigail-tools clang clang-format clang-tidy diffutils doctest-dev doxygen libxtst-dev python3 util-linux xvfb)

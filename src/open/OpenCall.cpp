@@ -24,11 +24,6 @@ std::size_t FittingBytes(const std::string& text, std::size_t most)
 
 }
 
-void Fail(VostelStatus status, std::string message)
-{
-    throw Failure{status, std::move(message)};
-}
-
 void SetMessage(const std::string& message)
 {
     const std::size_t bytes = FittingBytes(message, sizeof gMessage - 1);
@@ -63,32 +58,6 @@ VostelObj& ObjectOf(const Document& notes, VostelObject object)
     if (!found)
         Fail(VOSTEL_NOT_FOUND, "there is no object " + std::to_string(object) + " on the canvas");
     return *found;
-}
-
-void NeedPointer(const void* pointer, const char* name)
-{
-    if (!pointer)
-        Fail(VOSTEL_INVALID_ARGUMENT, std::string(name) + " is null");
-}
-
-void NeedFinite(double value, const char* name)
-{
-    if (!std::isfinite(value))
-        Fail(VOSTEL_INVALID_ARGUMENT, std::string(name) + " is not finite");
-}
-
-void NeedPositive(double value, const char* name)
-{
-    NeedFinite(value, name);
-    if (value <= 0.0)
-        Fail(VOSTEL_INVALID_ARGUMENT, std::string(name) + " is not above 0");
-}
-
-void NeedRange(std::int64_t value, std::int64_t low, std::int64_t high, const char* name)
-{
-    if (value < low || value > high)
-        Fail(VOSTEL_INVALID_ARGUMENT, std::string(name) + " is " + std::to_string(value) + ", not " +
-                                          std::to_string(low) + " to " + std::to_string(high));
 }
 
 void NeedFlags(std::uint32_t flags, std::uint32_t known)

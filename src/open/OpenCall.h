@@ -3,6 +3,7 @@
 // How each function of the open interface runs: checks, the canvas and its document, and the status that
 // comes of what was thrown.
 
+#include "base/Failure.h"
 #include "canvas/exports/CanvasTable.h"
 #include "vostel.h"
 
@@ -16,15 +17,6 @@
 #include <vector>
 
 namespace vostel::open {
-
-// Ends a call with a status and what was wrong. Thrown before anything has changed.
-class Failure {
-public:
-    VostelStatus Status;
-    std::string  Message;
-};
-
-[[noreturn]] void Fail(VostelStatus status, std::string message);
 
 // What vostel_last_message() returns on this thread.
 void SetMessage(const std::string& message);
@@ -60,11 +52,7 @@ VostelStatus OnCanvas(int32_t canvas, Body&& body) noexcept
 // The object of an identity; fails if it is not on the canvas.
 VostelObj& ObjectOf(const Document& notes, VostelObject object);
 
-// Checks of arguments; each fails with VOSTEL_INVALID_ARGUMENT and the argument's name.
-void NeedPointer(const void* pointer, const char* name);
-void NeedFinite(double value, const char* name);
-void NeedPositive(double value, const char* name);    // above 0 and finite
-void NeedRange(std::int64_t value, std::int64_t low, std::int64_t high, const char* name);
+// Fails with VOSTEL_INVALID_ARGUMENT.
 void NeedFlags(std::uint32_t flags, std::uint32_t known);
 
 // A text of the caller; fails if it is null or not UTF-8.

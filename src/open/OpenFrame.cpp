@@ -1,12 +1,10 @@
 #include "document/PictureDrawing.h"
 #include "foundation/Limits.h"
+#include "interchange/FileBytes.h"
 #include "open/OpenCall.h"
 #include "open/OpenPlanes.h"
-#include "platform/Files.h"
-#include "platform/System.h"
 
 #include <algorithm>
-#include <atomic>
 #include <cmath>
 
 using namespace vostel;
@@ -61,25 +59,6 @@ int ScaledSide(int side, double scale)
         Fail(VOSTEL_TOO_LARGE,
              "the picture has a side of more than " + std::to_string(LimitsInForce().MaxSide) + " px");
     return static_cast<int>(scaled);
-}
-
-// A name beside the path, with the same ending, that no other call uses.
-CString NameBeside(const CString& path)
-{
-    static std::atomic<unsigned> last{0};
-    const CString                ending = EndingOf(path);
-    const std::wstring           number = std::to_wstring(ClockCount()) + L"-" + std::to_wstring(++last);
-    return path.Left(path.GetLength() - ending.GetLength()) + L"~" + number.c_str() + ending;
-}
-
-// A save that fails leaves the file that was there.
-void Write(const PixelSurface& picture, const CString& path)
-{
-    const CString beside = NameBeside(path);
-    if (!picture.WriteColorImage(beside) || !MoveFileOver(beside, path)) {
-        RemoveFile(beside);
-        Fail(VOSTEL_NOT_WRITTEN, "path cannot be written");
-    }
 }
 
 }
@@ -139,6 +118,6 @@ VostelStatus vostel_picture_save(int32_t canvas, const char* path, double scale,
                     {(flags & VOSTEL_WITH_OBJECTS) != 0, (flags & VOSTEL_WITH_CAPTIONS) != 0,
                      (flags & VOSTEL_WITH_HANDLES) != 0},
                     picture);
-        Write(picture, file);
+        SaveBeside(file, [&](const CString& beside) { return picture.WriteColorImage(beside); });
     });
 }

@@ -1,4 +1,5 @@
 #include "document/KindRules.h"
+#include "document/ObjectLooks.h"
 #include "open/OpenCall.h"
 
 #include <algorithm>
@@ -9,29 +10,6 @@ using namespace vostel::open;
 
 namespace {
 
-constexpr std::uint32_t KnownFlags = VOSTEL_HIDDEN | VOSTEL_LOCKED | VOSTEL_ELLIPSE | VOSTEL_NO_LABEL;
-
-// Flattening of curves, image px.
-constexpr double OutlineTolerance = 0.01;
-
-void NeedKind(VostelKind kind)
-{
-    if (!IsKind(kind))
-        Fail(VOSTEL_INVALID_ARGUMENT, "there is no kind " + std::to_string(kind));
-}
-
-void NeedPointCount(VostelKind kind, std::size_t count)
-{
-    const PointCounts counts = PointCountsOf(kind);
-    if (count < counts.Least || count > counts.Most)
-        Fail(VOSTEL_INVALID_ARGUMENT, "count is not what the kind takes");
-}
-
-bool IsRectangle(const VostelObj& object)
-{
-    return object.TypeCode == VOSTEL_RECTANGLE || object.TypeCode == VOSTEL_CUSTOM_RECTANGLE;
-}
-
 std::vector<VostelPoint> ToPoints(const std::vector<PointTemplateBase<double>>& points)
 {
     std::vector<VostelPoint> given;
@@ -41,31 +19,6 @@ std::vector<VostelPoint> ToPoints(const std::vector<PointTemplateBase<double>>& 
     return given;
 }
 
-std::uint32_t FlagsOf(const VostelObj& object, const ObjectNotes& notes)
-{
-    std::uint32_t flags = 0;
-    if (object.Hidden)
-        flags |= VOSTEL_HIDDEN;
-    if (object.Locked)
-        flags |= VOSTEL_LOCKED;
-    if (IsRectangle(object) && object.EllipseMode)
-        flags |= VOSTEL_ELLIPSE;
-    if (notes.NoLabel)
-        flags |= VOSTEL_NO_LABEL;
-    return flags;
-}
-
-std::unique_ptr<VostelObj> NewObject(VostelImage& image, VostelKind kind)
-{
-    NeedKind(kind);
-    std::unique_ptr<VostelObj> made = MakeObject(AddedClass(kind));
-    made->OpenMade = true;
-    made->SetOwnerImage(&image);
-    made->SetCanvasView(&image.View);
-    made->Kit.Dc = image.ClientMemDC;
-    return made;
-}
-
 }
 
 VostelStatus vostel_object_add(int32_t canvas, VostelKind kind, const VostelPoint* points, size_t count,
@@ -73,8 +26,8 @@ VostelStatus vostel_object_add(int32_t canvas, VostelKind kind, const VostelPoin
 {
     return OnCanvas(canvas, [&](VostelImage& image, Document& notes) {
         NeedPointer(object, "object");
-        std::unique_ptr<VostelObj> made = NewObject(image, kind);
-        NeedPointCount(kind, count);
+        std::unique_ptr<VostelObj> made = MakeOpenObject(image, kind);
+        CheckPointCount(kind, count);
         if (!made->TakePoints(PointsFrom(points, count)))
             Fail(VOSTEL_INVALID_ARGUMENT, "points is not what the kind takes");
         notes.Settle(*made);
@@ -91,7 +44,7 @@ VostelStatus vostel_draw_next(int32_t canvas, VostelKind kind, VostelObject* obj
 {
     return OnCanvas(canvas, [&](VostelImage& image, Document& notes) {
         NeedPointer(object, "object");
-        std::unique_ptr<VostelObj> made = NewObject(image, kind);
+        std::unique_ptr<VostelObj> made = MakeOpenObject(image, kind);
         if (kind == VOSTEL_PANEL || kind == VOSTEL_NEIGHBOURS)
             made->SetPlacement(30.0f, 30.0f, 512.0f, 150.0f);
         const VostelObj& added = notes.Add(std::move(made));
@@ -141,17 +94,9 @@ VostelStatus vostel_object_set_flags(int32_t canvas, VostelObject object, uint32
 {
     return OnCanvas(canvas, [&](VostelImage&, Document& notes) {
         VostelObj& found = ObjectOf(notes, object);
-        NeedFlags(flags, KnownFlags);
-        if ((flags & VOSTEL_ELLIPSE) != 0 && !IsRectangle(found))
-            Fail(VOSTEL_INVALID_ARGUMENT, "VOSTEL_ELLIPSE is for rectangles");
-        if ((flags & VOSTEL_NO_LABEL) != 0 && !IsRegion(found.TypeCode))
-            Fail(VOSTEL_INVALID_ARGUMENT, "VOSTEL_NO_LABEL is for regions");
+        CheckFlags(found, flags);
         notes.Prepare(found);
-        found.Hidden = (flags & VOSTEL_HIDDEN) != 0;
-        found.Locked = (flags & VOSTEL_LOCKED) != 0;
-        if (IsRectangle(found))
-            found.EllipseMode = (flags & VOSTEL_ELLIPSE) != 0;
-        notes.NotesToChange(found).NoLabel = (flags & VOSTEL_NO_LABEL) != 0;
+        TakeFlags(found, notes.NotesToChange(found), flags);
         notes.Settle(found);
     });
 }
@@ -169,7 +114,7 @@ VostelStatus vostel_object_set_points(int32_t canvas, VostelObject object, const
 {
     return OnCanvas(canvas, [&](VostelImage&, Document& notes) {
         VostelObj& found = ObjectOf(notes, object);
-        NeedPointCount(found.TypeCode, count);
+        CheckPointCount(found.TypeCode, count);
         const std::vector<PointTemplateBase<double>> taken = PointsFrom(points, count);
         notes.Prepare(found);
         if (!found.TakePoints(taken))

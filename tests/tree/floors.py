@@ -10,7 +10,7 @@ import re
 import sys
 
 FLOORS = ["base", "platform", "foundation", "oshelpers", "dialogs", "imaging", "fileio", "output",
-          "geometry", "canvas/view", "overlay", "instruments", "canvas", "document", "canvas/exports", "open"]
+          "geometry", "canvas/view", "overlay", "instruments", "canvas", "document", "interchange", "canvas/exports", "open"]
 
 # Public headers and folders of them that are not the first include of sources on just one floor.
 WITHOUT_SOURCE = {

@@ -1,0 +1,184 @@
+#include "interchange/CanvasObjects.h"
+
+#include "base/Failure.h"
+#include "base/Utf8.h"
+#include "canvas/VostelImage.h"
+#include "document/Document.h"
+#include "document/KindRules.h"
+#include "document/ObjectLooks.h"
+
+#include <cmath>
+#include <map>
+#include <memory>
+#include <set>
+
+namespace vostel {
+
+namespace {
+
+FileObject FileObjectOf(const VostelObj& object, const ObjectNotes& notes)
+{
+    FileObject left;
+    left.Kind = object.TypeCode;
+    left.Points = object.GivePoints();
+    left.StrokeStarts = object.StrokeStarts;
+    if (const std::optional<Outline> outline = object.RegionOutline())
+        left.Outline = outline->Flattened(OutlineTolerance);
+    left.Name = notes.Name;
+    if (object.TypeCode == OverlayTextRect) {
+        const CString text = object.CaptionText();
+        left.Text = Utf8Of(std::wstring_view(text, static_cast<std::size_t>(text.GetLength())));
+    }
+    left.Label = notes.Label;
+    left.Flags = FlagsOf(object, notes);
+    left.Style = StyleOf(object);
+    return left;
+}
+
+void CheckPoints(const FileObject& object)
+{
+    CheckPointCount(object.Kind, object.Points.size());
+    for (const ImagePoint& point : object.Points) {
+        NeedFinite(point.x, "x");
+        NeedFinite(point.y, "y");
+    }
+}
+
+// Each stroke begins behind the one before, the first with the first point.
+void TakeStrokeStarts(VostelObj& object, const std::vector<int>& starts)
+{
+    if (object.TypeCode != OverlayMStroke || starts.empty())
+        return;
+    if (starts[0] != 0)
+        Fail(VOSTEL_INVALID_ARGUMENT, "the first stroke does not begin with the first point");
+    for (std::size_t i = 1; i < starts.size(); ++i)
+        NeedRange(starts[i], starts[i - 1] + 1, static_cast<int>(object.ImagePoints.size()) - 1,
+                  "the beginning of a stroke");
+    object.StrokeStarts = starts;
+}
+
+void TakeText(VostelObj& object, const std::string& text)
+{
+    const std::optional<std::wstring> wide = WideOf(text);
+    if (!wide)
+        Fail(VOSTEL_INVALID_ARGUMENT, "text is not UTF-8");
+    if (!text.empty())
+        object.TakeText(wide->c_str());
+}
+
+std::unique_ptr<VostelObj> Build(VostelImage& canvas, const FileObject& object, ObjectNotes& notes)
+{
+    std::unique_ptr<VostelObj> made = MakeOpenObject(canvas, object.Kind);
+    CheckPoints(object);
+    if (!made->TakePoints(object.Points))
+        Fail(VOSTEL_INVALID_ARGUMENT, "points is not what the kind takes");
+    TakeStrokeStarts(*made, object.StrokeStarts);
+    TakeText(*made, object.Text);
+    if (!WideOf(object.Name))
+        Fail(VOSTEL_INVALID_ARGUMENT, "name is not UTF-8");
+    notes.Name = object.Name;
+    NeedRange(object.Label, 0, INT32_MAX, "label");
+    CheckFlags(*made, object.Flags);
+    TakeFlags(*made, notes, object.Flags);
+    if (object.Style) {
+        CheckStyle(*object.Style);
+        TakeStyle(*made, *object.Style);
+    }
+    return made;
+}
+
+// A built object with what is kept beside it.
+struct Built {
+    std::unique_ptr<VostelObj> Object;
+    ObjectNotes                Notes;
+};
+
+std::vector<Built> BuildAll(VostelImage& canvas, const std::vector<FileObject>& objects)
+{
+    std::vector<Built> built(objects.size());
+    for (std::size_t i = 0; i < objects.size(); ++i) {
+        try {
+            built[i].Object = Build(canvas, objects[i], built[i].Notes);
+        } catch (const Failure& failure) {
+            Fail(VOSTEL_BAD_FORMAT, "object " + std::to_string(i + 1) + ": " + failure.Message);
+        }
+    }
+    return built;
+}
+
+// The labels that the objects get: those of the file where they are free, else the lowest free ones.
+class FreeLabels {
+public:
+    FreeLabels(const VostelImage& canvas, const Document& notes, const std::vector<FileObject>& objects)
+    {
+        for (const VostelObj* const element : canvas.Elements)
+            Used.insert(notes.NotesOf(*element).Label);
+        for (const FileObject& object : objects) {
+            if (object.Label > 0 && Used.insert(object.Label).second)
+                Taken[object.Label] = object.Label;
+        }
+    }
+
+    int For(int label)
+    {
+        if (label == 0)
+            return Lowest();
+        const auto found = Taken.find(label);
+        return found != Taken.end() ? found->second : Taken[label] = Lowest();
+    }
+
+private:
+    std::set<int>      Used;
+    std::map<int, int> Taken;    // by what the file says
+    int                Next = 1;
+
+    int Lowest()
+    {
+        while (!Used.insert(Next).second)
+            ++Next;
+        return Next;
+    }
+};
+
+}
+
+std::vector<FileObject> ObjectsOf(const VostelImage& canvas, const Document& notes)
+{
+    std::vector<FileObject> objects;
+    objects.reserve(canvas.Elements.size());
+    for (const VostelObj* const element : canvas.Elements)
+        objects.push_back(FileObjectOf(*element, notes.NotesOf(*element)));
+    return objects;
+}
+
+void AddObjects(VostelImage& canvas, Document& notes, const std::vector<FileObject>& objects,
+                const std::string& step)
+{
+    std::vector<Built>      built = BuildAll(canvas, objects);
+    FreeLabels              labels(canvas, notes, objects);
+    std::vector<VostelObj*> added;
+    added.reserve(built.size());
+    VostelObj* const selected = canvas.SelectedElement();
+    const int        index = selected ? canvas.SelIndex : -1;
+    notes.NameStep(step);
+    try {
+        for (std::size_t i = 0; i < built.size(); ++i) {
+            notes.Settle(*built[i].Object);
+            VostelObj& object = notes.Add(std::move(built[i].Object));
+            added.push_back(&object);
+            object.Selected = false;    // what is selected stays so
+            canvas.SelIndex = index;
+            ObjectNotes& kept = notes.NotesToChange(object);
+            kept.Name = std::move(built[i].Notes.Name);
+            kept.NoLabel = built[i].Notes.NoLabel;
+            if (IsRegion(object.TypeCode))
+                notes.SetLabel(object, labels.For(objects[i].Label));
+        }
+    } catch (...) {
+        for (std::size_t i = added.size(); i > 0; --i)
+            notes.Remove(*added[i - 1]);
+        throw;
+    }
+}
+
+}

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "interchange/FileObject.h"
+
+#include <string>
+#include <vector>
+
+namespace vostel {
+
+class Document;
+class VostelImage;
+
+// In drawing order.
+std::vector<FileObject> ObjectsOf(const VostelImage& canvas, const Document& notes);
+
+// Puts objects on top, as one step of that name, all or none of them. A label stays where it is free, else
+// the lowest free one is taken; objects of one label in the file share theirs. Fails with VOSTEL_BAD_FORMAT
+// and the object's place for what is not an object's.
+void AddObjects(VostelImage& canvas, Document& notes, const std::vector<FileObject>& objects,
+                const std::string& step);
+
+}

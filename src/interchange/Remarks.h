@@ -1,0 +1,24 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace vostel {
+
+// What a call that succeeds has to tell all the same.
+class Remarks {
+public:
+    void Add(std::string remark) { Others.push_back(std::move(remark)); }
+    // Counts what a format cannot hold, such as "text".
+    void LeftOut(const std::string& what) { ++Missing[what]; }
+
+    // "left out: 2 texts, 1 panel; ..."; empty for nothing.
+    std::string Text() const;
+
+private:
+    std::map<std::string, int> Missing;
+    std::vector<std::string>   Others;
+};
+
+}
