@@ -2,13 +2,13 @@
 
 # Debian packages by what needs them. A package stands in one list only; docs/dependencies.md says why each is there.
 packages_build=(cmake g++ libcli11-dev libgif-dev libjpeg-dev libpango1.0-dev libpng-dev libtiff-dev libwebp-dev ninja-build
-                nlohmann-json3-dev pkg-config)
+                nlohmann-json3-dev pkg-config zlib1g-dev)
 packages_viewer=(qt6-base-dev qt6-l10n-tools qt6-tools-dev qt6-tools-dev-tools qt6-translations-l10n)
 packages_fonts=(fonts-dejavu-core fonts-noto-cjk)
 packages_tests=(abigail-tools clang clang-format clang-tidy diffutils doctest-dev doxygen libxtst-dev python3 util-linux xvfb)
 # With Xlib, Qt and OpenCV of the other lists, what the public headers are compiled beside.
 packages_toolkits=(libgtk-3-dev libsdl2-dev libwxgtk3.2-dev unixodbc-dev)
-packages_windows=(g++-mingw-w64-x86-64-posix wine64)
+packages_windows=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev wine64)
 packages_long=(mmdebstrap)
 packages_bench=(libbenchmark-dev libcairo2-dev libfftw3-dev libkissfft-dev libopenblas-pthread-dev libopencv-dev libpixman-1-dev)
 
