@@ -17,6 +17,7 @@ struct SampleFile {
     std::span<const unsigned char> Bytes;
     int                            Page = 0;
     PictureLimits                  Limits;
+    PaletteUse                     Palettes = PaletteUse::Colors;
 };
 
 // Ours, on every platform.

@@ -69,7 +69,8 @@ PictureOutcome ReadBytes(const char* path, const PictureLimits& limits, std::vec
 
 }
 
-PictureOutcome ReadPicture(const char* utf8Path, int page, const PictureLimits& limits, ImageSamples& samples)
+PictureOutcome ReadPicture(const char* utf8Path, int page, const PictureLimits& limits, ImageSamples& samples,
+                           PaletteUse palettes)
 {
     std::vector<unsigned char> bytes;
     const PictureOutcome       read = ReadBytes(utf8Path, limits, bytes);
@@ -81,7 +82,7 @@ PictureOutcome ReadPicture(const char* utf8Path, int page, const PictureLimits& 
     if (page < 0 || (page > 0 && !format.CountPages))
         return PictureOutcome::NoSuchPage;
     ImageSamples         decoded;
-    const PictureOutcome outcome = format.Decode({bytes, page, limits}, decoded);
+    const PictureOutcome outcome = format.Decode({bytes, page, limits, palettes}, decoded);
     if (outcome == PictureOutcome::Taken)
         samples = std::move(decoded);
     return outcome;
@@ -97,7 +98,7 @@ PictureOutcome CountPages(const char* utf8Path, const PictureLimits& limits, int
     if (!format.Decode)
         return PictureOutcome::BadFormat;
     if (format.CountPages)
-        return format.CountPages({bytes, 0, limits}, pages);
+        return format.CountPages({.Bytes = bytes, .Limits = limits}, pages);
     pages = 1;
     return PictureOutcome::Taken;
 }

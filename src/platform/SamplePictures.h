@@ -8,6 +8,7 @@
 #include "platform/ImageSamples.h"
 
 #include <cstdint>
+#include <vector>
 
 namespace vostel {
 
@@ -26,11 +27,20 @@ enum class PictureOutcome {
     NoSuchPage
 };
 
+// What becomes of the palette of a PNG.
+enum class PaletteUse {
+    Colors,    // the picture is what it shows
+    Indices    // its values are the numbers of the entries
+};
+
 // The format is told by the content. Pages of a TIFF and frames of a GIF are counted from 0; a frame is the
 // whole picture as it then looks. The samples are left alone unless they are taken. Fails for want of memory
 // as the allocator does.
-PictureOutcome ReadPicture(const char* utf8Path, int page, const PictureLimits& limits,
-                           ImageSamples& samples);
+PictureOutcome ReadPicture(const char* utf8Path, int page, const PictureLimits& limits, ImageSamples& samples,
+                           PaletteUse palettes = PaletteUse::Colors);
 PictureOutcome CountPages(const char* utf8Path, const PictureLimits& limits, int& pages);
+
+// The bytes of a PNG file of gray samples of 16 bits; empty where the system cannot write them.
+std::vector<unsigned char> PngOfGray16(const ImageSamples& samples);
 
 }

@@ -135,7 +135,7 @@ bool ReadPalette(Opened& opened, IWICBitmapFrameDecode& frame, std::vector<unsig
 }
 
 // Indices or grays of up to 8 bits, the left pixel in the high bits.
-PictureOutcome UnpackBits(Opened& opened, IWICBitmapFrameDecode& frame, const Plan& plan,
+PictureOutcome UnpackBits(Opened& opened, IWICBitmapFrameDecode& frame, const Plan& plan, PaletteUse palettes,
                           ImageSamples& samples)
 {
     const unsigned    top = (1u << plan.Bits) - 1;
@@ -154,7 +154,7 @@ PictureOutcome UnpackBits(Opened& opened, IWICBitmapFrameDecode& frame, const Pl
             target[x] = plan.Indexed ? static_cast<unsigned char>(value) : ScaledByte(value, top);
         }
     }
-    if (!plan.Indexed)
+    if (!plan.Indexed || palettes == PaletteUse::Indices)
         return PictureOutcome::Taken;
     std::vector<unsigned> colors;
     if (!ReadPalette(opened, frame, colors))
@@ -190,14 +190,14 @@ PictureOutcome UnpackWords(IWICBitmapFrameDecode& frame, const Plan& plan, Image
 }
 
 PictureOutcome CopyPixels(Opened& opened, IWICBitmapFrameDecode& frame, const Plan& plan, const GUID& format,
-                          ImageSamples& samples)
+                          PaletteUse palettes, ImageSamples& samples)
 {
     const UINT stride = static_cast<UINT>(samples.RowBytes());
     if (samples.Bytes() > UINT32_MAX)
         return PictureOutcome::TooLarge;
     const UINT bytes = static_cast<UINT>(samples.Bytes());
     if (plan.Bits > 0)
-        return UnpackBits(opened, frame, plan, samples);
+        return UnpackBits(opened, frame, plan, palettes, samples);
     if (plan.Words > 0)
         return UnpackWords(frame, plan, samples);
     if (plan.Format == format)
@@ -232,7 +232,7 @@ PictureOutcome Decode(const SampleFile& file, bool isTiff, ImageSamples& samples
     const PictureOutcome made = MakeSamples(file.Limits, plan.Type, width, height, samples);
     if (made != PictureOutcome::Taken)
         return made;
-    const PictureOutcome copied = CopyPixels(opened, *frame.Get(), plan, format, samples);
+    const PictureOutcome copied = CopyPixels(opened, *frame.Get(), plan, format, file.Palettes, samples);
     if (copied != PictureOutcome::Taken)
         return copied;
     if (isTiff)
@@ -272,6 +272,45 @@ PictureOutcome CountTiffPages(const SampleFile& file, int& pages)
     if (open == PictureOutcome::Taken)
         pages = static_cast<int>(opened.Frames);
     return open;
+}
+
+}
+
+namespace vostel {
+
+std::vector<unsigned char> PngOfGray16(const ImageSamples& samples)
+{
+    using namespace pictures;
+    const Apartment             apartment;
+    Held<IWICImagingFactory>    factory;
+    Held<IStream>               stream;
+    Held<IWICBitmapEncoder>     encoder;
+    Held<IWICBitmapFrameEncode> frame;
+    GUID                        format = GUID_WICPixelFormat16bppGray;
+    const UINT                  stride = static_cast<UINT>(samples.RowBytes());
+    if (samples.Bytes() > UINT32_MAX ||
+        FAILED(CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER,
+                                IID_IWICImagingFactory, reinterpret_cast<void**>(factory.Out()))) ||
+        FAILED(CreateStreamOnHGlobal(nullptr, TRUE, stream.Out())) ||
+        FAILED(factory->CreateEncoder(GUID_ContainerFormatPng, nullptr, encoder.Out())) ||
+        FAILED(encoder->Initialize(stream.Get(), WICBitmapEncoderNoCache)) ||
+        FAILED(encoder->CreateNewFrame(frame.Out(), nullptr)) || FAILED(frame->Initialize(nullptr)) ||
+        FAILED(frame->SetSize(static_cast<UINT>(samples.Width), static_cast<UINT>(samples.Height))) ||
+        FAILED(frame->SetPixelFormat(&format)) || format != GUID_WICPixelFormat16bppGray ||
+        FAILED(frame->WritePixels(static_cast<UINT>(samples.Height), stride,
+                                  static_cast<UINT>(samples.Bytes()), const_cast<BYTE*>(samples.Data()))) ||
+        FAILED(frame->Commit()) || FAILED(encoder->Commit()))
+        return {};
+    STATSTG       facts = {};
+    LARGE_INTEGER start = {};
+    ULONG         read = 0;
+    if (FAILED(stream->Stat(&facts, STATFLAG_NONAME)) ||
+        FAILED(stream->Seek(start, STREAM_SEEK_SET, nullptr)))
+        return {};
+    std::vector<unsigned char> file(facts.cbSize.LowPart);
+    if (FAILED(stream->Read(file.data(), facts.cbSize.LowPart, &read)) || read != file.size())
+        return {};
+    return file;
 }
 
 }
