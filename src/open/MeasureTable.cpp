@@ -1,8 +1,8 @@
 #include "open/MeasureTable.h"
 
 #include "document/ObjectMeasures.h"
+#include "interchange/CsvText.h"
 
-#include <charconv>
 #include <cmath>
 #include <cstdio>
 
@@ -10,30 +10,12 @@ namespace vostel::open {
 
 namespace {
 
-template <typename Number>
-std::string NumberText(Number value)
-{
-    char       text[32];    // the longest double takes 24 characters
-    const auto end = std::to_chars(text, text + sizeof text, value);
-    return std::string(text, end.ptr);
-}
-
 // Empty where the field has no meaning.
 std::string FieldText(const VostelMeasures& measures, const MeasureField& field)
 {
     if ((measures.valid & field.Bit) == 0)
         return std::string();
     return std::visit([&](auto member) { return NumberText(measures.*member); }, field.Field);
-}
-
-std::string Quoted(const std::string& text, char separator)
-{
-    if (text.find_first_of(std::string("\"\r\n") + separator) == std::string::npos)
-        return text;
-    std::string quoted = "\"";
-    for (const char c : text)
-        quoted.append(c == '"' ? 2 : 1, c);
-    return quoted + "\"";
 }
 
 std::string JsonString(const std::string& text)
@@ -76,9 +58,9 @@ std::string CsvOf(const std::vector<MeasureRow>& rows, const std::string& unit, 
         table += separator + std::string(field.Name);
     table += "\r\n";
     for (const MeasureRow& row : rows) {
-        table += NumberText(row.Object) + separator + Quoted(row.Name, separator) + separator + row.Kind +
+        table += NumberText(row.Object) + separator + QuotedCell(row.Name, separator) + separator + row.Kind +
                  separator + (row.Label > 0 ? NumberText(row.Label) : std::string()) + separator +
-                 Quoted(unit, separator);
+                 QuotedCell(unit, separator);
         for (const MeasureField& field : MeasureFields)
             table += separator + FieldText(row.Measures, field);
         table += "\r\n";

@@ -1,3 +1,4 @@
+#include "support/CommaLocale.h"
 #include "support/OpenCanvas.h"
 #include "support/OpenShapes.h"
 
@@ -164,4 +165,17 @@ TEST_CASE("an unknown format is not supported, and a small buffer gets the begin
     CHECK(vostel_table(canvas.Number, "csv", buffer, sizeof buffer, &length) == VOSTEL_BUFFER_TOO_SMALL);
     CHECK(std::string(buffer) == "object,");
     CHECK(length == std::string(Header).size());
+}
+
+TEST_CASE("numbers have a point and no groups in every locale")
+{
+    OpenCanvas canvas;
+    ShowFloats(canvas.Number, 20, 20, [](int x, int y) { return 12345.5 + x + 0.25 * y; });
+    Add(canvas.Number, VOSTEL_POLYGON, {{1.5, 1.25}, {17.75, 3.5}, {5.5, 18.625}});
+    REQUIRE(vostel_set_scale(canvas.Number, 1234.5, "mm") == VOSTEL_OK);
+    for (const char* const format : {"csv", "tsv", "json"}) {
+        const std::string plain = TableOf(canvas.Number, format);
+        const CommaLocale locale;
+        CHECK(TableOf(canvas.Number, format) == plain);
+    }
 }
