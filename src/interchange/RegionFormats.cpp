@@ -1,6 +1,9 @@
 #include "interchange/RegionFormats.h"
 
 #include "base/Failure.h"
+#include "interchange/LabelFiles.h"
+#include "interchange/LabelLegend.h"
+#include "interchange/RegionFiles.h"
 
 #include <algorithm>
 #include <span>
@@ -11,7 +14,12 @@ namespace {
 
 std::span<const RegionFormat> AllFormats()
 {
-    static const std::vector<RegionFormat> formats = {};
+    static const std::vector<RegionFormat> formats = {
+        {"geojson", {".geojson"}, ExportGeoJson, ImportGeoJson},
+        {"coco", {}, ExportCoco, ImportCoco},
+        {"labels", {".png", LegendEnding, RawEnding}, ExportLabels, ImportLabels},
+        {"csv", {".csv"}, ExportPointTable, ImportPointTable},
+    };
     return formats;
 }
 

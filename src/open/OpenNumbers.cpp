@@ -1,5 +1,6 @@
 #include "base/Utf8.h"
 #include "document/KindRules.h"
+#include "document/LabelImage.h"
 #include "document/ObjectMeasures.h"
 #include "geometry/ProfileSampling.h"
 #include "geometry/Statistics.h"
@@ -35,11 +36,6 @@ VostelProfile ProfileOf(const ProfileLine& line, std::span<const double> samples
     }
     return profile;
 }
-
-struct LabelledRuns {
-    std::vector<PixelRun> Runs;
-    std::int32_t          Label = 0;
-};
 
 // Labels by rows of any alignment.
 class LabelRows {
@@ -147,14 +143,9 @@ VostelStatus vostel_labels(int32_t canvas, int32_t* labels, ptrdiff_t row_bytes)
         NeedPointer(labels, "labels");
         const std::ptrdiff_t distance = RowDistance(row_bytes, plane.Width, sizeof *labels);
         // All regions first: what is short of memory fails before a label is written.
-        std::vector<LabelledRuns> regions;
-        for (const VostelObj* const object : image.Elements) {
-            const ObjectNotes& kept = notes.NotesOf(*object);
-            if (IsRegion(object->TypeCode) && !object->Hidden && !kept.NoLabel)
-                regions.push_back({RunsOfRegion(*object, plane.Width, plane.Height), kept.Label});
-        }
-        const LabelRows rows(labels, distance, plane.Width, plane.Height);
-        for (const LabelledRuns& region : regions)
+        const std::vector<LabelledRegion> regions = LabelledRegions(image, notes, plane.Width, plane.Height);
+        const LabelRows                   rows(labels, distance, plane.Width, plane.Height);
+        for (const LabelledRegion& region : regions)
             rows.Write(region.Runs, region.Label);
     });
 }
