@@ -1,5 +1,6 @@
 #include "interchange/LabelFiles.h"
 
+#include "base/AsciiCase.h"
 #include "base/Failure.h"
 #include "base/LittleEndian.h"
 #include "canvas/VostelImage.h"
@@ -96,11 +97,6 @@ void TellLosses(const RegionExport& file, const std::vector<LabelledRegion>& reg
     }
     if (AreOverlapping(regions, size))
         file.Told.Add("regions overlap: the upper ones take the pixels of the lower ones");
-}
-
-bool HasEnding(const std::string& path, const std::string& ending)
-{
-    return path.size() > ending.size() && path.ends_with(ending);
 }
 
 // The picture that a path means: itself, or NAME.png for the files beside it.

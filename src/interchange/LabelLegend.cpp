@@ -1,9 +1,10 @@
 #include "interchange/LabelLegend.h"
 
+#include "base/AsciiCase.h"
 #include "base/Failure.h"
 #include "interchange/JsonText.h"
 
-#include <algorithm>
+#include <string_view>
 
 namespace vostel {
 
@@ -56,11 +57,8 @@ LabelLegend LegendOfText(const std::string& text)
 
 std::string LabelNameOf(const std::string& utf8Path)
 {
-    std::string lower = utf8Path;
-    std::transform(lower.begin(), lower.end(), lower.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 'a' - 'A') : c; });
-    for (const std::string ending : {".labels.png", LegendEnding, RawEnding, ".png"}) {
-        if (lower.ends_with(ending))
+    for (const std::string_view ending : {".labels.png", LegendEnding, RawEnding, ".png"}) {
+        if (HasEnding(utf8Path, ending))
             return utf8Path.substr(0, utf8Path.size() - ending.size());
     }
     const std::size_t dot = utf8Path.rfind('.');

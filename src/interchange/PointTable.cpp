@@ -1,5 +1,6 @@
 #include "interchange/PointTable.h"
 
+#include "base/AsciiCase.h"
 #include "base/Failure.h"
 #include "document/KindRules.h"
 #include "interchange/CsvText.h"
@@ -31,14 +32,6 @@ std::string_view Trimmed(std::string_view text)
     while (!text.empty() && IsSpace(text.back()))
         text.remove_suffix(1);
     return text;
-}
-
-std::string Lower(std::string_view text)
-{
-    std::string lower(text);
-    std::transform(lower.begin(), lower.end(), lower.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 'a' - 'A') : c; });
-    return lower;
 }
 
 // What stands in the header tells what the cells are separated by.
@@ -120,7 +113,7 @@ private:
         HeaderSize = Cells.size();
         std::string ignored;
         for (std::size_t i = 0; i < Cells.size(); ++i) {
-            const std::string name = Lower(Trimmed(Cells[i]));
+            const std::string name = LowerCase(Trimmed(Cells[i]));
             const auto        found = std::find(ColumnNames.begin(), ColumnNames.end(), name);
             const auto        column = static_cast<std::size_t>(found - ColumnNames.begin());
             if (column < ColumnCount && !Places[column])
@@ -165,7 +158,7 @@ private:
     {
         Reading reading;
         reading.Line = Rows.Line();
-        reading.Kind = Lower(Trimmed(Cell(KindColumn)));
+        reading.Kind = LowerCase(Trimmed(Cell(KindColumn)));
         reading.Object.Name = Cell(NameColumn);
         const std::string label = Cell(LabelColumn);
         if (!Trimmed(label).empty()) {

@@ -1,5 +1,6 @@
 #include "interchange/RegionFormats.h"
 
+#include "base/AsciiCase.h"
 #include "base/Failure.h"
 #include "interchange/LabelFiles.h"
 #include "interchange/LabelLegend.h"
@@ -7,6 +8,7 @@
 
 #include <algorithm>
 #include <span>
+#include <string_view>
 
 namespace vostel {
 
@@ -23,31 +25,47 @@ std::span<const RegionFormat> AllFormats()
     return formats;
 }
 
-bool HasEnding(const std::string& path, const char* ending)
+// How much of the path says that it is of the format; ".labels.json" says more than ".json".
+std::size_t LengthOfEnding(const RegionFormat& format, const std::string& path)
 {
-    std::string lower = path;
-    std::transform(lower.begin(), lower.end(), lower.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 'a' - 'A') : c; });
-    return lower.ends_with(ending);
+    std::size_t length = 0;
+    for (const std::string_view ending : format.Endings) {
+        if (HasEnding(path, ending))
+            length = std::max(length, ending.size());
+    }
+    return length;
 }
 
-bool IsMeant(const RegionFormat& one, const char* format, const std::string& path)
+const RegionFormat* FormatNamed(std::string_view name)
 {
-    if (format)
-        return one.Name == std::string(format);
-    return std::any_of(one.Endings.begin(), one.Endings.end(),
-                       [&](const char* ending) { return HasEnding(path, ending); });
+    for (const RegionFormat& one : AllFormats()) {
+        if (one.Name == name)
+            return &one;
+    }
+    return nullptr;
+}
+
+const RegionFormat* FormatOfPath(const std::string& path)
+{
+    const RegionFormat* found = nullptr;
+    std::size_t         length = 0;
+    for (const RegionFormat& one : AllFormats()) {
+        if (LengthOfEnding(one, path) > length) {
+            length = LengthOfEnding(one, path);
+            found = &one;
+        }
+    }
+    return found;
 }
 
 }
 
 const RegionFormat& FindRegionFormat(const char* format, const std::string& path)
 {
-    for (const RegionFormat& one : AllFormats()) {
-        if (IsMeant(one, format, path))
-            return one;
-    }
-    Fail(VOSTEL_NOT_SUPPORTED, format ? "format is unknown" : "path has the ending of no known format");
+    const RegionFormat* const found = format ? FormatNamed(format) : FormatOfPath(path);
+    if (!found)
+        Fail(VOSTEL_NOT_SUPPORTED, format ? "format is unknown" : "path has the ending of no known format");
+    return *found;
 }
 
 }

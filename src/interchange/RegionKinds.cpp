@@ -14,6 +14,8 @@ namespace {
 // Files of others may have rounded coordinates to a few places.
 constexpr double RoundedBy = 1e-3;    // px
 
+constexpr double Farthest = 1e150;    // px; areas and curves are finite as far as that
+
 bool Fits(int kind, std::size_t points)
 {
     const PointCounts counts = PointCountsOf(kind);
@@ -42,7 +44,7 @@ bool IsWhole(const FileObject& object)
 {
     return Fits(object.Kind, object.Points.size()) &&
            std::all_of(object.Points.begin(), object.Points.end(), [](const ImagePoint& point) {
-               return std::isfinite(point.x) && std::isfinite(point.y);
+               return std::fabs(point.x) <= Farthest && std::fabs(point.y) <= Farthest;
            });
 }
 

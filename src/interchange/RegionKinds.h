@@ -22,8 +22,8 @@ struct NamedKind {
 };
 std::optional<NamedKind> KindOfWord(std::string_view word, std::size_t points);
 
-// Whether it has the points of its kind, which one that is still being drawn may lack, and all of them are
-// finite.
+// Whether it has the points of its kind, which one that is still being drawn may lack, and none of them lies
+// beyond all bounds.
 bool IsWhole(const FileObject& object);
 
 // The exact outline of a region.
