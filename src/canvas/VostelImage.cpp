@@ -43,6 +43,7 @@ VostelImage::~VostelImage() = default;
 void VostelImage::PrepareImage(int width, int height, bool clearObjects, bool cleared)
 {
     DropSamples();
+    Source.reset();
     CanvasWidth = width;
     CanvasHeight = height;
     VostelDC::PrepareImage(width, height, clearObjects, cleared);

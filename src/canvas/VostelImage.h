@@ -1,5 +1,6 @@
 #pragma once
 
+#include "canvas/ImageSource.h"
 #include "canvas/SampleRange.h"
 #include "canvas/VostelDC.h"
 #include "canvas/view/ImageValues.h"
@@ -24,6 +25,8 @@ struct ShowKeeps {
     bool Objects = false;
     bool View = false;    // if the size is the same
     bool Contrast = false;
+    // Borrowed: the contrast to begin with, in the place of any that is kept; null for none.
+    const ContrastState* Beginning = nullptr;
 };
 
 // A contrast window of its own inside a region.
@@ -45,14 +48,15 @@ struct RegionWindow {
 // when a host asks for them.
 class VostelImage final : public VostelDC, public ImageValues {
 public:
-    ZEKMAPIMA            Map;                   // from stretched values to gray
-    double               MeasureScale = 1.0;    // length units per image px, for new measures
-    ClassData2DIO<float> RawOri;
-    ClassData2DIO<float> Raw;
-    int                  CanvasWidth = 0;    // image px
-    int                  CanvasHeight = 0;
-    FileType             CurrentFileType = FileTypeNone;
-    ClassData2DIO<int>   LabelIma;    // rows in surface order: row 0 is the bottom of the image
+    ZEKMAPIMA                  Map;                   // from stretched values to gray
+    double                     MeasureScale = 1.0;    // length units per image px, for new measures
+    ClassData2DIO<float>       RawOri;
+    ClassData2DIO<float>       Raw;
+    int                        CanvasWidth = 0;    // image px
+    int                        CanvasHeight = 0;
+    FileType                   CurrentFileType = FileTypeNone;
+    ClassData2DIO<int>         LabelIma;    // rows in surface order: row 0 is the bottom of the image
+    std::optional<ImageSource> Source;      // of what is shown; none for an image from memory
 
     VostelImage();
     ~VostelImage();

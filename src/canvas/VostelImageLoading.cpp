@@ -1,6 +1,8 @@
 #include "canvas/VostelImage.h"
 
 #include "base/Truncate.h"
+#include "base/Utf8.h"
+#include "fileio/FilePaths.h"
 #include "output/FloatRange.h"
 #include "platform/Files.h"
 #include "platform/HostServices.h"
@@ -122,6 +124,26 @@ bool ReadRawPlane(ClassData2DIO<float>& plane, const tagZEKImaLoadPara& layout, 
     }
 }
 
+std::string AbsoluteUtf8(const CString& path)
+{
+    return AbsolutePath(Utf8Of(std::wstring_view(path, static_cast<std::size_t>(path.GetLength()))));
+}
+
+// The same layout as the open interface takes it; nothing for what the file does not hold in full.
+std::optional<RawLayout> LayoutInFull(const tagZEKImaLoadPara& layout, const char* path)
+{
+    constexpr SampleType Types[] = {SampleType::U16, SampleType::F32, SampleType::I16, SampleType::U8};
+    if (!IsRawElement(layout.DataType) || layout.Width < 1 || layout.Height < 1)
+        return std::nullopt;
+    const SampleType    type = Types[layout.DataType];
+    const std::uint64_t skipped = layout.DataType == RawByte ? 0 : layout.HeaderBytes;
+    const std::uint64_t bytes = PixelBytes(type) * static_cast<std::uint64_t>(layout.Width) *
+                                static_cast<std::uint64_t>(layout.Height);
+    if (DataBytes(path, skipped) < bytes)
+        return std::nullopt;
+    return RawLayout{type, layout.Width, layout.Height, static_cast<std::int64_t>(skipped), false};
+}
+
 void TruncateToBytes(const ClassData2DIO<float>& plane, ClassData2DIO<unsigned char>& bytes)
 {
     bytes.Allocate(plane.Width, plane.Height);
@@ -167,6 +189,10 @@ void VostelImage::LoadRawImage(CString path, bool keepOriginal)
         return;
     if (layout.MapToByte == 0) {
         ShowRaw(plane, keepOriginal, true);
+        // Without the original the values are not those of the file any more.
+        const std::optional<RawLayout> raw = keepOriginal ? LayoutInFull(layout, name) : std::nullopt;
+        if (raw)
+            Source = ImageSource{AbsoluteUtf8(path), 0, raw, true};
         return;
     }
     const float lowest = layout.OutLow < 0.0f ? 0.0f : layout.OutLow;
@@ -199,6 +225,7 @@ void VostelImage::LoadCommonImage(CString path)
                                                                           Release2DList);
     CanvasSurface.UploadRows(rows.get(), width, height, format);
     GrayOnSurface = depth == 8;
+    Source = ImageSource{AbsoluteUtf8(path), 0, std::nullopt, true};
 }
 
 }

@@ -87,7 +87,8 @@ void VostelImage::ShowSamples(ImageSamples&& samples, ShowKeeps keeps)
 void VostelImage::ReplaceSamples(ImageSamples&& samples, const CopiedRange& range, ShowKeeps keeps)
 {
     keeps.Contrast = keeps.Contrast && CurrentFileType != FileTypeNone;    // a first image has none to keep
-    const ContrastState kept = Contrast();
+    keeps.Contrast = keeps.Contrast || keeps.Beginning;
+    const ContrastState kept = keeps.Beginning ? *keeps.Beginning : Contrast();
     SamplePainter       painter(samples.Type, keeps.Contrast ? kept : ContrastState());
     PixelSurface        made;
     if (!HasSurfaceFor(samples.Width, samples.Height)) {
@@ -116,6 +117,7 @@ void VostelImage::FinishSamples(SamplePainter& painter, PixelSurface& made, cons
     RawOri.Release();
     RawIsOld = RawOriIsOld = LabelsAreOld = deep;
     GrayOnSurface = false;
+    Source.reset();
     CurrentFileType = deep ? FileTypeRaw : FileTypeByte;
     CanvasWidth = Samples.Width;
     CanvasHeight = Samples.Height;

@@ -1,11 +1,7 @@
 #include "canvas/SampleRange.h"
-#include "foundation/Limits.h"
+#include "fileio/FilePaths.h"
 #include "open/OpenPlanes.h"
-#include "platform/Files.h"
-#include "platform/SamplePictures.h"
 
-#include <algorithm>
-#include <bit>
 #include <cmath>
 
 using namespace vostel;
@@ -20,78 +16,26 @@ ShowKeeps KeepsFrom(std::uint32_t flags)
             (flags & VOSTEL_KEEP_CONTRAST) != 0};
 }
 
-PictureLimits LimitsOfPictures()
-{
-    const Limits limits = LimitsInForce();
-    return {limits.MaxSide, limits.MaxPixels, limits.MaxFileBytes};
-}
-
-void NeedTaken(PictureOutcome outcome, const std::string& path, std::int32_t page)
-{
-    switch (outcome) {
-    case PictureOutcome::Taken:
-        return;
-    case PictureOutcome::NotRead:
-        Fail(VOSTEL_NOT_READ, "\"" + path + "\" cannot be read");
-    case PictureOutcome::BadFormat:
-        Fail(VOSTEL_BAD_FORMAT, "\"" + path + "\" is no picture, or damaged");
-    case PictureOutcome::TooLarge:
-        Fail(VOSTEL_TOO_LARGE, "\"" + path + "\" is beyond the limits");
-    case PictureOutcome::NotSupported:
-        Fail(VOSTEL_NOT_SUPPORTED, "\"" + path + "\" is a picture of a kind that is not supported");
-    case PictureOutcome::NoSuchPage:
-        Fail(VOSTEL_NOT_FOUND, "\"" + path + "\" has no page " + std::to_string(page));
-    }
-}
-
 VostelStatus OpenPage(std::int32_t canvas, const char* path, std::int32_t page, std::uint32_t flags)
 {
     return OnCanvas(canvas, [&](VostelImage& image, Document&) {
         const ShowKeeps   keeps = KeepsFrom(flags);
         const std::string name = TextFrom(path, "path");
         NeedRange(page, 0, INT32_MAX, "page");
-        ImageSamples samples;
-        NeedTaken(ReadPicture(name.c_str(), page, LimitsOfPictures(), samples), name, page);
-        image.ShowSamples(std::move(samples), keeps);
+        ImageSource source{AbsolutePath(name), page, std::nullopt, false};
+        image.ShowSamples(ReadImagePage(name, page), keeps);
+        image.Source = std::move(source);
     });
 }
 
-void TurnByteOrder(ImageSamples& samples)
+RawLayout LayoutFrom(const VostelRawLayout* given)
 {
-    const std::size_t bytes = IsColor(samples.Type) ? 1 : PixelBytes(samples.Type);
-    if (bytes == 1)
-        return;
-    for (unsigned char* at = samples.Data(); at != samples.Data() + samples.Bytes(); at += bytes)
-        std::reverse(at, at + bytes);
-}
-
-// The samples that a layout finds in a file.
-ImageSamples ReadRaw(const std::string& path, const VostelRawLayout& layout)
-{
-    const SampleType type = SampleTypeFrom(layout.type, "layout->type");
+    const VostelRawLayout layout = RecordFrom(given, VostelRawLayout{}, "layout");
     NeedRange(layout.width, 1, INT32_MAX, "layout->width");
     NeedRange(layout.height, 1, INT32_MAX, "layout->height");
     NeedRange(layout.offset, 0, INT64_MAX, "layout->offset");
-    const Limits limits = LimitsInForce();
-    if (layout.width > limits.MaxSide || layout.height > limits.MaxSide ||
-        layout.width > limits.MaxPixels / layout.height)
-        Fail(VOSTEL_TOO_LARGE, "layout->width and layout->height are beyond the limits");
-    const OwnedFile file = OpenUtf8File(path.c_str(), "rb");
-    const long long length = file ? FileLength(file.get()) : -1;
-    if (length < 0)
-        Fail(VOSTEL_NOT_READ, "\"" + path + "\" cannot be read");
-    if (length > limits.MaxFileBytes)
-        Fail(VOSTEL_TOO_LARGE, "\"" + path + "\" is beyond the limits");
-    const long long bytes = static_cast<long long>(PixelBytes(type)) * layout.width * layout.height;
-    if (layout.offset > length - bytes)
-        Fail(VOSTEL_BAD_FORMAT, "\"" + path + "\" is shorter than its layout");
-    ImageSamples samples(type, layout.width, layout.height);
-    if (!SeekFile(file.get(), layout.offset) ||
-        std::fread(samples.Data(), 1, samples.Bytes(), file.get()) != samples.Bytes())
-        Fail(VOSTEL_NOT_READ, "\"" + path + "\" cannot be read");
-    if ((layout.big_endian != 0) != (std::endian::native == std::endian::big))
-        TurnByteOrder(samples);
-    return samples;
+    return {SampleTypeFrom(layout.type, "layout->type"), layout.width, layout.height, layout.offset,
+            layout.big_endian != 0};
 }
 
 // The value of channel 0; the luma's last places in double.
@@ -163,9 +107,7 @@ VostelStatus vostel_image_pages(const char* path, int32_t* pages)
     return Run([&] {
         NeedPointer(pages, "pages");
         const std::string name = TextFrom(path, "path");
-        int               count = 0;
-        NeedTaken(CountPages(name.c_str(), LimitsOfPictures(), count), name, 0);
-        Give<int32_t>(pages, count);
+        Give<int32_t>(pages, CountImagePages(name));
     });
 }
 
@@ -180,7 +122,10 @@ VostelStatus vostel_image_open_raw(int32_t canvas, const char* path, const Voste
     return OnCanvas(canvas, [&](VostelImage& image, Document&) {
         const ShowKeeps   keeps = KeepsFrom(flags);
         const std::string name = TextFrom(path, "path");
-        image.ShowSamples(ReadRaw(name, RecordFrom(layout, VostelRawLayout{}, "layout")), keeps);
+        const RawLayout   raw = LayoutFrom(layout);
+        ImageSource       source{AbsolutePath(name), 0, raw, false};
+        image.ShowSamples(ReadRawImage(name, raw), keeps);
+        image.Source = std::move(source);
     });
 }
 

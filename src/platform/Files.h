@@ -16,6 +16,8 @@ OwnedFile OpenUtf8File(const char* path, const char* mode);    // the same for a
 bool      SeekFile(std::FILE* file, long long place);          // counted from the beginning
 // Bytes of an open regular file whatever its size, -1 if it is unknown; the position is kept.
 long long FileLength(std::FILE* file);
+// Has all that was written to a file stand on the disk; false if it does not.
+bool FlushToDisk(std::FILE* file);
 // Gives a file another name in the same folder, whatever has it; false if the file keeps the old one.
 bool MoveFileOver(const CString& from, const CString& to);
 void RemoveFile(const CString& path);

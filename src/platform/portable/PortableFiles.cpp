@@ -4,8 +4,10 @@
 #include "platform/Files.h"
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdint>
 #include <cwchar>
 
@@ -58,6 +60,12 @@ long long FileLength(std::FILE* file)
     if (!file || fstat(fileno(file), &facts) != 0 || !S_ISREG(facts.st_mode))
         return -1;
     return facts.st_size;
+}
+
+bool FlushToDisk(std::FILE* file)
+{
+    // What lies on no disk, as a pipe, has nothing to wait for.
+    return std::fflush(file) == 0 && (fsync(fileno(file)) == 0 || errno == EINVAL);
 }
 
 bool MoveFileOver(const CString& from, const CString& to)

@@ -84,6 +84,11 @@ long long FileLength(std::FILE* file)
     return facts.st_size;
 }
 
+bool FlushToDisk(std::FILE* file)
+{
+    return std::fflush(file) == 0 && _commit(_fileno(file)) == 0;
+}
+
 bool MoveFileOver(const CString& from, const CString& to)
 {
     return MoveFileExW(from, to, MOVEFILE_REPLACE_EXISTING) != 0;
