@@ -2,6 +2,14 @@
 
 namespace vostel {
 
+// Numbers of an object: on the canvas and within its kind.
+struct ElementNumbers {
+    int SerialNo = 0;
+    int TypeSerial = 0;
+
+    bool operator==(const ElementNumbers&) const = default;
+};
+
 // Objects made of each kind: the next TypeSerial. Region shapes take SerialNo from RegionSerial, all others
 // from ElementSerial, which both bump.
 struct ElementCounts {
@@ -24,6 +32,9 @@ struct ElementCounts {
     // The count of a kind, null for a kind that is not counted; and only of those that deletions count down.
     int* OfKind(int kind);
     int* OfRegions(int kind);
+
+    // Counts one more of a kind and returns its numbers.
+    ElementNumbers Next(int kind);
 };
 
 }

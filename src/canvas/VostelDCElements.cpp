@@ -41,16 +41,24 @@ int* ElementCounts::OfKind(int kind)
     }
 }
 
+ElementNumbers ElementCounts::Next(int kind)
+{
+    ElementNumbers numbers;
+    numbers.SerialNo = OfRegions(kind) ? RegionSerial++ : ElementSerial;
+    ++ElementSerial;
+    if (int* const count = OfKind(kind))
+        numbers.TypeSerial = (*count)++;
+    return numbers;
+}
+
 VostelObj& VostelDC::Append(std::unique_ptr<VostelObj>&& object)
 {
     const ElementCounts before = *this;
     Elements.push_back(object.get());
     VostelObj& added = *object.release();
-    const int  kind = added.TypeCode;
-    added.SerialNo = OfRegions(kind) ? RegionSerial++ : ElementSerial;
-    ++ElementSerial;
-    if (int* const count = OfKind(kind))
-        added.TypeSerial = (*count)++;
+    const auto [serial, typeSerial] = Next(added.TypeCode);
+    added.SerialNo = serial;
+    added.TypeSerial = typeSerial;
     SelIndex = static_cast<int>(Elements.size()) - 1;
     added.Selected = true;
     if (Observer)

@@ -11,14 +11,10 @@
 
 namespace vostel {
 
-namespace {
-
-std::uint64_t NewIdentity()
+std::uint64_t Document::NewIdentity()
 {
     static std::atomic<std::uint64_t> last{0};
     return ++last;
-}
-
 }
 
 Document::Document(VostelImage& canvas, int number, bool created)
@@ -264,8 +260,8 @@ void Document::CallBegins() noexcept {}
 void Document::CallEnds() noexcept
 {
     try {
-        if (ImageCame) {
-            ContrastBefore.reset();    // that of the image before
+        if (ImageCame || StartsAfresh) {
+            ContrastBefore.reset();    // that of what was there before
             TellContrast();
             if (AllWent) {
                 Pending.clear();
@@ -294,7 +290,7 @@ void Document::CallEnds() noexcept
         Current = HistoryStep();
         Steps.Clear();
     }
-    LostTrack = Stale = ImageCame = AllWent = SelectionMoved = false;
+    LostTrack = Stale = ImageCame = AllWent = StartsAfresh = SelectionMoved = false;
     LeadLinked();
     Events.Deliver(Number);
 }
@@ -334,6 +330,9 @@ void Document::WillChangeContrast() noexcept
 void Document::ImageChanged() noexcept
 {
     ImageCame = Stale = true;
+    Unread.ImageMembers.clear();
+    if (AllWent)
+        Unread = UnreadParts();
     Events.Tell(VOSTEL_IMAGE_CHANGED, 0);
 }
 

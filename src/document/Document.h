@@ -2,6 +2,7 @@
 
 #include "canvas/CanvasObserver.h"
 #include "canvas/view/ViewPlacing.h"
+#include "document/DocumentContent.h"
 #include "document/History.h"
 #include "document/LabelNumbers.h"
 #include "document/Listeners.h"
@@ -9,6 +10,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -34,6 +36,7 @@ public:
 
     History      Steps;
     MeasureUnits Units() const;
+    UnreadParts  Unread;    // of the session that was opened here
 
     void Listen(std::int64_t token, std::uint32_t events, Listeners::Function function, void* user);
     bool Unlisten(std::int64_t token) { return Events.Remove(token); }
@@ -63,6 +66,10 @@ public:
     void                       Select(const std::vector<VostelObj*>& objects);
     // Gives an object whose points have changed its place, without a paint.
     void Settle(VostelObj& object);
+
+    // Puts the content, whose objects stand on the canvas's view, in the place of all objects, and begins the
+    // history afresh. Clear takes the former ones away and is the last that may fail.
+    void Replace(DocumentContent content, const std::function<void()>& clear);
 
     // Everything up to the end is one step.
     void BeginStep(std::string name);
@@ -128,6 +135,7 @@ private:
     bool                             Stale = false;
     bool                             ImageCame = false;
     bool                             AllWent = false;
+    bool                             StartsAfresh = false;    // in this call
     bool                             SelectionMoved = false;
     bool                             RegionWindowsMoved = false;
     std::vector<std::uint64_t>       Selection;    // as it was told last
@@ -135,10 +143,13 @@ private:
     std::optional<ViewPlace>         Followed;         // taken from a linked canvas and not told yet
     bool                             Leads = false;    // linked canvases are to follow
 
-    bool        IsWatching() const { return Steps.Limit() > 0 || Events.AreThere(); }
+    bool                 IsWatching() const { return Steps.Limit() > 0 || Events.AreThere(); }
+    static std::uint64_t NewIdentity();
+
     ObjectState StateOf(VostelObj& object);
     void        Adopt(VostelObj& object);
     void        Release(VostelObj& object);
+    void        SettleIfItCan(VostelObj& object) noexcept;
     ViewPlace   PlaceNow() const;
 
     void RecordRemoval(VostelObj& object, std::size_t index, bool renumbering, const ElementCounts& after);

@@ -34,10 +34,10 @@ std::vector<unsigned char> SaveShape(VostelObj& object)
     return object.SaveState();
 }
 
-void LoadShape(VostelObj& object, const std::vector<unsigned char>& shape)
+bool LoadShape(VostelObj& object, const std::vector<unsigned char>& shape)
 {
     const Unnumbered scope(object);
-    object.LoadState(shape);
+    return object.LoadState(shape);
 }
 
 }

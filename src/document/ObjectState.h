@@ -14,6 +14,7 @@ struct ObjectNotes {
     std::string Name;               // UTF-8
     int         Label = 0;          // of a region, from 1; else 0
     bool        NoLabel = false;    // left out of the label image
+    std::string Unread;             // members of a session's object that this version does not know, as JSON
 
     bool operator==(const ObjectNotes&) const = default;
 };
@@ -27,11 +28,15 @@ struct ObjectState {
     int TypeSerial = 0;
 
     bool operator==(const ObjectState& other) const { return Shape == other.Shape && Notes == other.Notes; }
-    std::size_t Bytes() const { return sizeof *this + Shape.capacity() + Notes.Name.capacity(); }
+    std::size_t Bytes() const
+    {
+        return sizeof *this + Shape.capacity() + Notes.Name.capacity() + Notes.Unread.capacity();
+    }
 };
 
 // The object's numbers are left out.
 std::vector<unsigned char> SaveShape(VostelObj& object);
-void                       LoadShape(VostelObj& object, const std::vector<unsigned char>& shape);
+// False for bytes that are none of the object's class; it may be half loaded then.
+bool LoadShape(VostelObj& object, const std::vector<unsigned char>& shape);
 
 }

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "canvas/ElementCounts.h"
+#include "document/ObjectState.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace vostel {
+
+// What a session's file said that this version does not know: JSON as text, which is written again.
+struct UnreadParts {
+    // An object of an unknown kind, between the others.
+    struct Object {
+        std::size_t Below = 0;    // how many known ones lie below it
+        std::string Text;
+    };
+    std::int64_t        Version = 1;
+    std::string         Members;         // an object in the shape of the session; empty for nothing
+    std::string         ImageMembers;    // of the image, with which they go
+    std::vector<Object> Objects;
+};
+
+// An object with its numbers and its selection, and what is kept beside it. Label 0 of a region stands for
+// the lowest free one.
+struct PlacedObject {
+    std::unique_ptr<VostelObj> Object;
+    ObjectNotes                Notes;
+};
+
+// All that stands on a canvas.
+struct DocumentContent {
+    std::vector<PlacedObject> Objects;    // in drawing order
+    ElementCounts             Counts;
+    int                       SelIndex = -1;
+    UnreadParts               Unread;
+};
+
+}
