@@ -123,6 +123,11 @@ enum {
     VOSTEL_WITH_HANDLES = 4      ///< handles of nodes
 };
 
+/// Flags of vostel_session_open().
+enum {
+    VOSTEL_SESSION_ON_IMAGE = 1    ///< the shown image stays
+};
+
 /// Flags of events from a window system.
 enum {
     VOSTEL_LEFT_BUTTON = 1,    ///< the left button is down
@@ -602,6 +607,42 @@ VOSTEL_CALL VostelStatus vostel_labels(int32_t canvas, int32_t* labels, ptrdiff_
 /// @param format "csv", "tsv" or "json"; VOSTEL_NOT_SUPPORTED for others
 VOSTEL_CALL VostelStatus vostel_table(int32_t canvas, const char* format, char* buffer, size_t capacity,
                                       size_t* length);
+/// @}
+
+/// @defgroup files Files
+/// What stands on a canvas leaves for files and returns. A file is written beside its path and moved over it:
+/// what fails, VOSTEL_NOT_WRITTEN, leaves the one that was there. After a success vostel_last_message() says
+/// what there is to say, such as what a format could not hold; empty for nothing. docs/formats.md describes
+/// the files.
+/// @{
+
+/// Saves objects, names, styles, labels, scale, view, contrast and selection as a session, by convention
+/// "NAME.vostel.json", and by its path, relative to the file where it can be, the image that is shown. An
+/// image from memory is not written. The same canvas gives the same bytes.
+/// @param flags 0
+VOSTEL_CALL VostelStatus vostel_session_save(int32_t canvas, const char* path, uint32_t flags);
+
+/// Puts a session and its image in the place of what the canvas shows, all of it or nothing. Objects get new
+/// numbers, and the history is empty. An image that cannot be read is VOSTEL_NOT_READ; one whose values have
+/// changed is shown, and vostel_last_message() says so. A session whose image came from memory opens on a
+/// shown image alone, else VOSTEL_NO_IMAGE.
+/// @param flags VOSTEL_SESSION_ON_IMAGE or 0. On the shown image, which stays, the objects, the selection and
+/// the scale are taken, and view and contrast where it has the values of the session's; VOSTEL_NO_IMAGE
+/// without one.
+VOSTEL_CALL VostelStatus vostel_session_open(int32_t canvas, const char* path, uint32_t flags);
+
+/// Writes the objects in a format of region files. What it cannot hold is left out, which
+/// vostel_last_message() tells.
+/// @param format "json", which takes all kinds, or another one of docs/formats.md; null: by the ending of the
+/// path; VOSTEL_NOT_SUPPORTED for an unknown one
+VOSTEL_CALL VostelStatus vostel_regions_export(int32_t canvas, const char* path, const char* format);
+
+/// Adds the objects of a file on top of those that are there, as one step, all or none. Labels stay where
+/// they are free.
+/// @param format as for vostel_regions_export(); "json" also takes the objects of a session
+/// @param count of the objects that were added; may be null
+VOSTEL_CALL VostelStatus vostel_regions_import(int32_t canvas, const char* path, const char* format,
+                                               size_t* count);
 /// @}
 
 /// @defgroup history History

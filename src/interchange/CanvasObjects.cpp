@@ -14,16 +14,12 @@
 
 namespace vostel {
 
-namespace {
-
 FileObject FileObjectOf(const VostelObj& object, const ObjectNotes& notes)
 {
     FileObject left;
     left.Kind = object.TypeCode;
     left.Points = object.GivePoints();
     left.StrokeStarts = object.StrokeStarts;
-    if (const std::optional<Outline> outline = object.RegionOutline())
-        left.Outline = outline->Flattened(OutlineTolerance);
     left.Name = notes.Name;
     if (object.TypeCode == OverlayTextRect) {
         const CString text = object.CaptionText();
@@ -34,6 +30,8 @@ FileObject FileObjectOf(const VostelObj& object, const ObjectNotes& notes)
     left.Style = StyleOf(object);
     return left;
 }
+
+namespace {
 
 void CheckPoints(const FileObject& object)
 {
@@ -57,26 +55,40 @@ void TakeStrokeStarts(VostelObj& object, const std::vector<int>& starts)
     object.StrokeStarts = starts;
 }
 
-void TakeText(VostelObj& object, const std::string& text)
+}
+
+void TakeFilePoints(VostelObj& object, const FileObject& file)
+{
+    CheckPoints(file);
+    if (!object.TakePoints(file.Points))
+        Fail(VOSTEL_INVALID_ARGUMENT, "points is not what the kind takes");
+    TakeStrokeStarts(object, file.StrokeStarts);
+}
+
+void TakeFileText(VostelObj& object, const std::string& text)
 {
     const std::optional<std::wstring> wide = WideOf(text);
     if (!wide)
         Fail(VOSTEL_INVALID_ARGUMENT, "text is not UTF-8");
-    if (!text.empty())
-        object.TakeText(wide->c_str());
+    object.TakeText(wide->c_str());
 }
+
+void TakeFileName(ObjectNotes& notes, const std::string& name)
+{
+    if (!WideOf(name))
+        Fail(VOSTEL_INVALID_ARGUMENT, "name is not UTF-8");
+    notes.Name = name;
+}
+
+namespace {
 
 std::unique_ptr<VostelObj> Build(VostelImage& canvas, const FileObject& object, ObjectNotes& notes)
 {
     std::unique_ptr<VostelObj> made = MakeOpenObject(canvas, object.Kind);
-    CheckPoints(object);
-    if (!made->TakePoints(object.Points))
-        Fail(VOSTEL_INVALID_ARGUMENT, "points is not what the kind takes");
-    TakeStrokeStarts(*made, object.StrokeStarts);
-    TakeText(*made, object.Text);
-    if (!WideOf(object.Name))
-        Fail(VOSTEL_INVALID_ARGUMENT, "name is not UTF-8");
-    notes.Name = object.Name;
+    TakeFilePoints(*made, object);
+    if (!object.Text.empty())
+        TakeFileText(*made, object.Text);
+    TakeFileName(notes, object.Name);
     NeedRange(object.Label, 0, INT32_MAX, "label");
     CheckFlags(*made, object.Flags);
     TakeFlags(*made, notes, object.Flags);
@@ -146,8 +158,12 @@ std::vector<FileObject> ObjectsOf(const VostelImage& canvas, const Document& not
 {
     std::vector<FileObject> objects;
     objects.reserve(canvas.Elements.size());
-    for (const VostelObj* const element : canvas.Elements)
-        objects.push_back(FileObjectOf(*element, notes.NotesOf(*element)));
+    for (const VostelObj* const element : canvas.Elements) {
+        FileObject object = FileObjectOf(*element, notes.NotesOf(*element));
+        if (const std::optional<Outline> outline = element->RegionOutline())
+            object.Outline = outline->Flattened(OutlineTolerance);
+        objects.push_back(std::move(object));
+    }
     return objects;
 }
 

@@ -33,7 +33,8 @@ bool WriteBytes(const CString& path, std::string_view bytes)
     OwnedFile               file = OpenUtf8File(Utf8Of(name).c_str(), "wb");
     if (!file)
         return false;
-    const bool written = std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();
+    const bool written =
+        std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size() && FlushToDisk(file.get());
     return std::fclose(file.release()) == 0 && written;
 }
 

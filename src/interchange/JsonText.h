@@ -3,7 +3,29 @@
 #include <nlohmann/json.hpp>
 
 #include <cstdint>
+#include <memory>
 #include <string>
+#include <type_traits>
+
+// Values are destroyed without a list of what is still to be destroyed: the library's own form allocates one,
+// which ends the process where there is no memory left. Nesting is bounded when a text is read. A value whose
+// making failed half way has no content.
+template <>
+inline void nlohmann::basic_json<nlohmann::ordered_map>::json_value::destroy(value_t kind)
+{
+    const auto release = [](auto* content) {
+        if (content)
+            std::default_delete<std::remove_pointer_t<decltype(content)>>()(content);
+    };
+    if (kind == value_t::object)
+        release(object);
+    else if (kind == value_t::array)
+        release(array);
+    else if (kind == value_t::string)
+        release(string);
+    else if (kind == value_t::binary)
+        release(binary);
+}
 
 namespace vostel {
 
@@ -22,5 +44,9 @@ std::int64_t WholeNumber(const Json& value, std::int64_t low, std::int64_t high,
 std::string  TextValue(const Json& value, const std::string& name);
 // The member of an object, null where there is none.
 const Json* Member(const Json& object, const char* name);
+// Whether the member is that text. The library's own comparison with a text ends the process without memory.
+bool IsText(const Json& object, const char* name, const std::string& text);
+// False where there is none.
+bool TruthOf(const Json& object, const char* name, const std::string& place);
 
 }

@@ -5,6 +5,7 @@
 #include "interchange/LabelFiles.h"
 #include "interchange/LabelLegend.h"
 #include "interchange/RegionFiles.h"
+#include "interchange/RegionJson.h"
 
 #include <algorithm>
 #include <span>
@@ -20,6 +21,7 @@ std::span<const RegionFormat> AllFormats()
         {"geojson", {".geojson"}, ExportGeoJson, ImportGeoJson},
         {"coco", {}, ExportCoco, ImportCoco},
         {"labels", {".png", LegendEnding, RawEnding}, ExportLabels, ImportLabels},
+        {"json", {".json"}, ExportRegionJson, ImportRegionJson},
         {"csv", {".csv"}, ExportPointTable, ImportPointTable},
     };
     return formats;

@@ -2,15 +2,27 @@
 
 namespace vostel {
 
+namespace {
+
+void AppendCounts(std::string& text, const char* title, const std::map<std::string, int>& counts)
+{
+    const char* before = title;
+    for (const auto& [what, count] : counts) {
+        text += text.empty() || before != title ? "" : "; ";
+        text += before + std::to_string(count) + " " + what;
+        if (count > 1 && !what.ends_with('s'))
+            text += 's';
+        before = ", ";
+    }
+}
+
+}
+
 std::string Remarks::Text() const
 {
     std::string text;
-    for (const auto& [what, count] : Missing) {
-        text += text.empty() ? "left out: " : ", ";
-        text += std::to_string(count) + " " + what;
-        if (count > 1 && !what.ends_with('s'))
-            text += 's';
-    }
+    AppendCounts(text, "left out: ", Missing);
+    AppendCounts(text, "kept but not shown: ", Unshown);
     for (const std::string& remark : Others) {
         if (!text.empty())
             text += "; ";

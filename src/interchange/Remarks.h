@@ -13,11 +13,15 @@ public:
     // Counts what a format cannot hold, such as "text".
     void LeftOut(const std::string& what) { ++Missing[what]; }
 
+    // Counts what is kept for a later version without being shown.
+    void Kept(const std::string& what) { ++Unshown[what]; }
+
     // "left out: 2 texts, 1 panel; ..."; empty for nothing.
     std::string Text() const;
 
 private:
     std::map<std::string, int> Missing;
+    std::map<std::string, int> Unshown;
     std::vector<std::string>   Others;
 };
 

@@ -180,6 +180,20 @@ const std::string* BadInputWorld::TextOfKind(const std::string& kind)
         REQUIRE(vostel_picture_save(First, path->c_str(), 1.0, 0) == VOSTEL_OK);
         return path;
     }
+    if (kind == "session") {
+        const std::string* const path = file("given.vostel.json");
+        REQUIRE(vostel_session_save(First, path->c_str(), 0) == VOSTEL_OK);
+        return path;
+    }
+    if (kind == "regions") {
+        const std::string* const path = file("given.json");
+        REQUIRE(vostel_regions_export(First, path->c_str(), "json") == VOSTEL_OK);
+        return path;
+    }
+    if (kind == "new-session" || kind == "new-regions")
+        return file("new.json");
+    if (kind == "region-format")
+        return keep("json");
     if (kind == "new-picture")
         return file("new.png");
     if (kind == "raw")
@@ -319,9 +333,10 @@ std::vector<BadValue> BadInputWorld::Bad(const std::string& argument, std::size_
     } else if (kind == "count") {
         bad.push_back({"null", false, [] { return Value(); }});
     } else if (const std::string* const text = TextOfKind(kind)) {
-        const bool isPath = kind == "picture" || kind == "new-picture" || kind == "raw";
+        const bool isPath = text->starts_with(Folder.Path());
         const bool isFree = kind == "text";
-        bad.push_back(null);
+        const bool isNew = kind == "new-session" || kind == "new-regions";    // may have any name
+        bad.push_back({"null", kind != "region-format", [] { return Value(); }});
         const auto other = [&](const std::string& what, const std::string& given, bool mustFail) {
             bad.push_back({what, mustFail, [this, given, place] {
                                std::memcpy(PlaceOf(place), given.c_str(), given.size() + 1);
@@ -332,7 +347,8 @@ std::vector<BadValue> BadInputWorld::Bad(const std::string& argument, std::size_
         other("cut UTF-8", "\xe4\xbd", true);
         other("empty", "", !isFree && kind != "letters");
         other("long", std::string(10000, 'x'), !isFree);
-        other("control characters", "\x01\n\r\t", !isFree);
+        if (!isNew)
+            other("control characters", "\x01\n\r\t", !isFree);
         if (isPath)
             other("no such folder", Folder.Path("none") + "/" + "file.png", true);
     } else {

@@ -217,3 +217,21 @@ TEST_CASE("pictures, copies and routines go by containers")
     CHECK(vostel::contrast_map_names().front() == "gray");
     CHECK(vostel::version() == vostel_version());
 }
+
+TEST_CASE("sessions and regions leave and return")
+{
+    TempFolder folder;
+    Canvas     canvas = CanvasWithImage();
+    canvas.add_polygon({{1, 1}, {9, 2}, {4, 8}});
+    canvas.session_save(folder.Path("a.vostel.json"));
+    canvas.regions_export(folder.Path("a.json"));
+    canvas.regions_export(folder.Path("b"), "json");
+    CHECK(canvas.regions_import(folder.Path("a.json")) == 1);
+    CHECK(canvas.regions_import(folder.Path("b"), "json") == 1);
+    CHECK(canvas.object_list().size() == 3);
+    canvas.session_open(folder.Path("a.vostel.json"), VOSTEL_SESSION_ON_IMAGE);
+    CHECK(canvas.object_list().size() == 1);
+    CHECK(StatusOf([&] { canvas.session_open(folder.Path("a.vostel.json")); }) == VOSTEL_NO_IMAGE);
+    CHECK(StatusOf([&] { canvas.session_save(folder.Path("none/a.json")); }) == VOSTEL_NOT_WRITTEN);
+    CHECK(StatusOf([&] { canvas.regions_export(folder.Path("a.b")); }) == VOSTEL_NOT_SUPPORTED);
+}

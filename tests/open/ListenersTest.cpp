@@ -2,6 +2,7 @@
 // is there: with VOSTEL_WRITE_PAGES set the page is written anew.
 
 #include "support/OpenCanvas.h"
+#include "support/TempFolder.h"
 
 #include <cstdlib>
 #include <fstream>
@@ -102,6 +103,30 @@ struct Row {
     std::string Heard;
 };
 
+// Sessions and regions, on a canvas without objects.
+template <typename Note>
+void NoteFiles(int32_t number, Ear& ear, const Note& note)
+{
+    const TempFolder  folder;
+    const std::string path = folder.Path("s.vostel.json");
+    VostelObject      object = Add(number);
+    REQUIRE(vostel_select(number, &object, 1) == VOSTEL_OK);
+    ear.Heard.clear();
+    vostel_session_save(number, path.c_str(), 0);
+    note("`vostel_session_save`, `vostel_regions_export`");
+    vostel_regions_import(number, path.c_str(), nullptr, nullptr);
+    note("`vostel_regions_import` of one object");
+    vostel_view_fit(number);
+    vostel_select(number, nullptr, 0);
+    vostel_contrast_set(number, 10, 90);
+    ear.Heard.clear();
+    vostel_session_open(number, path.c_str(), VOSTEL_SESSION_ON_IMAGE);
+    note("`vostel_session_open` of one selected object over two, on the shown image");
+    gCVSDelAllElement(number);
+    vostel_contrast_set(number, 10, 90);
+    ear.Heard.clear();
+}
+
 // A canvas of 300 x 200 px with an image of 200 x 150 px, at 50, 25, and one rectangle on it.
 std::vector<Row> MakeTable()
 {
@@ -173,6 +198,7 @@ std::vector<Row> MakeTable()
     note("`vostel_image_show` without, over three objects");
     gCVSDelAllElement(number);
     note("`gCVSDelAllElement` without objects");
+    NoteFiles(number, ear, note);
     VostelFrame frame = {};
     frame.size = sizeof frame;
     vostel_frame_render(number, &frame);

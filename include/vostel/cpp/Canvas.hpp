@@ -407,6 +407,47 @@ public:
     }
     /// @}
 
+    /// @name Files
+    /// vostel_last_message() says what there is to say of what succeeded.
+    /// @{
+
+    /// By convention "NAME.vostel.json".
+    void session_save(const std::string& path, std::uint32_t flags = 0) const
+    {
+        detail::check(vostel_session_save(place, path.c_str(), flags));
+    }
+    /// All of it or nothing.
+    /// @param flags VOSTEL_SESSION_ON_IMAGE or 0
+    void session_open(const std::string& path, std::uint32_t flags = 0)
+    {
+        detail::check(vostel_session_open(place, path.c_str(), flags));
+    }
+    /// In the format of the ending.
+    void regions_export(const std::string& path) const
+    {
+        detail::check(vostel_regions_export(place, path.c_str(), nullptr));
+    }
+    /// @param format "json" or another one
+    void regions_export(const std::string& path, const std::string& format) const
+    {
+        detail::check(vostel_regions_export(place, path.c_str(), format.c_str()));
+    }
+    /// In the format of the ending; the number of objects that were added.
+    std::size_t regions_import(const std::string& path)
+    {
+        std::size_t count = 0;
+        detail::check(vostel_regions_import(place, path.c_str(), nullptr, &count));
+        return count;
+    }
+    /// @param format "json" or another one
+    std::size_t regions_import(const std::string& path, const std::string& format)
+    {
+        std::size_t count = 0;
+        detail::check(vostel_regions_import(place, path.c_str(), format.c_str(), &count));
+        return count;
+    }
+    /// @}
+
     /// @name History
     /// @{
 

@@ -1,0 +1,75 @@
+#include "interchange/RegionJson.h"
+
+#include "base/Failure.h"
+#include "document/KindRules.h"
+#include "interchange/CanvasObjects.h"
+#include "interchange/FileBytes.h"
+#include "interchange/ObjectJson.h"
+
+namespace vostel {
+
+namespace {
+
+constexpr const char* Format = "vostel-regions";
+
+const Json& ListOf(const Json& file)
+{
+    const Json* const list = Member(file, "objects");
+    const bool        ours = IsText(file, "format", Format) || IsText(file, "format", "vostel-session");
+    if (!ours || !list || !list->is_array())
+        Fail(VOSTEL_BAD_FORMAT, "the file holds no objects of this library");
+    return *list;
+}
+
+}
+
+std::string RegionJsonOf(const std::vector<FileObject>& objects)
+{
+    Json list = Json::array();
+    for (const FileObject& object : objects)
+        list.push_back(JsonOfObject(object));
+    Json json;
+    json["format"] = Format;
+    json["version"] = 1;
+    json["objects"] = std::move(list);
+    return JsonTextOf(json);
+}
+
+std::vector<FileObject> ObjectsOfRegionJson(const std::string& text, Remarks& told)
+{
+    const Json              file = ParseJson(text);
+    const Json&             list = ListOf(file);
+    std::vector<FileObject> objects;
+    for (std::size_t i = 0; i < list.size(); ++i) {
+        const std::string place = "objects[" + std::to_string(i) + "]";
+        const std::string word = KindOfJson(list[i], place);
+        const int         kind = KindOfConstant(word);
+        FileObject        object = kind < 0 ? FileObject() : ObjectOfJson(list[i], kind, place).Object;
+        if (kind < 0)
+            told.LeftOut(word);
+        else if (object.Points.empty())
+            told.LeftOut("unfinished " + word);
+        else
+            objects.push_back(std::move(object));
+    }
+    return objects;
+}
+
+void ExportRegionJson(const RegionExport& file)
+{
+    std::vector<FileObject> objects = ObjectsOf(file.Canvas, file.Notes);
+    std::erase_if(objects, [&](const FileObject& object) {
+        const bool lacksPoints = object.Points.size() < PointCountsOf(object.Kind).Least;
+        if (lacksPoints)
+            file.Told.LeftOut(std::string("unfinished ") + KindName(object.Kind));
+        return lacksPoints;
+    });
+    WriteWholeFile(file.Path, RegionJsonOf(objects));
+}
+
+std::vector<FileObject> ImportRegionJson(const char* utf8Path, ImageSize, Remarks& told)
+{
+    return ObjectsOfRegionJson(ReadWholeFile(utf8Path), told);
+}
+
+}

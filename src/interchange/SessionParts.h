@@ -1,0 +1,50 @@
+#pragma once
+
+// What a session holds beside image and objects: view, contrast, scale, and the numbers that count objects.
+
+#include "canvas/ElementCounts.h"
+#include "canvas/view/CanvasView.h"
+#include "interchange/JsonText.h"
+#include "interchange/Remarks.h"
+#include "output/ContrastState.h"
+
+#include <optional>
+
+namespace vostel {
+
+struct SavedView {
+    double Scale = 1.0;
+    int    Width = 0;    // client px of the area
+    int    Height = 0;
+    int    CentreX = 0;    // client px; where the image's middle lay
+    int    CentreY = 0;
+    double MiddleX = 0.0;    // image px; what lay in the middle of the area
+    double MiddleY = 0.0;
+    bool   AnyScale = true;
+};
+
+Json      JsonOfView(const CanvasView& view);
+SavedView ViewOfJson(const Json& view);
+// Looks at what was looked at: in an area of the same size exactly, else at the point in the middle. A view
+// beyond what coordinates reach stays.
+void TakeView(CanvasView& view, const SavedView& saved, bool sameImageSize);
+
+// Without numbers where there are none, as of an image without finite values.
+Json                         JsonOfContrast(const ContrastState& state);
+std::optional<ContrastState> ContrastOfJson(const Json& contrast, Remarks& told);
+
+struct SavedScale {
+    double  UnitsPerPixel = 1.0;
+    CString Unit = L"px";
+    double  DrawnScale = 1.0;
+};
+Json       JsonOfScale(const CanvasSettings& settings, double drawnScale);
+SavedScale ScaleOfJson(const Json& scale);
+
+Json          JsonOfCounts(const ElementCounts& counts);
+ElementCounts CountsOfJson(const Json& counts);
+
+// Members of those that are not known.
+Json UnknownOfParts(const Json& session);
+
+}
