@@ -45,10 +45,10 @@ void AppendUtf8(std::string& text, std::uint32_t character)
     }
 }
 
-std::string Utf8Of(std::wstring_view text)
+std::u32string CharactersOf(std::wstring_view text)
 {
-    std::string utf8;
-    utf8.reserve(text.size());
+    std::u32string characters;
+    characters.reserve(text.size());
     for (std::size_t i = 0; i < text.size(); ++i) {
         std::uint32_t character = static_cast<std::uint32_t>(text[i]);
         if constexpr (sizeof(wchar_t) == 2) {
@@ -58,8 +58,17 @@ std::string Utf8Of(std::wstring_view text)
                 character =
                     0x10000 + ((character - 0xD800) << 10) + (static_cast<std::uint32_t>(text[++i]) - 0xDC00);
         }
-        AppendUtf8(utf8, character);
+        characters += IsCharacter(character) ? character : Replacement;
     }
+    return characters;
+}
+
+std::string Utf8Of(std::wstring_view text)
+{
+    std::string utf8;
+    utf8.reserve(text.size());
+    for (const char32_t character : CharactersOf(text))
+        AppendUtf8(utf8, character);
     return utf8;
 }
 

@@ -4,6 +4,8 @@
 
 namespace vostel {
 
+class Document;
+class VectorDrawing;
 class VostelImage;
 
 // What a picture shows beside the image.
@@ -17,5 +19,10 @@ struct PictureParts {
 // objects stay as they are: copies of the objects are drawn. What has its place in the area and not on the
 // image is left out: panels, and plots of profiles. Scale is that of the view, px per image px.
 void DrawPicture(VostelImage& canvas, double scale, const PictureParts& parts, PixelSurface& picture);
+
+// Records the objects that DrawPicture draws on a picture of the drawing's size, a group with its name for
+// each. The image is the canvas's surface as it then stands.
+void RecordPicture(VostelImage& canvas, const Document& notes, double scale, const PictureParts& parts,
+                   VectorDrawing& drawing);
 
 }

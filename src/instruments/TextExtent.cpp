@@ -15,6 +15,7 @@ MeasuringContext::~MeasuringContext()
     SelectObject(Kit.Dc, GetStockObject(DEFAULT_GUI_FONT));
     DeleteDC(Kit.Dc);
     Kit.Dc = Before;
+    Kit.Recorder = RecorderBefore;
 }
 
 }

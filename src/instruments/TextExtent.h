@@ -9,20 +9,23 @@ namespace vostel {
 // without a live context, where the measuring call of some systems leaves rubbish.
 CRect TextExtent(HDC dc, const CString& text);
 
-// A memory context that a kit measures with for the length of a scope, whatever it drew on last.
+// A memory context that a kit measures with for the length of a scope, whatever it drew on last. Nothing is
+// recorded meanwhile.
 class MeasuringContext {
 public:
-    explicit MeasuringContext(PaintKit& kit) : Kit(kit), Before(kit.Dc)
+    explicit MeasuringContext(PaintKit& kit) : Kit(kit), Before(kit.Dc), RecorderBefore(kit.Recorder)
     {
         Kit.Dc = CreateCompatibleDC(nullptr);
+        Kit.Recorder = nullptr;
     }
     ~MeasuringContext();
     MeasuringContext(const MeasuringContext&) = delete;
     MeasuringContext& operator=(const MeasuringContext&) = delete;
 
 private:
-    PaintKit& Kit;
-    HDC       Before;
+    PaintKit&      Kit;
+    HDC            Before;
+    VectorDrawing* RecorderBefore;
 };
 
 }

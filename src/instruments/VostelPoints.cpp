@@ -64,13 +64,9 @@ void VostelPoints::DrawNumbers(const std::vector<CPoint>& shown, const std::vect
         if (crowded && !taken.emplace(shown[i].x / cell, shown[i].y / cell).second)
             continue;
         const CString number = FormatText(L"%d", numbers[i]);
-        const int     x = shown[i].x + Scaled(NumberRight);
-        const int     y = shown[i].y - Scaled(NumberAbove);
         // With a shadow, to be read on bright images too.
-        SetTextColor(Kit.Dc, Black);
-        TextOutW(Kit.Dc, x + Scaled(1), y + Scaled(1), number, number.GetLength());
-        SetTextColor(Kit.Dc, LineColor());
-        TextOutW(Kit.Dc, x, y, number, number.GetLength());
+        Kit.DrawShadowedText(number, shown[i].x + Scaled(NumberRight), shown[i].y - Scaled(NumberAbove),
+                             Scaled(1), LineColor());
     }
 }
 

@@ -1,6 +1,7 @@
 #include "overlay/InteriorFill.h"
 
 #include "canvas/view/CanvasView.h"
+#include "canvas/view/VectorDrawing.h"
 #include "geometry/Coverage.h"
 
 #include <algorithm>
@@ -50,6 +51,10 @@ Outline ClientOutline(const Outline& imageOutline, const CanvasView& view)
 
 void FillInterior(const PaintKit& kit, const Outline& clientOutline, unsigned int color)
 {
+    if (kit.Recorder) {
+        kit.Recorder->AddInterior(clientOutline, color);
+        return;
+    }
     BITMAP        facts = {};
     const HGDIOBJ bitmap = GetCurrentObject(kit.Dc, OBJ_BITMAP);
     if (color >> 24 == 0 || !bitmap || !GetObjectW(bitmap, sizeof facts, &facts) || !facts.bmBits ||
@@ -69,12 +74,6 @@ bool IsInsideOutline(const Outline& clientOutline, CPoint pixel)
     for (ImagePoint& point : around.Points)
         point = {point.x - pixel.x + 1.0, point.y - pixel.y + 1.0};
     return !CoverageOf(around, 3, 3).empty();
-}
-
-unsigned int OpaqueOf(COLORREF color)
-{
-    return Opaque << 24 | static_cast<unsigned int>(GetRValue(color)) << 16 |
-           static_cast<unsigned int>(GetGValue(color)) << 8 | GetBValue(color);
 }
 
 }

@@ -243,8 +243,8 @@ int VostelObj::Scaled(double px) const
 void VostelObj::BindKit(HDC dc)
 {
     Kit.Dc = dc;
-    Kit.BindSurface(SurfacePixels);
     SetPens();
+    Kit.BindSurface(SurfacePixels);
 }
 
 void VostelObj::SetPens()
@@ -253,6 +253,7 @@ void VostelObj::SetPens()
     Kit.HandlePenWidth = std::max(1, Scaled(1));
     Kit.TextMargin = Scaled(3);
     Kit.HandlesOn = !View || View->Settings.Handles;
+    Kit.Recorder = View ? View->Recorder : nullptr;
 }
 
 }

@@ -200,7 +200,7 @@ protected:
     void EndMove();
     // Target of the next drawing; every OnDraw starts with it.
     void     BindKit(HDC dc);
-    void     SetPens();    // of Kit, from the style and the canvas's settings
+    void     SetPens();    // of Kit, from the style and the canvas's settings; and where it draws
     COLORREF LineColor() const { return Selected ? LineColorSel : LineColorIdle; }
     COLORREF HandleColor() const { return Selected ? HandleColorSel : HandleColorIdle; }
 };

@@ -16,6 +16,8 @@ struct CanvasSettings {
     bool    Captions = true;    // whether captions of objects are drawn, and plots of profiles
 };
 
+class VectorDrawing;
+
 // The transform between image pixels and the host's client area, and the mouse gestures that change it.
 // Overlay objects hold a pointer to the canvas's view and read its fields to place themselves.
 //
@@ -40,6 +42,7 @@ public:
     bool   FirstClient = true;    // no client rectangle has been set yet
     bool   AnyScale = false;      // set by numbers too, not by gestures and their limits alone
     CanvasSettings Settings;
+    VectorDrawing* Recorder = nullptr;    // borrowed; where objects are recorded instead of painted
 
     // Places the view in a client area: centred at first, afterwards held in place by the anchors.
     void SetClientRect(CRect rect);

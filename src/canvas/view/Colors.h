@@ -14,4 +14,11 @@ inline constexpr COLORREF Yellow = RGB(255, 255, 0);
 
 inline constexpr COLORREF ControlFace = RGB(180, 180, 180);    // of slider and progress bar
 
+// 0xFFRRGGBB.
+constexpr unsigned int OpaqueOf(COLORREF color)
+{
+    return 0xFF000000u | static_cast<unsigned int>(GetRValue(color)) << 16 |
+           static_cast<unsigned int>(GetGValue(color)) << 8 | GetBValue(color);
+}
+
 }

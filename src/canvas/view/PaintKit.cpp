@@ -2,7 +2,10 @@
 
 #include "canvas/view/Colors.h"
 #include "canvas/view/SelectedObject.h"
+#include "canvas/view/VectorDrawing.h"
 #include "platform/HostServices.h"
+
+#include <span>
 
 namespace vostel {
 
@@ -30,6 +33,26 @@ void ForEachUncovered(const CRect& r, const CRect& covered, auto&& fill)
     fill(CRect(hole.right, hole.top, r.right, hole.bottom));
 }
 
+template <typename Point>
+std::vector<ImagePoint> ExactPoints(std::span<const Point> points)
+{
+    std::vector<ImagePoint> exact;
+    for (const Point& point : points)
+        exact.emplace_back(point.x, point.y);
+    return exact;
+}
+
+void RecordSegments(VectorDrawing& recorder, std::span<const CPoint> points, std::span<const int> starts,
+                    int penWidth, COLORREF color)
+{
+    for (std::size_t i = 0; i < starts.size(); ++i) {
+        const auto begin = static_cast<std::size_t>(starts[i]);
+        const auto end = i + 1 < starts.size() ? static_cast<std::size_t>(starts[i + 1]) : points.size();
+        if (begin < end && end <= points.size())
+            recorder.AddPolyline(ExactPoints(points.subspan(begin, end - begin)), false, penWidth, color);
+    }
+}
+
 }
 
 HFONT CreateCaptionFont(int height)
@@ -52,6 +75,13 @@ PaintKit::~PaintKit()
 
 void PaintKit::DrawLine(const CPoint& a, const CPoint& b, int, COLORREF color, int penStyle)
 {
+    if (Recorder) {
+        if (penStyle == PS_SOLID)
+            Recorder->AddLine(a, b, PenWidth, color);
+        else
+            Recorder->AddDottedLine(a, b, color);
+        return;
+    }
     const SelectedObject pen(Dc, CreatePen(penStyle, penStyle == PS_SOLID ? PenWidth : 1, color));
     MoveToEx(Dc, a.x, a.y, nullptr);
     LineTo(Dc, b.x, b.y);
@@ -62,16 +92,35 @@ void PaintKit::DrawTextBox(const CString& text, CRect& r)
     InflateRect(&r, TextMargin, TextMargin);
     if (TextBoxBack)
         FillSolid(r, White);
-    SetBkMode(Dc, TRANSPARENT);
+    ApplyBkMode(TRANSPARENT);
+    if (Recorder) {
+        Recorder->AddTextInBox(Dc, text, r);
+        return;
+    }
     CRect place = r;
     DrawTextW(Dc, text, text.GetLength(), &place, TextBoxFormat);
 }
 
 void PaintKit::DrawLabel(const CString& text, int x, int y)
 {
-    SetBkMode(Dc, TRANSPARENT);
+    ApplyBkMode(TRANSPARENT);
     SetBkColor(Dc, White);
-    SetTextColor(Dc, Blue);
+    ApplyTextColor(Blue);
+    if (Recorder)
+        Recorder->AddText(Dc, text, x, y);
+    else
+        TextOutW(Dc, x, y, text, text.GetLength());
+}
+
+void PaintKit::DrawShadowedText(const CString& text, int x, int y, int shadow, COLORREF color)
+{
+    if (Recorder) {
+        Recorder->AddShadowedText(Dc, text, x, y, shadow, color);
+        return;
+    }
+    ApplyTextColor(Black);
+    TextOutW(Dc, x + shadow, y + shadow, text, text.GetLength());
+    ApplyTextColor(color);
     TextOutW(Dc, x, y, text, text.GetLength());
 }
 
@@ -82,12 +131,16 @@ void PaintKit::SelectTextStyle(int height, int bkMode, COLORREF color)
         DeleteObject(Font);
     Font = CreateCaptionFont(height);
     SelectObject(Dc, Font);
-    ::SetTextColor(Dc, color);
-    ::SetBkMode(Dc, bkMode);
+    ApplyTextColor(color);
+    ApplyBkMode(bkMode);
 }
 
 void PaintKit::DrawEllipseOutline(const CRect& r, COLORREF color)
 {
+    if (Recorder) {
+        Recorder->AddEllipse(r, PenWidth, color);
+        return;
+    }
     const SelectedObject pen(Dc, CreatePen(PS_SOLID, PenWidth, color));
     SelectObject(Dc, GetStockObject(NULL_BRUSH));
     Ellipse(Dc, r.left, r.top, r.right, r.bottom);
@@ -96,6 +149,10 @@ void PaintKit::DrawEllipseOutline(const CRect& r, COLORREF color)
 
 void PaintKit::DrawRectOutline(const CRect& r, COLORREF color)
 {
+    if (Recorder) {
+        Recorder->AddRectangle(r, PenWidth, color);
+        return;
+    }
     const SelectedObject pen(Dc, CreatePen(PS_SOLID, PenWidth, color));
     SelectObject(Dc, GetStockObject(NULL_BRUSH));
     Rectangle(Dc, r.left, r.top, r.right, r.bottom);
@@ -143,6 +200,11 @@ void PaintKit::DrawHatchBackground(const CRect& r, const CRect& covered)
 void PaintKit::BindSurface(unsigned int* pixels)
 {
     PixelPtr = pixels;
+    if (Recorder) {
+        BmpWidth = Recorder->Width;
+        BmpHeight = Recorder->Height;
+        return;
+    }
     const HGDIOBJ bitmap = GetCurrentObject(Dc, OBJ_BITMAP);
     if (!bitmap) {
         ShowMessage(L"No bmp");
@@ -159,6 +221,10 @@ void PaintKit::DrawClosedPolyline(const std::vector<Point>& points, COLORREF col
 {
     if (points.size() < 2)
         return;
+    if (Recorder) {
+        Recorder->AddPolyline(ExactPoints(std::span<const Point>(points)), true, PenWidth, color);
+        return;
+    }
     const SelectedObject pen(Dc, CreatePen(PS_SOLID, PenWidth, color));
     MoveToEx(Dc, points[0].x, points[0].y, nullptr);
     for (std::size_t i = 1; i < points.size(); ++i)
@@ -177,10 +243,14 @@ void PaintKit::DrawOpenPolyline(const std::vector<CPoint>& points, COLORREF colo
 void PaintKit::DrawSegments(const std::vector<CPoint>& points, const std::vector<int>& starts, int penWidth,
                             COLORREF color)
 {
-    const SelectedObject pen(Dc, CreatePen(PS_SOLID, penWidth, color));
     if (points.size() < 2 || starts.empty())
         return;
-    std::size_t next = 0;
+    if (Recorder) {
+        RecordSegments(*Recorder, points, starts, penWidth, color);
+        return;
+    }
+    const SelectedObject pen(Dc, CreatePen(PS_SOLID, penWidth, color));
+    std::size_t          next = 0;
     for (std::size_t i = 0; i < points.size(); ++i) {
         if (static_cast<int>(i) == starts[next]) {
             MoveToEx(Dc, points[i].x, points[i].y, nullptr);
@@ -194,6 +264,13 @@ void PaintKit::DrawSegments(const std::vector<CPoint>& points, const std::vector
 
 void PaintKit::DrawCrosses(const std::vector<CPoint>& points, int arm, COLORREF color)
 {
+    if (Recorder) {
+        for (const CPoint& at : points) {
+            Recorder->AddLine(CPoint(at.x - arm, at.y), CPoint(at.x + arm + 1, at.y), PenWidth, color);
+            Recorder->AddLine(CPoint(at.x, at.y - arm), CPoint(at.x, at.y + arm + 1), PenWidth, color);
+        }
+        return;
+    }
     const SelectedObject pen(Dc, CreatePen(PS_SOLID, PenWidth, color));
     for (const CPoint& at : points) {
         // LineTo's end point is left out.
@@ -208,6 +285,15 @@ void PaintKit::DrawHandles(const std::vector<CRect>& rects, COLORREF color, int 
 {
     if (!HandlesOn || (shape != RoundHandles && shape != SquareHandles))
         return;
+    if (Recorder) {
+        for (const CRect& r : rects) {
+            if (shape == SquareHandles)
+                Recorder->AddRectangle(r, HandlePenWidth, color);
+            else
+                Recorder->AddEllipse(r, HandlePenWidth, color);
+        }
+        return;
+    }
     const SelectedObject pen(Dc, CreatePen(PS_SOLID, HandlePenWidth, color));
     SelectObject(Dc, GetStockObject(NULL_BRUSH));
     for (const CRect& r : rects) {
@@ -221,9 +307,27 @@ void PaintKit::DrawHandles(const std::vector<CRect>& rects, COLORREF color, int 
 
 void PaintKit::FillSolid(const CRect& r, COLORREF color)
 {
+    if (Recorder) {
+        Recorder->AddFilledBox(r, color);
+        return;
+    }
     const HBRUSH brush = CreateSolidBrush(color);
     FillRect(Dc, &r, brush);
     DeleteObject(brush);
+}
+
+void PaintKit::ApplyBkMode(int mode)
+{
+    ::SetBkMode(Dc, mode);
+    if (Recorder)
+        Recorder->SetBackgroundMode(mode);
+}
+
+void PaintKit::ApplyTextColor(COLORREF color)
+{
+    ::SetTextColor(Dc, color);
+    if (Recorder)
+        Recorder->SetTextColor(color);
 }
 
 }

@@ -8,6 +8,8 @@
 
 namespace vostel {
 
+class VectorDrawing;
+
 // Shapes of DrawHandles; a handle of any other shape is not drawn.
 enum HandleShapes : int { RoundHandles = 0, SquareHandles = 1 };
 
@@ -16,7 +18,8 @@ HFONT CreateCaptionFont(int height);
 
 // The drawing toolkit that every drawn thing carries. It keeps a target context by reference and draws the
 // few shapes of overlays. Each primitive makes its pen or brush, selects it, draws, restores and deletes,
-// so that no drawing leaves a foreign object selected.
+// so that no drawing leaves a foreign object selected. With a recorder the shapes go there instead; curves
+// and backgrounds, which have no place in pictures, are painted in any case.
 //
 // Colors are GDI values, 0x00BBGGRR; all coordinates are client px.
 class PaintKit {
@@ -39,6 +42,8 @@ public:
     HPEN          Pen = nullptr;      // owned; nothing creates it
     HFONT         Font = nullptr;     // owned; replaced by SelectTextStyle
     HBRUSH        Brush = nullptr;    // owned; nothing creates it
+    // Borrowed; null to paint. Texts are measured with Dc in any case.
+    VectorDrawing* Recorder = nullptr;
 
     PaintKit() = default;
     ~PaintKit();
@@ -50,6 +55,8 @@ public:
     // Text centred on one line of r, which is first inflated by TextMargin, for the caller too.
     void DrawTextBox(const CString& text, CRect& r);
     void DrawLabel(const CString& text, int x, int y);    // blue on nothing
+    // With the upper left corner of its cell at x, y, over a black one that lies so many px right and below.
+    void DrawShadowedText(const CString& text, int x, int y, int shadow, COLORREF color);
     // Makes and selects the font of the given height in px, and sets text color and background mode.
     void SelectTextStyle(int height, int bkMode, COLORREF color);
     void DrawEllipseOutline(const CRect& r, COLORREF color);
@@ -58,7 +65,8 @@ public:
     void DrawCurve(StructData2D<unsigned short>& data, int x0, int y0);
     // Background around the image. covered may be skipped; the image is blitted over it next.
     void DrawHatchBackground(const CRect& r, const CRect& covered = CRect());
-    // Notes the surface that Dc draws on, and its size; shows "No bmp" if there is none.
+    // Notes the surface that Dc draws on, and its size, or that of what is recorded; shows "No bmp" if there
+    // is none.
     void BindSurface(unsigned int* pixels);
     // Of CPoint or PointTemplateBase<int>.
     template <typename Point>
@@ -72,6 +80,10 @@ public:
     void DrawHandles(const std::vector<CRect>& rects, COLORREF color, int shape);
     // Fills without an outline, right and bottom edge left out.
     void FillSolid(const CRect& r, COLORREF color);
+
+private:
+    void ApplyBkMode(int mode);
+    void ApplyTextColor(COLORREF color);
 };
 
 }

@@ -29,6 +29,7 @@ struct Release {
     void operator()(cairo_font_options_t* p) const { cairo_font_options_destroy(p); }
     void operator()(cairo_surface_t* p) const { cairo_surface_destroy(p); }
     void operator()(cairo_t* p) const { cairo_destroy(p); }
+    void operator()(cairo_path_t* p) const { cairo_path_destroy(p); }
     template <typename Object>
     void operator()(Object* p) const
     {
@@ -103,6 +104,30 @@ struct Piece {
     std::shared_ptr<const TextImage>           Image;    // null until it is first drawn
     std::list<PieceMap::value_type*>::iterator Age;
 };
+
+void Append(const cairo_path_t& from, double x, std::vector<PathStep>& to)
+{
+    for (int i = 0; i < from.num_data; i += from.data[i].header.length) {
+        const cairo_path_data_t* const data = &from.data[i];
+        PathStep                       step;
+        for (int place = 1; place < data->header.length; ++place)
+            step.Places[static_cast<std::size_t>(place - 1)] = {data[place].point.x + x, data[place].point.y};
+        switch (data->header.type) {
+        case CAIRO_PATH_MOVE_TO:
+            step.Does = PathStep::Kind::Move;
+            break;
+        case CAIRO_PATH_LINE_TO:
+            step.Does = PathStep::Kind::Line;
+            break;
+        case CAIRO_PATH_CURVE_TO:
+            step.Does = PathStep::Kind::Curve;
+            break;
+        case CAIRO_PATH_CLOSE_PATH:
+            break;
+        }
+        to.push_back(step);
+    }
+}
 
 }
 
@@ -193,6 +218,7 @@ Face& TextRasteriser::State::FaceOf(const Font& font)
     const double cellPerEm = (ascent + descent) / ProbeSize;
     const double em = height > 0 ? height / cellPerEm : -height;
     face.Metrics.Height = height > 0 ? height : std::max(1, TruncToInt(em * cellPerEm + 0.5));
+    face.Metrics.Em = em;
     face.Metrics.Ascent = TruncToInt(face.Metrics.Height * (ascent / (ascent + descent)) + 0.5);
     face.Metrics.PieceLength = static_cast<std::size_t>(std::clamp(4096 / face.Metrics.Height, 1, 128));
     pango_font_description_set_absolute_size(description, em * PANGO_SCALE);
@@ -309,6 +335,22 @@ std::shared_ptr<const TextImage> TextRasteriser::Image(const Font& font, std::ws
         Held->Trim(&piece);
     }
     return image;
+}
+
+void TextRasteriser::AppendPath(const Font& font, std::wstring_view piece, double x,
+                                std::vector<PathStep>& path)
+{
+    const std::lock_guard lock(Held->Guard);
+    Held->Fill(Held->FaceOf(font), piece);
+    PangoLayoutLine* const line = pango_layout_get_line_readonly(Held->Layout.get(), 0);
+    if (!line)
+        return;
+    const Owned<cairo_surface_t> surface(cairo_image_surface_create(CAIRO_FORMAT_A8, 1, 1));
+    const Owned<cairo_t>         context(cairo_create(surface.get()));
+    pango_cairo_layout_line_path(context.get(), line);
+    const Owned<cairo_path_t> made(cairo_copy_path(context.get()));
+    if (made->status == CAIRO_STATUS_SUCCESS)
+        Append(*made, x, path);
 }
 
 }

@@ -3,6 +3,7 @@
 // Shapes and rasterises runs of text. Faces are found, shaped and drawn by Pango and Cairo; this class
 // holds what they made for a while, so that a caption that is painted again and again costs a look-up.
 
+#include "platform/TextShapes.h"
 #include "platform/portable/PortableContext.h"
 
 #include <memory>
@@ -14,6 +15,7 @@ namespace vostel::gdi {
 struct TextMetrics {
     int         Ascent = 0;         // pixels of the cell above the base line
     int         Height = 0;         // pixels of the whole cell
+    double      Em = 0.0;           // pixels
     std::size_t PieceLength = 1;    // characters that a run is cut into: shaped, kept and drawn as one
 };
 
@@ -38,6 +40,9 @@ public:
     int Advance(const Font& font, std::wstring_view piece);
 
     std::shared_ptr<const TextImage> Image(const Font& font, std::wstring_view piece);
+
+    // The outlines that the image is made of, appended with the pen at x on the base line.
+    void AppendPath(const Font& font, std::wstring_view piece, double x, std::vector<PathStep>& path);
 
 private:
     TextRasteriser();
