@@ -1,6 +1,10 @@
+#include "canvas/view/VectorDrawing.h"
 #include "document/PictureDrawing.h"
 #include "foundation/Limits.h"
+#include "interchange/DeflatedPixels.h"
 #include "interchange/FileBytes.h"
+#include "interchange/PdfPicture.h"
+#include "interchange/SvgPicture.h"
 #include "open/OpenCall.h"
 #include "open/OpenPlanes.h"
 
@@ -34,21 +38,22 @@ Frame Compose(VostelImage& image)
     return {image.View.ClientRect.Width(), image.View.ClientRect.Height(), image.ClientPixels};
 }
 
-CString EndingOf(const CString& path)
+enum class PictureKind { Pixels, Svg, Pdf };
+
+PictureKind KindOfEnding(const CString& path)
 {
     const int dot = path.ReverseFind(L'.');
-    return dot < 0 ? CString() : path.Mid(dot);
-}
-
-void NeedKnownEnding(const CString& path)
-{
-    CString ending = EndingOf(path);
+    CString   ending = dot < 0 ? CString() : path.Mid(dot);
     ending.MakeLower();
     for (const wchar_t* const known : {L".png", L".bmp", L".jpg", L".jpeg", L".tif", L".tiff"}) {
         if (ending == known)
-            return;
+            return PictureKind::Pixels;
     }
-    Fail(VOSTEL_NOT_SUPPORTED, "path does not end in png, bmp, jpg or tif");
+    if (ending == L".svg")
+        return PictureKind::Svg;
+    if (ending == L".pdf")
+        return PictureKind::Pdf;
+    Fail(VOSTEL_NOT_SUPPORTED, "path does not end in png, bmp, jpg, tif, svg or pdf");
 }
 
 // Px of a side of the picture.
@@ -59,6 +64,38 @@ int ScaledSide(int side, double scale)
         Fail(VOSTEL_TOO_LARGE,
              "the picture has a side of more than " + std::to_string(LimitsInForce().MaxSide) + " px");
     return static_cast<int>(scaled);
+}
+
+PictureParts PartsOf(std::uint32_t flags)
+{
+    return {(flags & VOSTEL_WITH_OBJECTS) != 0, (flags & VOSTEL_WITH_CAPTIONS) != 0,
+            (flags & VOSTEL_WITH_HANDLES) != 0};
+}
+
+void SavePixels(VostelImage& image, const CString& path, double scale, const PictureParts& parts, int width,
+                int height)
+{
+    constexpr long long MostPixels = 1LL << 28;    // of any picture
+    if (static_cast<long long>(width) * height > std::min<long long>(MostPixels, LimitsInForce().MaxPixels))
+        Fail(VOSTEL_TOO_LARGE, "the picture has too many px");
+    PixelSurface picture;
+    picture.Rebuild(nullptr, width, height, false);
+    if (!picture.Bitmap)
+        throw std::bad_alloc();
+    DrawPicture(image, scale, parts, picture);
+    SaveBeside(path, [&](const CString& beside) { return picture.WriteColorImage(beside); });
+}
+
+std::string DrawingOf(VostelImage& image, const Document& notes, PictureKind kind, double scale,
+                      const PictureParts& parts, int width, int height)
+{
+    VectorDrawing drawing(width, height, kind == PictureKind::Pdf);
+    RecordPicture(image, notes, scale, parts, drawing);
+    const DeflatedPixels pixels = DeflatePixels(image.CanvasSurface);
+    const bool           smooth = image.CanvasSurface.StretchMode == HALFTONE;
+    return kind == PictureKind::Svg
+               ? SvgOf(drawing, PngOf(pixels), smooth)
+               : PdfOf(drawing, pixels, image.CanvasWidth * scale, image.CanvasHeight * scale, smooth);
 }
 
 }
@@ -97,27 +134,18 @@ VostelStatus vostel_frame_render_to(int32_t canvas, VostelPlane* target)
 
 VostelStatus vostel_picture_save(int32_t canvas, const char* path, double scale, uint32_t flags)
 {
-    return OnCanvas(canvas, [&](VostelImage& image, Document&) {
-        constexpr long long MostPixels = 1LL << 28;    // of any picture
-        const CString       file = WideFrom(path, "path");
+    return OnCanvas(canvas, [&](VostelImage& image, Document& notes) {
+        const CString file = WideFrom(path, "path");
         NeedPositive(scale, "scale");
         NeedFlags(flags, VOSTEL_WITH_OBJECTS | VOSTEL_WITH_CAPTIONS | VOSTEL_WITH_HANDLES);
-        NeedKnownEnding(file);
+        const PictureKind kind = KindOfEnding(file);
         if (!image.CanvasSurface.Bitmap || image.CurrentFileType == FileTypeNone)
             Fail(VOSTEL_NO_IMAGE, "the canvas shows no image");
         const int width = ScaledSide(image.CanvasWidth, scale);
         const int height = ScaledSide(image.CanvasHeight, scale);
-        if (static_cast<long long>(width) * height >
-            std::min<long long>(MostPixels, LimitsInForce().MaxPixels))
-            Fail(VOSTEL_TOO_LARGE, "the picture has too many px");
-        PixelSurface picture;
-        picture.Rebuild(nullptr, width, height, false);
-        if (!picture.Bitmap)
-            throw std::bad_alloc();
-        DrawPicture(image, scale,
-                    {(flags & VOSTEL_WITH_OBJECTS) != 0, (flags & VOSTEL_WITH_CAPTIONS) != 0,
-                     (flags & VOSTEL_WITH_HANDLES) != 0},
-                    picture);
-        SaveBeside(file, [&](const CString& beside) { return picture.WriteColorImage(beside); });
+        if (kind == PictureKind::Pixels)
+            SavePixels(image, file, scale, PartsOf(flags), width, height);
+        else
+            WriteWholeFile(path, DrawingOf(image, notes, kind, scale, PartsOf(flags), width, height));
     });
 }

@@ -19,3 +19,21 @@ set_property(SOURCE ${CMAKE_CURRENT_SOURCE_DIR}/interchange/ForeignRegionsTest.c
 # Canvases at random; instrumented builds are slow.
 set_property(SOURCE ${CMAKE_CURRENT_SOURCE_DIR}/interchange/SessionRoundTripTest.cpp APPEND PROPERTY
     COMPILE_DEFINITIONS VOSTEL_SESSION_ROUNDS=$<IF:$<BOOL:${VOSTEL_SANITIZE}>,400,10000>)
+
+# Drawings.
+set(ZLIB_USE_STATIC_LIBS ${WIN32})
+find_package(ZLIB REQUIRED)
+target_link_libraries(VostelTests PRIVATE ZLIB::ZLIB)
+
+vostel_test(interchange/DrawingPdfTest)
+vostel_test(interchange/DrawingSvgTest)
+if(NOT WIN32)
+    vostel_test(interchange/DrawingWithoutFontsTest)
+    set_property(TEST ${VOSTEL_TEST_PREFIX}interchange/DrawingWithoutFontsTest APPEND PROPERTY
+        ENVIRONMENT "FONTCONFIG_FILE=${CMAKE_CURRENT_SOURCE_DIR}/platform/no-fonts.conf")
+    # Shown by programs of others.
+    foreach(test IN ITEMS interchange/DrawingPdfRenderedTest interchange/DrawingSvgRenderedTest)
+        vostel_test(${test})
+        set_tests_properties(${VOSTEL_TEST_PREFIX}${test} PROPERTIES SKIP_REGULAR_EXPRESSION "not installed")
+    endforeach()
+endif()
