@@ -2,6 +2,7 @@
 
 #include "base/AsciiCase.h"
 #include "base/Failure.h"
+#include "interchange/ImageJFiles.h"
 #include "interchange/LabelFiles.h"
 #include "interchange/LabelLegend.h"
 #include "interchange/RegionFiles.h"
@@ -20,6 +21,7 @@ std::span<const RegionFormat> AllFormats()
     static const std::vector<RegionFormat> formats = {
         {"geojson", {".geojson"}, ExportGeoJson, ImportGeoJson},
         {"coco", {}, ExportCoco, ImportCoco},
+        {"imagej", {".roi", ".zip"}, ExportImageJ, ImportImageJ},
         {"labels", {".png", LegendEnding, RawEnding}, ExportLabels, ImportLabels},
         {"json", {".json"}, ExportRegionJson, ImportRegionJson},
         {"csv", {".csv"}, ExportPointTable, ImportPointTable},

@@ -3,6 +3,8 @@ vostel_inner_test(interchange/Base64Test)
 vostel_inner_test(interchange/CocoTest)
 vostel_inner_test(interchange/ForeignRegionsTest)
 vostel_inner_test(interchange/GeoJsonTest)
+vostel_inner_test(interchange/ImageJFilesTest)
+vostel_inner_test(interchange/ImageJForeignTest)
 vostel_inner_test(interchange/PointTableTest)
 vostel_inner_test(interchange/RegionJsonTest)
 vostel_inner_test(interchange/SampleHashTest)
@@ -10,10 +12,12 @@ vostel_inner_test(interchange/SessionFilesTest)
 vostel_inner_test(interchange/SessionReadingTest)
 vostel_inner_test(interchange/SessionRoundTripTest)
 vostel_test_source(VostelAllocationTests interchange/SessionOutOfMemoryTest)
+vostel_inner_test(interchange/ZipArchiveTest)
 
 # The JSON library, as the library itself includes it.
 target_include_directories(VostelInnerTests SYSTEM PRIVATE ${PROJECT_BINARY_DIR}/src/interchange/json-include)
-set_property(SOURCE ${CMAKE_CURRENT_SOURCE_DIR}/interchange/ForeignRegionsTest.cpp APPEND PROPERTY
+set_property(SOURCE ${CMAKE_CURRENT_SOURCE_DIR}/interchange/ForeignRegionsTest.cpp
+    ${CMAKE_CURRENT_SOURCE_DIR}/interchange/ImageJForeignTest.cpp APPEND PROPERTY
     COMPILE_DEFINITIONS "VOSTEL_FOREIGN_FOLDER=\"${CMAKE_CURRENT_SOURCE_DIR}/interchange/foreign\"")
 
 # Canvases at random; instrumented builds are slow.
@@ -36,4 +40,11 @@ if(NOT WIN32)
         vostel_test(${test})
         set_tests_properties(${VOSTEL_TEST_PREFIX}${test} PROPERTIES SKIP_REGULAR_EXPRESSION "not installed")
     endforeach()
+endif()
+
+# ImageJ itself opens our lists, where it is installed. An instrumented library is not one for Python to load.
+if(BUILD_SHARED_LIBS AND NOT CMAKE_CROSSCOMPILING AND NOT VOSTEL_SANITIZE)
+    set(test ${VOSTEL_TEST_PREFIX}interchange/imagej_test)
+    add_test(NAME ${test} COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/interchange/imagej_test.py $<TARGET_FILE:VostelObj>)
+    set_tests_properties(${test} PROPERTIES TIMEOUT 300 SKIP_RETURN_CODE 77 ENVIRONMENT "PYTHONDONTWRITEBYTECODE=1")
 endif()
