@@ -50,6 +50,12 @@ bool HasText(const VostelObj& object)
            (object.TypeCode == OverlayPanel && ClassOf(object) != ElementClass::ReadOut);
 }
 
+// A press beside a polygon hides its handles until it is found again.
+bool HidesHandles(const VostelObj& object)
+{
+    return object.TypeCode == OverlayPolygon && !object.ShowHandles;
+}
+
 std::string TextOf(const VostelObj& object)
 {
     const CString text = object.CaptionText();
@@ -146,6 +152,8 @@ Json JsonOfElement(VostelObj& object, const ObjectNotes& notes, ElementNumbers e
         json["window"] = {readable.WindowLow, readable.WindowHigh};
     if (object.Selected)
         json["selected"] = true;
+    if (HidesHandles(object))
+        json["handles"] = false;
     const ElementNumbers numbers = {object.SerialNo, object.TypeSerial};
     if (!(numbers == expected))
         json["numbers"] = {numbers.SerialNo, numbers.TypeSerial};
@@ -295,7 +303,8 @@ void ReadObjects(const Json& list, VostelImage& canvas, DocumentContent& content
         PlacedObject placed;
         placed.Object = MakeFromJson(json, *one, place, canvas, placed.Notes, told);
         placed.Object->Selected = TruthOf(json, "selected", place);
-        const Json unknown = UnknownOfObject(json, {"window", "selected", "numbers", "state"});
+        placed.Object->ShowHandles = !Member(json, "handles") || TruthOf(json, "handles", place);
+        const Json unknown = UnknownOfObject(json, {"window", "selected", "handles", "numbers", "state"});
         if (!unknown.empty())
             placed.Notes.Unread = JsonTextOf(unknown);
         TakeNumbers(json, place, content.Counts.Next(placed.Object->TypeCode), *placed.Object);

@@ -83,6 +83,10 @@ Json JsonOfView(const CanvasView& view)
     json["middle"] = {middle.X, middle.Y};
     if (!view.AnyScale)
         json["any_scale"] = false;
+    CanvasView placed = view;
+    placed.PlaceCentre(view.Scale, view.CentreX, view.CentreY);
+    if (placed.AnchorX != view.AnchorX || placed.AnchorY != view.AnchorY)
+        json["anchor"] = {view.AnchorX, view.AnchorY};
     return json;
 }
 
@@ -95,6 +99,10 @@ SavedView ViewOfJson(const Json& view)
     TakePair(view, "area", place, saved.Width, saved.Height);
     TakePair(view, "centre", place, saved.CentreX, saved.CentreY);
     TakePair(view, "middle", place, saved.MiddleX, saved.MiddleY);
+    PointTemplateBase<double> anchor;
+    TakePair(view, "anchor", place, anchor.x, anchor.y);
+    if (Member(view, "anchor"))
+        saved.Anchor = anchor;
     saved.AnyScale = !Member(view, "any_scale") || TruthOf(view, "any_scale", place);
     return saved;
 }
@@ -112,6 +120,10 @@ void TakeView(CanvasView& view, const SavedView& saved, bool sameImageSize)
         return;
     if (exact)
         placed.PlaceCentre(saved.Scale, saved.CentreX, saved.CentreY);
+    if (exact && saved.Anchor) {
+        placed.AnchorX = saved.Anchor->x;
+        placed.AnchorY = saved.Anchor->y;
+    }
     placed.AnyScale = saved.AnyScale;
     view = std::move(placed);
 }
@@ -207,7 +219,7 @@ Json UnknownOfParts(const Json& session)
         if (!rest.empty())
             unknown[part] = std::move(rest);
     };
-    note("view", {"scale", "area", "centre", "middle", "any_scale"});
+    note("view", {"scale", "area", "centre", "middle", "any_scale", "anchor"});
     note("contrast", {"low", "high", "gamma", "map", "below", "above", "not_finite"});
     note("scale", {"units_per_pixel", "unit", "drawn"});
     return unknown;

@@ -21,6 +21,8 @@ struct SavedView {
     double MiddleX = 0.0;    // image px; what lay in the middle of the area
     double MiddleY = 0.0;
     bool   AnyScale = true;
+    // Of the area: where the next resize puts the middle, if that does not follow from where it lies.
+    std::optional<PointTemplateBase<double>> Anchor;
 };
 
 Json      JsonOfView(const CanvasView& view);

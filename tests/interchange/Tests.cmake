@@ -8,6 +8,7 @@ vostel_inner_test(interchange/ImageJForeignTest)
 vostel_inner_test(interchange/PointTableTest)
 vostel_inner_test(interchange/RegionJsonTest)
 vostel_inner_test(interchange/SampleHashTest)
+vostel_inner_test(interchange/SessionClassicTest)
 vostel_inner_test(interchange/SessionFilesTest)
 vostel_inner_test(interchange/SessionReadingTest)
 vostel_inner_test(interchange/SessionRoundTripTest)
@@ -20,9 +21,12 @@ set_property(SOURCE ${CMAKE_CURRENT_SOURCE_DIR}/interchange/ForeignRegionsTest.c
     ${CMAKE_CURRENT_SOURCE_DIR}/interchange/ImageJForeignTest.cpp APPEND PROPERTY
     COMPILE_DEFINITIONS "VOSTEL_FOREIGN_FOLDER=\"${CMAKE_CURRENT_SOURCE_DIR}/interchange/foreign\"")
 
-# Canvases at random; instrumented builds are slow.
-set_property(SOURCE ${CMAKE_CURRENT_SOURCE_DIR}/interchange/SessionRoundTripTest.cpp APPEND PROPERTY
-    COMPILE_DEFINITIONS VOSTEL_SESSION_ROUNDS=$<IF:$<BOOL:${VOSTEL_SANITIZE}>,400,10000>)
+# Canvases at random, and damaged files: instrumented builds are slow.
+foreach(test IN ITEMS SessionClassicTest SessionReadingTest SessionRoundTripTest)
+    set_property(SOURCE ${CMAKE_CURRENT_SOURCE_DIR}/interchange/${test}.cpp APPEND PROPERTY COMPILE_DEFINITIONS
+        VOSTEL_SESSION_ROUNDS=$<IF:$<BOOL:${VOSTEL_SANITIZE}>,400,10000>
+        VOSTEL_DAMAGE_STEP=$<IF:$<BOOL:${VOSTEL_SANITIZE}>,17,3>)
+endforeach()
 
 # Drawings.
 set(ZLIB_USE_STATIC_LIBS ${WIN32})
