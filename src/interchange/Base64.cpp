@@ -11,7 +11,7 @@ constexpr std::string_view Alphabet = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmno
 
 }
 
-std::string Base64Of(const std::vector<unsigned char>& bytes)
+std::string Base64Of(std::span<const unsigned char> bytes)
 {
     std::string text;
     text.reserve((bytes.size() + 2) / 3 * 4);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -8,7 +9,7 @@
 namespace vostel {
 
 // Bytes as text, in the alphabet of RFC 4648 with padding.
-std::string Base64Of(const std::vector<unsigned char>& bytes);
+std::string Base64Of(std::span<const unsigned char> bytes);
 // Nothing for a text that no bytes give.
 std::optional<std::vector<unsigned char>> BytesOfBase64(std::string_view text);
 

@@ -2,6 +2,7 @@
 
 #include "base/Utf8.h"
 #include "canvas/view/VectorDrawing.h"
+#include "interchange/Base64.h"
 #include "interchange/NumberText.h"
 
 #include <cstddef>
@@ -13,22 +14,6 @@ namespace {
 // The caption's own face and what stands in for it where it is missing.
 constexpr std::string_view Faces = "'Microsoft YaHei', '微软雅黑', 'Noto Sans CJK SC', 'Noto Sans SC', "
                                    "'Source Han Sans SC', 'WenQuanYi Micro Hei', sans-serif";
-
-std::string Base64Of(std::string_view bytes)
-{
-    constexpr std::string_view Digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-    std::string                text;
-    text.reserve((bytes.size() + 2) / 3 * 4);
-    for (std::size_t i = 0; i < bytes.size(); i += 3) {
-        unsigned int      group = 0;
-        const std::size_t count = bytes.size() - i < 3 ? bytes.size() - i : 3;
-        for (std::size_t k = 0; k < 3; ++k)
-            group = group << 8 | (k < count ? static_cast<unsigned char>(bytes[i + k]) : 0u);
-        for (std::size_t k = 0; k < 4; ++k)
-            text += k <= count ? Digits[group >> (18 - 6 * k) & 0x3F] : '=';
-    }
-    return text;
-}
 
 // XML has no place for most control characters, nor for U+FFFE and U+FFFF.
 std::string Escaped(std::string_view utf8)
@@ -239,7 +224,8 @@ std::string SvgOf(const VectorDrawing& drawing, std::string_view png, bool smoot
     // Viewers of SVG 1.1 know the attribute, browsers the style.
     svg += smooth ? "image-rendering=\"auto\""
                   : "image-rendering=\"optimizeSpeed\" style=\"image-rendering:pixelated\"";
-    svg += " xlink:href=\"data:image/png;base64," + Base64Of(png) + "\"/>\n";
+    svg += " xlink:href=\"data:image/png;base64," +
+           Base64Of({reinterpret_cast<const unsigned char*>(png.data()), png.size()}) + "\"/>\n";
     svg += "<g fill=\"none\" stroke-linejoin=\"round\" font-family=\"";
     svg += Faces;
     svg += "\">\n";

@@ -4,6 +4,8 @@
 
 #include "vostel.h"
 
+#include <VostelObj.h>
+
 #include <doctest/doctest.h>
 
 #include <algorithm>
