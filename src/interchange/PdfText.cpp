@@ -14,6 +14,8 @@ namespace {
 
 constexpr std::size_t MostNumbers = 0xFFFF;
 constexpr int         UnitsPerEm = 1000;
+constexpr int         Ascent = 800;
+constexpr int         Descent = -200;
 constexpr char32_t    FirstWide = 0x2E80;    // from the CJK radicals on
 
 int UnitsOf(char32_t character)
@@ -64,6 +66,16 @@ std::uint32_t SumOf(std::string_view bytes)
 void Pad(std::string& bytes)
 {
     bytes.append((4 - bytes.size() % 4) % 4, '\0');
+}
+
+// A glyph that fills its cell. Some programs overlook unseen text of glyphs without an extent.
+std::string BoxGlyph(int width)
+{
+    std::string outline = Shorts({1, 0, Descent, width, Ascent, 3, 0}) +
+                          std::string(4, '\x01') /* points on the curve */ + Shorts({0, 0, width, 0}) +
+                          Shorts({Descent, Ascent - Descent, 0, Descent - Ascent});
+    Pad(outline);
+    return outline;
 }
 
 }
@@ -130,26 +142,28 @@ std::string PdfTextFont::ToUnicode() const
     return map + "endcmap\nCMapName currentdict /CMap defineresource pop\nend\nend\n";
 }
 
-// Glyph 0 stands for what is missing, 1 is of full and 2 of half width; none has an outline.
+// Glyph 0 stands for what is missing, 1 is of full and 2 of half width.
 std::string PdfTextFont::TrueTypeFile()
 {
-    constexpr int Ascent = 800;
-    constexpr int Descent = -200;
-    const auto    head = [](std::uint32_t adjustment) {
+    const std::string glyf = BoxGlyph(UnitsPerEm) + BoxGlyph(UnitsPerEm / 2);
+    const int         halves = static_cast<int>(glyf.size()) / 4;    // of a glyph; places count by twos
+    const auto        head = [](std::uint32_t adjustment) {
         return Long(0x10000) + Long(0x10000) + Long(adjustment) + Long(0x5F0F3CF5) + Shorts({0, UnitsPerEm}) +
                std::string(16, '\0') /* dates */ + Shorts({0, Descent, UnitsPerEm, Ascent, 0, 8, 2, 0, 0});
     };
-    const std::string hhea = Long(0x10000) + Shorts({Ascent, Descent, 0, UnitsPerEm, 0, 0, 0, 1, 0, 0}) +
+    const std::string hhea = Long(0x10000) +
+                             Shorts({Ascent, Descent, 0, UnitsPerEm, 0, 0, UnitsPerEm, 1, 0, 0}) +
                              Shorts({0, 0, 0, 0, 0, 3});
     const std::string hmtx = Shorts({UnitsPerEm, 0, UnitsPerEm, 0, UnitsPerEm / 2, 0});
-    const std::string maxp = Long(0x10000) + Shorts({3, 0, 0, 0, 0, 2, 0, 0, 0, 0, 0, 0, 0, 0});
+    const std::string maxp = Long(0x10000) + Shorts({3, 4, 1, 0, 0, 2, 0, 0, 0, 0, 0, 0, 0, 0});
     const auto        fileOf = [&](std::uint32_t adjustment) {
-        const std::array<std::pair<const char*, std::string>, 6> tables = {{{"glyf", std::string(4, '\0')},
-                                                                            {"head", head(adjustment)},
-                                                                            {"hhea", hhea},
-                                                                            {"hmtx", hmtx},
-                                                                            {"loca", Shorts({0, 0, 0, 0})},
-                                                                            {"maxp", maxp}}};
+        const std::array<std::pair<const char*, std::string>, 6> tables = {
+            {{"glyf", glyf},
+             {"head", head(adjustment)},
+             {"hhea", hhea},
+             {"hmtx", hmtx},
+             {"loca", Shorts({0, 0, halves, 2 * halves})},
+             {"maxp", maxp}}};
         std::string directory = Long(0x10000) + Shorts({6, 64, 2, 32});
         std::string body;
         for (const auto& [tag, table] : tables) {

@@ -8,7 +8,7 @@
 
 namespace vostel {
 
-// The font of a PDF file's unseen text: its glyphs are empty, of full and of half width, and each character
+// The font of a PDF file's unseen text: its glyphs are boxes of full and of half width, and each character
 // that occurs has a number and a line in the table that turns numbers back into text.
 class PdfTextFont {
 public:
