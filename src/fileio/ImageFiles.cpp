@@ -3,7 +3,6 @@
 #include "base/Failure.h"
 #include "foundation/Limits.h"
 #include "platform/Files.h"
-#include "platform/SamplePictures.h"
 
 #include <algorithm>
 #include <bit>
@@ -47,10 +46,10 @@ void TurnByteOrder(ImageSamples& samples)
 
 }
 
-ImageSamples ReadImagePage(const std::string& path, int page)
+ImageSamples ReadImagePage(const std::string& path, int page, PaletteUse palettes)
 {
     ImageSamples samples;
-    NeedTaken(ReadPicture(path.c_str(), page, LimitsOfPictures(), samples), path, page);
+    NeedTaken(ReadPicture(path.c_str(), page, LimitsOfPictures(), samples, palettes), path, page);
     return samples;
 }
 

@@ -3,7 +3,7 @@
 // Images from files, of which every failure is told: VOSTEL_NOT_READ, VOSTEL_BAD_FORMAT, VOSTEL_TOO_LARGE
 // beyond the limits in force, VOSTEL_NOT_SUPPORTED, VOSTEL_NOT_FOUND for a page. Paths are UTF-8.
 
-#include "platform/ImageSamples.h"
+#include "platform/SamplePictures.h"
 
 #include <cstdint>
 #include <string>
@@ -19,7 +19,8 @@ struct RawLayout {
     bool         BigEndian = false;
 };
 
-ImageSamples ReadImagePage(const std::string& path, int page);    // from 0
+// Pages count from 0.
+ImageSamples ReadImagePage(const std::string& path, int page, PaletteUse palettes = PaletteUse::Colors);
 int          CountImagePages(const std::string& path);
 // Sides of 1 or more, an offset of 0 or more.
 ImageSamples ReadRawImage(const std::string& path, const RawLayout& layout);

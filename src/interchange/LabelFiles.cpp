@@ -7,12 +7,12 @@
 #include "document/Document.h"
 #include "document/KindRules.h"
 #include "document/LabelImage.h"
+#include "fileio/ImageFiles.h"
 #include "foundation/Limits.h"
 #include "geometry/OutlineTracing.h"
 #include "interchange/FileBytes.h"
 #include "interchange/LabelLegend.h"
 #include "platform/Files.h"
-#include "platform/SamplePictures.h"
 
 #include <algorithm>
 #include <cstring>
@@ -138,29 +138,9 @@ public:
     }
 };
 
-void NeedTaken(PictureOutcome outcome, const std::string& path)
-{
-    switch (outcome) {
-    case PictureOutcome::Taken:
-        return;
-    case PictureOutcome::NotRead:
-        Fail(VOSTEL_NOT_READ, "\"" + path + "\" cannot be read");
-    case PictureOutcome::TooLarge:
-        Fail(VOSTEL_TOO_LARGE, "\"" + path + "\" is beyond the limits");
-    case PictureOutcome::NotSupported:
-        Fail(VOSTEL_NOT_SUPPORTED, "\"" + path + "\" is a picture of a kind that is not supported");
-    default:
-        Fail(VOSTEL_BAD_FORMAT, "\"" + path + "\" is no picture, or damaged");
-    }
-}
-
 std::vector<LabelRun> RunsOfPicture(const std::string& path, ImageSize image)
 {
-    const Limits limits = LimitsInForce();
-    ImageSamples samples;
-    NeedTaken(ReadPicture(path.c_str(), 0, {limits.MaxSide, limits.MaxPixels, limits.MaxFileBytes}, samples,
-                          PaletteUse::Indices),
-              path);
+    ImageSamples samples = ReadImagePage(path, 0, PaletteUse::Indices);
     if (samples.Type != SampleType::U8 && samples.Type != SampleType::U16)
         Fail(VOSTEL_NOT_SUPPORTED, "\"" + path + "\" is not gray of 8 or 16 bits, as label images are");
     NeedSize({samples.Width, samples.Height}, image);

@@ -18,6 +18,13 @@ ImageSize SizeOf(const VostelImage& canvas)
     return plane.Data ? ImageSize{plane.Width, plane.Height} : ImageSize();
 }
 
+// Without its folder; empty for an image from memory.
+std::string FileNameOf(const VostelImage& canvas)
+{
+    const std::string path = canvas.Source ? canvas.Source->Path : std::string();
+    return path.substr(path.find_last_of("/\\") + 1);
+}
+
 }
 
 void ExportGeoJson(const RegionExport& file)
@@ -30,7 +37,8 @@ void ExportCoco(const RegionExport& file)
     const ImageSize size = SizeOf(file.Canvas);
     if (size.Width == 0)
         Fail(VOSTEL_NO_IMAGE, "COCO names the size of the image, and there is none");
-    WriteWholeFile(file.Path, CocoOf(ObjectsOf(file.Canvas, file.Notes), size, std::string(), file.Told));
+    WriteWholeFile(file.Path,
+                   CocoOf(ObjectsOf(file.Canvas, file.Notes), size, FileNameOf(file.Canvas), file.Told));
 }
 
 void ExportPointTable(const RegionExport& file)
