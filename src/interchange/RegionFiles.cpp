@@ -2,6 +2,8 @@
 
 #include "base/Failure.h"
 #include "canvas/VostelImage.h"
+#include "document/KindRules.h"
+#include "interchange/CanvasDrawing.h"
 #include "interchange/CanvasObjects.h"
 #include "interchange/Coco.h"
 #include "interchange/FileBytes.h"
@@ -44,6 +46,18 @@ void ExportCoco(const RegionExport& file)
 void ExportPointTable(const RegionExport& file)
 {
     WriteWholeFile(file.Path, PointTableOf(ObjectsOf(file.Canvas, file.Notes), file.Told));
+}
+
+void ExportSvg(const RegionExport& file)
+{
+    const ImageSize size = SizeOf(file.Canvas);
+    if (size.Width == 0)
+        Fail(VOSTEL_NO_IMAGE, "a drawing shows the image, and there is none");
+    for (const VostelObj* const object : file.Canvas.Elements) {
+        if (object->TypeCode == VOSTEL_PANEL || object->TypeCode == VOSTEL_NEIGHBOURS)
+            file.Told.LeftOut(KindName(object->TypeCode));
+    }
+    WriteWholeFile(file.Path, SvgOfCanvas(file.Canvas, file.Notes, 1.0, PictureParts(), size));
 }
 
 std::vector<FileObject> ImportGeoJson(const char* utf8Path, ImageSize image, Remarks& remarks)

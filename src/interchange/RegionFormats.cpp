@@ -25,6 +25,7 @@ std::span<const RegionFormat> AllFormats()
         {"labels", {".png", LegendEnding, RawEnding}, ExportLabels, ImportLabels},
         {"json", {".json"}, ExportRegionJson, ImportRegionJson},
         {"csv", {".csv"}, ExportPointTable, ImportPointTable},
+        {"svg", {".svg"}, ExportSvg, nullptr},
     };
     return formats;
 }

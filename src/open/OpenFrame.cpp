@@ -1,10 +1,6 @@
-#include "canvas/view/VectorDrawing.h"
-#include "document/PictureDrawing.h"
 #include "foundation/Limits.h"
-#include "interchange/DeflatedPixels.h"
+#include "interchange/CanvasDrawing.h"
 #include "interchange/FileBytes.h"
-#include "interchange/PdfPicture.h"
-#include "interchange/SvgPicture.h"
 #include "open/OpenCall.h"
 #include "open/OpenPlanes.h"
 
@@ -86,18 +82,6 @@ void SavePixels(VostelImage& image, const CString& path, double scale, const Pic
     SaveBeside(path, [&](const CString& beside) { return picture.WriteColorImage(beside); });
 }
 
-std::string DrawingOf(VostelImage& image, const Document& notes, PictureKind kind, double scale,
-                      const PictureParts& parts, int width, int height)
-{
-    VectorDrawing drawing(width, height, kind == PictureKind::Pdf);
-    RecordPicture(image, notes, scale, parts, drawing);
-    const DeflatedPixels pixels = DeflatePixels(image.CanvasSurface);
-    const bool           smooth = image.CanvasSurface.StretchMode == HALFTONE;
-    return kind == PictureKind::Svg
-               ? SvgOf(drawing, PngOf(pixels), smooth)
-               : PdfOf(drawing, pixels, image.CanvasWidth * scale, image.CanvasHeight * scale, smooth);
-}
-
 }
 
 VostelStatus vostel_frame_render(int32_t canvas, VostelFrame* frame)
@@ -145,7 +129,9 @@ VostelStatus vostel_picture_save(int32_t canvas, const char* path, double scale,
         const int height = ScaledSide(image.CanvasHeight, scale);
         if (kind == PictureKind::Pixels)
             SavePixels(image, file, scale, PartsOf(flags), width, height);
+        else if (kind == PictureKind::Svg)
+            WriteWholeFile(path, SvgOfCanvas(image, notes, scale, PartsOf(flags), {width, height}));
         else
-            WriteWholeFile(path, DrawingOf(image, notes, kind, scale, PartsOf(flags), width, height));
+            WriteWholeFile(path, PdfOfCanvas(image, notes, scale, PartsOf(flags), {width, height}));
     });
 }

@@ -159,6 +159,23 @@ TEST_CASE("the longest ending decides, whatever the case, and unknown ones are n
           VOSTEL_NOT_WRITTEN);
 }
 
+TEST_CASE("an SVG of regions is the picture at scale 1 with objects and captions, and is not read")
+{
+    std::mt19937      random(11);
+    const TempFolder  folder;
+    const ShownCanvas canvas;
+    DrawAllKinds(canvas.Number, random);
+    REQUIRE(vostel_regions_export(canvas.Number, folder.Path("a.svg").c_str(), nullptr) == VOSTEL_OK);
+    REQUIRE(vostel_picture_save(canvas.Number, folder.Path("b.svg").c_str(), 1.0,
+                                VOSTEL_WITH_OBJECTS | VOSTEL_WITH_CAPTIONS) == VOSTEL_OK);
+    CHECK(!ReadBytes(folder.Path("a.svg")).empty());
+    CHECK(ReadBytes(folder.Path("a.svg")) == ReadBytes(folder.Path("b.svg")));
+    CHECK(vostel_regions_import(canvas.Number, folder.Path("a.svg").c_str(), nullptr, nullptr) ==
+          VOSTEL_NOT_SUPPORTED);
+    const OpenCanvas empty;
+    CHECK(vostel_regions_export(empty.Number, folder.Path("c.svg").c_str(), nullptr) == VOSTEL_NO_IMAGE);
+}
+
 TEST_CASE("COCO names the image's file, and an image it must have")
 {
     const TempFolder folder;
