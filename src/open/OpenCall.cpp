@@ -84,14 +84,17 @@ CString WideFrom(const char* text, const char* name)
     return CString(wide->c_str());
 }
 
-std::size_t NeedRecord(const void* record, std::size_t most, const char* name)
+std::size_t SizeOfRecord(const void* record, const char* name)
 {
     NeedPointer(record, name);
     std::uint32_t size = 0;
     std::memcpy(&size, record, sizeof size);
-    if (size <= sizeof size)
-        Fail(VOSTEL_INVALID_ARGUMENT, std::string(name) + " does not say its size");
-    return std::min<std::size_t>(size, most);
+    return size;
+}
+
+void FailRecordSize(const char* name)
+{
+    Fail(VOSTEL_INVALID_ARGUMENT, std::string(name) + "->size covers no field");
 }
 
 void NeedBuffer(const void* buffer, std::size_t capacity, const char* name)

@@ -5,6 +5,7 @@
 
 #include "base/Failure.h"
 #include "canvas/exports/CanvasTable.h"
+#include "open/RecordFields.h"
 #include "vostel.h"
 
 #include <cstddef>
@@ -66,15 +67,26 @@ void Give(T* target, const T& value)
     std::memcpy(static_cast<void*>(target), &value, sizeof value);
 }
 
-// Bytes of a record that its owner has; fails for fewer than the size field and one more.
-std::size_t NeedRecord(const void* record, std::size_t most, const char* name);
+// What a record says of its size; fails for null.
+std::size_t       SizeOfRecord(const void* record, const char* name);
+[[noreturn]] void FailRecordSize(const char* name);
+
+// Bytes of the whole fields that the caller's record has; fails for none.
+template <typename Record>
+std::size_t NeedRecord(const Record* record, const char* name)
+{
+    const std::size_t bytes = WholeFields<Record>(SizeOfRecord(record, name));
+    if (bytes == 0)
+        FailRecordSize(name);
+    return bytes;
+}
 
 // A record of the caller over one with defaults.
 template <typename Record>
 Record RecordFrom(const Record* given, Record defaults, const char* name)
 {
-    const std::size_t size = NeedRecord(given, sizeof(Record), name);
-    std::memcpy(static_cast<void*>(&defaults), static_cast<const void*>(given), size);
+    const std::size_t bytes = NeedRecord(given, name);
+    std::memcpy(static_cast<void*>(&defaults), static_cast<const void*>(given), bytes);
     return defaults;
 }
 
@@ -82,10 +94,10 @@ Record RecordFrom(const Record* given, Record defaults, const char* name)
 template <typename Record>
 void GiveRecord(Record* target, const Record& value, const char* name)
 {
-    const std::size_t     size = NeedRecord(target, sizeof(Record), name);
+    const std::size_t     bytes = NeedRecord(target, name);
     constexpr std::size_t first = sizeof value.size;
     std::memcpy(reinterpret_cast<char*>(target) + first, reinterpret_cast<const char*>(&value) + first,
-                size - first);
+                bytes - first);
 }
 
 // A buffer and its capacity belong together: null with a capacity fails.

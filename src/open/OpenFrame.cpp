@@ -87,7 +87,7 @@ void SavePixels(VostelImage& image, const CString& path, double scale, const Pic
 VostelStatus vostel_frame_render(int32_t canvas, VostelFrame* frame)
 {
     return OnCanvas(canvas, [&](VostelImage& image, Document&) {
-        NeedRecord(frame, sizeof *frame, "frame");
+        NeedRecord(frame, "frame");
         const Frame made = Compose(image);
         VostelFrame given = {};
         given.width = made.Width;

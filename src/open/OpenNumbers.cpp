@@ -94,7 +94,7 @@ VostelStatus vostel_measure(int32_t canvas, VostelObject object, int32_t channel
         const VostelObj& found = ObjectOf(notes, object);
         const PlaneView  plane = image.ShownPlane();
         NeedChannel(plane, channel);
-        NeedRecord(measures, sizeof *measures, "measures");
+        NeedRecord(measures, "measures");
         GiveRecord(measures, MeasureObject(found, plane, channel, notes.Units().UnitsPerPixel), "measures");
     });
 }

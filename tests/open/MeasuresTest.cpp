@@ -317,6 +317,24 @@ TEST_CASE("a shorter record of measures is filled as far as it goes")
                       sizeof measures - offsetof(VostelMeasures, perimeter)) == 0);
 }
 
+TEST_CASE("of a record that ends within a field, that field is not there")
+{
+    OpenCanvas         canvas;
+    const VostelObject rectangle = Add(canvas.Number, VOSTEL_RECTANGLE, {{2.0, 1.0}, {6.0, 4.0}});
+    for (std::uint32_t size = 0; size < offsetof(VostelMeasures, length); ++size) {
+        CAPTURE(size);
+        const std::size_t whole = size < 8 ? sizeof size : size / 8 * 8;
+        VostelMeasures    measures;
+        std::memset(&measures, 0x55, sizeof measures);
+        const VostelMeasures before = measures;
+        measures.size = size;
+        const VostelStatus status = vostel_measure(canvas.Number, rectangle, 0, &measures);
+        CHECK(status == (size < 8 ? VOSTEL_INVALID_ARGUMENT : VOSTEL_OK));
+        CHECK(std::memcmp(reinterpret_cast<const char*>(&measures) + whole,
+                          reinterpret_cast<const char*>(&before) + whole, sizeof measures - whole) == 0);
+    }
+}
+
 TEST_CASE("a gray image has channel 0 alone")
 {
     OpenCanvas canvas;

@@ -120,6 +120,10 @@ TEST_CASE("a record that ends after the scale leaves the place")
     CHECK(ViewOf(canvas.Number).scale == 3.0);
     CHECK(ViewOf(canvas.Number).left == 12.0);
     CHECK(ViewOf(canvas.Number).top == 34.0);
+    view.size = offsetof(VostelView, top) - 1;    // within the left edge
+    view.left = 77.0;
+    REQUIRE(vostel_view_set(canvas.Number, &view) == VOSTEL_OK);
+    CHECK(ViewOf(canvas.Number).left == 12.0);
 }
 
 TEST_CASE("fit shows the whole image in the middle, and one side of it fills the area")
