@@ -1,6 +1,7 @@
 #include "open/OpenCall.h"
 
 #include "base/Utf8.h"
+#include "document/KindRules.h"
 
 #include <algorithm>
 #include <cmath>
@@ -58,6 +59,14 @@ VostelObj& ObjectOf(const Document& notes, VostelObject object)
     if (!found)
         Fail(VOSTEL_NOT_FOUND, "there is no object " + std::to_string(object) + " on the canvas");
     return *found;
+}
+
+VostelObj& RegionOf(const Document& notes, VostelObject object)
+{
+    VostelObj& found = ObjectOf(notes, object);
+    if (!IsRegion(found.TypeCode))
+        Fail(VOSTEL_INVALID_ARGUMENT, "object " + std::to_string(object) + " is not a region");
+    return found;
 }
 
 void NeedFlags(std::uint32_t flags, std::uint32_t known)

@@ -1,7 +1,8 @@
 #pragma once
 
 // How each function of the open interface runs: checks, the canvas and its document, and the status that
-// comes of what was thrown.
+// comes of what was thrown. What is wrong is told in one order: no such canvas, no such object or one of
+// another kind, arguments that cannot be, no image, and last what does not fit the image.
 
 #include "base/Failure.h"
 #include "canvas/exports/CanvasTable.h"
@@ -52,6 +53,8 @@ VostelStatus OnCanvas(int32_t canvas, Body&& body) noexcept
 
 // The object of an identity; fails if it is not on the canvas.
 VostelObj& ObjectOf(const Document& notes, VostelObject object);
+// One that is a region, with points enough or not; fails with VOSTEL_INVALID_ARGUMENT for others.
+VostelObj& RegionOf(const Document& notes, VostelObject object);
 
 // Fails with VOSTEL_INVALID_ARGUMENT.
 void NeedFlags(std::uint32_t flags, std::uint32_t known);

@@ -1,12 +1,11 @@
 #include "canvas/VostelImage.h"
 #include "document/Document.h"
-#include "geometry/Coverage.h"
+#include "document/ObjectMeasures.h"
 #include "geometry/Histogram.h"
 #include "open/OpenPlanes.h"
 #include "output/ColorMaps.h"
 
 #include <cmath>
-#include <optional>
 
 using namespace vostel;
 using namespace vostel::open;
@@ -20,9 +19,9 @@ template <typename Change>
 VostelStatus ChangeContrast(std::int32_t canvas, Change change)
 {
     return OnCanvas(canvas, [&](VostelImage& image, Document&) {
-        NeedImage(image);
         ContrastState state = image.Contrast();
         change(state);
+        NeedImage(image);
         image.ApplyContrast(state);
     });
 }
@@ -33,21 +32,6 @@ void NeedWindow(double low, double high)
     NeedFinite(high, "high");
     if (low >= high)
         Fail(VOSTEL_INVALID_ARGUMENT, "low is not below high");
-}
-
-Outline RegionOf(const VostelObj& object)
-{
-    std::optional<Outline> region = object.RegionOutline();
-    if (!region)
-        Fail(VOSTEL_INVALID_ARGUMENT, "the object is no region");
-    return *std::move(region);
-}
-
-// The pixels of a region, or all of them for 0.
-std::vector<PixelRun> RunsOf(const Document& notes, VostelObject region, const PlaneView& plane)
-{
-    return region == 0 ? RunsOfPlane(plane.Width, plane.Height)
-                       : CoverageOf(RegionOf(ObjectOf(notes, region)), plane.Width, plane.Height);
 }
 
 }
@@ -132,12 +116,11 @@ VostelStatus vostel_contrast_marks(int32_t canvas, uint32_t below, uint32_t abov
 VostelStatus vostel_contrast_of_object(int32_t canvas, VostelObject region, double low, double high)
 {
     return OnCanvas(canvas, [&](VostelImage& image, Document& notes) {
-        VostelObj& object = ObjectOf(notes, region);
+        VostelObj& object = RegionOf(notes, region);
         NeedFinite(low, "low");
         NeedFinite(high, "high");
         if (low > high)
             Fail(VOSTEL_INVALID_ARGUMENT, "low is above high");
-        RegionOf(object);
         notes.Prepare(object);
         object.WindowLow = low < high ? low : 0.0;
         object.WindowHigh = low < high ? high : 0.0;
@@ -149,12 +132,14 @@ VostelStatus vostel_histogram(int32_t canvas, VostelObject region_or_0, int32_t 
                               double high, int32_t bins, uint64_t* counts)
 {
     return OnCanvas(canvas, [&](VostelImage& image, Document& notes) {
+        const VostelObj* const region = region_or_0 != 0 ? &RegionOf(notes, region_or_0) : nullptr;
         NeedPointer(counts, "counts");
         NeedWindow(low, high);
         NeedRange(bins, 1, MostBins, "bins");
         const PlaneView plane = NeedImage(image);
         NeedChannel(plane, channel);
-        const std::vector<PixelRun> runs = RunsOf(notes, region_or_0, plane);
+        const std::vector<PixelRun> runs = region ? RunsOfRegion(*region, plane.Width, plane.Height)
+                                                  : RunsOfPlane(plane.Width, plane.Height);
         std::vector<std::uint64_t>  found(static_cast<std::size_t>(bins));
         HistogramOf(plane, channel, runs, low, high, found);
         std::memcpy(static_cast<void*>(counts), found.data(), found.size() * sizeof found[0]);

@@ -105,7 +105,7 @@ VostelStatus vostel_frame_render_to(int32_t canvas, VostelPlane* target)
         if (rows.Type != SampleType::Bgra8)
             Fail(VOSTEL_INVALID_ARGUMENT, "target is not of VOSTEL_BGRA8");
         if (rows.Width != image.View.ClientRect.Width() || rows.Height != image.View.ClientRect.Height())
-            Fail(VOSTEL_INVALID_ARGUMENT, "target has not the size of the canvas's area");
+            Fail(VOSTEL_INVALID_ARGUMENT, "target does not have the size of the canvas's area");
         const Frame                made = Compose(image);
         std::vector<std::uint32_t> opaque(static_cast<std::size_t>(made.Width));
         for (int y = 0; y < made.Height; ++y) {

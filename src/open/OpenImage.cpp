@@ -132,6 +132,7 @@ VostelStatus vostel_image_open_raw(int32_t canvas, const char* path, const Voste
 VostelStatus vostel_image_info(int32_t canvas, VostelImageInfo* info)
 {
     return OnCanvas(canvas, [&](VostelImage& image, Document&) {
+        NeedRecord(info, "info");
         const PlaneView   plane = NeedImage(image);
         const SampleRange range = RangeOf(plane);
         GiveRecord(info,
@@ -158,6 +159,7 @@ VostelStatus vostel_image_value(int32_t canvas, int32_t channel, double x, doubl
 VostelStatus vostel_image_plane(int32_t canvas, VostelPlane* plane)
 {
     return OnCanvas(canvas, [&](VostelImage& image, Document&) {
+        NeedRecord(plane, "plane");
         const PlaneView shown = NeedImage(image);
         GiveRecord(plane,
                    VostelPlane{0, PixelOf(shown.Type), shown.Width, shown.Height, shown.RowBytes,
@@ -169,10 +171,11 @@ VostelStatus vostel_image_plane(int32_t canvas, VostelPlane* plane)
 VostelStatus vostel_image_copy(int32_t canvas, VostelPixel type, void* data, ptrdiff_t row_bytes)
 {
     return OnCanvas(canvas, [&](VostelImage& image, Document&) {
-        const PlaneView  plane = NeedImage(image);
         const SampleType wanted = SampleTypeFrom(type, "type");
         if (wanted != SampleType::F32 && wanted != SampleType::U8 && wanted != SampleType::Rgb8)
             Fail(VOSTEL_NOT_SUPPORTED, "type is neither VOSTEL_F32 nor VOSTEL_U8 nor VOSTEL_RGB8");
+        NeedPointer(data, "data");
+        const PlaneView plane = NeedImage(image);
         const PlaneView target = PlaneFrom(type, data, plane.Width, plane.Height, row_bytes);
         for (int y = 0; y < plane.Height; ++y)
             CopyRow(plane, y, wanted, static_cast<char*>(data) + y * target.RowBytes);

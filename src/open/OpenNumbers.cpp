@@ -16,14 +16,6 @@ using namespace vostel::open;
 
 namespace {
 
-const VostelObj& RegionOf(const Document& notes, VostelObject object)
-{
-    const VostelObj& found = ObjectOf(notes, object);
-    if (!IsRegion(found.TypeCode))
-        Fail(VOSTEL_INVALID_ARGUMENT, "the object is not a region");
-    return found;
-}
-
 VostelProfile ProfileOf(const ProfileLine& line, std::span<const double> samples)
 {
     constexpr double      none = std::numeric_limits<double>::quiet_NaN();
@@ -92,9 +84,9 @@ VostelStatus vostel_measure(int32_t canvas, VostelObject object, int32_t channel
 {
     return OnCanvas(canvas, [&](VostelImage& image, Document& notes) {
         const VostelObj& found = ObjectOf(notes, object);
-        const PlaneView  plane = image.ShownPlane();
-        NeedChannel(plane, channel);
         NeedRecord(measures, "measures");
+        const PlaneView plane = image.ShownPlane();
+        NeedChannel(plane, channel);
         GiveRecord(measures, MeasureObject(found, plane, channel, notes.Units().UnitsPerPixel), "measures");
     });
 }
@@ -108,12 +100,12 @@ VostelStatus vostel_profile(int32_t canvas, VostelObject line, int32_t channel, 
         const std::vector<ImagePoint> points = found.GivePoints();
         if (!IsLine(found.TypeCode) || points.size() < 2)
             Fail(VOSTEL_INVALID_ARGUMENT, "the object is not a line of two points or more");
-        const PlaneView plane = NeedImage(image);
-        NeedChannel(plane, channel);
         NeedFinite(width, "width");
         if (width < 1.0 || width > Widest || width != std::floor(width))
             Fail(VOSTEL_INVALID_ARGUMENT, "width is not a whole number from 1 to 65536");
         NeedBuffer(values, capacity, "values");
+        const PlaneView plane = NeedImage(image);
+        NeedChannel(plane, channel);
         const ProfileLine sampled(points.front(), points.back());
         if (sampled.Count > MostSamples)
             Fail(VOSTEL_TOO_LARGE, "the profile has more than " + std::to_string(MostSamples) + " samples");
@@ -129,8 +121,8 @@ VostelStatus vostel_mask(int32_t canvas, VostelObject region, uint8_t* mask, ptr
 {
     return OnCanvas(canvas, [&](VostelImage& image, Document& notes) {
         const VostelObj& found = RegionOf(notes, region);
-        const PlaneView  plane = NeedImage(image);
         NeedPointer(mask, "mask");
+        const PlaneView      plane = NeedImage(image);
         const std::ptrdiff_t distance = RowDistance(row_bytes, plane.Width, 1);
         WriteMask(RunsOfRegion(found, plane.Width, plane.Height), plane.Width, plane.Height, mask, distance);
     });
@@ -139,8 +131,8 @@ VostelStatus vostel_mask(int32_t canvas, VostelObject region, uint8_t* mask, ptr
 VostelStatus vostel_labels(int32_t canvas, int32_t* labels, ptrdiff_t row_bytes)
 {
     return OnCanvas(canvas, [&](VostelImage& image, Document& notes) {
-        const PlaneView plane = NeedImage(image);
         NeedPointer(labels, "labels");
+        const PlaneView      plane = NeedImage(image);
         const std::ptrdiff_t distance = RowDistance(row_bytes, plane.Width, sizeof *labels);
         // All regions first: what is short of memory fails before a label is written.
         const std::vector<LabelledRegion> regions = LabelledRegions(image, notes, plane.Width, plane.Height);

@@ -1,5 +1,4 @@
 #include "base/Utf8.h"
-#include "document/KindRules.h"
 #include "document/ObjectLooks.h"
 #include "open/OpenCall.h"
 
@@ -68,10 +67,8 @@ VostelStatus vostel_object_set_style(int32_t canvas, VostelObject object, const 
 VostelStatus vostel_object_set_label(int32_t canvas, VostelObject object, int32_t label)
 {
     return OnCanvas(canvas, [&](VostelImage&, Document& notes) {
-        VostelObj& found = ObjectOf(notes, object);
+        VostelObj& found = RegionOf(notes, object);
         NeedRange(label, 1, INT32_MAX, "label");
-        if (!IsRegion(found.TypeCode))
-            Fail(VOSTEL_INVALID_ARGUMENT, "the object is not a region");
         notes.Prepare(found);
         notes.SetLabel(found, label);
     });

@@ -2,6 +2,7 @@
 
 #include "platform/PictureFiles.h"
 #include "support/OpenCanvas.h"
+#include "support/OpenShapes.h"
 #include "support/TempFolder.h"
 
 #include <VostelObj.h>
@@ -63,6 +64,38 @@ TEST_CASE("a canvas without an image says so")
     CHECK(vostel_image_value(canvas.Number, 0, 0.0, 0.0, &value) == VOSTEL_NO_IMAGE);
     CHECK(vostel_image_copy(canvas.Number, VOSTEL_U8, &value, 0) == VOSTEL_NO_IMAGE);
     CHECK(vostel_contrast_set(canvas.Number, 0.0, 1.0) == VOSTEL_NO_IMAGE);
+    CHECK(vostel_contrast_percentiles(canvas.Number, 1.0, 99.0) == VOSTEL_NO_IMAGE);
+    CHECK(vostel_contrast_gamma(canvas.Number, 2.0) == VOSTEL_NO_IMAGE);
+    CHECK(vostel_contrast_map(canvas.Number, "fire") == VOSTEL_NO_IMAGE);
+    CHECK(vostel_contrast_marks(canvas.Number, 0, 0, 0) == VOSTEL_NO_IMAGE);
+}
+
+TEST_CASE("arguments that cannot be are told of before a missing image")
+{
+    OpenCanvas    canvas;
+    double        value = 0.0;
+    std::uint64_t counts[2];
+    std::size_t   count = 0;
+    const int32_t number = canvas.Number;
+    CHECK(vostel_contrast_set(number, 1.0, 1.0) == VOSTEL_INVALID_ARGUMENT);
+    CHECK(vostel_contrast_get(number, &value, nullptr) == VOSTEL_INVALID_ARGUMENT);
+    CHECK(vostel_contrast_percentiles(number, 99.0, 1.0) == VOSTEL_INVALID_ARGUMENT);
+    CHECK(vostel_contrast_gamma(number, 0.0) == VOSTEL_INVALID_ARGUMENT);
+    CHECK(vostel_contrast_map(number, nullptr) == VOSTEL_INVALID_ARGUMENT);
+    CHECK(vostel_contrast_map(number, "no such map") == VOSTEL_NOT_FOUND);
+    CHECK(vostel_histogram(number, 0, 0, 1.0, 0.0, 2, counts) == VOSTEL_INVALID_ARGUMENT);
+    CHECK(vostel_histogram(number, 987654321, 0, 0.0, 1.0, 2, counts) == VOSTEL_NOT_FOUND);
+    CHECK(vostel_image_info(number, nullptr) == VOSTEL_INVALID_ARGUMENT);
+    CHECK(vostel_image_plane(number, nullptr) == VOSTEL_INVALID_ARGUMENT);
+    CHECK(vostel_image_value(number, 0, 0.0, 0.0, nullptr) == VOSTEL_INVALID_ARGUMENT);
+    CHECK(vostel_image_copy(number, VOSTEL_F32, nullptr, 0) == VOSTEL_INVALID_ARGUMENT);
+    CHECK(vostel_image_copy(number, 0, &value, 0) == VOSTEL_INVALID_ARGUMENT);
+    CHECK(vostel_labels(number, nullptr, 0) == VOSTEL_INVALID_ARGUMENT);
+    CHECK(vostel_picture_save(number, "a.png", 0.0, 0) == VOSTEL_INVALID_ARGUMENT);
+    const VostelObject region = Add(number, VOSTEL_RECTANGLE, {{0.0, 0.0}, {6.0, 6.0}});
+    const VostelObject line = Add(number, VOSTEL_LENGTH, {{0.0, 0.0}, {6.0, 6.0}});
+    CHECK(vostel_mask(number, region, nullptr, 0) == VOSTEL_INVALID_ARGUMENT);
+    CHECK(vostel_profile(number, line, 0, 0.5, nullptr, nullptr, 0, &count) == VOSTEL_INVALID_ARGUMENT);
 }
 
 TEST_CASE("what is known of an image are its size, type, finite range and the number of values beside it")
