@@ -18,6 +18,19 @@ std::uint32_t NumberAt(std::span<const unsigned char> bytes, std::size_t at, int
     return value;
 }
 
+// What tells tags from other data of the application's, in JPEG; some writers put it elsewhere too.
+constexpr unsigned char ExifMark[] = {'E', 'x', 'i', 'f', 0, 0};
+
+bool HasExifMark(std::span<const unsigned char> data)
+{
+    return data.size() >= sizeof ExifMark && std::memcmp(data.data(), ExifMark, sizeof ExifMark) == 0;
+}
+
+std::span<const unsigned char> WithoutExifMark(std::span<const unsigned char> data)
+{
+    return HasExifMark(data) ? data.subspan(sizeof ExifMark) : data;
+}
+
 template <std::size_t Bytes>
 void TurnInto(const ImageSamples& from, ImageSamples& to, int orientation)
 {
@@ -84,11 +97,41 @@ int OrientationOfTiff(std::span<const unsigned char> file, int page)
     return 1;
 }
 
+int OrientationOfPng(std::span<const unsigned char> file)
+{
+    constexpr unsigned char exif[] = {'e', 'X', 'I', 'f'};
+    constexpr std::size_t   mark = 8;
+    constexpr std::size_t   aroundData = 12;    // length and name before, a checksum behind
+    for (std::size_t at = mark; at + aroundData <= file.size();) {
+        const std::size_t length = NumberAt(file, at, 4, true);
+        if (length > file.size() - at - aroundData)
+            break;
+        if (std::memcmp(file.data() + at + 4, exif, sizeof exif) == 0)
+            return OrientationOfTiff(file.subspan(at + 8, length), 0);
+        at += aroundData + length;
+    }
+    return 1;
+}
+
+int OrientationOfWebp(std::span<const unsigned char> file)
+{
+    constexpr unsigned char exif[] = {'E', 'X', 'I', 'F'};
+    constexpr std::size_t   header = 12;
+    for (std::size_t at = header; at + 8 <= file.size();) {
+        const std::size_t length = NumberAt(file, at + 4, 4, false);
+        if (length > file.size() - at - 8)
+            break;
+        if (std::memcmp(file.data() + at, exif, sizeof exif) == 0)
+            return OrientationOfTiff(WithoutExifMark(file.subspan(at + 8, length)), 0);
+        at += 8 + length + length % 2;
+    }
+    return 1;
+}
+
 int OrientationOfJpeg(std::span<const unsigned char> file)
 {
-    constexpr unsigned char exif[] = {'E', 'x', 'i', 'f', 0, 0};
-    constexpr unsigned      scan = 0xDA;
-    std::size_t             at = 2;
+    constexpr unsigned scan = 0xDA;
+    std::size_t        at = 2;
     while (at + 4 <= file.size() && file[at] == 0xFF && file[at + 1] != scan) {
         const std::size_t length = NumberAt(file, at + 2, 2, true);
         if (file[at + 1] == 0xFF) {    // a fill byte
@@ -97,9 +140,9 @@ int OrientationOfJpeg(std::span<const unsigned char> file)
         }
         if (length < 2 || at + 2 + length > file.size())
             break;
-        if (file[at + 1] == 0xE1 && length >= 8 + sizeof exif &&
-            std::memcmp(file.data() + at + 4, exif, sizeof exif) == 0)
-            return OrientationOfTiff(file.subspan(at + 4 + sizeof exif, length - 2 - sizeof exif), 0);
+        const std::span<const unsigned char> data = file.subspan(at + 4, length - 2);
+        if (file[at + 1] == 0xE1 && HasExifMark(data))
+            return OrientationOfTiff(WithoutExifMark(data), 0);
         at += 2 + length;
     }
     return 1;

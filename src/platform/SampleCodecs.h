@@ -2,7 +2,7 @@
 
 // The decoders behind SamplePictures.h, and what they share. Each takes a whole file in memory; what the file
 // claims is checked against the limits before anything is allocated. The samples are meaningless unless they
-// were taken.
+// were taken. Those of a TIFF come as its orientation tag wants them shown, all others as they are stored.
 
 #include "platform/SamplePictures.h"
 
@@ -52,8 +52,10 @@ bool         IsGrayPalette(std::span<const unsigned> palette);
 
 // The picture as an orientation tag of 1 to 8 wants it shown; other numbers leave it.
 ImageSamples Oriented(ImageSamples&& samples, int orientation);
-// The tag of a JPEG file; 1 without one.
+// The tag of a file; 1 without one.
+int OrientationOfPng(std::span<const unsigned char> file);
 int OrientationOfJpeg(std::span<const unsigned char> file);
+int OrientationOfWebp(std::span<const unsigned char> file);
 // The tag of a page of a TIFF with addresses of 32 bits; 1 without one.
 int OrientationOfTiff(std::span<const unsigned char> file, int page);
 

@@ -13,10 +13,12 @@ namespace {
 using namespace pictures;
 using Decoder = PictureOutcome (*)(const SampleFile&, ImageSamples&);
 using Counter = PictureOutcome (*)(const SampleFile&, int&);
+using TagReader = int (*)(std::span<const unsigned char>);
 
 struct Format {
-    Decoder Decode = nullptr;
-    Counter CountPages = nullptr;    // null: there is always one
+    Decoder   Decode = nullptr;
+    TagReader Orientation = nullptr;    // null: there is none that is still to be followed
+    Counter   CountPages = nullptr;     // null: there is always one
 };
 
 bool StartsWith(std::span<const unsigned char> file, std::string_view mark, std::size_t at = 0)
@@ -38,17 +40,17 @@ Format FormatOf(std::span<const unsigned char> file)
 {
     using namespace std::string_view_literals;
     if (StartsWith(file, "\x89PNG\r\n\x1A\n"sv))
-        return {DecodePngSamples};
+        return {DecodePngSamples, OrientationOfPng};
     if (StartsWith(file, "\xFF\xD8\xFF"sv))
-        return {DecodeJpegSamples};
+        return {DecodeJpegSamples, OrientationOfJpeg};
     for (const std::string_view mark : {"II*\0"sv, "MM\0*"sv, "II+\0"sv, "MM\0+"sv}) {
         if (StartsWith(file, mark))
-            return {DecodeTiffSamples, CountTiffPages};
+            return {DecodeTiffSamples, nullptr, CountTiffPages};
     }
     if (StartsWith(file, "GIF87a"sv) || StartsWith(file, "GIF89a"sv))
-        return {DecodeGifSamples, CountGifPages};
+        return {DecodeGifSamples, nullptr, CountGifPages};
     if (StartsWith(file, "RIFF"sv) && StartsWith(file, "WEBP"sv, 8))
-        return {DecodeWebpSamples};
+        return {DecodeWebpSamples, OrientationOfWebp};
     if (StartsWith(file, "BM"sv))
         return {DecodeBmpSamples};
     return IsPnm(file) ? Format{DecodePnmSamples} : Format{};
@@ -84,7 +86,8 @@ PictureOutcome ReadPicture(const char* utf8Path, int page, const PictureLimits& 
     ImageSamples         decoded;
     const PictureOutcome outcome = format.Decode({bytes, page, limits, palettes}, decoded);
     if (outcome == PictureOutcome::Taken)
-        samples = std::move(decoded);
+        samples =
+            format.Orientation ? Oriented(std::move(decoded), format.Orientation(bytes)) : std::move(decoded);
     return outcome;
 }
 

@@ -21,9 +21,8 @@ namespace {
 using U8 = std::vector<std::uint8_t>;
 using F32 = std::vector<float>;
 
-// One color all over, so that the codec changes it by a level or two at most.
-Bytes JpegOf(int width, int height, J_COLOR_SPACE space, const U8& pixel, const U8& rightHalf,
-             const Bytes& marker = {})
+// Rows of equal pixels over wide areas, so that the codec changes them by a level or two at most.
+Bytes JpegOf(int width, J_COLOR_SPACE space, const std::vector<Bytes>& rows, const Bytes& marker = {})
 {
     jpeg_compress_struct codec = {};
     jpeg_error_mgr       errors;
@@ -33,18 +32,15 @@ Bytes JpegOf(int width, int height, J_COLOR_SPACE space, const U8& pixel, const 
     unsigned long  bytes = 0;
     jpeg_mem_dest(&codec, &memory, &bytes);
     codec.image_width = static_cast<JDIMENSION>(width);
-    codec.image_height = static_cast<JDIMENSION>(height);
-    codec.input_components = static_cast<int>(pixel.size());
+    codec.image_height = static_cast<JDIMENSION>(rows.size());
+    codec.input_components = static_cast<int>(rows[0].size()) / width;
     codec.in_color_space = space;
     jpeg_set_defaults(&codec);
     jpeg_set_quality(&codec, 100, TRUE);
     jpeg_start_compress(&codec, TRUE);
     if (!marker.empty())
         jpeg_write_marker(&codec, JPEG_APP0 + 1, marker.data(), static_cast<unsigned>(marker.size()));
-    Bytes row;
-    for (int x = 0; x < width; ++x)
-        Append(row, x < width / 2 ? pixel : rightHalf);
-    for (int y = 0; y < height; ++y) {
+    for (Bytes row : rows) {
         JSAMPROW line = row.data();
         jpeg_write_scanlines(&codec, &line, 1);
     }
@@ -55,23 +51,36 @@ Bytes JpegOf(int width, int height, J_COLOR_SPACE space, const U8& pixel, const 
     return file;
 }
 
-Bytes ExifOf(int orientation, bool big)
+// Two colors, side by side.
+Bytes JpegOf(int width, int height, J_COLOR_SPACE space, const U8& leftHalf, const U8& rightHalf)
 {
-    Bytes      exif = {'E', 'x', 'i', 'f', 0, 0};
-    const auto number = [&](std::uint32_t value, int bytes) {
-        big ? Big(exif, value, bytes) : Little(exif, value, bytes);
+    Bytes row;
+    for (int x = 0; x < width; ++x)
+        Append(row, x < width / 2 ? leftHalf : rightHalf);
+    return JpegOf(width, space, std::vector<Bytes>(static_cast<std::size_t>(height), row));
+}
+
+// A still picture in a container with tags.
+Bytes TaggedWebp(const Bytes& plain, int width, int height, const Bytes& tags)
+{
+    Bytes      content = {'W', 'E', 'B', 'P'};
+    const auto chunk = [&](const char* name, const Bytes& data) {
+        content.insert(content.end(), name, name + 4);
+        Little(content, static_cast<std::uint32_t>(data.size()), 4);
+        Append(content, data);
+        if (data.size() % 2 != 0)
+            content.push_back(0);
     };
-    Append(exif, big ? Bytes{'M', 'M'} : Bytes{'I', 'I'});
-    number(42, 2);
-    number(8, 4);
-    number(1, 2);
-    number(274, 2);
-    number(3, 2);
-    number(1, 4);
-    number(static_cast<std::uint32_t>(orientation), 2);
-    number(0, 2);
-    number(0, 4);
-    return exif;
+    Bytes header = {8, 0, 0, 0};    // there are tags
+    Little(header, static_cast<std::uint32_t>(width - 1), 3);
+    Little(header, static_cast<std::uint32_t>(height - 1), 3);
+    chunk("VP8X", header);
+    content.insert(content.end(), plain.begin() + 12, plain.end());
+    chunk("EXIF", tags);
+    Bytes file = {'R', 'I', 'F', 'F'};
+    Little(file, static_cast<std::uint32_t>(content.size()), 4);
+    Append(file, content);
+    return file;
 }
 
 bool Near(const unsigned char* pixel, const U8& expected)
@@ -109,16 +118,31 @@ TEST_CASE("press colors of JPEG become red, green, blue")
 
 TEST_CASE("orientation tags of JPEG are followed, in both byte orders")
 {
-    for (int orientation = 1; orientation <= 8; ++orientation) {
-        CAPTURE(orientation);
-        const ReadSamples read =
-            Read(JpegOf(32, 16, JCS_GRAYSCALE, {40}, {200}, ExifOf(orientation, orientation % 2 == 0)));
-        REQUIRE(read.Outcome == PictureOutcome::Taken);
-        const bool turned = orientation >= 5;
-        CHECK(read.Samples.Width == (turned ? 16 : 32));
-        CHECK(read.Samples.Height == (turned ? 32 : 16));
-        const bool lightFirst = orientation == 2 || orientation == 3 || orientation == 7 || orientation == 8;
-        CHECK(Near(read.Samples.Data(), {static_cast<std::uint8_t>(lightFirst ? 200 : 40)}));
+    constexpr int      block = 16;    // px of a side, for each pixel of the small picture
+    std::vector<Bytes> rows;
+    for (int y = 0; y < 2 * block; ++y) {
+        rows.emplace_back();
+        for (int x = 0; x < 3 * block; ++x)
+            rows.back().push_back(static_cast<unsigned char>(40 * (1 + x / block + 3 * (y / block))));
+    }
+    for (const Turned& turned : AllTurned) {
+        CAPTURE(turned.Orientation);
+        for (const bool big : {false, true}) {
+            Bytes marker = {'E', 'x', 'i', 'f', 0, 0};
+            Append(marker, OrientationTags(turned.Orientation, big));
+            const ReadSamples read = Read(JpegOf(3 * block, JCS_GRAYSCALE, rows, marker));
+            REQUIRE(read.Outcome == PictureOutcome::Taken);
+            REQUIRE(read.Samples.Width == turned.Width * block);
+            REQUIRE(read.Samples.Height == 6 / turned.Width * block);
+            for (int i = 0; i < 6; ++i) {
+                const int                  x = i % turned.Width * block + block / 2;
+                const unsigned char* const row =
+                    read.Samples.Data() +
+                    read.Samples.RowBytes() * static_cast<std::size_t>(i / turned.Width * block + block / 2);
+                CHECK(Near(row + x,
+                           {static_cast<std::uint8_t>(40 * turned.Values[static_cast<std::size_t>(i)])}));
+            }
+        }
     }
 }
 
@@ -256,4 +280,28 @@ TEST_CASE("WebP comes as it was packed, with its alpha")
     for (std::size_t length = 12; length + 2 < opaque.size(); ++length)
         CHECK(Read(Bytes(opaque.begin(), opaque.begin() + static_cast<std::ptrdiff_t>(length))).Outcome !=
               PictureOutcome::Taken);
+}
+
+TEST_CASE("orientation tags of WebP are followed, with the mark of JPEG before them and without")
+{
+    U8 rgb;
+    for (std::uint8_t i = 1; i <= 6; ++i)
+        rgb.insert(rgb.end(), {i, i, i});
+    std::uint8_t*     packed = nullptr;
+    const std::size_t bytes = WebPEncodeLosslessRGB(rgb.data(), 3, 2, 9, &packed);
+    const Bytes       plain(packed, packed + bytes);
+    WebPFree(packed);
+    for (const Turned& turned : AllTurned) {
+        CAPTURE(turned.Orientation);
+        U8 expected;
+        for (const std::uint8_t value : turned.Values)
+            expected.insert(expected.end(), {value, value, value});
+        for (const bool marked : {false, true}) {
+            Bytes tags = marked ? Bytes{'E', 'x', 'i', 'f', 0, 0} : Bytes{};
+            Append(tags, OrientationTags(turned.Orientation, marked));
+            const Bytes file = TaggedWebp(plain, 3, 2, tags);
+            CHECK(Holds(file, SampleType::Rgb8, expected));
+            CHECK(Read(file).Samples.Width == turned.Width);
+        }
+    }
 }

@@ -37,18 +37,6 @@ U8 EntryRgb(std::initializer_list<int> indices)
     return colors;
 }
 
-// A picture of 3 x 2 pixels 1 2 3 / 4 5 6 as each orientation tag shows it, and how wide.
-struct Turned {
-    int Orientation;
-    int Width;
-    U8  Values;
-};
-
-const Turned AllTurned[] = {{1, 3, {1, 2, 3, 4, 5, 6}}, {2, 3, {3, 2, 1, 6, 5, 4}},
-                            {3, 3, {6, 5, 4, 3, 2, 1}}, {4, 3, {4, 5, 6, 1, 2, 3}},
-                            {5, 2, {1, 4, 2, 5, 3, 6}}, {6, 2, {4, 1, 5, 2, 6, 3}},
-                            {7, 2, {6, 3, 5, 2, 4, 1}}, {8, 2, {3, 6, 2, 5, 1, 4}}};
-
 // A GIF of two frames over a screen of 3 x 2: the second covers one pixel and lets another through.
 Bytes TwoFrames(int disposal)
 {
@@ -263,7 +251,40 @@ TEST_CASE("orientation tags of TIFF are followed, for every type of gray")
                                     .Orientation = turned.Orientation,
                                     .Blocks = {BytesOf(U16{1, 2, 3, 4, 5, 6})}});
         CHECK(Holds(words, SampleType::U16, U16(turned.Values.begin(), turned.Values.end())));
+        const Bytes floats = TiffOf({.Width = 3,
+                                     .Height = 2,
+                                     .Bits = 32,
+                                     .Format = 3,
+                                     .Orientation = turned.Orientation,
+                                     .Blocks = {BytesOf(F32{1, 2, 3, 4, 5, 6})}});
+        CHECK(Holds(floats, SampleType::F32, F32(turned.Values.begin(), turned.Values.end())));
     }
+}
+
+TEST_CASE("orientation tags of PNG are followed, before the pixels and behind them")
+{
+    const auto with = [](const Bytes& picture, const Bytes& tags, std::size_t at) {
+        Bytes chunk;
+        Chunk(chunk, "eXIf", tags);
+        Bytes file = picture;
+        file.insert(file.begin() + static_cast<std::ptrdiff_t>(at), chunk.begin(), chunk.end());
+        return file;
+    };
+    constexpr std::size_t behindHeader = 33;
+    for (const Turned& turned : AllTurned) {
+        CAPTURE(turned.Orientation);
+        const Bytes bytes = Png(3, 2, 8, Gray, {1, 2, 3, 4, 5, 6});
+        const Bytes words = Png(3, 2, 16, Gray, {0, 1, 0, 2, 0, 3, 0, 4, 0, 5, 0, 6});
+        for (const bool big : {false, true}) {
+            const Bytes tags = OrientationTags(turned.Orientation, big);
+            CHECK(Holds(with(bytes, tags, behindHeader), SampleType::U8, turned.Values));
+            CHECK(Holds(with(words, tags, words.size() - 12), SampleType::U16,
+                        U16(turned.Values.begin(), turned.Values.end())));
+            CHECK(Read(with(bytes, tags, behindHeader)).Samples.Width == turned.Width);
+        }
+    }
+    const Bytes cut = {'I', 'I', 42, 0, 200, 0, 0, 0};    // its directory lies beyond the end
+    CHECK(Holds<std::uint8_t>(with(Png(2, 1, 8, Gray, {7, 9}), cut, behindHeader), SampleType::U8, {7, 9}));
 }
 
 TEST_CASE("pages of a TIFF are counted and read by their number")

@@ -9,7 +9,6 @@
 #include <jpeglib.h>
 
 #include <csetjmp>
-#include <utility>
 
 namespace vostel::pictures {
 namespace {
@@ -123,7 +122,6 @@ PictureOutcome DecodeJpegSamples(const SampleFile& file, ImageSamples& samples)
         return made;
     if (!ReadRows(reader, samples.Data(), samples.RowBytes()))
         return PictureOutcome::BadFormat;
-    samples = Oriented(std::move(samples), OrientationOfJpeg(file.Bytes));
     return PictureOutcome::Taken;
 }
 

@@ -249,10 +249,7 @@ PictureOutcome DecodePngSamples(const SampleFile& file, ImageSamples& samples)
 
 PictureOutcome DecodeJpegSamples(const SampleFile& file, ImageSamples& samples)
 {
-    const PictureOutcome outcome = Decode(file, false, samples);
-    if (outcome == PictureOutcome::Taken)
-        samples = Oriented(std::move(samples), OrientationOfJpeg(file.Bytes));
-    return outcome;
+    return Decode(file, false, samples);
 }
 
 PictureOutcome DecodeTiffSamples(const SampleFile& file, ImageSamples& samples)
