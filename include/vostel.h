@@ -144,7 +144,7 @@ enum {
     VOSTEL_SELECTION_CHANGED = 16,    ///< other objects are selected
     VOSTEL_VIEW_CHANGED = 32,         ///< scale or place of the image
     VOSTEL_IMAGE_CHANGED = 64,        ///< another image is shown
-    VOSTEL_CONTRAST_CHANGED = 128,    ///< window, gamma, map or marks
+    VOSTEL_CONTRAST_CHANGED = 128,    ///< window, gamma, map, marks or the window of a region
     VOSTEL_HISTORY_CHANGED = 256,     ///< steps came or went
     VOSTEL_FRAME_STALE = 512,         ///< the picture is not what it was; at most once a call
     VOSTEL_CANVAS_DESTROYED = 1024    ///< the canvas is gone

@@ -140,6 +140,11 @@ void VostelDC::UseOwnArea(int width, int height)
     ViewMoved();
 }
 
+bool VostelDC::HasOwnArea(int width, int height) const
+{
+    return OwnDC && ClientDC == OwnDC && ClientMemDC && View.ClientRect == CRect(0, 0, width, height);
+}
+
 void VostelDC::PrepareImage(int width, int height, bool clearObjects, bool cleared)
 {
     if (clearObjects)

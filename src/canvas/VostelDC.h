@@ -74,6 +74,7 @@ public:
     // Gives the canvas an area of its own, without a host's context, or another size of it: scale and the
     // image point in the middle stay. Fails by bad_alloc, with the area before in place.
     void UseOwnArea(int width, int height);
+    bool HasOwnArea(int width, int height) const;
 
     // Sizes the canvas for a new image. Scale and centre stay. The surface comes black if cleared, else with
     // pixels that the caller is about to overwrite.

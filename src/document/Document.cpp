@@ -127,6 +127,24 @@ void Document::SetLabel(VostelObj& object, int label)
     notes.Label = label;
 }
 
+void Document::SetWindow(VostelObj& object, double low, double high)
+{
+    if (object.WindowLow == low && object.WindowHigh == high)
+        return;
+    Prepare(object);
+    const double lowBefore = std::exchange(object.WindowLow, low);
+    const double highBefore = std::exchange(object.WindowHigh, high);
+    try {
+        Canvas.RedrawRegions();
+    } catch (...) {
+        object.WindowLow = lowBefore;
+        object.WindowHigh = highBefore;
+        throw;
+    }
+    NameStep("Change contrast");
+    RegionContrastChanged = true;
+}
+
 void Document::Reorder(VostelObj& object, std::size_t index)
 {
     const std::size_t from = IndexOf(object);
@@ -272,6 +290,7 @@ void Document::CallEnds() noexcept
         FindChanges();
         RedrawWindows();
         FindContrastChange();
+        TellRegionContrast();
         TellSelection();
         TellView();
         if (!InGesture) {
@@ -291,6 +310,7 @@ void Document::CallEnds() noexcept
         Steps.Clear();
     }
     LostTrack = Stale = ImageCame = AllWent = StartsAfresh = SelectionMoved = false;
+    RegionContrastChanged = false;
     LeadLinked();
     Events.Deliver(Number);
 }
@@ -464,6 +484,14 @@ void Document::TellContrast()
     if (now == ContrastTold)
         return;
     ContrastTold = std::move(now);
+    Stale = true;
+    Events.Tell(VOSTEL_CONTRAST_CHANGED, 0);
+}
+
+void Document::TellRegionContrast()
+{
+    if (!RegionContrastChanged)
+        return;
     Stale = true;
     Events.Tell(VOSTEL_CONTRAST_CHANGED, 0);
 }

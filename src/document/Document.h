@@ -59,6 +59,7 @@ public:
     // To be changed after Prepare.
     ObjectNotes&               NotesToChange(VostelObj& object);
     void                       SetLabel(VostelObj& object, int label);
+    void                       SetWindow(VostelObj& object, double low, double high);    // of contrast
     void                       Remove(VostelObj& object);
     void                       Reorder(VostelObj& object, std::size_t index);
     void                       SetUnits(const MeasureUnits& units);
@@ -137,7 +138,8 @@ private:
     bool                             AllWent = false;
     bool                             StartsAfresh = false;    // in this call
     bool                             SelectionMoved = false;
-    bool                             RegionWindowsMoved = false;
+    bool                             RegionWindowsMoved = false;    // so the image is drawn anew
+    bool                             RegionContrastChanged = false;
     std::vector<std::uint64_t>       Selection;    // as it was told last
     ViewPlace                        Place;
     std::optional<ViewPlace>         Followed;         // taken from a linked canvas and not told yet
@@ -164,6 +166,7 @@ private:
     void NoteWindow(const VostelObj& object);
     void RedrawWindows();
     void TellContrast();
+    void TellRegionContrast();
     void TellSelection();
     void TellView();
     void LeadLinked() noexcept;

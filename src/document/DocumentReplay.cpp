@@ -146,6 +146,7 @@ void Document::RestoreState(VostelObj& object, const ObjectState& state)
 {
     ObjectNotes notes = state.Notes;
     NoteWindow(object);
+    const double                     low = object.WindowLow, high = object.WindowHigh;
     const std::vector<unsigned char> before = SaveShape(object);
     try {
         LoadShape(object, state.Shape);
@@ -157,6 +158,8 @@ void Document::RestoreState(VostelObj& object, const ObjectState& state)
         throw;
     }
     NoteWindow(object);
+    if (object.WindowLow != low || object.WindowHigh != high)
+        RegionContrastChanged = true;
     NotesToChange(object) = std::move(notes);
 }
 

@@ -2,6 +2,7 @@
 #include "open/OpenCall.h"
 
 #include <algorithm>
+#include <utility>
 
 using namespace vostel;
 using namespace vostel::open;
@@ -17,6 +18,23 @@ void NeedArea(int32_t width, int32_t height)
         Fail(VOSTEL_TOO_LARGE, "a side of the area has more than " + std::to_string(limits.MaxSide) + " px");
     if (static_cast<std::int64_t>(width) * height > limits.MaxPixels)
         Fail(VOSTEL_TOO_LARGE, "the area has more than " + std::to_string(limits.MaxPixels) + " px");
+}
+
+// Changes what holds for all that is drawn on a canvas.
+template <typename Setting>
+void ChangeSetting(VostelImage& image, Document& notes, Setting& setting, Setting value)
+{
+    if (setting == value)
+        return;
+    const Setting before = std::exchange(setting, value);
+    try {
+        image.ViewMoved();
+    } catch (...) {
+        // Objects that have the new one already find their places again with the next paint or move.
+        setting = before;
+        throw;
+    }
+    notes.PictureChanged();
 }
 
 }
@@ -44,6 +62,8 @@ VostelStatus vostel_canvas_resize(int32_t canvas, int32_t width, int32_t height)
 {
     return OnCanvas(canvas, [&](VostelImage& image, Document& notes) {
         NeedArea(width, height);
+        if (image.HasOwnArea(width, height))
+            return;
         image.UseOwnArea(width, height);
         notes.PictureChanged();
     });
@@ -55,9 +75,7 @@ VostelStatus vostel_canvas_set_pixel_ratio(int32_t canvas, double ratio)
         NeedPositive(ratio, "ratio");
         if (ratio < 0.25 || ratio > 16.0)
             Fail(VOSTEL_INVALID_ARGUMENT, "ratio is not 0.25 to 16");
-        image.View.Settings.PixelRatio = ratio;
-        image.ViewMoved();
-        notes.PictureChanged();
+        ChangeSetting(image, notes, image.View.Settings.PixelRatio, ratio);
     });
 }
 
@@ -67,8 +85,6 @@ VostelStatus vostel_canvas_set_language(int32_t canvas, const char* language)
         const std::string name = TextFrom(language, "language");
         if (name != "zh" && name != "en")
             Fail(VOSTEL_NOT_FOUND, "there is no language \"" + name + "\", but \"zh\" and \"en\"");
-        image.View.Settings.English = name == "en";
-        image.ViewMoved();
-        notes.PictureChanged();
+        ChangeSetting(image, notes, image.View.Settings.English, name == "en");
     });
 }

@@ -115,16 +115,13 @@ VostelStatus vostel_contrast_marks(int32_t canvas, uint32_t below, uint32_t abov
 
 VostelStatus vostel_contrast_of_object(int32_t canvas, VostelObject region, double low, double high)
 {
-    return OnCanvas(canvas, [&](VostelImage& image, Document& notes) {
+    return OnCanvas(canvas, [&](VostelImage&, Document& notes) {
         VostelObj& object = RegionOf(notes, region);
         NeedFinite(low, "low");
         NeedFinite(high, "high");
         if (low > high)
             Fail(VOSTEL_INVALID_ARGUMENT, "low is above high");
-        notes.Prepare(object);
-        object.WindowLow = low < high ? low : 0.0;
-        object.WindowHigh = low < high ? high : 0.0;
-        image.RedrawRegions();
+        notes.SetWindow(object, low < high ? low : 0.0, low < high ? high : 0.0);
     });
 }
 

@@ -2,6 +2,8 @@
 #include "document/ViewLinks.h"
 #include "open/OpenCall.h"
 
+#include <utility>
+
 using namespace vostel;
 using namespace vostel::open;
 
@@ -127,8 +129,9 @@ VostelStatus vostel_view_to_client(int32_t canvas, double x, double y, double* c
 VostelStatus vostel_view_set_smooth(int32_t canvas, int32_t smooth)
 {
     return OnCanvas(canvas, [&](VostelImage& image, Document& notes) {
-        image.CanvasSurface.StretchMode = smooth != 0 ? HALFTONE : COLORONCOLOR;
-        notes.PictureChanged();
+        const int mode = smooth != 0 ? HALFTONE : COLORONCOLOR;
+        if (std::exchange(image.CanvasSurface.StretchMode, mode) != mode)
+            notes.PictureChanged();
     });
 }
 
