@@ -2,6 +2,7 @@
 
 #include "canvas/VostelImage.h"
 #include "document/KindRules.h"
+#include "document/StepChanges.h"
 #include "document/ViewLinks.h"
 #include "vostel.h"
 
@@ -515,42 +516,25 @@ void Document::RecordChanges()
     ContrastBefore.reset();
 }
 
-// Several changes of one object become one, and what changed nothing in the end goes.
-void Document::CondenseStep()
+// Objects that came and went are not counted either.
+void Document::RestoreCounts()
 {
-    std::vector<Change>& changes = Current.Changes;
-    std::unordered_map<std::uint64_t, std::size_t>
-                      last;    // change of an object that came and went not since
-    std::vector<bool> merged(changes.size());
-    for (std::size_t i = 0; i < changes.size(); ++i) {
-        if (const PresenceChange* const presence = std::get_if<PresenceChange>(&changes[i]))
-            last.erase(presence->Id);
-        ObjectChange* const change = std::get_if<ObjectChange>(&changes[i]);
-        if (!change)
-            continue;
-        const auto [place, isFirst] = last.emplace(change->Id, i);
-        if (isFirst)
-            continue;
-        std::get<ObjectChange>(changes[place->second]).After = std::move(change->After);
-        merged[i] = true;
+    for (const Change& change : Current.Changes) {
+        if (const PresenceChange* const first = std::get_if<PresenceChange>(&change)) {
+            static_cast<ElementCounts&>(Canvas) = first->Before;
+            return;
+        }
     }
-    std::size_t kept = 0;
-    for (std::size_t i = 0; i < changes.size(); ++i) {
-        const ObjectChange* const change = std::get_if<ObjectChange>(&changes[i]);
-        if (merged[i] || (change && change->Before == change->After))
-            continue;
-        if (kept != i)
-            changes[kept] = std::move(changes[i]);
-        ++kept;
-    }
-    changes.resize(kept);
 }
 
 void Document::CloseStep()
 {
-    if (Current.Changes.size() > 1)
-        CondenseStep();
-    if (!Current.Changes.empty()) {
+    const bool several = Current.Changes.size() > 1;
+    if (several)
+        Condense(Current.Changes);
+    if (Current.Changes.empty() || (several && ComeToNothing(Current.Changes))) {
+        RestoreCounts();
+    } else {
         Steps.Push(std::move(Current));
         Events.Tell(VOSTEL_HISTORY_CHANGED, 0);
     }

@@ -160,8 +160,8 @@ private:
     void FindChanges();
     void FindContrastChange();
     void RecordChanges();
-    void CondenseStep();
     void CloseStep();
+    void RestoreCounts();
     void FinishGesture();
     void NoteWindow(const VostelObj& object);
     void RedrawWindows();

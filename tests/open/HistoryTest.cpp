@@ -293,6 +293,62 @@ TEST_CASE("a step that changes nothing in the end is none, and one object is not
     CHECK(StateOf(canvas.Number) == before);
 }
 
+TEST_CASE("a step in which all comes and goes again is none, counts nothing and leaves what can be redone")
+{
+    const OpenCanvas canvas;
+    ShowImage(canvas.Number, 0);
+    const VostelObject first = AddTriangle(canvas.Number);
+    const VostelObject second = AddTriangle(canvas.Number);
+    AddTriangle(canvas.Number);
+    REQUIRE(vostel_undo(canvas.Number) == VOSTEL_OK);
+    const std::string state = StateOf(canvas.Number);
+    const auto        stepOf = [&](const auto& changes) {
+        REQUIRE(vostel_history_begin(canvas.Number, "there and back") == VOSTEL_OK);
+        changes();
+        REQUIRE(vostel_history_end(canvas.Number) == VOSTEL_OK);
+    };
+    const auto add = [&](VostelKind kind) {
+        VostelObject object = 0;
+        REQUIRE(vostel_object_add(canvas.Number, kind, Triangle, kind == VOSTEL_LENGTH ? 2 : 3, &object) ==
+                VOSTEL_OK);
+        return object;
+    };
+    stepOf([&] {
+        const VostelObject line = add(VOSTEL_LENGTH);
+        const VostelObject region = add(VOSTEL_POLYGON);
+        CHECK(vostel_object_set_name(canvas.Number, line, "short-lived") == VOSTEL_OK);
+        CHECK(vostel_object_remove(canvas.Number, line) == VOSTEL_OK);
+        CHECK(vostel_object_remove(canvas.Number, region) == VOSTEL_OK);
+        CHECK(vostel_set_scale(canvas.Number, 0.5, "mm") == VOSTEL_OK);
+        CHECK(vostel_set_scale(canvas.Number, 1.0, "px") == VOSTEL_OK);
+        CHECK(vostel_contrast_set(canvas.Number, 10.0, 20.0) == VOSTEL_OK);
+        CHECK(vostel_contrast_set(canvas.Number, 0.0, 255.0) == VOSTEL_OK);
+    });
+    CHECK(HistoryOf(canvas.Number).undo_count == 2);
+    stepOf([&] {
+        CHECK(vostel_object_move_to(canvas.Number, first, 1) == VOSTEL_OK);
+        CHECK(vostel_object_move_to(canvas.Number, second, 1) == VOSTEL_OK);
+    });
+    CHECK(HistoryOf(canvas.Number).undo_count == 2);
+    CHECK(StateOf(canvas.Number) == state);
+    CHECK(gCVSGenerateLabel(canvas.Number, false) == 2);
+    REQUIRE(vostel_redo(canvas.Number) == VOSTEL_OK);
+    CHECK(gCVSGenerateLabel(canvas.Number, false) == 3);
+
+    stepOf([&] { CHECK(vostel_object_move_to(canvas.Number, first, 1) == VOSTEL_OK); });
+    CHECK(HistoryOf(canvas.Number).undo_count == 4);
+    stepOf([&] {
+        CHECK(vostel_object_remove(canvas.Number, add(VOSTEL_POLYGON)) == VOSTEL_OK);
+        add(VOSTEL_LENGTH);
+    });
+    CHECK(HistoryOf(canvas.Number).undo_count == 5);
+    stepOf([&] {
+        CHECK(vostel_object_remove(canvas.Number, first) == VOSTEL_OK);
+        add(VOSTEL_POLYGON);
+    });
+    CHECK(HistoryOf(canvas.Number).undo_count == 6);
+}
+
 TEST_CASE("undo gives back the scale of measures that the canvas calls had set")
 {
     gCVSSetMeasureScale(3, 0.25);
