@@ -240,6 +240,18 @@ std::optional<bool> VostelMPoint::ExactInterior(CPoint point) const
     return IsInsideOutline(ClientOutline(*outline, *View), point);
 }
 
+std::vector<CPoint> VostelMPoint::ExactPolygon() const
+{
+    constexpr double             flatness = 0.25;    // client px
+    const std::optional<Outline> outline = OpenMade && !FixedSize && View ? RegionOutline() : std::nullopt;
+    std::vector<CPoint>          polygon;
+    if (outline) {
+        for (const ImagePoint& point : ClientOutline(*outline, *View).Flattened(flatness))
+            polygon.emplace_back(TruncToInt(point.x), TruncToInt(point.y));
+    }
+    return polygon;
+}
+
 void VostelMPoint::FillRegion()
 {
     if (FillColor >> 24 == 0 || !View)

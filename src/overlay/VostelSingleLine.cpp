@@ -75,7 +75,11 @@ VostelMPoint::PointCounts VostelSingleLine::CountsTaken() const
 
 void VostelSingleLine::DrawBox(COLORREF color)
 {
-    if (EllipseMode)
+    // The box in whole client px ends up to two of them before the exact one.
+    const std::vector<CPoint> exact = EllipseMode ? ExactPolygon() : std::vector<CPoint>();
+    if (!exact.empty())
+        Kit.DrawClosedPolyline(exact, color);
+    else if (EllipseMode)
         Kit.DrawEllipseOutline(ClientBox, color);
     else
         Kit.DrawRectOutline(ClientBox, color);

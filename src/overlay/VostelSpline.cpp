@@ -31,7 +31,11 @@ void VostelSpline::OnDraw(HDC dc)
     BindKit(dc);
     DerivePainted();
     FillRegion();
-    Kit.DrawClosedPolyline(CurvePoints, LineColor());
+    // Ten samples a segment lie far apart at high scales, between nodes in whole client px.
+    if (const std::vector<CPoint> exact = ExactPolygon(); !exact.empty())
+        Kit.DrawClosedPolyline(exact, LineColor());
+    else
+        Kit.DrawClosedPolyline(CurvePoints, LineColor());
     // Always round, always shown and always in the line color, unlike the handles of other shapes.
     Kit.DrawHandles(HandleRects, LineColor(), RoundHandles);
 }
