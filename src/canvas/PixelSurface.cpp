@@ -236,21 +236,13 @@ bool PixelSurface::FindVisible(Visible& visible) const
 
 PixelSurface::Visible PixelSurface::Nearest(const Visible& visible) const
 {
-    constexpr int fewest = 4;    // source px of a side, at which the wheel stops too
-    const double  scale = ViewRef->Scale;
+    const double scale = ViewRef->Scale;
     if (!ViewRef->AnyScale || !(scale > 1.0))
         return visible;
-    const CRect& from = visible.Source;
     const CRect& shown = ViewRef->DisplayRect;
     const CRect& client = ViewRef->ClientRect;
-    const double columns =
-        std::min<double>(WrapSub(from.right, from.left), WrapSub(client.right, client.left) / scale);
-    const double rows =
-        std::min<double>(WrapSub(from.bottom, from.top), WrapSub(client.bottom, client.top) / scale);
-    if (columns >= fewest && rows >= fewest)
-        return visible;
-    const Span x = OutwardSpan(shown.left, shown.right, scale, client.left, client.right, Width);
-    const Span y = OutwardSpan(shown.top, shown.bottom, scale, client.top, client.bottom, Height);
+    const Span   x = OutwardSpan(shown.left, shown.right, scale, client.left, client.right, Width);
+    const Span   y = OutwardSpan(shown.top, shown.bottom, scale, client.top, client.bottom, Height);
     return {CRect(x.SourceLow, y.SourceLow, x.SourceHigh, y.SourceHigh),
             CRect(x.TargetLow, y.TargetLow, x.TargetHigh, y.TargetHigh)};
 }

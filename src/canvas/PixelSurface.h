@@ -103,8 +103,8 @@ private:
         CRect Target;    // client px
     };
     bool FindVisible(Visible& visible) const;
-    // What the nearest mode stretches for it: where the view may have any scale and rounded source edges
-    // would be a good part of what is visible, whole px beyond them.
+    // What the nearest mode stretches for it. Where the view may be set by numbers, and enlarges, these are
+    // whole px beyond the visible edges: rounded source edges would move the image by up to a px of its own.
     Visible Nearest(const Visible& visible) const;
     void    ForEachUploadRow(int width, int height, auto&& upload);
     void    DropBitmap();

@@ -1,4 +1,5 @@
 # Tests of the open interface, one line each.
+vostel_test(open/AgreementTest)
 vostel_test(open/BadInputTest)
 vostel_test(open/CanvasTableTest)
 vostel_test(open/CppLayerTest)
