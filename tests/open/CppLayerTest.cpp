@@ -119,6 +119,59 @@ TEST_CASE("an object is named, measured, found and removed")
     CHECK(StatusOf([&] { rectangle.measure(); }) == VOSTEL_NOT_FOUND);
 }
 
+TEST_CASE("what an object does, its canvas does by the names of C")
+{
+    Canvas               canvas = CanvasWithImage();
+    const vostel::Object object = canvas.add_polygon({{1, 2}, {30, 4}, {5, 36}});
+    const vostel::Object top = canvas.add_rectangle(0, 0, 5, 5);
+    canvas.object_set_name(object, "bore");
+    CHECK(canvas.object_name(object) == "bore");
+    canvas.object_set_label(object, 7);
+    canvas.object_set_flags(object, VOSTEL_LOCKED);
+    canvas.object_move_to(object, 1);
+    const vostel::ObjectInfo info = canvas.object_get(object);
+    CHECK(info.label == 7);
+    CHECK(info.flags == VOSTEL_LOCKED);
+    CHECK(info.index == 1);
+    CHECK(canvas.object_get(top).index == 0);
+    canvas.object_set_points(object, {{0, 0}, {9, 0}, {9, 9}, {0, 9}});
+    CHECK(canvas.object_points(object).size() == 4);
+    CHECK(canvas.object_outline(object).size() == 4);
+    vostel::Style style = canvas.object_style(object);
+    style.line_width = 3.0;
+    canvas.object_set_style(object, style);
+    CHECK(object.style().line_width == 3.0);
+    const vostel::Object text = canvas.add_text({1, 1}, "a");
+    canvas.object_set_text(text, "b");
+    CHECK(canvas.object_text(text) == "b");
+    CHECK(canvas.add_panel({5, 5}).kind() == VOSTEL_PANEL);
+    CHECK(canvas.add_neighbours({5, 5}).kind() == VOSTEL_NEIGHBOURS);
+    canvas.object_remove(top);
+    CHECK(canvas.object_list().size() == 4);
+}
+
+TEST_CASE("an object by default is none")
+{
+    vostel::Object object;
+    CHECK(object.id() == 0);
+    CHECK(object == vostel::Object());
+    CHECK(StatusOf([&] { object.info(); }) == VOSTEL_NOT_FOUND);
+    Canvas canvas = CanvasWithImage();
+    object = canvas.add_points({{1, 1}});
+    CHECK(object.kind() == VOSTEL_POINTS);
+}
+
+TEST_CASE("a plane takes its type from the container")
+{
+    std::vector<float>                floats(6);
+    const std::array<std::int16_t, 6> words = {};
+    static_assert(std::is_same_v<decltype(vostel::Plane(floats, 3, 2)), vostel::Plane<float>>);
+    static_assert(std::is_same_v<decltype(vostel::Plane(words, 3, 2)), vostel::Plane<const std::int16_t>>);
+    Canvas canvas(20, 20);
+    canvas.image_show(vostel::Plane(words, 3, 2));
+    CHECK(canvas.image_info()->type == VOSTEL_I16);
+}
+
 TEST_CASE("a profile has its samples and what is said of them")
 {
     Canvas                canvas = CanvasWithImage();
@@ -182,6 +235,23 @@ TEST_CASE("a listener hears while its subscription lives, and may end it itself"
     canvas.add_points({{1, 1}});
     canvas.add_points({{1, 1}});
     CHECK(heard == 102);
+}
+
+TEST_CASE("a listener hears of everything unless it chooses")
+{
+    Canvas                     canvas = CanvasWithImage();
+    std::vector<std::uint32_t> heard;
+    const auto                 note = [&](const vostel::Event& event) { heard.push_back(event.type); };
+    {
+        const vostel::Subscription all = canvas.listen(note);
+        canvas.add_points({{1, 1}});
+    }
+    CHECK(heard ==
+          std::vector<std::uint32_t>{VOSTEL_OBJECT_ADDED, VOSTEL_HISTORY_CHANGED, VOSTEL_FRAME_STALE});
+    heard.clear();
+    const vostel::Subscription some = canvas.listen(note, VOSTEL_FRAME_STALE);
+    canvas.add_points({{1, 1}});
+    CHECK(heard == std::vector<std::uint32_t>{VOSTEL_FRAME_STALE});
 }
 
 TEST_CASE("a failure throws its status and its message")

@@ -335,6 +335,10 @@ public:
         added.set_text(text);
         return added;
     }
+    /// At client px: a read-out of what lies under the pointer.
+    Object add_panel(Point client) { return object_add(VOSTEL_PANEL, {client}); }
+    /// At client px: the values around the pointer.
+    Object add_neighbours(Point client) { return object_add(VOSTEL_NEIGHBOURS, {client}); }
     /// Takes an object away.
     void object_remove(const Object& object) { detail::check(vostel_object_remove(place, object.id())); }
     /// The last lies on top.
@@ -346,6 +350,32 @@ public:
         detail::check(vostel_object_at(place, client.x, client.y, &object));
         return object == 0 ? std::nullopt : std::optional<Object>(Object(place, object));
     }
+    /// Object::info().
+    ObjectInfo object_get(const Object& object) const { return here(object).info(); }
+    /// Object::set_flags().
+    void object_set_flags(const Object& object, std::uint32_t flags) { here(object).set_flags(flags); }
+    /// Object::points().
+    std::vector<Point> object_points(const Object& object) const { return here(object).points(); }
+    /// Object::set_points().
+    void object_set_points(const Object& object, const Points& points) { here(object).set_points(points); }
+    /// Object::outline().
+    std::vector<Point> object_outline(const Object& object) const { return here(object).outline(); }
+    /// Object::name().
+    std::string object_name(const Object& object) const { return here(object).name(); }
+    /// Object::set_name().
+    void object_set_name(const Object& object, const std::string& name) { here(object).set_name(name); }
+    /// Object::text().
+    std::string object_text(const Object& object) const { return here(object).text(); }
+    /// Object::set_text().
+    void object_set_text(const Object& object, const std::string& text) { here(object).set_text(text); }
+    /// Object::style().
+    Style object_style(const Object& object) const { return here(object).style(); }
+    /// Object::set_style().
+    void object_set_style(const Object& object, const Style& style) { here(object).set_style(style); }
+    /// Object::set_label().
+    void object_set_label(const Object& object, std::int32_t label) { here(object).set_label(label); }
+    /// Object::move_to().
+    void object_move_to(const Object& object, std::size_t index) { here(object).move_to(index); }
     /// Replaces the selection.
     void select(const std::vector<Object>& objects)
     {
@@ -393,7 +423,6 @@ public:
     /// 0 is background.
     ImageOf<std::int32_t> labels() const
     {
-        /// 0 is background.
         ImageOf<std::int32_t> labels = whole_image<std::int32_t>();
         detail::check(vostel_labels(place, labels.values.data(), 0));
         return labels;
@@ -497,6 +526,12 @@ public:
             made.listener.reset();
         detail::check(status);
         return made;
+    }
+    /// The same, for every event unless some are chosen.
+    [[nodiscard]] Subscription listen(std::function<void(const Event&)> listener,
+                                      std::uint32_t                     events = AllEvents)
+    {
+        return listen(events, std::move(listener));
     }
 
 private:

@@ -18,10 +18,12 @@ inline namespace cpp {
 /// An object on a canvas, by its number: cheap to copy, and of no effect on what it names.
 class Object {
 public:
+    /// None: every call on it fails.
+    Object() = default;
     /// Of a canvas by its number.
     Object(std::int32_t canvas, VostelObject object) noexcept : place(canvas), identity(object) {}
 
-    /// Its number.
+    /// Its number, 0 for none.
     VostelObject id() const noexcept { return identity; }
     /// The number of its canvas.
     std::int32_t canvas() const noexcept { return place; }
@@ -144,8 +146,8 @@ public:
     }
 
 private:
-    std::int32_t place;
-    VostelObject identity;
+    std::int32_t place = -1;
+    VostelObject identity = 0;
 };
 
 }

@@ -16,6 +16,9 @@ inline namespace cpp {
 
 class Canvas;
 
+/// Every event that listeners can hear of.
+inline constexpr std::uint32_t AllEvents = 2 * VOSTEL_CANVAS_DESTROYED - 1;
+
 /// Hears of events as long as it lives.
 class Subscription {
 public:

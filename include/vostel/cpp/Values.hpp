@@ -246,6 +246,11 @@ public:
     }
 };
 
+/// Of the samples of a container.
+template <typename Container>
+Plane(Container&, std::int32_t, std::int32_t)
+    -> Plane<std::remove_pointer_t<decltype(std::data(std::declval<Container&>()))>>;
+
 /// The samples of a profile, with what is said of them.
 struct Profile : VostelProfile {
     /// One a pixel of the length.
