@@ -115,6 +115,11 @@ void SamplePainter::DrawRun(const PlaneView& plane, const PixelRun& run, unsigne
         upload(PixelsAt(plane, run.Row, run.Begin), pixels + run.Begin, run.End - run.Begin, streaming);
         return;
     }
+    if (Type == SampleType::F32) {
+        ShowFloats(*Floats, SamplesAt<float>(plane, run.Row, run.Begin), pixels + run.Begin,
+                   static_cast<std::size_t>(run.End - run.Begin), streaming);
+        return;
+    }
     alignas(64) unsigned block[Block];
     for (int x = run.Begin; x < run.End; x += Block) {
         const int count = std::min(Block, run.End - x);
@@ -127,9 +132,6 @@ void SamplePainter::ShowRun(const PlaneView& plane, int row, int begin, int coun
 {
     const std::size_t all = static_cast<std::size_t>(count);
     switch (Type) {
-    case SampleType::F32:
-        ShowFloats(*Floats, SamplesAt<float>(plane, row, begin), pixels, all);
-        break;
     case SampleType::U16:
         ShowByTable(Table, SamplesAt<std::uint16_t>(plane, row, begin), pixels, all);
         break;

@@ -1,7 +1,7 @@
 #include "output/ContrastRows.h"
 
 #include "base/CacheLimits.h"
-#include "base/simd/SimdAvx2.h"
+#include "output/ShowVectorsAvx2.h"
 
 namespace vostel {
 
@@ -52,36 +52,6 @@ struct TablePixels {
         return Spread(_mm256_i32gather_epi32(Gray, entry, 1));
     }
 };
-
-template <typename Pixels>
-void StreamLine(const Pixels& show, const float* raw, unsigned* pixels)
-{
-    const __m256i first = show(raw);
-    const __m256i second = show(raw + 8);
-    Simd::StreamInts(pixels, first);
-    Simd::StreamInts(pixels + 8, second);
-}
-
-// Whole vectors; returns how many pixels were written.
-template <typename Pixels>
-std::size_t ShowVectors(const Pixels& show, const float* raw, unsigned* pixels, std::size_t count,
-                        bool streaming)
-{
-    std::size_t x = 0;
-    if (streaming) {
-        for (; x + 64 <= count; x += 64) {
-            Simd::PrefetchTwoPagesOn(raw + x, 4);
-            for (std::size_t part = x; part < x + 64; part += 16)
-                StreamLine(show, raw + part, pixels + part);
-        }
-        for (; x + 16 <= count; x += 16)
-            StreamLine(show, raw + x, pixels + x);
-    } else {
-        for (; x + 8 <= count; x += 8)
-            Simd::StoreInts(pixels + x, show(raw + x));
-    }
-    return x;
-}
 
 template <typename Pixels>
 std::size_t ShowLabelled(const Pixels& show, const float* raw, unsigned* pixels, const int* label,

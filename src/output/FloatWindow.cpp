@@ -83,7 +83,7 @@ void FastRow(const FloatWindow& window, const float* values, unsigned* pixels, s
         pixels[x] = table[pixels[x]];
 }
 
-void Row(const FloatWindow& window, const float* values, unsigned* pixels, std::size_t count)
+void Row(const FloatWindow& window, const float* values, unsigned* pixels, std::size_t count, bool)
 {
     if (!window.IsFast) {
         for (std::size_t x = 0; x < count; ++x)
@@ -131,15 +131,17 @@ FloatWindow::FloatWindow(const ContrastState& state) : Curve(state)
 
 const FloatWindowVariant FloatWindowPlain = {.Row = Row};
 
-// Registers wider than AVX2's do not pay: memory is the limit.
 const FloatWindowVariant& ActiveFloatWindowVariant()
 {
-    return Choose<FloatWindowVariant>({.Plain = &FloatWindowPlain, .Avx2 = VOSTEL_X86(&FloatWindowAvx2)});
+    return Choose<FloatWindowVariant>({.Plain = &FloatWindowPlain,
+                                       .Avx2 = VOSTEL_X86(&FloatWindowAvx2),
+                                       .Avx512 = VOSTEL_X86(&FloatWindowAvx512)});
 }
 
-void ShowFloats(const FloatWindow& window, const float* values, unsigned* pixels, std::size_t count)
+void ShowFloats(const FloatWindow& window, const float* values, unsigned* pixels, std::size_t count,
+                bool streaming)
 {
-    ActiveFloatWindowVariant().Row(window, values, pixels, count);
+    ActiveFloatWindowVariant().Row(window, values, pixels, count, streaming);
 }
 
 }

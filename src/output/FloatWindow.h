@@ -40,14 +40,18 @@ struct FloatWindow {
     VOSTEL_INLINE const unsigned* Pixels() const { return IsLinear ? OfLevels.data() : OfBits.data(); }
 };
 
-void ShowFloats(const FloatWindow& window, const float* values, unsigned* pixels, std::size_t count);
+// With streaming, FenceStreamingStores (see PixelFill.h) has to follow.
+void ShowFloats(const FloatWindow& window, const float* values, unsigned* pixels, std::size_t count,
+                bool streaming);
 
 struct FloatWindowVariant {
-    void (*Row)(const FloatWindow& window, const float* values, unsigned* pixels, std::size_t count);
+    void (*Row)(const FloatWindow& window, const float* values, unsigned* pixels, std::size_t count,
+                bool streaming);
 };
 const FloatWindowVariant& ActiveFloatWindowVariant();
 
 extern const FloatWindowVariant FloatWindowPlain;
 extern const FloatWindowVariant FloatWindowAvx2;
+extern const FloatWindowVariant FloatWindowAvx512;
 
 }

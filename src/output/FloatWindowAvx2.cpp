@@ -1,8 +1,9 @@
 #include "output/FloatWindow.h"
 
-#include "base/simd/SimdAvx2.h"
+#include "base/CacheLimits.h"
+#include "output/ShowVectorsAvx2.h"
 
-#include <cstring>
+#include <cstdint>
 
 namespace vostel {
 
@@ -47,56 +48,64 @@ struct WindowEntries {
 };
 
 // Grays need no table.
-std::size_t ShowGrays(const FloatWindow& window, const float* values, unsigned* pixels, std::size_t count)
-{
-    const WindowEntries<true> entries(window, window.Curve.BelowPixel, window.Curve.AbovePixel,
-                                      window.Curve.NotFinitePixel);
-    const __m256i order = _mm256_setr_epi8(0, 0, 0, -1, 4, 4, 4, -1, 8, 8, 8, -1, 12, 12, 12, -1,    //
-                                           0, 0, 0, -1, 4, 4, 4, -1, 8, 8, 8, -1, 12, 12, 12, -1);
-    std::size_t   x = 0;
-    for (; x + 8 <= count; x += 8) {
-        const __m256 v = Simd::Load(values + x);
-        Simd::Prefetch(values + x, 4096);
-        Simd::StoreInts(pixels + x, entries.Replaced(_mm256_shuffle_epi8(entries.PlacesOf(v), order), v));
+struct GrayPixels {
+    WindowEntries<true> Entries;
+
+    explicit GrayPixels(const FloatWindow& window)
+        : Entries(window, window.Curve.BelowPixel, window.Curve.AbovePixel, window.Curve.NotFinitePixel)
+    {
     }
-    return x;
-}
+
+    __m256i operator()(const float* values) const
+    {
+        const __m256i order = _mm256_setr_epi8(0, 0, 0, -1, 4, 4, 4, -1, 8, 8, 8, -1, 12, 12, 12, -1,    //
+                                               0, 0, 0, -1, 4, 4, 4, -1, 8, 8, 8, -1, 12, 12, 12, -1);
+        const __m256  v = Simd::Load(values);
+        return Entries.Replaced(_mm256_shuffle_epi8(Entries.PlacesOf(v), order), v);
+    }
+};
 
 // The entries first, and then their pixels one by one from two entries a load: gathers take twice as long.
 template <bool Linear>
-std::size_t ShowByTable(const FloatWindow& window, const float* values, unsigned* pixels, std::size_t count)
-{
-    const WindowEntries<Linear> entries(window, static_cast<unsigned>(window.Below),
-                                        static_cast<unsigned>(window.Above),
-                                        static_cast<unsigned>(window.NotFinite));
-    std::size_t                 end = 0;
-    for (; end + 8 <= count; end += 8) {
-        const __m256 v = Simd::Load(values + end);
-        Simd::Prefetch(values + end, 4096);
-        Simd::StoreInts(pixels + end, entries.Replaced(entries.PlacesOf(v), v));
-    }
-    const unsigned* const table = window.Pixels();
-    for (std::size_t x = 0; x < end; x += 8) {
-        std::uint64_t pairs[4];
-        std::memcpy(pairs, pixels + x, sizeof pairs);
-        for (std::size_t i = 0; i < 4; ++i) {
-            pixels[x + 2 * i] = table[static_cast<std::uint32_t>(pairs[i])];
-            pixels[x + 2 * i + 1] = table[pairs[i] >> 32];
-        }
-    }
-    return end;
-}
+struct TablePixels {
+    WindowEntries<Linear> Entries;
+    const unsigned*       Table;
 
-void Row(const FloatWindow& window, const float* values, unsigned* pixels, std::size_t count)
+    explicit TablePixels(const FloatWindow& window)
+        : Entries(window, static_cast<unsigned>(window.Below), static_cast<unsigned>(window.Above),
+                  static_cast<unsigned>(window.NotFinite)),
+          Table(window.Pixels())
+    {
+    }
+
+    __m256i operator()(const float* values) const
+    {
+        const __m256              v = Simd::Load(values);
+        alignas(32) std::uint64_t pairs[4];
+        Simd::StoreInts(pairs, Entries.Replaced(Entries.PlacesOf(v), v));
+        return _mm256_setr_epi32(First(pairs[0]), Second(pairs[0]), First(pairs[1]), Second(pairs[1]),
+                                 First(pairs[2]), Second(pairs[2]), First(pairs[3]), Second(pairs[3]));
+    }
+
+private:
+    int First(std::uint64_t pair) const { return static_cast<int>(Table[static_cast<std::uint32_t>(pair)]); }
+    int Second(std::uint64_t pair) const { return static_cast<int>(Table[pair >> 32]); }
+};
+
+void Row(const FloatWindow& window, const float* values, unsigned* pixels, std::size_t count, bool streaming)
 {
+    const std::size_t head = streaming ? ElementsToCacheLine(pixels, count) : 0;
+    FloatWindowPlain.Row(window, values, pixels, head, false);
+    values += head;
+    pixels += head;
+    count -= head;
     std::size_t x = 0;
     if (window.IsFast) {
-        const auto show = !window.IsLinear ? ShowByTable<false>
-                          : window.IsGray  ? ShowGrays
-                                           : ShowByTable<true>;
-        x = show(window, values, pixels, count);
+        x = !window.IsLinear ? ShowVectors(TablePixels<false>(window), values, pixels, count, streaming)
+            : window.IsGray  ? ShowVectors(GrayPixels(window), values, pixels, count, streaming)
+                             : ShowVectors(TablePixels<true>(window), values, pixels, count, streaming);
     }
-    FloatWindowPlain.Row(window, values + x, pixels + x, count - x);
+    FloatWindowPlain.Row(window, values + x, pixels + x, count - x, false);
 }
 
 }

@@ -1,5 +1,6 @@
 #include "output/FloatWindow.h"
 
+#include "base/PixelFill.h"
 #include "support/EveryVariant.h"
 
 #include <doctest/doctest.h>
@@ -63,7 +64,7 @@ std::vector<float> ValuesFor(const ContrastState& state, unsigned seed)
 std::vector<unsigned> Shown(const FloatWindow& window, const std::vector<float>& values)
 {
     std::vector<unsigned> pixels(values.size());
-    ShowFloats(window, values.data(), pixels.data(), values.size());
+    ShowFloats(window, values.data(), pixels.data(), values.size(), false);
     return pixels;
 }
 
@@ -136,17 +137,25 @@ TEST_CASE("every variant gives the bits of the plain one, for every length from 
             const std::vector<float> values = ValuesFor(state, 901);
             for (std::size_t count = 0; count <= 40; ++count) {
                 std::vector<unsigned> plain(count + 1, 0xDEADBEEFu);
-                FloatWindowPlain.Row(window, values.data() + 3, plain.data(), count);
+                FloatWindowPlain.Row(window, values.data() + 3, plain.data(), count, false);
                 InEveryVariant([&](const char* variant) {
                     std::vector<unsigned> pixels(count + 1, 0xDEADBEEFu);
-                    ShowFloats(window, values.data() + 3, pixels.data(), count);
+                    ShowFloats(window, values.data() + 3, pixels.data(), count, false);
                     CHECK_MESSAGE(pixels == plain, variant << ", " << count);
                 });
             }
             std::vector<unsigned> plain(values.size());
-            FloatWindowPlain.Row(window, values.data(), plain.data(), values.size());
-            InEveryVariant(
-                [&](const char* variant) { CHECK_MESSAGE(Shown(window, values) == plain, variant); });
+            FloatWindowPlain.Row(window, values.data(), plain.data(), values.size(), false);
+            InEveryVariant([&](const char* variant) {
+                CHECK_MESSAGE(Shown(window, values) == plain, variant);
+                // Past the caches, from the middle of a cache line on.
+                std::vector<unsigned> streamed(values.size() + 2, 0xDEADBEEFu);
+                ShowFloats(window, values.data(), streamed.data() + 1, values.size(), true);
+                FenceStreamingStores();
+                CHECK(streamed.front() == 0xDEADBEEFu);
+                CHECK(streamed.back() == 0xDEADBEEFu);
+                CHECK_MESSAGE(std::equal(plain.begin(), plain.end(), streamed.begin() + 1), variant);
+            });
         }
     }
 }

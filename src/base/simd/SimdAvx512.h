@@ -58,9 +58,20 @@ struct SimdAvx512 {
     // The cache line so many bytes from an address will be read soon. It need not be readable.
     VOSTEL_INLINE static void Prefetch(const void* from, std::ptrdiff_t bytes)
     {
-        _mm_prefetch(reinterpret_cast<const char*>(reinterpret_cast<std::uintptr_t>(from) +
-                                                   static_cast<std::uintptr_t>(bytes)),
-                     _MM_HINT_T0);
+        _mm_prefetch(AddressOf(from, bytes), _MM_HINT_T0);
+    }
+    // Cache lines two pages on will be read once: the processor's own guesses end with each page.
+    VOSTEL_INLINE static void PrefetchTwoPagesOn(const void* from, int lines)
+    {
+        for (int i = 0; i < lines; ++i)
+            _mm_prefetch(AddressOf(from, 8192 + 64 * i), _MM_HINT_NTA);
+    }
+
+private:
+    VOSTEL_INLINE static const char* AddressOf(const void* from, std::ptrdiff_t bytes)
+    {
+        return reinterpret_cast<const char*>(reinterpret_cast<std::uintptr_t>(from) +
+                                             static_cast<std::uintptr_t>(bytes));
     }
 };
 
