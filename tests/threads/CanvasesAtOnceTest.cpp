@@ -120,6 +120,43 @@ TEST_CASE("routines run on several threads at once")
     CHECK(different == 0);
 }
 
+TEST_CASE("linked canvases of one thread follow each other beside those of others")
+{
+    std::atomic<int> wrong{0};
+    const auto       viewOf = [](int32_t canvas) {
+        VostelView view = {};
+        view.size = sizeof view;
+        vostel_view_get(canvas, &view);
+        return view;
+    };
+    const auto count = [](const VostelEvent*, void* user) { ++*static_cast<int*>(user); };
+    AtOnce([&](int thread) {
+        const std::vector<unsigned char> gray(90 * 60, 7);
+        for (int i = 0; i < Rounds; ++i) {
+            int32_t pair[2] = {-1, -1};
+            int     heard = 0;
+            int64_t token = 0;
+            for (int32_t& canvas : pair) {
+                vostel_canvas_create(160, 120, &canvas);
+                vostel_image_show(canvas, VOSTEL_U8, gray.data(), 90, 60, 0, 0);
+            }
+            vostel_view_link(pair[0], pair[1]);
+            vostel_listen(pair[1], VOSTEL_VIEW_CHANGED, count, &heard, &token);
+            for (int step = 0; step < 5; ++step)
+                vostel_view_zoom(pair[0], 1.1 + 0.1 * thread, 80.0, 60.0);
+            if (heard != 5 || viewOf(pair[0]).scale != viewOf(pair[1]).scale)
+                ++wrong;
+            vostel_view_link(pair[0], pair[0]);
+            vostel_view_fit(pair[0]);
+            if (heard != 5)
+                ++wrong;
+            vostel_canvas_destroy(pair[0]);
+            vostel_canvas_destroy(pair[1]);
+        }
+    });
+    CHECK(wrong == 0);
+}
+
 TEST_CASE("messages and limits belong to their thread and to the process")
 {
     std::atomic<int> wrong{0};
