@@ -94,6 +94,7 @@ int CreateCanvas(int width, int height)
     }
     auto made = std::make_shared<CreatedCanvas>(number);
     made->Image.UseOwnArea(width, height);
+    made->Image.KeyLetters = "ACDERS";    // without those that change every object at once
     made->Notes.SetStepLimit(std::size_t(64) << 20);
     const std::unique_lock<std::shared_mutex> hold(gCreated.Lock);
     gCreated.All.emplace(number, std::move(made));
