@@ -9,7 +9,10 @@
 #include "interchange/ZipArchive.h"
 
 #include <algorithm>
+#include <iterator>
+#include <map>
 #include <set>
+#include <utility>
 
 namespace vostel {
 

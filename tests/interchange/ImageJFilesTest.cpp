@@ -127,8 +127,8 @@ FileObject RandomObject(std::mt19937& random)
         object.Text = "two\nlines \xC3\xA9 \xF0\x9F\x94\xAC";
     object.Name = "n" + std::to_string(random() % 1000);
     VostelStyle style = {};
-    style.line_color = random() & 0xFFFFFF;
-    style.fill_color = IsRegionKind(object.Kind) ? random() | 0x01000000 : 0;
+    style.line_color = static_cast<std::uint32_t>(random() & 0xFFFFFF);
+    style.fill_color = IsRegionKind(object.Kind) ? static_cast<std::uint32_t>(random() | 0x01000000) : 0;
     style.line_width = 0.25 * static_cast<double>(1 + random() % 40);
     style.text_height = static_cast<double>(6 + random() % 40);
     object.Style = style;
