@@ -448,6 +448,23 @@ void Document::FillAdded(std::uint64_t id, const ObjectState& state)
     }
 }
 
+// Completes the notes of all objects that came in this call, which stand at the end of the step.
+void Document::FillAllAdded()
+{
+    auto missing =
+        std::count_if(Pending.begin(), Pending.end(), [](const auto& entry) { return entry.second.Added; });
+    for (auto change = Current.Changes.rbegin(); missing > 0 && change != Current.Changes.rend(); ++change) {
+        PresenceChange* const presence = std::get_if<PresenceChange>(&*change);
+        if (!presence || !presence->Added)
+            continue;
+        const auto found = Pending.find(presence->Id);
+        if (found == Pending.end() || !found->second.Added)
+            continue;
+        presence->State = std::move(found->second.Latest);
+        --missing;
+    }
+}
+
 void Document::FindChanges()
 {
     bool told = false;
@@ -499,10 +516,9 @@ void Document::TellRegionContrast()
 
 void Document::RecordChanges()
 {
+    FillAllAdded();
     for (auto& [id, touched] : Pending) {
-        if (touched.Added) {
-            FillAdded(id, touched.Latest);
-        } else if (!(touched.Before == touched.Latest)) {
+        if (!touched.Added && !(touched.Before == touched.Latest)) {
             NameStep(std::string("Change ") + KindName(Find(id)->TypeCode));
             Events.Tell(VOSTEL_OBJECT_CHANGED, id);
             Record(ObjectChange{id, std::move(touched.Before), std::move(touched.Latest)});

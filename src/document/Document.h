@@ -156,6 +156,7 @@ private:
 
     void RecordRemoval(VostelObj& object, std::size_t index, bool renumbering, const ElementCounts& after);
     void FillAdded(std::uint64_t id, const ObjectState& state);
+    void FillAllAdded();
     void Record(Change change);
     void FindChanges();
     void FindContrastChange();
