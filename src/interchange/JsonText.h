@@ -11,6 +11,7 @@
 // which ends the process where there is no memory left. Nesting is bounded when a text is read. A value whose
 // making failed half way has no content.
 template <>
+// NOLINTNEXTLINE(readability-identifier-naming): the name is that library's
 inline void nlohmann::basic_json<nlohmann::ordered_map>::json_value::destroy(value_t kind)
 {
     const auto release = [](auto* content) {
