@@ -50,6 +50,9 @@ public:
     // Puts an object on top of all others, as the selected one. Fails by bad_alloc, before anything has
     // changed.
     VostelObj& Add(std::unique_ptr<VostelObj> object);
+    // Puts settled objects on top, as part of the step of this name, all of them or by bad_alloc none. What
+    // is selected stays so.
+    void AddAll(std::vector<PlacedObject> objects, std::string step);
     // Objects that came when there was no memory for an identity get theirs.
     bool HasStrays = false;
     void AdoptStrays();

@@ -9,6 +9,28 @@
 
 namespace vostel {
 
+void Document::AddAll(std::vector<PlacedObject> objects, std::string step)
+{
+    std::unordered_map<std::uint64_t, Entry> entries;
+    LabelNumbers                             labels = Labels;
+    for (PlacedObject& placed : objects) {
+        labels.Use(placed.Notes.Label);
+        placed.Object->Identity = NewIdentity();
+        entries.emplace(placed.Object->Identity, Entry{placed.Object.get(), std::move(placed.Notes)});
+    }
+    Entries.reserve(Entries.size() + entries.size());
+    Canvas.Elements.reserve(Canvas.Elements.size() + objects.size());
+    // From here on nothing fails.
+    if (Current.Name.empty())
+        Current.Name = std::move(step);
+    Entries.merge(entries);
+    std::swap(Labels, labels);
+    const int index = Canvas.SelectedElement() ? Canvas.SelIndex : -1;
+    for (PlacedObject& placed : objects)
+        Canvas.Append(std::move(placed.Object)).Selected = false;
+    Canvas.SelIndex = index;
+}
+
 void Document::Replace(DocumentContent content, const std::function<void()>& clear)
 {
     std::unordered_map<std::uint64_t, Entry> entries;

@@ -99,15 +99,9 @@ std::unique_ptr<VostelObj> Build(VostelImage& canvas, const FileObject& object, 
     return made;
 }
 
-// A built object with what is kept beside it.
-struct Built {
-    std::unique_ptr<VostelObj> Object;
-    ObjectNotes                Notes;
-};
-
-std::vector<Built> BuildAll(VostelImage& canvas, const std::vector<FileObject>& objects)
+std::vector<PlacedObject> BuildAll(VostelImage& canvas, const std::vector<FileObject>& objects)
 {
-    std::vector<Built> built(objects.size());
+    std::vector<PlacedObject> built(objects.size());
     for (std::size_t i = 0; i < objects.size(); ++i) {
         try {
             built[i].Object = Build(canvas, objects[i], built[i].Notes);
@@ -170,31 +164,14 @@ std::vector<FileObject> ObjectsOf(const VostelImage& canvas, const Document& not
 void AddObjects(VostelImage& canvas, Document& notes, const std::vector<FileObject>& objects,
                 const std::string& step)
 {
-    std::vector<Built>      built = BuildAll(canvas, objects);
-    FreeLabels              labels(canvas, notes, objects);
-    std::vector<VostelObj*> added;
-    added.reserve(built.size());
-    VostelObj* const selected = canvas.SelectedElement();
-    const int        index = selected ? canvas.SelIndex : -1;
-    notes.NameStep(step);
-    try {
-        for (std::size_t i = 0; i < built.size(); ++i) {
-            notes.Settle(*built[i].Object);
-            VostelObj& object = notes.Add(std::move(built[i].Object));
-            added.push_back(&object);
-            object.Selected = false;    // what is selected stays so
-            canvas.SelIndex = index;
-            ObjectNotes& kept = notes.NotesToChange(object);
-            kept.Name = std::move(built[i].Notes.Name);
-            kept.NoLabel = built[i].Notes.NoLabel;
-            if (IsRegion(object.TypeCode))
-                notes.SetLabel(object, labels.For(objects[i].Label));
-        }
-    } catch (...) {
-        for (std::size_t i = added.size(); i > 0; --i)
-            notes.Remove(*added[i - 1]);
-        throw;
+    std::vector<PlacedObject> built = BuildAll(canvas, objects);
+    FreeLabels                labels(canvas, notes, objects);
+    for (std::size_t i = 0; i < built.size(); ++i) {
+        notes.Settle(*built[i].Object);
+        if (IsRegion(objects[i].Kind))
+            built[i].Notes.Label = labels.For(objects[i].Label);
     }
+    notes.AddAll(std::move(built), step);
 }
 
 }

@@ -109,3 +109,43 @@ TEST_CASE("saving")
     }
     FAIL("the call never came through");
 }
+
+TEST_CASE("importing")
+{
+    const TempFolder  folder;
+    const std::string path = folder.Path("a.json");
+    {
+        const OpenCanvas canvas;
+        Furnish(canvas.Number, 5);
+        REQUIRE(vostel_regions_export(canvas.Number, path.c_str(), nullptr) == VOSTEL_OK);
+    }
+    std::string after;
+    {
+        const OpenCanvas canvas;
+        Furnish(canvas.Number, 2);
+        REQUIRE(vostel_regions_import(canvas.Number, path.c_str(), nullptr, nullptr) == VOSTEL_OK);
+        after = ContentOf(canvas.Number);
+    }
+    for (long n = 1; n < 20000; ++n) {
+        CAPTURE(n);
+        const OpenCanvas canvas;
+        Furnish(canvas.Number, 2);
+        const std::string before = ContentOf(canvas.Number);
+        FailAt(n);
+        const VostelStatus status = vostel_regions_import(canvas.Number, path.c_str(), nullptr, nullptr);
+        const bool         failed = HasAllocationFailed();
+        FailAt(0);
+        // A caption that could not be measured has another place, as on every drawing context.
+        if (status == VOSTEL_OK && failed) {
+            CHECK(ObjectsOf(canvas.Number).size() == 7);
+        } else {
+            REQUIRE(FirstDifference(ContentOf(canvas.Number), failed ? before : after) == "");
+            CHECK(HistoryOf(canvas.Number).undo_count == (failed ? 2 : 3));
+        }
+        if (!failed) {
+            CHECK(n > 100);
+            return;
+        }
+    }
+    FAIL("the call never came through");
+}
