@@ -318,6 +318,21 @@ TEST_CASE("what cannot be written leaves the file that was there, and nothing be
     CHECK(Open(4711, saved.Path()) == VOSTEL_NOT_FOUND);
 }
 
+TEST_CASE("a file that another program holds is replaced or stays whole")
+{
+    const SavedSession saved;
+    const OpenCanvas   canvas;
+    const std::string  before = TextOfFile(saved.Path());
+    std::ifstream      held(saved.Path(), std::ios::binary);
+    REQUIRE(held.good());
+    const VostelStatus status = Save(canvas.Number, saved.Path());    // as the system has it
+    held.close();
+    CHECK((status == VOSTEL_OK || status == VOSTEL_NOT_WRITTEN));
+    CHECK((TextOfFile(saved.Path()) == before) == (status == VOSTEL_NOT_WRITTEN));
+    const fs::directory_iterator folder(saved.Folder.Path());
+    CHECK(std::distance(fs::begin(folder), fs::end(folder)) == 2);    // image, session
+}
+
 TEST_CASE("opening tells listeners what came and went, gives new numbers and empties the history")
 {
     const SavedSession    saved;

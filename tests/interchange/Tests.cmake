@@ -18,6 +18,10 @@ vostel_inner_test(interchange/SessionRoundTripTest)
 vostel_test_source(VostelAllocationTests interchange/SessionOutOfMemoryTest)
 vostel_inner_test(interchange/ZipArchiveTest)
 
+if(NOT WIN32)
+    vostel_inner_test(interchange/FullDiskTest)
+endif()
+
 # The JSON library, as the library itself includes it.
 target_include_directories(VostelInnerTests SYSTEM PRIVATE ${PROJECT_BINARY_DIR}/src/interchange/json-include)
 set_property(SOURCE ${CMAKE_CURRENT_SOURCE_DIR}/interchange/ForeignRegionsTest.cpp

@@ -1,0 +1,69 @@
+// A disk that is full, as a limit of the process on the size of files.
+
+#include "support/OpenCanvas.h"
+#include "support/OpenShapes.h"
+#include "support/TempFolder.h"
+
+#include <sys/resource.h>
+
+#include <csignal>
+
+namespace {
+
+// While it lives, no file grows beyond so many bytes.
+class FileLimit {
+public:
+    explicit FileLimit(rlim_t bytes) : Handler(std::signal(SIGXFSZ, SIG_IGN))
+    {
+        REQUIRE(getrlimit(RLIMIT_FSIZE, &Before) == 0);
+        const rlimit limit = {bytes, Before.rlim_max};
+        REQUIRE(setrlimit(RLIMIT_FSIZE, &limit) == 0);
+    }
+    ~FileLimit()
+    {
+        setrlimit(RLIMIT_FSIZE, &Before);
+        std::signal(SIGXFSZ, Handler);
+    }
+    FileLimit(const FileLimit&) = delete;
+    FileLimit& operator=(const FileLimit&) = delete;
+
+private:
+    rlimit Before = {};
+    void (*Handler)(int);
+};
+
+}
+
+TEST_CASE("a full disk never costs the file that was there, and leaves no fragment")
+{
+    const TempFolder  folder;
+    const std::string session = folder.Path("s.vostel.json");
+    const std::string regions = folder.Path("r.json");
+    const OpenCanvas  canvas;
+    Points            points;
+    for (int i = 0; i < 2000; ++i)
+        points.push_back({i / 3.0, i / 7.0});
+    REQUIRE(vostel_session_save(canvas.Number, session.c_str(), 0) == VOSTEL_OK);
+    REQUIRE(vostel_regions_export(canvas.Number, regions.c_str(), nullptr) == VOSTEL_OK);
+    const std::vector<unsigned char> before = ReadBytes(session);
+    const std::vector<unsigned char> regionsBefore = ReadBytes(regions);
+    Add(canvas.Number, VOSTEL_POLYLINE, points);
+    for (const rlim_t bytes : {0, 1, 100, 4096, 20000}) {
+        VostelStatus saved = VOSTEL_OK, exported = VOSTEL_OK;
+        {
+            const FileLimit limit(bytes);
+            saved = vostel_session_save(canvas.Number, session.c_str(), 0);
+            exported = vostel_regions_export(canvas.Number, regions.c_str(), nullptr);
+        }
+        CHECK(saved == VOSTEL_NOT_WRITTEN);
+        CHECK(exported == VOSTEL_NOT_WRITTEN);
+        CHECK(ReadBytes(session) == before);
+        CHECK(ReadBytes(regions) == regionsBefore);
+        std::size_t files = 0;
+        for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator(folder.Path()))
+            ++files;
+        CHECK(files == 2);
+    }
+    REQUIRE(vostel_session_save(canvas.Number, session.c_str(), 0) == VOSTEL_OK);
+    CHECK(ReadBytes(session).size() > 20000);
+}
