@@ -251,17 +251,32 @@ TEST_CASE("an & of a text underlines the next letter, and a double one stays")
     CHECK(underline.Number("x") > texts[0].Number("x"));
 }
 
-TEST_CASE("an SVG has the same bytes each time, whatever the locale")
+TEST_CASE("an SVG has the same bytes each time")
 {
     OpenCanvas canvas;
     ShowBytes(canvas.Number, 400, 300, [](int x, int y) { return x ^ y; });
     AddEveryKind(canvas.Number);
-    const std::string bytes = SaveBytes(canvas.Number, ".svg", 1.3, AllParts);
+    const bool same =
+        SaveBytes(canvas.Number, ".SVG", 1.3, AllParts) == SaveBytes(canvas.Number, ".svg", 1.3, AllParts);
+    CHECK(same);
+}
+
+// Captions follow the locale, wherever they are drawn.
+TEST_CASE("places have a decimal point in every locale")
+{
+    constexpr std::uint32_t Parts = VOSTEL_WITH_OBJECTS | VOSTEL_WITH_HANDLES;
+    OpenCanvas              canvas;
+    ShowBytes(canvas.Number, 400, 300, [](int x, int y) { return x ^ y; });
+    AddEveryKind(canvas.Number);
+    const std::string svg = SaveBytes(canvas.Number, ".svg", 1.3, Parts);
+    const std::string pdf = SaveBytes(canvas.Number, ".pdf", 1.3, Parts);
     const std::string before = std::setlocale(LC_ALL, nullptr);
     for (const char* const locale : {"de_DE.UTF-8", "de_DE", "fr_FR.UTF-8", "German"})
         std::setlocale(LC_ALL, locale);    // the last that there is
-    CHECK(SaveBytes(canvas.Number, ".SVG", 1.3, AllParts) == bytes);
+    const bool same = SaveBytes(canvas.Number, ".svg", 1.3, Parts) == svg &&
+                      SaveBytes(canvas.Number, ".pdf", 1.3, Parts) == pdf;
     std::setlocale(LC_ALL, before.c_str());
+    CHECK(same);
 }
 
 TEST_CASE("drawings may be larger than pictures, up to the limit of sides")
