@@ -144,9 +144,13 @@ void VostelTextRect::PlaceCaption(const CString& text, CPoint at, int height)
     if (!View)
         return;
     const CRect& client = View->ClientRect;
-    const int    left = std::max(client.left, std::min(ClientBox.left, client.right - ClientBox.Width()));
-    const int    top = std::max(client.top, std::min(ClientBox.top, client.bottom - ClientBox.Height()));
-    MoveBy((left - ClientBox.left) / View->Scale, (top - ClientBox.top) / View->Scale);
+    const int    across = WrapSub(ClientBox.right, ClientBox.left);
+    const int    down = WrapSub(ClientBox.bottom, ClientBox.top);
+    const LONG   left =
+        std::max<LONG>(client.left, std::min<LONG>(ClientBox.left, WrapSub(client.right, across)));
+    const LONG top = std::max<LONG>(client.top, std::min<LONG>(ClientBox.top, WrapSub(client.bottom, down)));
+    MoveBy((static_cast<double>(left) - ClientBox.left) / View->Scale,
+           (static_cast<double>(top) - ClientBox.top) / View->Scale);
 }
 
 void VostelTextRect::ShowCaption(const CString& text, int height)
