@@ -170,13 +170,38 @@ DeflatedPixels DeflatePixels(const PixelSurface& surface)
     return made;
 }
 
+// Labels repeat what stands above them, so one filter will do. PNG has the high byte first.
+DeflatedPixels DeflateGray16(const std::uint16_t* samples, int width, int height)
+{
+    DeflatedPixels made;
+    made.Width = width;
+    made.Height = height;
+    made.Channels = 1;
+    made.Bits = 16;
+    Row      row(2 * static_cast<std::size_t>(width));
+    Row      above(row.size());
+    Row      filtered(row.size() + 1);
+    Deflater deflater;
+    for (int y = 0; y < height; ++y, samples += width) {
+        for (std::size_t x = 0; x < static_cast<std::size_t>(width); ++x) {
+            row[2 * x] = static_cast<unsigned char>(samples[x] >> 8);
+            row[2 * x + 1] = static_cast<unsigned char>(samples[x]);
+        }
+        ApplyFilter(AboveFilter, row, above, 2, filtered);
+        deflater.Add(filtered);
+        above.swap(row);
+    }
+    made.Bytes = deflater.Finish();
+    return made;
+}
+
 std::string PngOf(const DeflatedPixels& pixels)
 {
     constexpr std::size_t MostOfChunk = 1u << 30;
     std::string           header;
     AppendBigEndian(header, static_cast<std::uint32_t>(pixels.Width));
     AppendBigEndian(header, static_cast<std::uint32_t>(pixels.Height));
-    header += '\x08';                                    // bits of a channel
+    header += static_cast<char>(pixels.Bits);
     header += pixels.Channels == 1 ? '\x00' : '\x02';    // gray or RGB
     header.append(3, '\0');                              // deflated, the filters above, not interlaced
     std::string file = "\x89PNG\r\n\x1A\n";

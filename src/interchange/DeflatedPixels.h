@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -7,18 +8,20 @@ namespace vostel {
 
 class PixelSurface;
 
-// The pixels of a surface, top row first, each row behind a byte that names its filter, deflated. PNG and PDF
+// Pixels, top row first, each row behind a byte that names its filter, deflated. PNG and PDF
 // hold the same stream.
 struct DeflatedPixels {
     int         Width = 0;
     int         Height = 0;
-    int         Channels = 3;    // bytes of a pixel: red, green, blue, or 1 if all pixels are gray
+    int         Channels = 3;    // red, green, blue, or 1 if all pixels are gray
+    int         Bits = 8;        // of a channel
     std::string Bytes;
 };
 
 DeflatedPixels DeflatePixels(const PixelSurface& surface);
+// Gray samples of 16 bits, tightly packed.
+DeflatedPixels DeflateGray16(const std::uint16_t* samples, int width, int height);
 
-// A PNG file of 8 bits a channel.
 std::string PngOf(const DeflatedPixels& pixels);
 
 std::string Deflated(std::string_view bytes);

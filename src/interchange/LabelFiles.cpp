@@ -10,12 +10,12 @@
 #include "fileio/ImageFiles.h"
 #include "foundation/Limits.h"
 #include "geometry/OutlineTracing.h"
+#include "interchange/DeflatedPixels.h"
 #include "interchange/FileBytes.h"
 #include "interchange/LabelLegend.h"
 #include "platform/Files.h"
 
 #include <algorithm>
-#include <cstring>
 #include <limits>
 #include <optional>
 #include <span>
@@ -46,13 +46,9 @@ void Paint(const std::vector<LabelledRegion>& regions, int width, Sample* labels
 
 std::string PngOf(const std::vector<LabelledRegion>& regions, ImageSize size)
 {
-    ImageSamples samples(SampleType::U16, size.Width, size.Height);
-    std::memset(samples.Data(), 0, samples.Bytes());
-    Paint(regions, size.Width, samples.Row<std::uint16_t>(0));
-    const std::vector<unsigned char> file = PngOfGray16(samples);
-    if (file.empty())
-        Fail(VOSTEL_NOT_SUPPORTED, "the system cannot write a gray PNG of 16 bits");
-    return std::string(file.begin(), file.end());
+    std::vector<std::uint16_t> labels(PixelsOf(size));
+    Paint(regions, size.Width, labels.data());
+    return PngOf(DeflateGray16(labels.data(), size.Width, size.Height));
 }
 
 std::string RawOf(const std::vector<LabelledRegion>& regions, ImageSize size)

@@ -8,7 +8,6 @@
 #include "platform/ImageSamples.h"
 
 #include <cstdint>
-#include <vector>
 
 namespace vostel {
 
@@ -39,8 +38,5 @@ enum class PaletteUse {
 PictureOutcome ReadPicture(const char* utf8Path, int page, const PictureLimits& limits, ImageSamples& samples,
                            PaletteUse palettes = PaletteUse::Colors);
 PictureOutcome CountPages(const char* utf8Path, const PictureLimits& limits, int& pages);
-
-// The bytes of a PNG file of gray samples of 16 bits; empty where the system cannot write them.
-std::vector<unsigned char> PngOfGray16(const ImageSamples& samples);
 
 }

@@ -1,6 +1,7 @@
 # Tests of files, one line each.
 vostel_inner_test(interchange/Base64Test)
 vostel_inner_test(interchange/CocoTest)
+vostel_inner_test(interchange/DeflatedPixelsTest)
 vostel_inner_test(interchange/ForeignRegionsTest)
 vostel_inner_test(interchange/GeoJsonTest)
 vostel_test(interchange/ImageJCanvasTest)

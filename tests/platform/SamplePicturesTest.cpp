@@ -369,22 +369,6 @@ TEST_CASE("files cut short are no pictures, and damaged ones do no harm")
     }
 }
 
-TEST_CASE("a gray picture of 16 bits returns from the PNG file that is made of it")
-{
-    std::mt19937 random(16);
-    for (const auto& [width, height] : {std::pair(1, 1), std::pair(3, 2), std::pair(257, 31)}) {
-        ImageSamples samples(SampleType::U16, width, height);
-        for (int i = 0; i < width * height; ++i)
-            samples.Row<std::uint16_t>(0)[i] = static_cast<std::uint16_t>(random());
-        const std::vector<unsigned char> file = PngOfGray16(samples);
-        const ReadSamples                read = Read(file);
-        REQUIRE(read.Outcome == PictureOutcome::Taken);
-        REQUIRE(read.Samples.HasShape(SampleType::U16, width, height));
-        CHECK(std::memcmp(read.Samples.Data(), samples.Data(), samples.Bytes()) == 0);
-        CHECK(PngOfGray16(samples) == file);
-    }
-}
-
 TEST_CASE("a PNG with a palette gives its indices to who asks for them")
 {
     const TempFolder folder;

@@ -112,57 +112,6 @@ bool ReadRows(png_structp png, unsigned char* first, std::size_t rowBytes, const
     return true;
 }
 
-void WriteBytes(png_structp png, png_bytep bytes, png_size_t count)
-{
-    std::vector<unsigned char>* file = static_cast<std::vector<unsigned char>*>(png_get_io_ptr(png));
-    bool                        kept = true;
-    try {
-        file->insert(file->end(), bytes, bytes + count);
-    } catch (...) {
-        kept = false;
-    }
-    if (!kept)
-        png_error(png, "no memory");
-}
-
-void Flush(png_structp) {}
-
-struct Writer {
-    png_structp Png = nullptr;
-    png_infop   Info = nullptr;
-
-    Writer()
-    {
-        Png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, Fail, Ignore);
-        Info = Png ? png_create_info_struct(Png) : nullptr;
-    }
-    ~Writer() { png_destroy_write_struct(&Png, &Info); }
-    Writer(const Writer&) = delete;
-    Writer& operator=(const Writer&) = delete;
-};
-
-// Nothing in here owns anything when an error leaps out.
-bool WriteGray16(png_structp png, png_infop info, const unsigned char* first, int width, int height,
-                 std::vector<unsigned char>& file)
-{
-    if (setjmp(png_jmpbuf(png)) != 0)
-        return false;
-    png_set_write_fn(png, &file, WriteBytes, Flush);
-    png_set_user_limits(png, 0x7FFFFFFF, 0x7FFFFFFF);
-    png_set_filter(png, PNG_FILTER_TYPE_BASE, PNG_FILTER_UP);    // labels repeat what stands above
-    png_set_IHDR(png, info, static_cast<png_uint_32>(width), static_cast<png_uint_32>(height), 16,
-                 PNG_COLOR_TYPE_GRAY, PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT,
-                 PNG_FILTER_TYPE_DEFAULT);
-    png_write_info(png, info);
-    if (std::endian::native == std::endian::little)
-        png_set_swap(png);
-    const std::size_t rowBytes = sizeof(std::uint16_t) * static_cast<std::size_t>(width);
-    for (int y = 0; y < height; ++y)
-        png_write_row(png, first + rowBytes * static_cast<std::size_t>(y));
-    png_write_end(png, info);
-    return true;
-}
-
 }
 
 PictureOutcome DecodePngSamples(const SampleFile& file, ImageSamples& samples)
@@ -188,20 +137,6 @@ PictureOutcome DecodePngSamples(const SampleFile& file, ImageSamples& samples)
         samples = ColorsOfIndices(std::move(samples),
                                   std::span(plan.Palette, static_cast<std::size_t>(plan.PaletteCount)));
     return PictureOutcome::Taken;
-}
-
-}
-
-namespace vostel {
-
-std::vector<unsigned char> PngOfGray16(const ImageSamples& samples)
-{
-    std::vector<unsigned char> file;
-    const pictures::Writer     writer;
-    if (!writer.Info ||
-        !pictures::WriteGray16(writer.Png, writer.Info, samples.Data(), samples.Width, samples.Height, file))
-        throw std::bad_alloc();    // nothing else can go wrong
-    return file;
 }
 
 }
