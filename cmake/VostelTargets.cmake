@@ -31,8 +31,8 @@ function(vostel_compile_rules target)
     endif()
 endfunction()
 
-# Reads what most sources of a target include once for all of them: vostel_common_headers(target <header>...). Not for
-# the library. Sources name what they use all the same, as builds with CMAKE_DISABLE_PRECOMPILE_HEADERS want it.
+# Reads what most sources of a target include once for all of them: vostel_common_headers(target <header>...). Sources
+# name what they use all the same, as builds with CMAKE_DISABLE_PRECOMPILE_HEADERS want it.
 function(vostel_common_headers target)
     target_precompile_headers(${target} PRIVATE ${ARGN})
     # ccache looks into a precompiled header only if the preprocessor has kept its name.
@@ -120,7 +120,8 @@ function(vostel_variants target stem)
             # The compiler aligns the stack to 16 bytes only and yet spills wider registers with aligned moves.
             list(APPEND flags "-Wa,-muse-unaligned-vector-move")
         endif()
-        set_source_files_properties(${file} TARGET_DIRECTORY ${target} PROPERTIES COMPILE_OPTIONS "${flags}")
+        set_source_files_properties(${file} TARGET_DIRECTORY ${target} PROPERTIES COMPILE_OPTIONS "${flags}"
+            SKIP_PRECOMPILE_HEADERS ON)    # those are made for the processor at large
         target_sources(${target} PRIVATE ${file})
     endforeach()
 endfunction()
