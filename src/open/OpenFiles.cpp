@@ -26,6 +26,7 @@ VostelStatus vostel_session_save(int32_t canvas, const char* path, uint32_t flag
         const std::string name = TextFrom(path, "path");
         NeedFlags(flags, 0);
         SaveSession(image, notes, name);
+        Tell(Remarks());
     });
 }
 

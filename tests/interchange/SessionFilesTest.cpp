@@ -314,6 +314,8 @@ TEST_CASE("what cannot be written leaves the file that was there, and nothing be
     CHECK(files == 3);    // image, session, folder
     CHECK(vostel_session_save(canvas.Number, nullptr, 0) == VOSTEL_INVALID_ARGUMENT);
     CHECK(vostel_session_save(canvas.Number, saved.Path().c_str(), 1) == VOSTEL_INVALID_ARGUMENT);
+    CHECK(vostel_session_save(canvas.Number, saved.Path().c_str(), 0) == VOSTEL_OK);
+    CHECK(std::string(vostel_last_message()) == "");
     CHECK(Open(canvas.Number, saved.Path(), 2) == VOSTEL_INVALID_ARGUMENT);
     CHECK(Open(4711, saved.Path()) == VOSTEL_NOT_FOUND);
 }
