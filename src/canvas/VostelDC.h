@@ -41,8 +41,8 @@ public:
     int                     SelIndex = -1;        // -1 for none; may point past the list after DeleteAll
     CPoint                  PointerAt;            // client px, of the last move
     bool                    UseDirect = false;    // the host draws into the client surface itself
-    std::string             KeyLetters = "ACDEIRSTX";    // the letter keys that act
-    CanvasObserver*         Observer = nullptr;          // borrowed
+    std::string             KeyLetters = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";    // the letter keys that act
+    CanvasObserver*         Observer = nullptr;                           // borrowed
 
     VostelDC() = default;
     VostelDC(const VostelDC&) = delete;
