@@ -472,13 +472,14 @@ VOSTEL_CALL VostelStatus vostel_frame_render(int32_t canvas, VostelFrame* frame)
 VOSTEL_CALL VostelStatus vostel_frame_render_to(int32_t canvas, VostelPlane* target);
 
 /// Writes the whole image at a scale, in the format of the ending: png bmp jpg tif svg pdf. Needs no window.
-/// Panels and the plots of profiles belong to the canvas's area and are left out. A save that fails leaves the
-/// file that was there.
+/// Panels and the plots of profiles belong to the canvas's area and are left out. A save that fails leaves
+/// the file that was there.
 ///
-/// Svg and pdf hold the image in its own size and the objects as shapes and text, in the places of the picture
-/// at that scale; a pdf page has image px times scale in points. The same canvas gives the same bytes.
-/// @param scale above 0. No side of the picture may have more px than max_side; beside that pictures of pixels
-/// are limited, drawings are not
+/// Svg and pdf hold the image in its own size and the objects as shapes and text, in the places of the
+/// picture at that scale; a pdf page has image px times scale in points. The same canvas gives the same
+/// bytes.
+/// @param scale above 0. No side of the picture may have more px than max_side; beside that pictures of
+/// pixels are limited, drawings are not
 /// @param flags VOSTEL_WITH_...
 VOSTEL_CALL VostelStatus vostel_picture_save(int32_t canvas, const char* path, double scale, uint32_t flags);
 /// @}
