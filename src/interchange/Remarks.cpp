@@ -1,5 +1,7 @@
 #include "interchange/Remarks.h"
 
+#include <utility>
+
 namespace vostel {
 
 namespace {
@@ -16,6 +18,11 @@ void AppendCounts(std::string& text, const char* title, const std::map<std::stri
     }
 }
 
+}
+
+void Remarks::Add(std::string remark)
+{
+    Others.push_back(std::move(remark));
 }
 
 std::string Remarks::Text() const

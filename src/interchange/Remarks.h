@@ -9,7 +9,7 @@ namespace vostel {
 // What a call that succeeds has to tell all the same.
 class Remarks {
 public:
-    void Add(std::string remark) { Others.push_back(std::move(remark)); }
+    void Add(std::string remark);
     // Counts what a format cannot hold, such as "text".
     void LeftOut(const std::string& what) { ++Missing[what]; }
 
