@@ -189,8 +189,7 @@ bool IsSound(const VostelObj& object)
                                                                   : PointCountsOf(object.TypeCode).Most;
     const bool        finite = std::all_of(object.ImagePoints.begin(), object.ImagePoints.end(),
                                            [](ImagePoint p) { return std::isfinite(p.x) && std::isfinite(p.y); });
-    return finite && object.ImagePoints.size() <= most && object.LineWidth > 0.0 &&
-           object.LineWidth <= 100.0 && object.StrokeWidth > 0 && object.StrokeWidth <= 100;
+    return finite && object.ImagePoints.size() <= most;
 }
 
 void StandOn(VostelObj& object, VostelImage& canvas)

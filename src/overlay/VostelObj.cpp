@@ -9,6 +9,12 @@
 
 namespace vostel {
 
+namespace {
+
+constexpr int MostWidth = 100;    // px of pens and handles that a state may have
+
+}
+
 VostelObj::~VostelObj() = default;
 
 void VostelObj::OnLButtonDown(unsigned int, CPoint point)
@@ -192,6 +198,10 @@ void VostelObj::Persist(StateArchive& archive)
     archive(StyleFontType, StyleColor, StyleBkMode, StyleHeight, LineColorIdle, LineColorSel, LineWidth,
             StrokeWidth, FillColor);
     archive(HandleShape, HandleColorSel, HandleColorIdle, HandleColorAlt, HandleRadius);
+    // A drawing context is not asked for shapes beyond what it is made for.
+    if (archive.IsLoading() && (HandleRadius < 0 || HandleRadius > MostWidth || StrokeWidth > MostWidth ||
+                                !(LineWidth > 0.0 && LineWidth <= MostWidth)))
+        archive.Refuse();
     archive(Hidden, Locked, OpenMade, EllipseMode, FixedSize, ClampToImage, ControlOn, ClickPerPoint,
             MaxPoints);
     archive(MeasureScale, MeasureArmed, WindowLow, WindowHigh);
