@@ -37,10 +37,9 @@ function(vostel_common_headers target)
     target_precompile_headers(${target} PRIVATE ${ARGN})
     # ccache looks into a precompiled header only if the preprocessor has kept its name.
     target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
-    if(MINGW)
-        # GCC 12 raises false alarms about the system's own headers there, which it no longer takes for such.
-        target_compile_options(${target} PRIVATE -Wno-array-bounds -Wno-stringop-overread)
-    endif()
+    # GCC 12 raises false alarms about what it inlines of the system's own headers, which it no longer takes for such.
+    target_compile_options(${target} PRIVATE
+        $<$<CXX_COMPILER_ID:GNU>:-Wno-array-bounds;-Wno-restrict;-Wno-stringop-overflow;-Wno-stringop-overread>)
 endfunction()
 
 # Shows only the names that are marked for export.
