@@ -75,8 +75,8 @@ VostelMPoint::PointCounts VostelSingleLine::CountsTaken() const
 
 void VostelSingleLine::DrawBox(COLORREF color)
 {
-    // The box in whole client px ends up to two of them before the exact one. Drawings record an ellipse.
-    const std::vector<CPoint> exact = EllipseMode && !Kit.Recorder ? ExactPolygon() : std::vector<CPoint>();
+    // The box in whole client px ends up to two of them before the exact one.
+    const std::vector<CPoint> exact = EllipseMode ? ExactPolygon() : std::vector<CPoint>();
     if (!exact.empty())
         Kit.DrawClosedPolyline(exact, color);
     else if (EllipseMode)

@@ -16,11 +16,11 @@ vostel_inner_test(interchange/SessionClassicTest)
 vostel_inner_test(interchange/SessionFilesTest)
 vostel_inner_test(interchange/SessionReadingTest)
 vostel_inner_test(interchange/SessionRoundTripTest)
-vostel_test_source(VostelAllocationTests interchange/SessionOutOfMemoryTest)
 vostel_inner_test(interchange/ZipArchiveTest)
 
-if(NOT WIN32)
+if(NOT WIN32)    # there, reading and writing files reports some failed allocations as files that cannot be had
     vostel_inner_test(interchange/FullDiskTest)
+    vostel_test_source(VostelAllocationTests interchange/SessionOutOfMemoryTest)
 endif()
 
 # The JSON library, as the library itself includes it.
