@@ -43,6 +43,13 @@ Size CheckValues(std::int32_t canvas)
     return {info.width, info.height};
 }
 
+int IndexAt(const CImage& picture, int x, int y)
+{
+    const int at = x * picture.GetBPP() % 8;
+    const int byte = *static_cast<const unsigned char*>(picture.GetPixelAddress(x, y));
+    return byte >> (8 - picture.GetBPP() - at) & ((1 << picture.GetBPP()) - 1);
+}
+
 // Indices to the bit; colors without the fourth byte, which a file need not keep.
 bool SamePicture(const CImage& a, const CImage& b)
 {
@@ -52,7 +59,8 @@ bool SamePicture(const CImage& a, const CImage& b)
         return false;
     for (int y = 0; y < a.GetHeight(); ++y) {
         for (int x = 0; x < a.GetWidth(); ++x)
-            if (std::memcmp(a.GetPixelAddress(x, y), b.GetPixelAddress(x, y), colors ? 3 : 1) != 0)
+            if (colors ? std::memcmp(a.GetPixelAddress(x, y), b.GetPixelAddress(x, y), 3) != 0
+                       : IndexAt(a, x, y) != IndexAt(b, x, y))
                 return false;
     }
     return true;
@@ -75,7 +83,8 @@ void CheckClassic(const std::string& path, bool taken, Size size)
         return;
     if (taken)
         CHECK(std::minmax(picture.GetWidth(), picture.GetHeight()) == std::minmax(size.Width, size.Height));
-    if (static_cast<long long>(picture.GetWidth()) * picture.GetHeight() > 1 << 16)
+    // Five bits a channel are saved as eight.
+    if (picture.GetBPP() == 16 || static_cast<long long>(picture.GetWidth()) * picture.GetHeight() > 1 << 16)
         return;
     for (const wchar_t* const ending : {L".png", L".bmp"})
         CheckSaved(picture, ending);

@@ -1,18 +1,26 @@
 # Targets of libFuzzer, which comes with Clang. Builds for fuzzing have no other tests; tests/fuzz/run runs them.
 add_library(VostelFuzzing STATIC fuzz/Fuzzing.cpp fuzz/FuzzerMain.cpp)
-target_include_directories(VostelFuzzing PUBLIC ${CMAKE_CURRENT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/hosts)
+target_include_directories(VostelFuzzing PUBLIC
+    ${CMAKE_CURRENT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/hosts ${PROJECT_SOURCE_DIR}/include)
 target_include_directories(VostelFuzzing SYSTEM PUBLIC ${CMAKE_CURRENT_BINARY_DIR}/doctest-include)
-target_link_libraries(VostelFuzzing PUBLIC VostelObj::VostelObj)
 vostel_test_rules(VostelFuzzing)
 
-# vostel_fuzzer(name source definition...)
-function(vostel_fuzzer name source)
+# vostel_fuzzer_of(library name source definition...)
+function(vostel_fuzzer_of library name source)
     add_executable(Fuzz-${name} fuzz/${source}.cpp)
     target_compile_definitions(Fuzz-${name} PRIVATE ${ARGN})
-    target_link_libraries(Fuzz-${name} PRIVATE VostelFuzzing)
+    target_link_libraries(Fuzz-${name} PRIVATE VostelFuzzing ${library})
     vostel_test_rules(Fuzz-${name})
     target_link_options(Fuzz-${name} PRIVATE -fsanitize=fuzzer)
     add_dependencies(VostelFuzzers Fuzz-${name})
+endfunction()
+
+# A target that drives the exports; and one that chooses among the processor variants.
+function(vostel_fuzzer name source)
+    vostel_fuzzer_of(VostelObj::VostelObj ${name} ${source} ${ARGN})
+endfunction()
+function(vostel_inner_fuzzer name source)
+    vostel_fuzzer_of(VostelCore ${name} ${source} VOSTEL_BUILDING)
 endfunction()
 
 function(vostel_regions_fuzzer name format file)
@@ -35,8 +43,14 @@ vostel_regions_fuzzer(labels labels in.png)
 vostel_regions_fuzzer(imagej-roi imagej in.roi)
 vostel_regions_fuzzer(imagej-zip imagej in.zip)
 vostel_fuzzer(gestures GestureFuzzer)
+vostel_fuzzer(plane-routines PlaneRoutinesFuzzer)
+vostel_inner_fuzzer(correlation CorrelationFuzzer)
+vostel_inner_fuzzer(fills FillsFuzzer)
+vostel_inner_fuzzer(fourier FourierFuzzer)
+vostel_inner_fuzzer(resize ResizeFuzzer)
+vostel_inner_fuzzer(threshold ThresholdFuzzer)
 
 # Makes the files that the targets begin with.
 add_executable(SeedWriter fuzz/SeedWriter.cpp)
-target_link_libraries(SeedWriter PRIVATE VostelFuzzing webp)
+target_link_libraries(SeedWriter PRIVATE VostelFuzzing VostelObj::VostelObj webp)
 vostel_test_rules(SeedWriter)
