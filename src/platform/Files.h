@@ -6,6 +6,7 @@
 #include "vostel/platform.h"
 
 #include <string>
+#include <string_view>
 
 namespace vostel {
 
@@ -26,5 +27,12 @@ std::string  NarrowAnsi(const wchar_t* text, int length);    // system code page
 std::string  NarrowOem(const wchar_t* text, int length);     // console code page; UTF-8 off Windows
 std::wstring WidenAnsi(const char* text);
 bool         IsPathSeparator(wchar_t character);    // backslash; off Windows a slash too
+
+// A path in UTF-8 from its root on, with forward slashes; empty where the system does not say.
+std::string FullUtf8Path(const std::string& path);
+// With forward slashes in the place of the separators that the system takes too.
+std::string WithSlashes(std::string utf8Path);
+// Bytes of the root of a path with forward slashes: of "/", "C:/" or "//server/share/"; 0 of a relative one.
+std::size_t RootLength(std::string_view utf8Path);
 
 }

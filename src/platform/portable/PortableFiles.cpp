@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdint>
+#include <cstring>
 #include <cwchar>
 
 namespace vostel {
@@ -142,6 +143,30 @@ std::wstring WidenAnsi(const char* text)
 bool IsPathSeparator(wchar_t character)
 {
     return character == L'\\' || character == L'/';
+}
+
+std::string FullUtf8Path(const std::string& path)
+{
+    if (path.empty() || path[0] == '/')
+        return path;
+    std::string folder(256, '\0');
+    while (!getcwd(folder.data(), folder.size())) {
+        if (errno != ERANGE)
+            return std::string();
+        folder.resize(2 * folder.size());
+    }
+    folder.resize(std::strlen(folder.c_str()));
+    return folder + "/" + path;
+}
+
+std::string WithSlashes(std::string utf8Path)
+{
+    return utf8Path;
+}
+
+std::size_t RootLength(std::string_view utf8Path)
+{
+    return utf8Path.starts_with('/') ? 1 : 0;
 }
 
 }

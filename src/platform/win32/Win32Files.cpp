@@ -6,6 +6,7 @@
 #include <shlwapi.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cwchar>
 
 namespace vostel {
@@ -117,6 +118,34 @@ std::wstring WidenAnsi(const char* text)
 bool IsPathSeparator(wchar_t character)
 {
     return character == L'\\';
+}
+
+std::string FullUtf8Path(const std::string& path)
+{
+    const std::wstring wide = Widen(CP_UTF8, path.c_str());
+    const DWORD        most = GetFullPathNameW(wide.c_str(), 0, nullptr, nullptr);
+    std::wstring       full(most, L'\0');
+    const DWORD        length = GetFullPathNameW(wide.c_str(), most, full.data(), nullptr);
+    if (length == 0 || length >= most)
+        return std::string();
+    return WithSlashes(Narrow(CP_UTF8, full.c_str(), static_cast<int>(length)));
+}
+
+std::string WithSlashes(std::string utf8Path)
+{
+    std::replace(utf8Path.begin(), utf8Path.end(), '\\', '/');
+    return utf8Path;
+}
+
+std::size_t RootLength(std::string_view utf8Path)
+{
+    if (utf8Path.size() > 1 && utf8Path[1] == ':')
+        return utf8Path.size() > 2 && utf8Path[2] == '/' ? 3 : 2;
+    if (!utf8Path.starts_with("//"))
+        return utf8Path.starts_with('/') ? 1 : 0;
+    const std::size_t server = utf8Path.find('/', 2);
+    const std::size_t share = server == std::string_view::npos ? server : utf8Path.find('/', server + 1);
+    return std::min(share, utf8Path.size() - 1) + 1;
 }
 
 }
