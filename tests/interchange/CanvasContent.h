@@ -3,6 +3,8 @@
 // All that a session brings back of a canvas, to the bit, for tests that see the private headers.
 
 #include "canvas/exports/CanvasTable.h"
+#include "fileio/FilePaths.h"
+#include "interchange/SessionFile.h"
 #include "vostel.h"
 
 #include <doctest/doctest.h>
@@ -26,7 +28,7 @@ inline std::string ObjectText(vostel::VostelObj& object, const vostel::ObjectNot
                                  notes.NoLabel ? ", no label" : "", object.Selected ? ", selected" : "") +
                        notes.Name + "\"";
     for (const unsigned char byte : object.SaveState())
-        text += Formatted("%02x", byte);
+        text += {"0123456789abcdef"[byte >> 4], "0123456789abcdef"[byte & 0xF]};
     return text + notes.Unread + "\n";
 }
 
@@ -59,4 +61,12 @@ inline std::string ContentOf(int32_t number)
     for (int i = 0; i < unit.GetLength(); ++i)
         text += Formatted(" %x", static_cast<unsigned>(unit[i]));
     return text + "\n";
+}
+
+// What saving under the path would write, without a wait for the disk.
+inline std::string SessionOf(int32_t number, const std::string& path)
+{
+    const vostel::CanvasCall canvas(number);
+    REQUIRE(bool(canvas));
+    return vostel::SessionTextOf(*canvas, canvas.Notes(), vostel::AbsolutePath(path));
 }

@@ -109,7 +109,7 @@ TEST_CASE("canvases of a host at random come back to the bit, and show the same"
         ShowImage(3, which, folder);
         RandomCanvas(3, seed).Change();
         ShowImage(4, IsFromMemory(which) ? which : 0, folder);
-        REQUIRE(vostel_session_save(3, path.c_str(), 0) == VOSTEL_OK);
+        REQUIRE(WriteText(path, SessionOf(3, path)));
         const VostelStatus opened =
             vostel_session_open(4, path.c_str(), IsFromMemory(which) ? VOSTEL_SESSION_ON_IMAGE : 0);
         REQUIRE_MESSAGE(opened == VOSTEL_OK, vostel_last_message());

@@ -26,11 +26,6 @@ std::string TextOfFile(const std::string& path)
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
-void WriteText(const std::string& path, const std::string& text)
-{
-    std::ofstream(PathOfUtf8(path), std::ios::binary) << text;
-}
-
 bool Has(const std::string& text, const std::string& part)
 {
     return text.find(part) != std::string::npos;
@@ -155,7 +150,7 @@ TEST_CASE("a missing image is VOSTEL_NOT_READ, and so is one that is none; nothi
 {
     const SavedSession saved;
     const Bystander    canvas;
-    WriteText(saved.Folder.Path("image.png"), "no picture");
+    REQUIRE(WriteText(saved.Folder.Path("image.png"), "no picture"));
     CHECK(Open(canvas.Number, saved.Path()) == VOSTEL_NOT_READ);
     CHECK(Has(Message(), "image.png"));
     canvas.CheckUntouched();

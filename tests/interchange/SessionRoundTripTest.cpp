@@ -1,13 +1,9 @@
 // What leaves as a session comes back to the bit, of canvases in all kinds of states.
 
-#include "fileio/FilePaths.h"
 #include "interchange/CanvasContent.h"
 #include "interchange/RandomCanvas.h"
-#include "interchange/SessionFile.h"
 #include "support/OpenCanvas.h"
 #include "support/TempFolder.h"
-
-#include <fstream>
 
 namespace {
 
@@ -56,18 +52,6 @@ std::vector<uint32_t> ShownOn(int32_t canvas)
     return pixels;
 }
 
-std::string SessionOf(int32_t canvas, const std::string& path)
-{
-    const vostel::CanvasCall call(canvas);
-    return vostel::SessionTextOf(*call, call.Notes(), vostel::AbsolutePath(path));
-}
-
-// Writes a session without waiting for the disk.
-void WriteSession(int32_t canvas, const std::string& path)
-{
-    std::ofstream(path, std::ios::binary) << SessionOf(canvas, path);
-}
-
 void CheckSaved(int32_t canvas, const std::string& path)
 {
     REQUIRE(vostel_session_save(canvas, path.c_str(), 0) == VOSTEL_OK);
@@ -89,7 +73,7 @@ void CheckRoundTrip(const TempFolder& folder, unsigned seed, bool frames)
     if (seed % 3 == 0)
         RandomCanvas(second.Number, seed + 1).Change();    // of which nothing is to stay
     const std::string saved = PathOf(folder, "one.vostel.json");
-    WriteSession(first.Number, saved);
+    REQUIRE(WriteText(saved, SessionOf(first.Number, saved)));
     if (seed % 64 == 0)
         CheckSaved(first.Number, saved);
     const VostelStatus opened =

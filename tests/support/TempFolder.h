@@ -45,13 +45,20 @@ private:
     }
 };
 
+// As a new file: some file systems wait for the disk when one that has bytes is cut and written anew.
 inline bool WriteBytes(const std::string& path, const std::vector<unsigned char>& bytes)
 {
+    std::remove(path.c_str());
     std::FILE* const file = std::fopen(path.c_str(), "wb");
     if (!file)
         return false;
     const bool written = bytes.empty() || std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
     return std::fclose(file) == 0 && written;
+}
+
+inline bool WriteText(const std::string& path, const std::string& text)
+{
+    return WriteBytes(path, std::vector<unsigned char>(text.begin(), text.end()));
 }
 
 // Empty for a file that cannot be opened.
