@@ -352,6 +352,7 @@ void Document::ImageChanged() noexcept
 {
     ImageCame = Stale = true;
     Unread.ImageMembers.clear();
+    std::erase_if(Unread.Words, [](const UnreadParts::Word& word) { return word.OfImage; });
     if (AllWent)
         Unread = UnreadParts();
     Events.Tell(VOSTEL_IMAGE_CHANGED, 0);

@@ -18,10 +18,19 @@ struct UnreadParts {
         std::size_t Below = 0;    // how many known ones lie below it
         std::string Text;
     };
+    // A word in the place of which another one stands, until that changes.
+    struct Word {
+        const char* Part = "";    // of the session; empty for its top
+        const char* Member = "";
+        std::string StandIn;
+        std::string Text;
+        bool        OfImage = false;    // goes with the image
+    };
     std::int64_t        Version = 1;
     std::string         Members;         // an object in the shape of the session; empty for nothing
     std::string         ImageMembers;    // of the image, with which they go
     std::vector<Object> Objects;
+    std::vector<Word>   Words;
 };
 
 // An object with its numbers and its selection, and what is kept beside it. Label 0 of a region stands for

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <set>
 #include <vector>
 
@@ -20,27 +21,65 @@ constexpr std::size_t MostMembers = 1000;    // of one object, which is searched
     Fail(VOSTEL_BAD_FORMAT, "line " + std::to_string(1 + std::count(text.begin(), end, '\n')) + ": " + what);
 }
 
+// Goes through a text and notes how many of its bytes have been read.
+class CountingIterator {
+public:
+    using iterator_category = std::input_iterator_tag;
+    using value_type = char;
+    using difference_type = std::ptrdiff_t;
+    using pointer = const char*;
+    using reference = const char&;
+
+    CountingIterator(const std::string& text, std::size_t place, std::size_t& read)
+        : Text(&text), Place(place), Read(&read)
+    {
+    }
+    reference         operator*() const { return (*Text)[Place]; }
+    CountingIterator& operator++()
+    {
+        *Read = ++Place;
+        return *this;
+    }
+    CountingIterator operator++(int)
+    {
+        const CountingIterator before = *this;
+        ++*this;
+        return before;
+    }
+    bool operator==(const CountingIterator& other) const { return Place == other.Place; }
+
+private:
+    const std::string* Text;
+    std::size_t        Place;
+    std::size_t*       Read;
+};
+
 // Counts members and levels while a text is read.
 class Bounds {
 public:
+    explicit Bounds(const std::string& text) : Text(text) {}
+
+    std::size_t Read = 0;    // bytes of the text
+
     void Check(int depth, Json::parse_event_t event, const Json& parsed)
     {
         if (event == Json::parse_event_t::object_start || event == Json::parse_event_t::array_start) {
             if (depth >= DeepestNesting)
-                Fail(VOSTEL_BAD_FORMAT, "values are nested too deeply");
+                FailAt(Text, Read, "values are nested too deeply");
             Names.emplace_back();
         } else if (event == Json::parse_event_t::object_end || event == Json::parse_event_t::array_end) {
             Names.pop_back();
         } else if (event == Json::parse_event_t::key) {
             const std::string& name = parsed.get_ref<const std::string&>();
             if (!Names.back().insert(name).second)
-                Fail(VOSTEL_BAD_FORMAT, "an object has two members \"" + name + "\"");
+                FailAt(Text, Read, "an object has two members \"" + name + "\"");
             if (Names.back().size() > MostMembers)
-                Fail(VOSTEL_BAD_FORMAT, "an object has too many members");
+                FailAt(Text, Read, "an object has too many members");
         }
     }
 
 private:
+    const std::string&                 Text;
     std::vector<std::set<std::string>> Names;    // of the members of each value that is open
 };
 
@@ -84,16 +123,18 @@ void AppendJson(std::string& text, const Json& value, std::size_t level)
 
 Json ParseJson(const std::string& text)
 {
-    Bounds bounds;
+    Bounds                 bounds(text);
+    const CountingIterator first(text, 0, bounds.Read);
+    const CountingIterator last(text, text.size(), bounds.Read);
     try {
-        return Json::parse(text, [&](int depth, Json::parse_event_t event, Json& parsed) {
+        return Json::parse(first, last, [&](int depth, Json::parse_event_t event, Json& parsed) {
             bounds.Check(depth, event, parsed);
             return true;
         });
     } catch (const Json::parse_error& error) {
         FailAt(text, error.byte, "this is no JSON");
     } catch (const Json::out_of_range&) {
-        Fail(VOSTEL_BAD_FORMAT, "a number is too large");
+        FailAt(text, bounds.Read, "a number is too large");
     }
 }
 

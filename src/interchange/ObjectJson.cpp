@@ -107,18 +107,31 @@ std::vector<int> StrokesOfJson(const Json& list, const std::string& name)
     return starts;
 }
 
+// 0 for a word that stands for none.
+std::uint32_t FlagOfWord(const std::string& text)
+{
+    const auto found =
+        std::find_if(Flags.begin(), Flags.end(), [&](const Word& word) { return text == word.Text; });
+    return found == Flags.end() ? 0 : static_cast<std::uint32_t>(found->Value);
+}
+
 // Words that a newer version has are passed over.
 std::uint32_t FlagsOfJson(const Json& list, const std::string& name)
 {
     std::uint32_t flags = 0;
-    for (const Json& flag : NeedArray(list, name)) {
-        const std::string text = TextValue(flag, name);
-        for (const Word& word : Flags) {
-            if (text == word.Text)
-                flags |= static_cast<std::uint32_t>(word.Value);
-        }
-    }
+    for (const Json& flag : NeedArray(list, name))
+        flags |= FlagOfWord(TextValue(flag, name));
     return flags;
+}
+
+Json UnknownFlags(const Json& list)
+{
+    Json unknown = Json::array();
+    for (const Json& flag : list) {
+        if (flag.is_string() && FlagOfWord(flag.get_ref<const std::string&>()) == 0)
+            unknown.push_back(flag);
+    }
+    return unknown;
 }
 
 VostelStyle StyleOfJson(const Json& object, int kind, const std::string& name)
@@ -241,19 +254,40 @@ Json UnknownMembers(const Json& object, std::initializer_list<const char*> known
     return unknown;
 }
 
-Json UnknownOfObject(const Json& object, std::initializer_list<const char*> more)
+Json UnknownOfObject(const Json& object)
 {
-    Json unknown =
-        UnknownMembers(object, {"kind", "points", "strokes", "name", "label", "flags", "style", "text"});
-    for (const char* const name : more)
-        unknown.erase(std::string(name));
+    Json unknown = UnknownMembers(object, {"kind", "points", "strokes", "name", "label", "flags", "style",
+                                           "text", "window", "selected", "handles", "numbers", "state"});
     if (const Json* const style = Member(object, "style")) {
         Json rest = UnknownMembers(*style, {"line_color", "selected_color", "handle_color", "fill_color",
                                             "line_width", "text_height"});
         if (!rest.empty())
             unknown["style"] = std::move(rest);
     }
+    if (const Json* const flags = Member(object, "flags")) {
+        Json rest = UnknownFlags(*flags);
+        if (!rest.empty())
+            unknown["flags"] = std::move(rest);
+    }
     return unknown;
+}
+
+std::vector<std::string> NamesOfUnknown(const Json& unknown, const std::string& place)
+{
+    const std::string        before = place.empty() ? "" : place + ".";
+    std::vector<std::string> names;
+    for (const auto& [name, value] : unknown.items()) {
+        if (!IsKnown(name, {"view", "contrast", "scale", "counts", "raw", "style", "flags"})) {
+            names.push_back(before + name);    // the others have known members as well
+        } else if (value.is_object()) {
+            for (std::string& inner : NamesOfUnknown(value, before + name))
+                names.push_back(std::move(inner));
+        } else if (value.is_array()) {
+            for (const Json& word : value)
+                names.push_back(before + name + "." + (word.is_string() ? word.get<std::string>() : ""));
+        }
+    }
+    return names;
 }
 
 void PutBack(Json& object, const Json& unknown)
@@ -264,6 +298,8 @@ void PutBack(Json& object, const Json& unknown)
             object[name] = value;
         else if (own->is_object() && value.is_object())
             PutBack(*own, value);
+        else if (own->is_array() && value.is_array())
+            own->insert(own->end(), value.begin(), value.end());
     }
 }
 

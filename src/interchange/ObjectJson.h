@@ -5,6 +5,7 @@
 
 #include <initializer_list>
 #include <string>
+#include <vector>
 
 namespace vostel {
 
@@ -36,10 +37,11 @@ std::string KindOfJson(const Json& object, const std::string& place);
 
 // The members of an object that are not known, in their order.
 Json UnknownMembers(const Json& object, std::initializer_list<const char*> known);
-// The same of what ObjectOfJson reads, whose style may have such members too; more names the other known
-// ones.
-Json UnknownOfObject(const Json& object, std::initializer_list<const char*> more);
-// Puts unknown members behind the known ones; where both have an object, within it.
+// The same of an object in a file of ours, whose style and flags may have such members too.
+Json UnknownOfObject(const Json& object);
+// The names of unknown members, such as "polygon.style.dash" where the place is "polygon".
+std::vector<std::string> NamesOfUnknown(const Json& unknown, const std::string& place);
+// Puts unknown members behind the known ones; where both have an object or a list, within it.
 void PutBack(Json& object, const Json& unknown);
 
 // A member, null if there is none; it must be an object.

@@ -44,10 +44,14 @@ std::vector<FileObject> ObjectsOfRegionJson(const std::string& text, Remarks& to
         const std::string place = "objects[" + std::to_string(i) + "]";
         const std::string word = KindOfJson(list[i], place);
         const int         kind = KindOfConstant(word);
-        FileObject        object = kind < 0 ? FileObject() : ObjectOfJson(list[i], kind, place).Object;
-        if (kind < 0)
+        if (kind < 0) {
             told.LeftOut(word);
-        else if (object.Points.empty())
+            continue;
+        }
+        FileObject object = ObjectOfJson(list[i], kind, place).Object;
+        for (const std::string& name : NamesOfUnknown(UnknownOfObject(list[i]), word))
+            told.Ignored(name);
+        if (object.Points.empty())
             told.LeftOut("unfinished " + word);
         else
             objects.push_back(std::move(object));

@@ -18,6 +18,16 @@ void AppendCounts(std::string& text, const char* title, const std::map<std::stri
     }
 }
 
+void AppendNames(std::string& text, const char* title, const std::set<std::string>& names)
+{
+    const char* before = title;
+    for (const std::string& name : names) {
+        text += text.empty() || before != title ? "" : "; ";
+        text += before + name;
+        before = ", ";
+    }
+}
+
 }
 
 void Remarks::Add(std::string remark)
@@ -30,6 +40,8 @@ std::string Remarks::Text() const
     std::string text;
     AppendCounts(text, "left out: ", Missing);
     AppendCounts(text, "kept but not shown: ", Unshown);
+    AppendNames(text, "kept but not understood: ", Unread);
+    AppendNames(text, "ignored: ", PassedOver);
     for (const std::string& remark : Others) {
         if (!text.empty())
             text += "; ";

@@ -29,6 +29,21 @@ int SelIndexOf(const VostelImage& canvas)
     return -1;
 }
 
+const char* WordOfLanguage(bool english)
+{
+    return english ? "en" : "zh";
+}
+
+void PutWordsBack(Json& json, const std::vector<UnreadParts::Word>& words)
+{
+    for (const UnreadParts::Word& word : words) {
+        const auto  part = json.find(word.Part);
+        Json* const holder = *word.Part == '\0' ? &json : part == json.end() ? nullptr : &*part;
+        if (holder && IsText(*holder, word.Member, word.StandIn))
+            (*holder)[word.Member] = word.Text;
+    }
+}
+
 Json JsonOfSession(VostelImage& canvas, const Document& notes, const std::string& path)
 {
     Json json;
@@ -45,7 +60,7 @@ Json JsonOfSession(VostelImage& canvas, const Document& notes, const std::string
         json["contrast"] = JsonOfContrast(canvas.Contrast());
     json["scale"] = JsonOfScale(canvas.View.Settings, canvas.MeasureScale);
     json["smooth"] = canvas.CanvasSurface.StretchMode == HALFTONE;
-    json["language"] = canvas.View.Settings.English ? "en" : "zh";
+    json["language"] = WordOfLanguage(canvas.View.Settings.English);
     ElementCounts counts;
     json["objects"] = JsonOfObjects(canvas, notes, counts);
     if (!(counts == canvas))
@@ -54,6 +69,7 @@ Json JsonOfSession(VostelImage& canvas, const Document& notes, const std::string
         json["current"] = canvas.SelIndex;
     if (!notes.Unread.Members.empty())
         PutBack(json, ParseJson(notes.Unread.Members));
+    PutWordsBack(json, notes.Unread.Words);
     return json;
 }
 
@@ -62,40 +78,46 @@ struct SessionContent {
     Json                          File;
     std::optional<ImageReference> Image;
     std::optional<SavedView>      View;
-    std::optional<ContrastState>  Contrast;
+    std::optional<SavedContrast>  Contrast;
     std::optional<SavedScale>     Scale;
     std::optional<bool>           Smooth;
     std::optional<bool>           English;
+    std::string                   LaterLanguage;    // empty, or of a later version
     UnreadParts                   Unread;
 };
 
-UnreadParts UnreadOf(const Json& file)
+std::string TextOfUnknown(const Json& unknown, const std::string& place, Remarks& told)
+{
+    for (const std::string& name : NamesOfUnknown(unknown, place))
+        told.KeptUnread(name);
+    return unknown.empty() ? std::string() : JsonTextOf(unknown);
+}
+
+UnreadParts UnreadOf(const Json& file, Remarks& told)
 {
     UnreadParts unread;
     unread.Version = WholeNumber(*Member(file, "version"), 1, INT64_MAX, "version");
     Json members = UnknownMembers(file, {"format", "version", "image", "view", "contrast", "scale", "smooth",
                                          "language", "objects", "counts", "current"});
     PutBack(members, UnknownOfParts(file));
-    if (!members.empty())
-        unread.Members = JsonTextOf(members);
-    if (const Json* const image = Member(file, "image")) {
-        const Json rest = UnknownOfImage(*image);
-        if (!rest.empty())
-            unread.ImageMembers = JsonTextOf(rest);
-    }
+    unread.Members = TextOfUnknown(members, "", told);
+    if (const Json* const image = Member(file, "image"))
+        unread.ImageMembers = TextOfUnknown(UnknownOfImage(*image), "image", told);
     return unread;
 }
 
-std::optional<bool> EnglishOfJson(const Json& file, Remarks& told)
+void ReadLanguage(const Json& file, SessionContent& content, Remarks& told)
 {
     const Json* const language = Member(file, "language");
     if (!language)
-        return std::nullopt;
+        return;
     const std::string name = TextValue(*language, "language");
-    if (name == "zh" || name == "en")
-        return name == "en";
-    told.Add("the language \"" + name + "\" is unknown");
-    return std::nullopt;
+    if (name == "zh" || name == "en") {
+        content.English = name == "en";
+        return;
+    }
+    content.LaterLanguage = name;
+    told.Add("the language \"" + name + "\" is unknown: that of the canvas stays");
 }
 
 SessionContent ReadContent(const std::string& text, const std::string& path, Remarks& told)
@@ -105,7 +127,7 @@ SessionContent ReadContent(const std::string& text, const std::string& path, Rem
     const Json& file = content.File;
     if (!IsText(file, "format", Format) || !Member(file, "version"))
         Fail(VOSTEL_BAD_FORMAT, "the file is no session");
-    content.Unread = UnreadOf(file);
+    content.Unread = UnreadOf(file, told);
     if (const Json* const image = ObjectMember(file, "image", ""))
         content.Image = ReferenceOfJson(*image, path);
     if (const Json* const view = ObjectMember(file, "view", ""))
@@ -116,7 +138,7 @@ SessionContent ReadContent(const std::string& text, const std::string& path, Rem
         content.Scale = ScaleOfJson(*scale);
     if (Member(file, "smooth"))
         content.Smooth = TruthOf(file, "smooth", "");
-    content.English = EnglishOfJson(file, told);
+    ReadLanguage(file, content, told);
     return content;
 }
 
@@ -175,7 +197,7 @@ public:
         Stage(std::move(view), sameSize);
         Commit([&] {
             ShowKeeps keeps;
-            keeps.Beginning = Content.Contrast ? &*Content.Contrast : nullptr;
+            keeps.Beginning = Content.Contrast ? &Content.Contrast->State : nullptr;
             Canvas.ShowSamples(std::move(samples), keeps);
             Canvas.Source = std::move(source);
         });
@@ -213,16 +235,27 @@ private:
         }
         if (Content.View)
             TakeView(View, *Content.View, sameImageSize);
-        const ViewExchange exchange(Canvas.View, View);
         Objects.Unread = std::move(Content.Unread);
+        NoteWords();
+        const ViewExchange exchange(Canvas.View, View);
         if (const Json* const list = Member(Content.File, "objects"))
             ReadObjects(*list, Canvas, Objects, Told);
         if (const Json* const counts = ObjectMember(Content.File, "counts", ""))
-            Objects.Counts = CountsOfJson(*counts);
+            TakeCounts(*counts, Objects.Counts);
         if (const Json* const current = Member(Content.File, "current"))
             Objects.SelIndex = static_cast<int>(WholeNumber(*current, INT32_MIN, INT32_MAX, "current"));
         for (const PlacedObject& placed : Objects.Objects)
             Notes.Settle(*placed.Object);
+    }
+
+    void NoteWords()
+    {
+        if (Content.Contrast && !Content.Contrast->LaterMap.empty())
+            Objects.Unread.Words.push_back(
+                {"contrast", "map", Content.Contrast->State.Map, Content.Contrast->LaterMap, true});
+        if (!Content.LaterLanguage.empty())
+            Objects.Unread.Words.push_back(
+                {"", "language", WordOfLanguage(View.Settings.English), Content.LaterLanguage, false});
     }
 
     template <typename Clear>
@@ -241,9 +274,9 @@ private:
     {
         Canvas.ReserveDeletion();
         const ContrastState before = Canvas.Contrast();
-        if (Content.Contrast && !(*Content.Contrast == before)) {
+        if (Content.Contrast && !(Content.Contrast->State == before)) {
             try {
-                Canvas.ApplyContrast(*Content.Contrast);
+                Canvas.ApplyContrast(Content.Contrast->State);
             } catch (...) {
                 Canvas.ApplyContrast(before);
                 throw;

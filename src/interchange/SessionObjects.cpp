@@ -303,9 +303,11 @@ void ReadObjects(const Json& list, VostelImage& canvas, DocumentContent& content
         placed.Object = MakeFromJson(json, *one, place, canvas, placed.Notes, told);
         placed.Object->Selected = TruthOf(json, "selected", place);
         placed.Object->ShowHandles = !Member(json, "handles") || TruthOf(json, "handles", place);
-        const Json unknown = UnknownOfObject(json, {"window", "selected", "handles", "numbers", "state"});
+        const Json unknown = UnknownOfObject(json);
         if (!unknown.empty())
             placed.Notes.Unread = JsonTextOf(unknown);
+        for (const std::string& name : NamesOfUnknown(unknown, word))
+            told.KeptUnread(name);
         TakeNumbers(json, place, content.Counts.Next(placed.Object->TypeCode), *placed.Object);
         if (placed.Object->Selected)
             content.SelIndex = static_cast<int>(content.Objects.size());

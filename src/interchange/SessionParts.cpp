@@ -143,10 +143,11 @@ Json JsonOfContrast(const ContrastState& state)
     return json;
 }
 
-std::optional<ContrastState> ContrastOfJson(const Json& contrast, Remarks& told)
+std::optional<SavedContrast> ContrastOfJson(const Json& contrast, Remarks& told)
 {
     const std::string place = "contrast";
-    ContrastState     state;
+    SavedContrast     saved;
+    ContrastState&    state = saved.State;
     const auto        color = [&](const char* name, unsigned& taken) {
         if (const Json* const value = Member(contrast, name))
             taken = ColorOfWord(*value, 8, place + "." + name);
@@ -159,15 +160,17 @@ std::optional<ContrastState> ContrastOfJson(const Json& contrast, Remarks& told)
     NeedAbove0(state.Gamma, "contrast.gamma");
     if (const Json* const map = Member(contrast, "map")) {
         const std::string name = TextValue(*map, "contrast.map");
-        if (IsColorMap(name))
+        if (IsColorMap(name)) {
             state.Map = name;
-        else
+        } else {
+            saved.LaterMap = name;
             told.Add("the color map \"" + name + "\" is unknown: gray stands in its place");
+        }
     }
     color("below", state.Below);
     color("above", state.Above);
     color("not_finite", state.NotFinite);
-    return Member(contrast, "low") && Member(contrast, "high") ? std::optional(state) : std::nullopt;
+    return Member(contrast, "low") && Member(contrast, "high") ? std::optional(saved) : std::nullopt;
 }
 
 Json JsonOfScale(const CanvasSettings& settings, double drawnScale)
@@ -202,26 +205,32 @@ Json JsonOfCounts(const ElementCounts& counts)
     return json;
 }
 
-ElementCounts CountsOfJson(const Json& counts)
+void TakeCounts(const Json& counts, ElementCounts& taken)
 {
-    ElementCounts taken;
     for (const CountWord& word : Counts)
         Take(counts, word.Name, "counts", taken.*word.Count);
-    return taken;
 }
 
 Json UnknownOfParts(const Json& session)
 {
     Json       unknown = Json::object();
-    const auto note = [&](const char* part, std::initializer_list<const char*> known) {
-        const Json* const value = Member(session, part);
-        Json              rest = value ? UnknownMembers(*value, known) : Json();
+    const auto keep = [&](const char* part, Json rest) {
         if (!rest.empty())
             unknown[part] = std::move(rest);
+    };
+    const auto note = [&](const char* part, std::initializer_list<const char*> known) {
+        if (const Json* const value = Member(session, part))
+            keep(part, UnknownMembers(*value, known));
     };
     note("view", {"scale", "area", "centre", "middle", "any_scale", "anchor"});
     note("contrast", {"low", "high", "gamma", "map", "below", "above", "not_finite"});
     note("scale", {"units_per_pixel", "unit", "drawn"});
+    if (const Json* const counts = Member(session, "counts")) {
+        Json rest = UnknownMembers(*counts, {});
+        for (const CountWord& word : Counts)
+            rest.erase(std::string(word.Name));
+        keep("counts", std::move(rest));
+    }
     return unknown;
 }
 

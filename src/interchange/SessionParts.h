@@ -31,9 +31,14 @@ SavedView ViewOfJson(const Json& view);
 // beyond what coordinates reach stays.
 void TakeView(CanvasView& view, const SavedView& saved, bool sameImageSize);
 
-// Without numbers where there are none, as of an image without finite values.
+struct SavedContrast {
+    ContrastState State;
+    std::string   LaterMap;    // of a later version, for which the state's map stands; else empty
+};
+
+// Without numbers where there are none.
 Json                         JsonOfContrast(const ContrastState& state);
-std::optional<ContrastState> ContrastOfJson(const Json& contrast, Remarks& told);
+std::optional<SavedContrast> ContrastOfJson(const Json& contrast, Remarks& told);
 
 struct SavedScale {
     double  UnitsPerPixel = 1.0;
@@ -43,8 +48,9 @@ struct SavedScale {
 Json       JsonOfScale(const CanvasSettings& settings, double drawnScale);
 SavedScale ScaleOfJson(const Json& scale);
 
-Json          JsonOfCounts(const ElementCounts& counts);
-ElementCounts CountsOfJson(const Json& counts);
+Json JsonOfCounts(const ElementCounts& counts);
+// What is not said is as taken has it.
+void TakeCounts(const Json& counts, ElementCounts& taken);
 
 // Members of those that are not known.
 Json UnknownOfParts(const Json& session);

@@ -126,6 +126,9 @@ TEST_CASE("what is wrong is told with its place, and nothing is added")
     CHECK(import(head + good + "{\"kind\": \"hologram\"}]}") == VOSTEL_OK);
     CHECK(std::string(vostel_last_message()) == "left out: 1 hologram");
     CHECK(ObjectsOf(canvas.Number).size() == 1);
+    CHECK(import(head + "{\"kind\": \"arrow\", \"points\": [[1, 2], [3, 4]], \"spin\": 1, "
+                        "\"flags\": [\"hidden\", \"glowing\"], \"style\": {\"dash\": 2}}]}") == VOSTEL_OK);
+    CHECK(std::string(vostel_last_message()) == "ignored: arrow.flags.glowing, arrow.spin, arrow.style.dash");
     CHECK(vostel_regions_import(canvas.Number, folder.Path("none.json").c_str(), nullptr, nullptr) ==
           VOSTEL_NOT_READ);
     CHECK(vostel_regions_import(canvas.Number, folder.Path("a.json").c_str(), "telepathy", nullptr) ==

@@ -9,8 +9,6 @@
 
 #include "VostelObj.h"
 
-#include <fstream>
-
 using vostel::Json;
 
 namespace {
@@ -45,17 +43,15 @@ public:
         REQUIRE(vostel_set_scale(number, 0.5, "mm") == VOSTEL_OK);
         REQUIRE(vostel_select(number, &Polygon, 1) == VOSTEL_OK);
         Saved = Save();
+        REQUIRE(vostel_session_save(number, Path().c_str(), 0) == VOSTEL_OK);
+        const std::vector<unsigned char> bytes = ReadBytes(Path());
+        REQUIRE(Saved == std::string(bytes.begin(), bytes.end()));
     }
 
-    std::string Save() const
-    {
-        REQUIRE(vostel_session_save(Canvas.Number, Path().c_str(), 0) == VOSTEL_OK);
-        const std::vector<unsigned char> bytes = ReadBytes(Path());
-        return {bytes.begin(), bytes.end()};
-    }
+    std::string  Save() const { return SessionOf(Canvas.Number, Path()); }
     VostelStatus Open(const std::string& text) const
     {
-        std::ofstream(Path(), std::ios::binary) << text;
+        REQUIRE(WriteText(Path(), text));
         return vostel_session_open(Canvas.Number, Path().c_str(), VOSTEL_SESSION_ON_IMAGE);
     }
     VostelStatus Open(const char* text) const { return Open(std::string(text)); }
@@ -115,14 +111,19 @@ TEST_CASE("members that are not known survive, and so does a higher version")
     Json               file = bench.File();
     file["version"] = 2;
     file["later"] = {{"list", {1, 2.5, "three", nullptr}}, {"huge", 18446744073709551615u}};
-    for (const char* const part : {"image", "view", "contrast", "scale"})
+    for (const char* const part : {"image", "view", "contrast", "scale", "counts"})
         file[part]["later"] = part;
     file["objects"][0]["later"] = {{"a", 1}};
     file["objects"][0]["style"]["dash"] = "4 2";
+    file["objects"][0]["flags"].push_back("glowing");
+    file["objects"][0]["flags"].push_back("ghost");
     file["objects"][2]["later"] = "\xe6\x96\x87";
     const std::string text = vostel::JsonTextOf(file);
     REQUIRE(bench.Open(text) == VOSTEL_OK);
-    CHECK(LastMessage() == "");
+    CHECK(LastMessage() ==
+          "kept but not understood: contrast.later, counts.later, free_strokes.later, image.later, later, "
+          "polygon.flags.ghost, polygon.flags.glowing, polygon.later, polygon.style.dash, scale.later, "
+          "view.later");
     CHECK(FirstDifference(bench.Save(), text) == "");
     // With their objects they come back from the history too.
     const auto objects = ObjectsOf(bench.Canvas.Number);
@@ -133,6 +134,68 @@ TEST_CASE("members that are not known survive, and so does a higher version")
     // Another image leaves nothing of them.
     ShowBytes(bench.Canvas.Number, Width, Height, [](int x, int y) { return x + y; });
     CHECK(bench.Save().find("later") == std::string::npos);
+}
+
+TEST_CASE("flags that are not known survive the known ones")
+{
+    const SessionBench bench;
+    Json               file = bench.File();
+    file["objects"][0]["flags"] = {"glowing", "locked"};
+    REQUIRE(bench.Open(file) == VOSTEL_OK);
+    CHECK(vostel::ParseJson(bench.Save())["objects"][0]["flags"] == Json({"locked", "glowing"}));
+    const VostelObject object = ObjectsOf(bench.Canvas.Number)[0];
+    REQUIRE(vostel_object_set_flags(bench.Canvas.Number, object, 0) == VOSTEL_OK);
+    const std::string saved = bench.Save();
+    CHECK(vostel::ParseJson(saved)["objects"][0]["flags"] == Json::array({"glowing"}));
+    REQUIRE(bench.Open(saved) == VOSTEL_OK);
+    CHECK(FirstDifference(bench.Save(), saved) == "");
+}
+
+TEST_CASE("a color map and a language that are not known survive until others are chosen")
+{
+    const SessionBench bench;
+    const int32_t      number = bench.Canvas.Number;
+    Json               file = bench.File();
+    file["contrast"]["map"] = "aurora";
+    file["language"] = "eo";
+    const std::string text = vostel::JsonTextOf(file);
+    REQUIRE(bench.Open(text) == VOSTEL_OK);
+    CHECK(LastMessage().find("\"aurora\" is unknown") != std::string::npos);
+    CHECK(LastMessage().find("\"eo\" is unknown") != std::string::npos);
+    CHECK(FirstDifference(bench.Save(), text) == "");
+    REQUIRE(bench.Open(bench.Save()) == VOSTEL_OK);
+    CHECK(FirstDifference(bench.Save(), text) == "");
+    REQUIRE(vostel_contrast_map(number, "fire") == VOSTEL_OK);
+    REQUIRE(vostel_canvas_set_language(number, "en") == VOSTEL_OK);
+    CHECK(vostel::ParseJson(bench.Save())["contrast"]["map"] == "fire");
+    CHECK(vostel::ParseJson(bench.Save())["language"] == "en");
+    // Where the contrast of the session is not taken, its map is not either.
+    ShowBytes(number, Width, Height, [](int x, int y) { return x * y; });
+    REQUIRE(bench.Open(text) == VOSTEL_OK);
+    CHECK(vostel::ParseJson(bench.Save())["contrast"]["map"] == "gray");
+    // Another image brings a contrast of its own.
+    ShowBytes(number, Width, Height, [](int x, int y) { return x + y; });
+    REQUIRE(bench.Open(text) == VOSTEL_OK);
+    std::vector<unsigned char> samples(40 * 30);
+    REQUIRE(vostel_image_show(number, VOSTEL_U8, samples.data(), Width, Height, 0, VOSTEL_KEEP_OBJECTS) ==
+            VOSTEL_OK);
+    CHECK(vostel::ParseJson(bench.Save())["contrast"]["map"] == "gray");
+}
+
+TEST_CASE("counts that a file does not say follow from its objects")
+{
+    const SessionBench bench;
+    Json               file = bench.File();
+    REQUIRE(bench.Open(file) == VOSTEL_OK);
+    file.erase("counts");
+    REQUIRE(bench.Open(file) == VOSTEL_OK);
+    const std::string alone = bench.Save();
+    CHECK_FALSE(vostel::ParseJson(alone).contains("counts"));
+    file["counts"] = {{"elements", 77}};
+    REQUIRE(bench.Open(file) == VOSTEL_OK);
+    Json other = vostel::ParseJson(bench.Save());
+    CHECK(other["counts"]["elements"] == 77);
+    CHECK(other["counts"]["polygon"] == 1);
 }
 
 TEST_CASE("objects of an unknown kind stay in their places")
@@ -357,6 +420,26 @@ TEST_CASE("bombs and oddities of JSON are refused")
         CHECK(LastMessage() != "");
     }
     CHECK(IsAsBefore(bench, before));
+}
+
+TEST_CASE("what is wrong with the JSON itself is told with its line")
+{
+    const SessionBench bench;
+    const std::string  head = "{\n\"format\": \"vostel-session\",\n\"version\": 1,\n";
+    const std::string  deep = "\"a\":\n" + std::string(70, '[') + "1" + std::string(70, ']') + "}\n\n";
+    std::string        many;
+    for (int i = 0; i < 1001; ++i)
+        many += "\"m" + std::to_string(i) + "\": 0,\n";
+    const std::string inside = "\"a\": {\"b\":\n1,\n\"b\": 2\n}}\n";
+    for (const auto& [rest, message] :
+         {std::pair(deep, "line 5: values are nested too deeply"),
+          std::pair(inside, "line 6: an object has two members \"b\""),
+          std::pair("\"a\": [\n1e999,\n2]}" + std::string(), "line 5: a number is too large"),
+          std::pair("\"a\": {\n" + many + "\"c\": 1}}", "line 1005: an object has too many members"),
+          std::pair("\"a\": [1,\n2\n3]}" + std::string(), "line 6: this is no JSON")}) {
+        CHECK(bench.Open(head + rest) == VOSTEL_BAD_FORMAT);
+        CHECK(LastMessage() == message);
+    }
 }
 
 TEST_CASE("messages name the place")
