@@ -13,6 +13,7 @@
 #include "interchange/DeflatedPixels.h"
 #include "interchange/FileBytes.h"
 #include "interchange/LabelLegend.h"
+#include "interchange/SampleHash.h"
 #include "platform/Files.h"
 
 #include <algorithm>
@@ -34,31 +35,57 @@ std::size_t PixelsOf(ImageSize size)
 }
 
 template <typename Sample>
-void Paint(const std::vector<LabelledRegion>& regions, int width, Sample* labels)
+std::vector<Sample> Painted(const std::vector<LabelledRegion>& regions, ImageSize size)
 {
+    std::vector<Sample> labels(PixelsOf(size));
     for (const LabelledRegion& region : regions) {
         for (const PixelRun& run : region.Runs) {
-            Sample* const row = labels + static_cast<std::size_t>(run.Row) * static_cast<std::size_t>(width);
+            const auto row = labels.begin() + static_cast<std::ptrdiff_t>(run.Row) * size.Width;
             std::fill(row + run.Begin, row + run.End, static_cast<Sample>(region.Label));
         }
     }
+    return labels;
 }
 
-std::string PngOf(const std::vector<LabelledRegion>& regions, ImageSize size)
+// 32 bits a label, low byte first.
+template <typename Sample>
+void WriteLabels(std::span<const Sample> labels, std::span<unsigned char> bytes)
 {
-    std::vector<std::uint16_t> labels(PixelsOf(size));
-    Paint(regions, size.Width, labels.data());
-    return PngOf(DeflateGray16(labels.data(), size.Width, size.Height));
-}
-
-std::string RawOf(const std::vector<LabelledRegion>& regions, ImageSize size)
-{
-    std::vector<std::int32_t> labels(PixelsOf(size));
-    Paint(regions, size.Width, labels.data());
-    std::string     file(4 * labels.size(), '\0');
-    const std::span bytes(reinterpret_cast<unsigned char*>(file.data()), file.size());
     for (std::size_t i = 0; i < labels.size(); ++i)
         WriteLittleEndian(bytes.subspan(4 * i, 4), static_cast<std::uint32_t>(labels[i]));
+}
+
+// Of labels from the first row on, whatever the bits that they come in.
+class LabelHash {
+public:
+    template <typename Sample>
+    void Take(std::span<const Sample> row)
+    {
+        Bytes.resize(4 * row.size());
+        WriteLabels(row, std::span(Bytes));
+        Hash.Take(Bytes);
+    }
+    std::string Text() const { return HashText(Hash); }
+
+private:
+    Hash64                     Hash;
+    std::vector<unsigned char> Bytes;
+};
+
+template <typename Sample>
+std::string HashOf(const std::vector<Sample>& labels, ImageSize size)
+{
+    const std::size_t width = static_cast<std::size_t>(size.Width);
+    LabelHash         hash;
+    for (std::size_t first = 0; first < labels.size(); first += width)
+        hash.Take(std::span(labels).subspan(first, width));
+    return hash.Text();
+}
+
+std::string RawOf(const std::vector<std::int32_t>& labels)
+{
+    std::string file(4 * labels.size(), '\0');
+    WriteLabels(std::span(labels), std::span(reinterpret_cast<unsigned char*>(file.data()), file.size()));
     return file;
 }
 
@@ -123,10 +150,12 @@ void NeedSize(ImageSize labels, ImageSize image)
 class RunCollector {
 public:
     std::vector<LabelRun> Runs;
+    LabelHash             Hash;
 
     template <typename Sample>
     void Take(const Sample* row, int width, int y)
     {
+        Hash.Take(std::span(row, static_cast<std::size_t>(width)));
         AppendRuns(row, width, y, Runs);
         if (Runs.size() > MostRuns)
             Fail(VOSTEL_TOO_LARGE,
@@ -134,7 +163,7 @@ public:
     }
 };
 
-std::vector<LabelRun> RunsOfPicture(const std::string& path, ImageSize image)
+RunCollector RunsOfPicture(const std::string& path, ImageSize image)
 {
     ImageSamples samples = ReadImagePage(path, 0, PaletteUse::Indices);
     if (samples.Type != SampleType::U8 && samples.Type != SampleType::U16)
@@ -147,10 +176,10 @@ std::vector<LabelRun> RunsOfPicture(const std::string& path, ImageSize image)
         else
             collector.Take(samples.Row<std::uint16_t>(y), samples.Width, y);
     }
-    return std::move(collector.Runs);
+    return collector;
 }
 
-std::vector<LabelRun> RunsOfRaw(const std::string& path, ImageSize size, ImageSize image)
+RunCollector RunsOfRaw(const std::string& path, ImageSize size, ImageSize image)
 {
     const Limits limits = LimitsInForce();
     if (size.Width > limits.MaxSide || size.Height > limits.MaxSide ||
@@ -174,7 +203,7 @@ std::vector<LabelRun> RunsOfRaw(const std::string& path, ImageSize size, ImageSi
         }
         collector.Take(row.data(), size.Width, y);
     }
-    return std::move(collector.Runs);
+    return collector;
 }
 
 std::vector<FileObject> ObjectsOfParts(const LabelParts& parts, const LabelLegend& legend)
@@ -214,26 +243,33 @@ void ExportLabels(const RegionExport& file)
             name = file.Notes.NotesOf(*region.Object).Name;
     }
     TellLosses(file, regions, legend.Size);
+    // The legend comes last: one that was there before does not have the hash of these labels.
     if (highest > HighestInPng) {
+        const auto labels = Painted<std::int32_t>(regions, legend.Size);
         legend.Bits = 32;
-        WriteWholeFile((LabelNameOf(file.Path) + RawEnding).c_str(), RawOf(regions, legend.Size));
+        legend.Hash = HashOf(labels, legend.Size);
+        WriteWholeFile((LabelNameOf(file.Path) + RawEnding).c_str(), RawOf(labels));
     } else {
-        WriteWholeFile(PicturePath(file.Path).c_str(), PngOf(regions, legend.Size));
+        const auto labels = Painted<std::uint16_t>(regions, legend.Size);
+        legend.Hash = HashOf(labels, legend.Size);
+        WriteWholeFile(PicturePath(file.Path).c_str(),
+                       PngOf(DeflateGray16(labels.data(), plane.Width, plane.Height)));
     }
     WriteWholeFile((LabelNameOf(file.Path) + LegendEnding).c_str(), LegendTextOf(legend));
 }
 
-std::vector<FileObject> ImportLabels(const char* utf8Path, ImageSize image, Remarks&)
+std::vector<FileObject> ImportLabels(const char* utf8Path, ImageSize image, Remarks& told)
 {
     const std::string                path = utf8Path;
     const std::optional<LabelLegend> legend = LegendBeside(path);
-    if (legend && legend->Bits == 32)
-        return ObjectsOfParts(LabelParts(RunsOfRaw(LabelNameOf(path) + RawEnding, legend->Size, image)),
-                              *legend);
     if (!legend && HasEnding(path, RawEnding))
         Fail(VOSTEL_NOT_READ, "the legend of the raw labels is missing, which says their size");
-    return ObjectsOfParts(LabelParts(RunsOfPicture(PicturePath(path), image)),
-                          legend.value_or(LabelLegend()));
+    const bool         raw = legend && legend->Bits == 32;
+    const RunCollector labels = raw ? RunsOfRaw(LabelNameOf(path) + RawEnding, legend->Size, image)
+                                    : RunsOfPicture(PicturePath(path), image);
+    if (legend && !legend->Hash.empty() && legend->Hash != labels.Hash.Text())
+        told.Add("the legend was written for other labels: its names need not fit");
+    return ObjectsOfParts(LabelParts(labels.Runs), legend.value_or(LabelLegend()));
 }
 
 }

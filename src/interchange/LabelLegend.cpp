@@ -31,6 +31,7 @@ std::string LegendTextOf(const LabelLegend& legend)
                            {"height", legend.Size.Height},
                            {"bits", legend.Bits},
                            {"byte-order", legend.Bits == 32 ? "little-endian" : "of the PNG"},
+                           {"hash", legend.Hash},
                            {"labels", labels}});
 }
 
@@ -43,6 +44,8 @@ LabelLegend LegendOfText(const std::string& text)
     legend.Bits = static_cast<int>(WholeNumber(Needed(top, "bits"), 16, 32, "bits"));
     if (legend.Bits != 16 && legend.Bits != 32)
         Fail(VOSTEL_BAD_FORMAT, "bits is neither 16 nor 32");
+    if (const Json* const hash = Member(top, "hash"))
+        legend.Hash = TextValue(*hash, "hash");
     const Json& labels = Needed(top, "labels");
     if (!labels.is_array())
         Fail(VOSTEL_BAD_FORMAT, "labels is not an array");

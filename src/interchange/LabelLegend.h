@@ -13,6 +13,7 @@ namespace vostel {
 struct LabelLegend {
     ImageSize                           Size;
     int                                 Bits = 16;    // 16: a PNG; 32: NAME.labels.raw
+    std::string                         Hash;         // of the labels that it was written for; may be empty
     std::map<std::int32_t, std::string> Names;        // of the labels that occur, empty for none
 };
 

@@ -78,15 +78,20 @@ std::uint64_t Hash64::Value() const
     return hash ^ hash >> 32;
 }
 
+std::string HashText(const Hash64& hash)
+{
+    char digits[17];
+    std::snprintf(digits, sizeof digits, "%016llx", static_cast<unsigned long long>(hash.Value()));
+    return std::string("xxh64:") + digits;
+}
+
 std::string HashOfSamples(const PlaneView& plane)
 {
     Hash64            hash;
     const std::size_t rowBytes = PixelBytes(plane.Type) * static_cast<std::size_t>(plane.Width);
     for (int y = 0; y < plane.Height; ++y)
         hash.Take({plane.Row<unsigned char>(y), rowBytes});
-    char digits[17];
-    std::snprintf(digits, sizeof digits, "%016llx", static_cast<unsigned long long>(hash.Value()));
-    return std::string("xxh64:") + digits;
+    return HashText(hash);
 }
 
 }

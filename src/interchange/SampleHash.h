@@ -27,8 +27,11 @@ private:
     void TakeStripe(const unsigned char* bytes);
 };
 
-// "xxh64:" and 16 digits: of the samples as they came, row by row from the top, without what lies between
-// rows.
+// "xxh64:" and 16 digits.
+std::string HashText(const Hash64& hash);
+
+// The text of the samples' hash: of the samples as they came, row by row from the top, without what lies
+// between rows.
 std::string HashOfSamples(const PlaneView& plane);
 
 }

@@ -141,6 +141,50 @@ TEST_CASE("beyond 65535 the labels are raw numbers of 32 bits beside the legend"
     }
 }
 
+TEST_CASE("a legend beside labels that it was not written for is told of")
+{
+    const TempFolder  folder;
+    const ShownCanvas left;
+    const ShownCanvas back;
+    const auto        exported = [&](const char* name) {
+        REQUIRE(vostel_regions_export(left.Number, folder.Path(name).c_str(), nullptr) == VOSTEL_OK);
+    };
+    const auto imported = [&](const char* name) {
+        REQUIRE(Import(back.Number, folder.Path(name)) == VOSTEL_OK);
+        return std::string(vostel_last_message());
+    };
+    const VostelObject region = AddNamed(left.Number, VOSTEL_RECTANGLE, {{1.0, 0.0}, {5.0, 9.0}}, "one", 1);
+    exported("a.png");
+    CHECK(imported("a.png") == "");
+    REQUIRE(vostel_object_set_points(left.Number, region, Points({{1.0, 0.0}, {5.0, 8.0}}).data(), 2) ==
+            VOSTEL_OK);
+    exported("b.png");
+    std::filesystem::copy_file(folder.Path("b.png"), folder.Path("a.png"),
+                               std::filesystem::copy_options::overwrite_existing);
+    CHECK(imported("a.png").find("other labels") != std::string::npos);
+    CHECK(imported("b.png") == "");
+}
+
+TEST_CASE("no new legend comes to stand beside old labels")
+{
+    const TempFolder  folder;
+    const ShownCanvas left;
+    const auto        exportTo = [&](const char* name) {
+        return vostel_regions_export(left.Number, folder.Path(name).c_str(), nullptr);
+    };
+    AddNamed(left.Number, VOSTEL_RECTANGLE, {{1.0, 0.0}, {5.0, 9.0}}, "one", 1);
+    REQUIRE(exportTo("a.png") == VOSTEL_OK);
+    const auto legend = ReadBytes(folder.Path("a.labels.json"));
+    std::filesystem::remove(folder.Path("a.png"));
+    folder.MakeFolder("a.png");    // nothing is moved over that
+    AddNamed(left.Number, VOSTEL_RECTANGLE, {{11.0, 0.0}, {15.0, 9.0}}, "two", 2);
+    CHECK(exportTo("a.png") == VOSTEL_NOT_WRITTEN);
+    CHECK(ReadBytes(folder.Path("a.labels.json")) == legend);
+    folder.MakeFolder("b.labels.json");
+    CHECK(exportTo("b.png") == VOSTEL_NOT_WRITTEN);
+    CHECK(std::string(vostel_last_message()) != "");
+}
+
 TEST_CASE("plain label images are read without a legend: 8 and 16 bits, and the indices of a palette")
 {
     using namespace files;
