@@ -44,9 +44,12 @@ void VostelImage::PrepareImage(int width, int height, bool clearObjects, bool cl
 {
     DropSamples();
     Source.reset();
+    // Before the sizes change: where memory is short, this ends the call with the old surface still there.
+    if (clearObjects)
+        DeleteAll();
     CanvasWidth = width;
     CanvasHeight = height;
-    VostelDC::PrepareImage(width, height, clearObjects, cleared);
+    VostelDC::PrepareImage(width, height, false, cleared);
 }
 
 void VostelImage::ShowGray(ClassData2DIO<unsigned char>& src, bool clearObjects)

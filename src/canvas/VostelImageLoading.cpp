@@ -182,8 +182,8 @@ void VostelImage::LoadRawImage(CString path, bool keepOriginal)
         Raw.Release();
         return;
     }
-    CanvasWidth = layout.Width;
-    CanvasHeight = layout.Height;
+    // The canvas keeps the sizes of what it shows until the data is there: hosts go by them to its rows, also
+    // while a message about a missing file is up.
     ClassData2DIO<float> plane;
     if (!ReadRawPlane(plane, layout, name))
         return;

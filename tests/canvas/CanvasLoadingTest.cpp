@@ -3,6 +3,7 @@
 #include "support/HostCanvas.h"
 #include "support/TempFolder.h"
 
+#include <algorithm>
 #include <climits>
 #include <cmath>
 #include <cstring>
@@ -163,7 +164,8 @@ TEST_CASE("an unknown element type shows nothing")
         host.Describe(2, 2, type);
         CHECK(host.Read("a.raw"));
         CHECK(gCVSGetFileType(0) == FileTypeNone);
-        CHECK(gCVSGetCanvasWidth(0) == 2);    // the size was taken over before the file was opened
+        CHECK(gCVSGetCanvasWidth(0) == 3);    // of the surface that is still there
+        CHECK(gCVSGetCanvasHeight(0) == 3);
     }
     host.Paint();
     CHECK(host.Pixel(30, 20) == 0x646464);    // the old picture
@@ -171,6 +173,42 @@ TEST_CASE("an unknown element type shows nothing")
     host.Describe(2, 2, Byte);
     CHECK(host.Read("a.raw"));
     CHECK(gCVSGetFileType(0) == FileTypeRaw);
+}
+
+TEST_CASE("rows that a host writes by the sizes of the canvas lie on it, also after a load without elements")
+{
+    LoadingCanvas host;
+    host.Write("a.raw", std::vector<unsigned char>{1, 2, 3, 4});
+    host.ShowFlatGray(3, 3, 100);
+    host.Describe(4000, 3000, 4);
+    CHECK(host.Read("a.raw"));
+    unsigned int** const rows = gCVSCreateCanvasPixelPtr2D(0);
+    for (int y = 0; y < gCVSGetCanvasHeight(0); ++y)
+        std::fill_n(rows[y], gCVSGetCanvasWidth(0), 0x123456u);
+    gCVSReleaseCanvasPixelPtr2D(0);
+    CHECK(FrameDifference(host.Surface(), Frame(3, 3, 0x123456)) == "");
+}
+
+TEST_CASE("a canvas has the sizes of its surface while a missing file is reported, and the file's afterwards")
+{
+    LoadingCanvas host;
+    for (const int type : {UShort, Float, Short, Byte}) {
+        CAPTURE(type);
+        host.ShowFlatGray(3, 3, 100);
+        int width = 0, height = 0;
+        host.Desktop.OnMessage = [&] {
+            width = gCVSGetCanvasWidth(0);
+            height = gCVSGetCanvasHeight(0);
+            CHECK(FrameDifference(host.Surface(), Frame(3, 3, 0x646464)) == "");
+        };
+        host.Describe(400, 300, type);
+        CHECK(host.Read("missing.raw"));
+        CHECK(width == 3);
+        CHECK(height == 3);
+        CHECK(gCVSGetCanvasWidth(0) == 400);
+        CHECK(gCVSGetCanvasHeight(0) == 300);
+        CHECK(FrameDifference(host.Surface(), Frame(400, 300, 0)) == "");
+    }
 }
 
 TEST_CASE("a cancelled dialog leaves the old pixels and no type")
