@@ -2,49 +2,19 @@
 
 #include "platform/PictureBuffer.h"
 #include "platform/SampleCodecs.h"
-
-#include <cstdio>
-
-#include <jerror.h>
-#include <jpeglib.h>
+#include "platform/portable/JpegReading.h"
 
 #include <csetjmp>
 
 namespace vostel::pictures {
 namespace {
 
-struct Errors {
-    jpeg_error_mgr Manager;
-    std::jmp_buf   Back;
-};
-
-// Errors unwind to the setjmp of the call; nothing is printed.
-void Fail(j_common_ptr codec)
-{
-    longjmp(reinterpret_cast<Errors*>(codec->err)->Back, 1);
-}
-
-// A file that ends early is filled up with gray by the library; it counts as damaged here. Every other
-// warning is about bytes that cameras get wrong and viewers put up with.
-void Warn(j_common_ptr codec, int level)
-{
-    if (level < 0 && codec->err->msg_code == JWRN_JPEG_EOF)
-        Fail(codec);
-}
-void Print(j_common_ptr) {}
-
 struct Reader {
-    Errors                 Error;
+    JpegErrors             Errors;
+    JpegBudget             Budget;
     jpeg_decompress_struct Codec = {};
 
-    Reader()
-    {
-        jpeg_std_error(&Error.Manager);
-        Error.Manager.error_exit = Fail;
-        Error.Manager.emit_message = Warn;
-        Error.Manager.output_message = Print;
-        Codec.err = &Error.Manager;
-    }
+    Reader() { Codec.err = UnwindingManager(Errors); }
     ~Reader() { jpeg_destroy_decompress(&Codec); }
     Reader(const Reader&) = delete;
     Reader& operator=(const Reader&) = delete;
@@ -57,13 +27,13 @@ bool IsPress(const jpeg_decompress_struct& codec)
 
 bool ReadHeader(Reader& reader, std::span<const unsigned char> file)
 {
-    if (setjmp(reader.Error.Back) != 0)
+    if (setjmp(reader.Errors.Back) != 0)
         return false;
     jpeg_decompress_struct& codec = reader.Codec;
     jpeg_create_decompress(&codec);
-    codec.mem->max_memory_to_use = 1L << 30;
     jpeg_mem_src(&codec, file.data(), static_cast<unsigned long>(file.size()));
     jpeg_read_header(&codec, TRUE);
+    Limit(codec, reader.Budget, file.size());
     codec.out_color_space = codec.jpeg_color_space == JCS_GRAYSCALE ? JCS_GRAYSCALE
                             : IsPress(codec)                        ? JCS_CMYK
                                                                     : JCS_EXT_RGB;
@@ -83,7 +53,7 @@ void FromPress(const unsigned char* press, bool inverted, unsigned char* triples
 
 bool ReadRows(Reader& reader, unsigned char* first, std::size_t rowBytes)
 {
-    if (setjmp(reader.Error.Back) != 0)
+    if (setjmp(reader.Errors.Back) != 0)
         return false;
     jpeg_decompress_struct& codec = reader.Codec;
     jpeg_start_decompress(&codec);
@@ -121,7 +91,7 @@ PictureOutcome DecodeJpegSamples(const SampleFile& file, ImageSamples& samples)
     if (made != PictureOutcome::Taken)
         return made;
     if (!ReadRows(reader, samples.Data(), samples.RowBytes()))
-        return PictureOutcome::BadFormat;
+        return reader.Budget.IsSpent() ? PictureOutcome::TooLarge : PictureOutcome::BadFormat;
     return PictureOutcome::Taken;
 }
 

@@ -1,11 +1,7 @@
 // JPEG by libjpeg. Gray files arrive with 8 bits, all others with 24.
 
+#include "platform/portable/JpegReading.h"
 #include "platform/portable/PictureCodecs.h"
-
-#include <cstdio>
-
-#include <jerror.h>
-#include <jpeglib.h>
 
 #include <csetjmp>
 #include <cstdlib>
@@ -14,35 +10,6 @@ namespace vostel::pictures {
 namespace {
 
 constexpr int Quality = 90;
-
-struct Errors {
-    jpeg_error_mgr Manager;
-    std::jmp_buf   Back;
-};
-
-// Errors unwind to the setjmp of the call; nothing is printed.
-void Fail(j_common_ptr codec)
-{
-    longjmp(reinterpret_cast<Errors*>(codec->err)->Back, 1);
-}
-
-// A file that ends early is filled up with gray by the library; it counts as unreadable here. Every other
-// warning is about bytes that cameras get wrong and viewers put up with.
-void Warn(j_common_ptr codec, int level)
-{
-    if (level < 0 && codec->err->msg_code == JWRN_JPEG_EOF)
-        Fail(codec);
-}
-void Print(j_common_ptr) {}
-
-jpeg_error_mgr* Quiet(Errors& errors)
-{
-    jpeg_std_error(&errors.Manager);
-    errors.Manager.error_exit = Fail;
-    errors.Manager.emit_message = Warn;
-    errors.Manager.output_message = Print;
-    return &errors.Manager;
-}
 
 // Press colors, stored inverted by every known writer, to blue, green, red.
 void FromPress(const unsigned char* press, unsigned char* triples, int count)
@@ -54,14 +21,14 @@ void FromPress(const unsigned char* press, unsigned char* triples, int count)
     }
 }
 
-bool Read(jpeg_decompress_struct& codec, const Bytes& file, PictureBuffer& picture)
+bool Read(jpeg_decompress_struct& codec, JpegBudget& budget, const Bytes& file, PictureBuffer& picture)
 {
-    codec.mem->max_memory_to_use = 1L << 30;
     jpeg_mem_src(&codec, file.data(), static_cast<unsigned long>(file.size()));
     jpeg_read_header(&codec, TRUE);
     const long long pixels = static_cast<long long>(codec.image_width) * codec.image_height;
     if (!IsSanePictureSize(codec.image_width, codec.image_height) || !IsPlausible(pixels, file.size(), 4096))
         return false;
+    Limit(codec, budget, file.size());
     const bool gray = codec.jpeg_color_space == JCS_GRAYSCALE;
     const bool press = codec.jpeg_color_space == JCS_CMYK || codec.jpeg_color_space == JCS_YCCK;
     codec.out_color_space = gray ? JCS_GRAYSCALE : press ? JCS_CMYK : JCS_EXT_BGR;
@@ -114,13 +81,14 @@ bool DecodeJpeg(const Bytes& file, PictureBuffer& picture)
 {
     if (file.size() < 4 || file[0] != 0xFF || file[1] != 0xD8)
         return false;
-    Errors                 errors;
+    JpegErrors             errors;
+    JpegBudget             budget;
     jpeg_decompress_struct codec = {};
-    codec.err = Quiet(errors);
+    codec.err = UnwindingManager(errors);
     volatile bool good = false;
     if (setjmp(errors.Back) == 0) {
         jpeg_create_decompress(&codec);
-        good = Read(codec, file, picture);
+        good = Read(codec, budget, file, picture);
     }
     jpeg_destroy_decompress(&codec);
     return good;
@@ -136,9 +104,9 @@ bool EncodeJpeg(const PictureBuffer& picture, Bytes& file)
         unsigned long  Count = 0;
         ~Result() { std::free(Data); }
     } result;
-    Errors               errors;
+    JpegErrors           errors;
     jpeg_compress_struct codec = {};
-    codec.err = Quiet(errors);
+    codec.err = UnwindingManager(errors);
     volatile bool good = false;
     if (setjmp(errors.Back) == 0) {
         jpeg_create_compress(&codec);

@@ -1,0 +1,103 @@
+// Pictures of tests/hostile, which ask for far more work or memory than they are worth, and their twins that
+// ask for what pictures do.
+
+#include "platform/SampleFiles.h"
+
+#include <cstdio>
+
+#include <jpeglib.h>
+
+#include <cstdlib>
+#include <random>
+#include <string>
+
+using namespace vostel;
+using namespace files;
+
+namespace {
+
+Bytes Hostile(const char* name)
+{
+    const Bytes bytes = ReadBytes(std::string(VOSTEL_HOSTILE_FOLDER "/") + name);
+    REQUIRE(!bytes.empty());
+    return bytes;
+}
+
+bool Loads(const Bytes& file)
+{
+    const TempFolder folder;
+    REQUIRE(WriteBytes(folder.Path("picture"), file));
+    ATL::CImage image;
+    return image.Load(folder.WidePath("picture")) >= 0;
+}
+
+// The picture ends that many scans earlier; the file stays as long, since its length says what it may hold.
+Bytes WithoutLastScans(const Bytes& file, std::size_t scans)
+{
+    constexpr std::size_t scanBytes = 10, endBytes = 2;
+    Bytes shorter(file.begin(), file.end() - static_cast<std::ptrdiff_t>(scans * scanBytes + endBytes));
+    Append(shorter, {0xFF, 0xD9});
+    shorter.resize(file.size(), 0);
+    return shorter;
+}
+
+// Gray noise. Each coefficient comes in a scan of its own if asked to, and its last bit in another one.
+Bytes ProgressiveNoise(int side, bool scanPerCoefficient)
+{
+    jpeg_compress_struct codec = {};
+    jpeg_error_mgr       errors;
+    codec.err = jpeg_std_error(&errors);
+    jpeg_create_compress(&codec);
+    unsigned char* memory = nullptr;
+    unsigned long  bytes = 0;
+    jpeg_mem_dest(&codec, &memory, &bytes);
+    codec.image_width = codec.image_height = static_cast<JDIMENSION>(side);
+    codec.input_components = 1;
+    codec.in_color_space = JCS_GRAYSCALE;
+    jpeg_set_defaults(&codec);
+    jpeg_simple_progression(&codec);
+    std::vector<jpeg_scan_info> scans;
+    for (const int low : {1, 0}) {
+        for (int k = 0; k < 64; ++k)
+            scans.push_back({1, {0}, k, k, low == 0 ? 1 : 0, low});
+    }
+    if (scanPerCoefficient) {
+        codec.scan_info = scans.data();
+        codec.num_scans = static_cast<int>(scans.size());
+    }
+    jpeg_start_compress(&codec, TRUE);
+    std::mt19937 random(17);
+    Bytes        row(static_cast<std::size_t>(side));
+    for (int y = 0; y < side; ++y) {
+        for (unsigned char& value : row)
+            value = static_cast<unsigned char>(random());
+        JSAMPROW line = row.data();
+        jpeg_write_scanlines(&codec, &line, 1);
+    }
+    jpeg_finish_compress(&codec);
+    jpeg_destroy_compress(&codec);
+    Bytes file(memory, memory + bytes);
+    std::free(memory);
+    return file;
+}
+
+}
+
+TEST_CASE("a JPEG of thousands of empty scans is refused, one of ten loads")
+{
+    const Bytes file = Hostile("progressive-of-2000-empty-scans.jpg");
+    CHECK(Read(file).Outcome == PictureOutcome::TooLarge);
+    CHECK_FALSE(Loads(file));
+    const Bytes twin = WithoutLastScans(file, 1990);
+    CHECK(Read(twin).Outcome == PictureOutcome::Taken);
+    CHECK(Loads(twin));
+}
+
+TEST_CASE("a JPEG of as many scans as there are bits of coefficients loads where they hold something")
+{
+    for (const bool scanPerCoefficient : {false, true}) {
+        const Bytes file = ProgressiveNoise(256, scanPerCoefficient);
+        CHECK(Read(file).Outcome == PictureOutcome::Taken);
+        CHECK(Loads(file));
+    }
+}
