@@ -19,6 +19,7 @@ if(NOT WIN32)
     vostel_inner_test(platform/StretchVariantsTest)
     # Makes files with the libraries that the library reads them by.
     vostel_inner_test(platform/PortablePicturesTest)
+    vostel_test(platform/TiffPicturesTest)
     vostel_inner_test(platform/HostilePicturesTest)
     set_property(SOURCE ${CMAKE_CURRENT_SOURCE_DIR}/platform/HostilePicturesTest.cpp APPEND PROPERTY
         COMPILE_DEFINITIONS "VOSTEL_HOSTILE_FOLDER=\"${CMAKE_CURRENT_SOURCE_DIR}/hostile\"")

@@ -1,26 +1,25 @@
 // TIFF by libtiff. Gray and palette pictures of 1, 4 and 8 bits keep them, 2 bits become 8; everything
-// with alpha or 16 bits per channel becomes 32, every other color 24. The first page counts.
+// with alpha or 16 bits per channel becomes 32, every other color 24. The first page counts. Pixels come as
+// they are stored: orientation tags are not followed.
 
 #include "platform/portable/PictureCodecs.h"
-
-#include <tiffio.h>
+#include "platform/portable/TiffPixels.h"
+#include "platform/portable/TiffReading.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
-#include <memory>
 
 namespace vostel::pictures {
 namespace {
 
-// A file in memory behind the library's file calls.
+// A file in memory that is written behind the library's file calls.
 struct Stream {
-    const Bytes* Read = nullptr;
-    Bytes*       Write = nullptr;
-    std::size_t  Base = 0;    // where the file begins in what is written
-    std::size_t  At = 0;
+    Bytes*      Written = nullptr;
+    std::size_t Base = 0;    // where the file begins in what is written
+    std::size_t At = 0;
 
-    std::size_t Size() const { return Read ? Read->size() : Write->size() - Base; }
+    std::size_t Size() const { return Written->size() - Base; }
 };
 
 tmsize_t ReadBytes(thandle_t handle, void* target, tmsize_t count)
@@ -29,9 +28,8 @@ tmsize_t ReadBytes(thandle_t handle, void* target, tmsize_t count)
     const std::size_t size = stream->Size();
     if (count <= 0 || stream->At >= size)
         return 0;
-    const std::size_t    taken = std::min(size - stream->At, static_cast<std::size_t>(count));
-    const unsigned char* from = stream->Read ? stream->Read->data() : stream->Write->data() + stream->Base;
-    std::memcpy(target, from + stream->At, taken);
+    const std::size_t taken = std::min(size - stream->At, static_cast<std::size_t>(count));
+    std::memcpy(target, stream->Written->data() + stream->Base + stream->At, taken);
     stream->At += taken;
     return static_cast<tmsize_t>(taken);
 }
@@ -39,16 +37,16 @@ tmsize_t ReadBytes(thandle_t handle, void* target, tmsize_t count)
 tmsize_t WriteBytes(thandle_t handle, void* source, tmsize_t count)
 {
     Stream* stream = static_cast<Stream*>(handle);
-    if (!stream->Write || count < 0)
+    if (count < 0)
         return -1;
     const std::size_t end = stream->Base + stream->At + static_cast<std::size_t>(count);
     try {
-        if (stream->Write->size() < end)
-            stream->Write->resize(end, 0);
+        if (stream->Written->size() < end)
+            stream->Written->resize(end, 0);
     } catch (...) {
         return -1;
     }
-    std::memcpy(stream->Write->data() + stream->Base + stream->At, source, static_cast<std::size_t>(count));
+    std::memcpy(stream->Written->data() + stream->Base + stream->At, source, static_cast<std::size_t>(count));
     stream->At += static_cast<std::size_t>(count);
     return count;
 }
@@ -77,12 +75,7 @@ int Silent(TIFF*, void*, const char*, const char*, va_list)
     return 1;
 }
 
-struct CloseTiff {
-    void operator()(TIFF* tiff) const { TIFFClose(tiff); }
-};
-using Tiff = std::unique_ptr<TIFF, CloseTiff>;
-
-Tiff Open(Stream& stream, const char* mode)
+TiffHandle OpenForWriting(Stream& stream)
 {
     TIFFOpenOptions* options = TIFFOpenOptionsAlloc();
     if (!options)
@@ -90,43 +83,22 @@ Tiff Open(Stream& stream, const char* mode)
     TIFFOpenOptionsSetMaxSingleMemAlloc(options, tmsize_t{1} << 30);
     TIFFOpenOptionsSetErrorHandlerExtR(options, Silent, nullptr);
     TIFFOpenOptionsSetWarningHandlerExtR(options, Silent, nullptr);
-    Tiff tiff(TIFFClientOpenExt("picture", mode, &stream, ReadBytes, WriteBytes, Seek, Close, Size, nullptr,
-                                nullptr, options));
+    TiffHandle tiff(TIFFClientOpenExt("picture", "wlm", &stream, ReadBytes, WriteBytes, Seek, Close, Size,
+                                      nullptr, nullptr, options));
     TIFFOpenOptionsFree(options);
     return tiff;
 }
 
-struct Layout {
-    std::uint32_t Width = 0, Height = 0;
-    std::uint16_t Bits = 1, Samples = 1, Planes = PLANARCONFIG_CONTIG, Format = SAMPLEFORMAT_UINT;
-    std::uint16_t Photometric = PHOTOMETRIC_MINISBLACK, Extra = 0, Compression = COMPRESSION_NONE;
-    bool          Indexed() const
-    {
-        return Samples == 1 && (Bits == 1 || Bits == 2 || Bits == 4 || Bits == 8) &&
-               (Photometric == PHOTOMETRIC_MINISBLACK || Photometric == PHOTOMETRIC_MINISWHITE ||
-                Photometric == PHOTOMETRIC_PALETTE);
-    }
-};
-
-Layout LayoutOf(TIFF* tiff)
+// Values of up to 8 bits that stay numbers.
+bool IsIndexed(const TiffLayout& layout)
 {
-    Layout         layout;
-    std::uint16_t* kinds = nullptr;
-    TIFFGetField(tiff, TIFFTAG_IMAGEWIDTH, &layout.Width);
-    TIFFGetField(tiff, TIFFTAG_IMAGELENGTH, &layout.Height);
-    TIFFGetFieldDefaulted(tiff, TIFFTAG_BITSPERSAMPLE, &layout.Bits);
-    TIFFGetFieldDefaulted(tiff, TIFFTAG_SAMPLESPERPIXEL, &layout.Samples);
-    TIFFGetFieldDefaulted(tiff, TIFFTAG_PLANARCONFIG, &layout.Planes);
-    TIFFGetFieldDefaulted(tiff, TIFFTAG_SAMPLEFORMAT, &layout.Format);
-    TIFFGetFieldDefaulted(tiff, TIFFTAG_COMPRESSION, &layout.Compression);
-    TIFFGetField(tiff, TIFFTAG_PHOTOMETRIC, &layout.Photometric);
-    if (!TIFFGetFieldDefaulted(tiff, TIFFTAG_EXTRASAMPLES, &layout.Extra, &kinds))
-        layout.Extra = 0;
-    return layout;
+    return layout.Samples == 1 &&
+           (layout.Bits == 1 || layout.Bits == 2 || layout.Bits == 4 || layout.Bits == 8) &&
+           (layout.IsGray() || layout.Photometric == PHOTOMETRIC_PALETTE);
 }
 
 // Copies decoded bytes of a row, left pixel in the high bits, to the pixels from x on.
-void TakeRow(const Layout& layout, const unsigned char* source, unsigned char* row, std::uint32_t x,
+void TakeRow(const TiffLayout& layout, const unsigned char* source, unsigned char* row, std::uint32_t x,
              std::uint32_t count)
 {
     const unsigned char flip = layout.Photometric == PHOTOMETRIC_MINISWHITE ? 0xFF : 0;
@@ -143,7 +115,7 @@ void TakeRow(const Layout& layout, const unsigned char* source, unsigned char* r
         row[first + i] = source[i] ^ flip;
 }
 
-bool ReadIndices(TIFF* tiff, const Layout& layout, PictureBuffer& picture)
+bool ReadIndices(TIFF* tiff, const TiffLayout& layout, PictureBuffer& picture)
 {
     std::uint16_t *red = nullptr, *green = nullptr, *blue = nullptr;
     if (layout.Photometric == PHOTOMETRIC_PALETTE) {
@@ -187,27 +159,29 @@ bool ReadIndices(TIFF* tiff, const Layout& layout, PictureBuffer& picture)
     return true;
 }
 
-// Everything else through the library's own conversion to red, green, blue, alpha pixels.
-bool ReadColors(TIFF* tiff, const Layout& layout, PictureBuffer& picture)
+// Blue, green, red, alpha.
+void StorePixels(const unsigned char* quads, PictureBuffer& picture)
 {
-    char why[1024];
-    if (!TIFFRGBAImageOK(tiff, why))
-        return false;
-    std::vector<std::uint32_t> pixels(std::size_t{layout.Width} * layout.Height);
-    if (!TIFFReadRGBAImageOriented(tiff, layout.Width, layout.Height, pixels.data(), ORIENTATION_TOPLEFT, 1))
-        return false;
-    const int bytes = picture.BitsPerPixel / 8;
+    const std::size_t bytes = static_cast<std::size_t>(picture.BitsPerPixel / 8);
     for (int y = 0; y < picture.Height; ++y) {
-        const std::uint32_t* source = pixels.data() + static_cast<std::size_t>(y) * layout.Width;
-        unsigned char*       row = picture.Row(y);
-        for (int x = 0; x < picture.Width; ++x, row += bytes) {
-            row[0] = static_cast<unsigned char>(TIFFGetB(source[x]));
-            row[1] = static_cast<unsigned char>(TIFFGetG(source[x]));
-            row[2] = static_cast<unsigned char>(TIFFGetR(source[x]));
-            if (bytes == 4)
-                row[3] = static_cast<unsigned char>(TIFFGetA(source[x]));
-        }
+        unsigned char* row = picture.Row(y);
+        for (int x = 0; x < picture.Width; ++x, row += bytes, quads += 4)
+            std::memcpy(row, quads, bytes);
     }
+}
+
+bool ReadConverted(TIFF* tiff, const TiffLayout& layout, PictureBuffer& picture)
+{
+    std::vector<std::uint32_t> pixels;
+    if (ConvertPixels(tiff, layout, pixels) != PictureOutcome::Taken)
+        return false;
+    for (std::uint32_t& pixel : pixels) {
+        const unsigned char quad[] = {
+            static_cast<unsigned char>(TIFFGetB(pixel)), static_cast<unsigned char>(TIFFGetG(pixel)),
+            static_cast<unsigned char>(TIFFGetR(pixel)), static_cast<unsigned char>(TIFFGetA(pixel))};
+        std::memcpy(&pixel, quad, sizeof quad);
+    }
+    StorePixels(reinterpret_cast<const unsigned char*>(pixels.data()), picture);
     return true;
 }
 
@@ -247,35 +221,28 @@ bool DecodeTiff(const Bytes& file, PictureBuffer& picture)
 {
     if (file.size() < 8 || !((file[0] == 'I' && file[1] == 'I') || (file[0] == 'M' && file[1] == 'M')))
         return false;
-    Stream     stream{&file, nullptr, 0, 0};
-    const Tiff tiff = Open(stream, "rm");    // not mapped: the stream is memory already
+    TiffBytes        bytes{file};
+    const TiffHandle tiff = OpenTiff(bytes);
     if (!tiff)
         return false;
-    const Layout    layout = LayoutOf(tiff.get());
-    const long long rowBytes = (static_cast<long long>(layout.Width) * layout.Samples * layout.Bits + 7) / 8;
-    if (!IsSanePictureSize(layout.Width, layout.Height))
-        return false;
-    // Plain data has to be there. CCITT-coded blank pages compress without limit; at 1 bit per pixel that is
-    // cheap.
-    const long long factor = layout.Compression == COMPRESSION_NONE ? 1 : 65536;
-    if (!(layout.Bits == 1 && layout.Samples == 1 && factor > 1) &&
-        !IsPlausible(rowBytes * layout.Height, file.size(), factor))
+    const TiffLayout layout = LayoutOf(tiff.get());
+    if (!IsSanePictureSize(layout.Width, layout.Height) || !CanHold(layout, file.size()))
         return false;
     const int width = static_cast<int>(layout.Width), height = static_cast<int>(layout.Height);
-    if (layout.Indexed())
+    if (IsIndexed(layout))
         return picture.Allocate(width, height, layout.Bits == 2 ? 8 : layout.Bits) &&
                ReadIndices(tiff.get(), layout, picture);
     const bool alpha = layout.Extra > 0;
     if (!picture.Allocate(width, height, alpha || layout.Bits == 16 ? 32 : 24))
         return false;
     picture.HasAlpha = alpha;
-    return ReadColors(tiff.get(), layout, picture);
+    return ReadConverted(tiff.get(), layout, picture);
 }
 
 bool EncodeTiff(const PictureBuffer& picture, Bytes& file)
 {
-    Stream stream{nullptr, &file, file.size(), 0};
-    Tiff   tiff = Open(stream, "wlm");
+    Stream           stream{&file, file.size(), 0};
+    const TiffHandle tiff = OpenForWriting(stream);
     if (!tiff || !Describe(tiff.get(), picture))
         return false;
     const int samples = picture.BitsPerPixel <= 8 ? 1 : picture.HasAlpha ? 4 : 3;

@@ -2,15 +2,11 @@
 // bits it keeps its values, and beyond that, and float, it becomes float. Palettes, red-green-blue and press
 // colors become bytes. Photometric kinds beside these go through the library's own conversion.
 
-#include "platform/PictureBuffer.h"
 #include "platform/SampleCodecs.h"
+#include "platform/portable/TiffPixels.h"
 #include "platform/portable/TiffReading.h"
 
 #include <algorithm>
-#include <bit>
-#include <cmath>
-#include <cstring>
-#include <limits>
 #include <utility>
 
 namespace vostel::pictures {
@@ -18,292 +14,8 @@ namespace {
 
 constexpr int MostSamples = 64;    // of a pixel
 
-struct Layout {
-    std::uint32_t Width = 0, Height = 0;
-    std::uint16_t Bits = 1, Samples = 1, Planes = PLANARCONFIG_CONTIG, Format = SAMPLEFORMAT_UINT;
-    std::uint16_t Photometric = PHOTOMETRIC_MINISBLACK, Compression = COMPRESSION_NONE;
-    std::uint16_t Orientation = ORIENTATION_TOPLEFT;
-    int           Alpha = -1;    // the sample that holds it
-
-    bool IsSeparate() const { return Planes == PLANARCONFIG_SEPARATE; }
-    bool IsFloat() const { return Format == SAMPLEFORMAT_IEEEFP; }
-    bool IsSigned() const { return Format == SAMPLEFORMAT_INT; }
-    bool IsGray() const
-    {
-        return Photometric == PHOTOMETRIC_MINISBLACK || Photometric == PHOTOMETRIC_MINISWHITE;
-    }
-    bool IsPalette() const { return Photometric == PHOTOMETRIC_PALETTE && Bits <= 8; }
-    bool IsPress() const { return Photometric == PHOTOMETRIC_SEPARATED; }
-    // Samples that show.
-    int Channels() const { return IsGray() || IsPalette() ? 1 : IsPress() ? 4 : 3; }
-    // Whether the samples are unpacked here.
-    bool IsDirect() const
-    {
-        const bool known = IsGray() || IsPalette() || Photometric == PHOTOMETRIC_RGB || IsPress();
-        const bool depth =
-            IsFloat() ? Bits == 16 || Bits == 24 || Bits == 32 || Bits == 64 : Bits <= 32 || Bits == 64;
-        return known && depth && Format <= SAMPLEFORMAT_VOID && Samples >= Channels();
-    }
-    SampleType Type() const
-    {
-        if (!IsGray())
-            return IsPalette()                ? SampleType::U8
-                   : Alpha == 3 && !IsPress() ? SampleType::Bgra8
-                                              : SampleType::Rgb8;
-        if (IsFloat() || Bits > 16)
-            return SampleType::F32;
-        return IsSigned() ? SampleType::I16 : Bits > 8 ? SampleType::U16 : SampleType::U8;
-    }
-};
-
-Layout LayoutOf(TIFF* tiff)
-{
-    Layout         layout;
-    std::uint16_t  extra = 0;
-    std::uint16_t* kinds = nullptr;
-    TIFFGetField(tiff, TIFFTAG_IMAGEWIDTH, &layout.Width);
-    TIFFGetField(tiff, TIFFTAG_IMAGELENGTH, &layout.Height);
-    TIFFGetFieldDefaulted(tiff, TIFFTAG_BITSPERSAMPLE, &layout.Bits);
-    TIFFGetFieldDefaulted(tiff, TIFFTAG_SAMPLESPERPIXEL, &layout.Samples);
-    TIFFGetFieldDefaulted(tiff, TIFFTAG_PLANARCONFIG, &layout.Planes);
-    TIFFGetFieldDefaulted(tiff, TIFFTAG_SAMPLEFORMAT, &layout.Format);
-    TIFFGetFieldDefaulted(tiff, TIFFTAG_COMPRESSION, &layout.Compression);
-    TIFFGetFieldDefaulted(tiff, TIFFTAG_ORIENTATION, &layout.Orientation);
-    TIFFGetField(tiff, TIFFTAG_PHOTOMETRIC, &layout.Photometric);
-    if (TIFFGetFieldDefaulted(tiff, TIFFTAG_EXTRASAMPLES, &extra, &kinds) && extra > 0 &&
-        (kinds[0] == EXTRASAMPLE_ASSOCALPHA || kinds[0] == EXTRASAMPLE_UNASSALPHA))
-        layout.Alpha = layout.Samples - extra;
-    return layout;
-}
-
-// Sample k of a row of packed ones, the first in the high bits; deep ones are in the machine's byte order.
-std::uint64_t BitsAt(const unsigned char* row, std::size_t k, int bits)
-{
-    switch (bits) {
-    case 8:
-        return row[k];
-    case 16: {
-        std::uint16_t value;
-        std::memcpy(&value, row + 2 * k, sizeof value);
-        return value;
-    }
-    case 24: {
-        const std::uint32_t first = row[3 * k], middle = row[3 * k + 1], last = row[3 * k + 2];
-        return std::endian::native == std::endian::little ? first | middle << 8 | last << 16
-                                                          : last | middle << 8 | first << 16;
-    }
-    case 32: {
-        std::uint32_t value;
-        std::memcpy(&value, row + 4 * k, sizeof value);
-        return value;
-    }
-    case 64: {
-        std::uint64_t value;
-        std::memcpy(&value, row + 8 * k, sizeof value);
-        return value;
-    }
-    default: {
-        std::uint64_t value = 0;
-        std::size_t   at = k * static_cast<std::size_t>(bits);
-        for (int i = 0; i < bits; ++i, ++at)
-            value = value << 1 | (row[at / 8] >> (7 - at % 8) & 1u);
-        return value;
-    }
-    }
-}
-
-// Of 16 and 24 bits: one sign, so many bits of exponent, and the fraction.
-float SmallFloat(std::uint64_t bits, int exponentBits, int fractionBits)
-{
-    const int           bias = (1 << (exponentBits - 1)) - 1;
-    const int           exponent = static_cast<int>(bits >> fractionBits & ((1u << exponentBits) - 1));
-    const std::uint64_t fraction = bits & ((std::uint64_t{1} << fractionBits) - 1);
-    const bool          negative = (bits >> (exponentBits + fractionBits) & 1) != 0;
-    double              value;
-    if (exponent == (1 << exponentBits) - 1)
-        value = fraction != 0 ? std::numeric_limits<double>::quiet_NaN()
-                              : std::numeric_limits<double>::infinity();
-    else if (exponent == 0)
-        value = std::ldexp(static_cast<double>(fraction), 1 - bias - fractionBits);
-    else
-        value = std::ldexp(static_cast<double>(fraction | std::uint64_t{1} << fractionBits),
-                           exponent - bias - fractionBits);
-    return static_cast<float>(negative ? -value : value);
-}
-
-float FloatOf(std::uint64_t bits, int count)
-{
-    if (count == 32)
-        return std::bit_cast<float>(static_cast<std::uint32_t>(bits));
-    if (count == 64)
-        return static_cast<float>(std::bit_cast<double>(bits));
-    return count == 16 ? SmallFloat(bits, 5, 10) : SmallFloat(bits, 7, 16);
-}
-
-std::int64_t SignedOf(std::uint64_t bits, int count)
-{
-    return static_cast<std::int64_t>(bits << (64 - count)) >> (64 - count);
-}
-
-std::uint64_t TopOf(int bits)
-{
-    return bits == 64 ? ~std::uint64_t{0} : (std::uint64_t{1} << bits) - 1;
-}
-
-// A channel of a color in 8 bits. Floats run from 0 to 1, signed ones count from 0 too.
-unsigned char ByteOf(const Layout& layout, std::uint64_t bits)
-{
-    if (layout.IsFloat()) {
-        const float share = FloatOf(bits, layout.Bits);
-        return static_cast<unsigned char>((share > 0.0f ? std::min(share, 1.0f) : 0.0f) * 255.0f + 0.5f);
-    }
-    if (layout.Bits > 16)
-        return static_cast<unsigned char>(bits >> (layout.Bits - 8));
-    return ScaledByte(static_cast<std::uint32_t>(bits), static_cast<std::uint32_t>(TopOf(layout.Bits)));
-}
-
-// Where unpacked samples of one pixel come together.
-class PixelWriter {
-public:
-    PixelWriter(const Layout& layout, ImageSamples& samples) : Format(layout), Target(samples) {}
-
-    // Sample number c of pixels x .. x + count - 1 in row y, each so many packed samples from the last one.
-    void Write(const unsigned char* row, std::size_t first, std::size_t step, int c, int y, int x, int count)
-    {
-        for (int i = 0; i < count; ++i)
-            Store(BitsAt(row, first + step * static_cast<std::size_t>(i), Format.Bits), c, y, x + i);
-    }
-
-private:
-    const Layout& Format;
-    ImageSamples& Target;
-
-    void Store(std::uint64_t bits, int c, int y, int x)
-    {
-        if (Format.IsGray())
-            StoreGray(bits, y, x);
-        else if (Format.IsPalette())
-            Target.Row<unsigned char>(y)[x] = static_cast<unsigned char>(bits);
-        else if (Target.Type == SampleType::Bgra8)
-            Target.Row<unsigned char>(y)[4 * x + (c < 3 ? 2 - c : 3)] = ByteOf(Format, bits);
-        else if (Format.IsPress())
-            StorePress(ByteOf(Format, bits), c,
-                       Target.Row<unsigned char>(y) + 3 * static_cast<std::size_t>(x));
-        else
-            Target.Row<unsigned char>(y)[3 * x + c] = ByteOf(Format, bits);
-    }
-
-    // Ink by ink, black last.
-    static void StorePress(unsigned char ink, int c, unsigned char* pixel)
-    {
-        if (c < 3) {
-            pixel[c] = static_cast<unsigned char>(255 - ink);
-            return;
-        }
-        for (int channel = 0; channel < 3; ++channel)
-            pixel[channel] = static_cast<unsigned char>((pixel[channel] * (255 - ink) + 127) / 255);
-    }
-
-    void StoreGray(std::uint64_t bits, int y, int x)
-    {
-        const bool inverted = Format.Photometric == PHOTOMETRIC_MINISWHITE;
-        if (inverted && !Format.IsFloat() && !Format.IsSigned())
-            bits = TopOf(Format.Bits) - bits;
-        switch (Target.Type) {
-        case SampleType::F32:
-            Target.Row<float>(y)[x] = Format.IsFloat()    ? FloatOf(bits, Format.Bits)
-                                      : Format.IsSigned() ? static_cast<float>(SignedOf(bits, Format.Bits))
-                                                          : static_cast<float>(bits);
-            break;
-        case SampleType::I16:
-            Target.Row<std::int16_t>(y)[x] = static_cast<std::int16_t>(SignedOf(bits, Format.Bits));
-            break;
-        case SampleType::U16:
-            Target.Row<std::uint16_t>(y)[x] = static_cast<std::uint16_t>(bits);
-            break;
-        default:
-            Target.Row<unsigned char>(y)[x] = ByteOf(Format, bits);
-        }
-    }
-};
-
-// Strips and tiles alike: blocks of so many pixels and rows.
-struct Blocks {
-    bool          Tiled = false;
-    std::uint32_t Width = 0, Height = 0;
-    std::size_t   Bytes = 0, RowBytes = 0;
-};
-
-bool BlocksOf(TIFF* tiff, const Layout& layout, Blocks& blocks)
-{
-    blocks.Tiled = TIFFIsTiled(tiff) != 0;
-    if (blocks.Tiled) {
-        TIFFGetField(tiff, TIFFTAG_TILEWIDTH, &blocks.Width);
-        TIFFGetField(tiff, TIFFTAG_TILELENGTH, &blocks.Height);
-    } else {
-        std::uint32_t rows = 0;
-        TIFFGetFieldDefaulted(tiff, TIFFTAG_ROWSPERSTRIP, &rows);
-        blocks.Width = layout.Width;
-        blocks.Height = std::min(rows, layout.Height);
-    }
-    const tmsize_t bytes = blocks.Tiled ? TIFFTileSize(tiff) : TIFFStripSize(tiff);
-    const tmsize_t rowBytes = blocks.Tiled ? TIFFTileRowSize(tiff) : TIFFScanlineSize(tiff);
-    if (blocks.Width == 0 || blocks.Height == 0 || bytes <= 0 || rowBytes <= 0)
-        return false;
-    blocks.Bytes = static_cast<std::size_t>(bytes);
-    blocks.RowBytes = static_cast<std::size_t>(rowBytes);
-    // What is unpacked from a block has to lie in it.
-    const std::uint64_t samples = layout.IsSeparate() ? 1 : layout.Samples;
-    return (std::uint64_t{blocks.Width} * samples * layout.Bits + 7) / 8 <= blocks.RowBytes &&
-           blocks.RowBytes <= blocks.Bytes / std::min<std::size_t>(blocks.Height, layout.Height);
-}
-
-bool ReadBlock(TIFF* tiff, const Blocks& blocks, std::uint32_t x, std::uint32_t y, std::uint16_t plane,
-               std::vector<unsigned char>& bytes)
-{
-    const tmsize_t size = static_cast<tmsize_t>(bytes.size());
-    if (blocks.Tiled)
-        return TIFFReadTile(tiff, bytes.data(), x, y, 0, plane) >= 0;
-    return TIFFReadEncodedStrip(tiff, TIFFComputeStrip(tiff, y, plane), bytes.data(), size) >= 0;
-}
-
-bool ReadDirect(TIFF* tiff, const Layout& layout, ImageSamples& samples)
-{
-    Blocks blocks;
-    if (!BlocksOf(tiff, layout, blocks))
-        return false;
-    std::vector<unsigned char> bytes(blocks.Bytes);
-    PixelWriter                writer(layout, samples);
-    const int                  used = samples.Type == SampleType::Bgra8 ? 4 : layout.Channels();
-    const int                  planes = layout.IsSeparate() ? used : 1;
-    for (int plane = 0; plane < planes; ++plane) {
-        for (std::uint64_t top = 0; top < layout.Height; top += blocks.Height) {
-            for (std::uint64_t left = 0; left < layout.Width; left += blocks.Width) {
-                const std::uint32_t x = static_cast<std::uint32_t>(left), y = static_cast<std::uint32_t>(top);
-                if (!ReadBlock(tiff, blocks, x, y, static_cast<std::uint16_t>(plane), bytes))
-                    return false;
-                const int columns = static_cast<int>(std::min(blocks.Width, layout.Width - x));
-                const int rows = static_cast<int>(std::min(blocks.Height, layout.Height - y));
-                for (int row = 0; row < rows; ++row) {
-                    const unsigned char* const line =
-                        bytes.data() + blocks.RowBytes * static_cast<std::size_t>(row);
-                    const int place = static_cast<int>(y) + row;
-                    if (layout.IsSeparate()) {
-                        writer.Write(line, 0, 1, plane, place, static_cast<int>(x), columns);
-                        continue;
-                    }
-                    for (int c = 0; c < used; ++c)
-                        writer.Write(line, static_cast<std::size_t>(c), layout.Samples, c, place,
-                                     static_cast<int>(x), columns);
-                }
-            }
-        }
-    }
-    return true;
-}
-
 // The colors of a palette. Some writers leave them in 8 bits.
-bool ReadPalette(TIFF* tiff, const Layout& layout, std::vector<unsigned>& palette)
+bool ReadPalette(TIFF* tiff, const TiffLayout& layout, std::vector<unsigned>& palette)
 {
     std::uint16_t *red = nullptr, *green = nullptr, *blue = nullptr;
     if (!TIFFGetField(tiff, TIFFTAG_COLORMAP, &red, &green, &blue))
@@ -319,17 +31,12 @@ bool ReadPalette(TIFF* tiff, const Layout& layout, std::vector<unsigned>& palett
     return true;
 }
 
-// By the library's own conversion to red, green, blue, alpha pixels.
-PictureOutcome ReadConverted(TIFF* tiff, const Layout& layout, ImageSamples& samples)
+PictureOutcome ReadConverted(TIFF* tiff, const TiffLayout& layout, ImageSamples& samples)
 {
-    char why[1024];
-    if (!TIFFRGBAImageOK(tiff, why))
-        return PictureOutcome::NotSupported;
-    // The tag is followed afterwards.
-    TIFFSetField(tiff, TIFFTAG_ORIENTATION, ORIENTATION_TOPLEFT);
-    std::vector<std::uint32_t> pixels(std::size_t{layout.Width} * layout.Height);
-    if (!TIFFReadRGBAImageOriented(tiff, layout.Width, layout.Height, pixels.data(), ORIENTATION_TOPLEFT, 1))
-        return PictureOutcome::BadFormat;
+    std::vector<std::uint32_t> pixels;
+    const PictureOutcome       read = ConvertPixels(tiff, layout, pixels);
+    if (read != PictureOutcome::Taken)
+        return read;
     unsigned char* target = samples.Data();
     for (const std::uint32_t pixel : pixels) {
         *target++ = static_cast<unsigned char>(TIFFGetR(pixel));
@@ -337,15 +44,6 @@ PictureOutcome ReadConverted(TIFF* tiff, const Layout& layout, ImageSamples& sam
         *target++ = static_cast<unsigned char>(TIFFGetB(pixel));
     }
     return PictureOutcome::Taken;
-}
-
-// Plain data has to be there. Codes for blank pages compress without limit; at 1 bit per pixel that is cheap.
-bool CanHold(const Layout& layout, std::size_t fileBytes)
-{
-    const long long factor = layout.Compression == COMPRESSION_NONE ? 1 : 65536;
-    const long long rowBytes = (static_cast<long long>(layout.Width) * layout.Samples * layout.Bits + 7) / 8;
-    return (layout.Bits == 1 && layout.Samples == 1 && factor > 1) ||
-           IsPlausible(rowBytes * layout.Height, fileBytes, factor);
 }
 
 }
@@ -362,7 +60,7 @@ PictureOutcome DecodeTiffSamples(const SampleFile& file, ImageSamples& samples)
         if (!TIFFSetDirectory(tiff.get(), static_cast<tdir_t>(file.Page)))
             return PictureOutcome::BadFormat;
     }
-    const Layout layout = LayoutOf(tiff.get());
+    const TiffLayout layout = LayoutOf(tiff.get());
     if (layout.Width < 1 || layout.Height < 1 || layout.Bits < 1)
         return PictureOutcome::BadFormat;
     if (!IsWithin(file.Limits, layout.Width, layout.Height))
@@ -379,7 +77,7 @@ PictureOutcome DecodeTiffSamples(const SampleFile& file, ImageSamples& samples)
     if (direct) {
         std::vector<unsigned> palette;
         if ((layout.IsPalette() && !ReadPalette(tiff.get(), layout, palette)) ||
-            !ReadDirect(tiff.get(), layout, samples))
+            !UnpackPixels(tiff.get(), layout, samples))
             return PictureOutcome::BadFormat;
         if (layout.IsPalette())
             samples = ColorsOfIndices(std::move(samples), palette);

@@ -1,0 +1,67 @@
+#pragma once
+
+// A page of a TIFF: what its tags say, and its pixels out of strips or tiles.
+
+#include "platform/SampleCodecs.h"
+
+#include <tiffio.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace vostel::pictures {
+
+struct TiffLayout {
+    std::uint32_t Width = 0, Height = 0;
+    std::uint16_t Bits = 1, Samples = 1, Planes = PLANARCONFIG_CONTIG, Format = SAMPLEFORMAT_UINT;
+    std::uint16_t Photometric = PHOTOMETRIC_MINISBLACK, Compression = COMPRESSION_NONE;
+    std::uint16_t Orientation = ORIENTATION_TOPLEFT;
+    std::uint16_t Extra = 0;     // samples behind those that show
+    int           Alpha = -1;    // the sample that holds it
+
+    bool IsSeparate() const { return Planes == PLANARCONFIG_SEPARATE; }
+    bool IsFloat() const { return Format == SAMPLEFORMAT_IEEEFP; }
+    bool IsSigned() const { return Format == SAMPLEFORMAT_INT; }
+    bool IsGray() const
+    {
+        return Photometric == PHOTOMETRIC_MINISBLACK || Photometric == PHOTOMETRIC_MINISWHITE;
+    }
+    bool IsPalette() const { return Photometric == PHOTOMETRIC_PALETTE && Bits <= 8; }
+    bool IsPress() const { return Photometric == PHOTOMETRIC_SEPARATED; }
+    // Samples that show.
+    int Channels() const { return IsGray() || IsPalette() ? 1 : IsPress() ? 4 : 3; }
+    // Whether the samples are unpacked here.
+    bool IsDirect() const
+    {
+        const bool known = IsGray() || IsPalette() || Photometric == PHOTOMETRIC_RGB || IsPress();
+        const bool depth =
+            IsFloat() ? Bits == 16 || Bits == 24 || Bits == 32 || Bits == 64 : Bits <= 32 || Bits == 64;
+        return known && depth && Bits >= 1 && Format <= SAMPLEFORMAT_VOID && Samples >= Channels();
+    }
+    // Of what open images hold.
+    SampleType Type() const
+    {
+        if (!IsGray())
+            return IsPalette()                ? SampleType::U8
+                   : Alpha == 3 && !IsPress() ? SampleType::Bgra8
+                                              : SampleType::Rgb8;
+        if (IsFloat() || Bits > 16)
+            return SampleType::F32;
+        return IsSigned() ? SampleType::I16 : Bits > 8 ? SampleType::U16 : SampleType::U8;
+    }
+};
+
+TiffLayout LayoutOf(TIFF* tiff);
+
+// Whether a file of that length can hold such a page.
+bool CanHold(const TiffLayout& layout, std::size_t fileBytes);
+
+// Unpacks a page that is direct, as it is stored, into samples of its type.
+bool UnpackPixels(TIFF* tiff, const TiffLayout& layout, ImageSamples& samples);
+
+// The pixels as they are stored by the library's own conversion, to be taken apart by TIFFGetR and the like.
+// The orientation tag does not turn them.
+PictureOutcome ConvertPixels(TIFF* tiff, const TiffLayout& layout, std::vector<std::uint32_t>& pixels);
+
+}
