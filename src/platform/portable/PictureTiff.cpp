@@ -1,6 +1,6 @@
 // TIFF by libtiff. Gray and palette pictures of 1, 4 and 8 bits keep them, 2 bits become 8; everything
 // with alpha or 16 bits per channel becomes 32, every other color 24. The first page counts. Pixels come as
-// they are stored: orientation tags are not followed.
+// they are stored: orientation tags are not followed, and alpha changes no color.
 
 #include "platform/portable/PictureCodecs.h"
 #include "platform/portable/TiffPixels.h"

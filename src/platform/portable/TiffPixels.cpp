@@ -207,6 +207,19 @@ std::uint64_t BytesOfPage(const TiffLayout& layout)
     return (std::uint64_t{layout.Width} * layout.Samples * layout.Bits + 7) / 8 * layout.Height;
 }
 
+// Alpha is beside the colors, whatever it was meant for.
+void MarkAlphaAsApplied(TIFF* tiff)
+{
+    std::uint16_t  count = 0;
+    std::uint16_t* kinds = nullptr;
+    if (!TIFFGetFieldDefaulted(tiff, TIFFTAG_EXTRASAMPLES, &count, &kinds) || count == 0 ||
+        kinds[0] != EXTRASAMPLE_UNASSALPHA)
+        return;
+    std::vector<std::uint16_t> marked(kinds, kinds + count);
+    marked[0] = EXTRASAMPLE_ASSOCALPHA;
+    TIFFSetField(tiff, TIFFTAG_EXTRASAMPLES, count, marked.data());
+}
+
 }
 
 TiffLayout LayoutOf(TIFF* tiff)
@@ -277,6 +290,7 @@ bool UnpackPixels(TIFF* tiff, const TiffLayout& layout, ImageSamples& samples)
 PictureOutcome ConvertPixels(TIFF* tiff, const TiffLayout& layout, std::vector<std::uint32_t>& pixels)
 {
     TIFFSetField(tiff, TIFFTAG_ORIENTATION, ORIENTATION_TOPLEFT);
+    MarkAlphaAsApplied(tiff);
     char why[1024];
     if (!TIFFRGBAImageOK(tiff, why))
         return PictureOutcome::NotSupported;

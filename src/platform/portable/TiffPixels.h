@@ -61,7 +61,7 @@ bool CanHold(const TiffLayout& layout, std::size_t fileBytes);
 bool UnpackPixels(TIFF* tiff, const TiffLayout& layout, ImageSamples& samples);
 
 // The pixels as they are stored by the library's own conversion, to be taken apart by TIFFGetR and the like.
-// The orientation tag does not turn them.
+// Neither are they turned by the orientation tag nor colors multiplied by alpha.
 PictureOutcome ConvertPixels(TIFF* tiff, const TiffLayout& layout, std::vector<std::uint32_t>& pixels);
 
 }
