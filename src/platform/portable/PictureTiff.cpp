@@ -1,6 +1,6 @@
 // TIFF by libtiff. Gray and palette pictures of 1, 4 and 8 bits keep them, 2 bits become 8; everything
 // with alpha or 16 bits per channel becomes 32, every other color 24. The first page counts. Pixels come as
-// they are stored: orientation tags are not followed, and alpha changes no color.
+// they are stored: orientation tags are not followed, and alpha changes no color. Floats run from 0 to 1.
 
 #include "platform/portable/PictureCodecs.h"
 #include "platform/portable/TiffPixels.h"
@@ -185,6 +185,19 @@ bool ReadConverted(TIFF* tiff, const TiffLayout& layout, PictureBuffer& picture)
     return true;
 }
 
+// Depths that the library does not convert: floats, press colors of 16 bits, gray of few bits with alpha.
+bool ReadUnpacked(TIFF* tiff, const TiffLayout& layout, PictureBuffer& picture)
+{
+    if (!layout.IsDirect() || layout.IsPalette())
+        return false;
+    ImageSamples samples(SampleType::Bgra8, picture.Width, picture.Height);
+    std::memset(samples.Data(), 0xFF, samples.Bytes());
+    if (!UnpackPixels(tiff, layout, samples))
+        return false;
+    StorePixels(samples.Data(), picture);
+    return true;
+}
+
 bool Describe(TIFF* tiff, const PictureBuffer& picture)
 {
     const bool indexed = picture.BitsPerPixel <= 8, gray = picture.IsGray();
@@ -236,7 +249,7 @@ bool DecodeTiff(const Bytes& file, PictureBuffer& picture)
     if (!picture.Allocate(width, height, alpha || layout.Bits == 16 ? 32 : 24))
         return false;
     picture.HasAlpha = alpha;
-    return ReadConverted(tiff.get(), layout, picture);
+    return ReadConverted(tiff.get(), layout, picture) || ReadUnpacked(tiff.get(), layout, picture);
 }
 
 bool EncodeTiff(const PictureBuffer& picture, Bytes& file)

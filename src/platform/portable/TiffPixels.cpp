@@ -115,17 +115,33 @@ private:
 
     void Store(std::uint64_t bits, int c, int y, int x)
     {
-        if (Format.IsGray())
+        if (Target.Type == SampleType::Bgra8)
+            StoreQuad(ByteOf(Format, bits), c,
+                      Target.Row<unsigned char>(y) + 4 * static_cast<std::size_t>(x));
+        else if (Format.IsGray())
             StoreGray(bits, y, x);
         else if (Format.IsPalette())
             Target.Row<unsigned char>(y)[x] = static_cast<unsigned char>(bits);
-        else if (Target.Type == SampleType::Bgra8)
-            Target.Row<unsigned char>(y)[4 * x + (c < 3 ? 2 - c : 3)] = ByteOf(Format, bits);
         else if (Format.IsPress())
             StorePress(ByteOf(Format, bits), c,
                        Target.Row<unsigned char>(y) + 3 * static_cast<std::size_t>(x));
         else
             Target.Row<unsigned char>(y)[3 * x + c] = ByteOf(Format, bits);
+    }
+
+    bool IsInverted() const { return Format.Photometric == PHOTOMETRIC_MINISWHITE; }
+
+    // Blue first. Alpha is behind the samples that show.
+    void StoreQuad(unsigned char byte, int c, unsigned char* pixel)
+    {
+        if (c == Format.Channels())
+            pixel[3] = byte;
+        else if (Format.IsGray())
+            std::fill_n(pixel, 3, static_cast<unsigned char>(IsInverted() ? 255 - byte : byte));
+        else if (Format.IsPress())
+            StorePress(byte, c < 3 ? 2 - c : c, pixel);
+        else
+            pixel[2 - c] = byte;
     }
 
     // Ink by ink, black last.
@@ -141,8 +157,7 @@ private:
 
     void StoreGray(std::uint64_t bits, int y, int x)
     {
-        const bool inverted = Format.Photometric == PHOTOMETRIC_MINISWHITE;
-        if (inverted && !Format.IsFloat() && !Format.IsSigned())
+        if (IsInverted() && !Format.IsFloat() && !Format.IsSigned())
             bits = TopOf(Format.Bits) - bits;
         switch (Target.Type) {
         case SampleType::F32:
@@ -259,8 +274,9 @@ bool UnpackPixels(TIFF* tiff, const TiffLayout& layout, ImageSamples& samples)
         return false;
     std::vector<unsigned char> bytes(blocks.Bytes);
     PixelWriter                writer(layout, samples);
-    const int                  used = samples.Type == SampleType::Bgra8 ? 4 : layout.Channels();
-    const int                  planes = layout.IsSeparate() ? used : 1;
+    const bool                 hasAlpha = layout.Alpha == layout.Channels();
+    const int used = layout.Channels() + (samples.Type == SampleType::Bgra8 && hasAlpha ? 1 : 0);
+    const int planes = layout.IsSeparate() ? used : 1;
     for (int plane = 0; plane < planes; ++plane) {
         for (std::uint64_t top = 0; top < layout.Height; top += blocks.Height) {
             for (std::uint64_t left = 0; left < layout.Width; left += blocks.Width) {

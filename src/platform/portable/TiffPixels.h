@@ -57,7 +57,8 @@ TiffLayout LayoutOf(TIFF* tiff);
 // Whether a file of that length can hold such a page.
 bool CanHold(const TiffLayout& layout, std::size_t fileBytes);
 
-// Unpacks a page that is direct, as it is stored, into samples of its type.
+// Unpacks a page that is direct, as it is stored, into samples of its type, or of Bgra8 if it has no palette;
+// the alpha of those stays as it was where the page has none.
 bool UnpackPixels(TIFF* tiff, const TiffLayout& layout, ImageSamples& samples);
 
 // The pixels as they are stored by the library's own conversion, to be taken apart by TIFFGetR and the like.

@@ -46,6 +46,18 @@ toff_t Size(thandle_t handle)
     return BytesOf(handle).File.size();
 }
 
+// The library then takes blocks from where they are. Its own conversion refuses plain tiles that it has read
+// into memory of its own unless their length is a multiple of 1024.
+int Map(thandle_t handle, void** base, toff_t* size)
+{
+    const std::span<const unsigned char> file = BytesOf(handle).File;
+    *base = const_cast<unsigned char*>(file.data());    // read only
+    *size = file.size();
+    return 1;
+}
+
+void Unmap(thandle_t, void*, toff_t) {}
+
 // Handlers of this one file; what the host has set for others stays untouched.
 int Silent(TIFF*, void*, const char*, const char*, va_list)
 {
@@ -62,9 +74,8 @@ TiffHandle OpenTiff(TiffBytes& bytes)
     TIFFOpenOptionsSetMaxSingleMemAlloc(options, tmsize_t{1} << 30);
     TIFFOpenOptionsSetErrorHandlerExtR(options, Silent, nullptr);
     TIFFOpenOptionsSetWarningHandlerExtR(options, Silent, nullptr);
-    // Not mapped: the bytes are in memory already.
-    TiffHandle tiff(TIFFClientOpenExt("picture", "rm", &bytes, ReadBytes, WriteNothing, Seek, Close, Size,
-                                      nullptr, nullptr, options));
+    TiffHandle tiff(TIFFClientOpenExt("picture", "r", &bytes, ReadBytes, WriteNothing, Seek, Close, Size, Map,
+                                      Unmap, options));
     TIFFOpenOptionsFree(options);
     return tiff;
 }
