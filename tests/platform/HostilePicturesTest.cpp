@@ -2,10 +2,12 @@
 // ask for what pictures do.
 
 #include "platform/SampleFiles.h"
+#include "platform/TiffFiles.h"
 
 #include <cstdio>
 
 #include <jpeglib.h>
+#include <sys/resource.h>
 
 #include <cstdlib>
 #include <random>
@@ -29,6 +31,14 @@ bool Loads(const Bytes& file)
     REQUIRE(WriteBytes(folder.Path("picture"), file));
     ATL::CImage image;
     return image.Load(folder.WidePath("picture")) >= 0;
+}
+
+// The most memory that the process has held so far.
+long PeakMiB()
+{
+    rusage usage = {};
+    REQUIRE(getrusage(RUSAGE_SELF, &usage) == 0);
+    return usage.ru_maxrss / 1024;
 }
 
 // The picture ends that many scans earlier; the file stays as long, since its length says what it may hold.
@@ -100,4 +110,20 @@ TEST_CASE("a JPEG of as many scans as there are bits of coefficients loads where
         CHECK(Read(file).Outcome == PictureOutcome::Taken);
         CHECK(Loads(file));
     }
+}
+
+TEST_CASE("a tile far larger than its picture takes no memory, one of a usual size loads")
+{
+    const Bytes file = Hostile("tile-larger-than-its-picture.tif");
+    const long  before = PeakMiB();
+    CHECK(Read(file).Outcome == PictureOutcome::BadFormat);
+    CHECK_FALSE(Loads(file));
+    CHECK(PeakMiB() - before < 64);
+    const Bytes twin = TiffOf({.Width = 16,
+                               .Height = 16,
+                               .TileWidth = 1024,
+                               .TileHeight = 1024,
+                               .Blocks = {Bytes(1024 * 1024, 7)}});
+    CHECK(Holds(twin, SampleType::U8, std::vector<std::uint8_t>(256, 7)));
+    CHECK(Loads(twin));
 }

@@ -142,7 +142,7 @@ bool ReadIndices(TIFF* tiff, const TiffLayout& layout, PictureBuffer& picture)
     TIFFGetField(tiff, TIFFTAG_TILEWIDTH, &tileWidth);
     TIFFGetField(tiff, TIFFTAG_TILELENGTH, &tileHeight);
     const tmsize_t size = TIFFTileSize(tiff), rowSize = TIFFTileRowSize(tiff);
-    if (tileWidth == 0 || tileWidth % 16 != 0 || tileHeight == 0 || size <= 0 || size > (tmsize_t{1} << 28) ||
+    if (tileWidth == 0 || tileWidth % 16 != 0 || tileHeight == 0 || size <= 0 ||
         rowSize < static_cast<tmsize_t>(std::uint64_t{tileWidth} * layout.Bits / 8) ||
         rowSize > size / static_cast<tmsize_t>(tileHeight))
         return false;
@@ -239,7 +239,7 @@ bool DecodeTiff(const Bytes& file, PictureBuffer& picture)
     if (!tiff)
         return false;
     const TiffLayout layout = LayoutOf(tiff.get());
-    if (!IsSanePictureSize(layout.Width, layout.Height) || !CanHold(layout, file.size()))
+    if (!IsSanePictureSize(layout.Width, layout.Height) || !CanHold(tiff.get(), layout, file.size()))
         return false;
     const int width = static_cast<int>(layout.Width), height = static_cast<int>(layout.Height);
     if (IsIndexed(layout))

@@ -257,14 +257,19 @@ TiffLayout LayoutOf(TIFF* tiff)
     return layout;
 }
 
-bool CanHold(const TiffLayout& layout, std::size_t fileBytes)
+bool CanHold(TIFF* tiff, const TiffLayout& layout, std::size_t fileBytes)
 {
     // Plain data has to be there. Codes for blank pages compress without limit; at 1 bit per pixel that is
     // cheap.
     const long long     factor = layout.Compression == COMPRESSION_NONE ? 1 : 65536;
     const std::uint64_t pageBytes = BytesOfPage(layout);
-    return (layout.Bits == 1 && layout.Samples == 1 && factor > 1) ||
-           IsPlausible(static_cast<long long>(pageBytes), fileBytes, factor);
+    if (!(layout.Bits == 1 && layout.Samples == 1 && factor > 1) &&
+        !IsPlausible(static_cast<long long>(pageBytes), fileBytes, factor))
+        return false;
+    // Small pictures are put into tiles of the usual sizes, too.
+    constexpr std::uint64_t sparedBytes = 1 << 24;
+    const std::uint64_t     blockBytes = TIFFIsTiled(tiff) ? TIFFTileSize64(tiff) : TIFFStripSize64(tiff);
+    return blockBytes <= sparedBytes || blockBytes / 4 <= pageBytes;
 }
 
 bool UnpackPixels(TIFF* tiff, const TiffLayout& layout, ImageSamples& samples)

@@ -54,8 +54,9 @@ struct TiffLayout {
 
 TiffLayout LayoutOf(TIFF* tiff);
 
-// Whether a file of that length can hold such a page.
-bool CanHold(const TiffLayout& layout, std::size_t fileBytes);
+// Whether a file of that length can hold such a page, and whether none of its blocks, which are unpacked as a
+// whole, is far larger than the page.
+bool CanHold(TIFF* tiff, const TiffLayout& layout, std::size_t fileBytes);
 
 // Unpacks a page that is direct, as it is stored, into samples of its type, or of Bgra8 if it has no palette;
 // the alpha of those stays as it was where the page has none.

@@ -67,7 +67,7 @@ PictureOutcome DecodeTiffSamples(const SampleFile& file, ImageSamples& samples)
         return PictureOutcome::TooLarge;
     if (layout.Samples > MostSamples || layout.Bits > 64)
         return PictureOutcome::NotSupported;
-    if (!CanHold(layout, file.Bytes.size()))
+    if (!CanHold(tiff.get(), layout, file.Bytes.size()))
         return PictureOutcome::BadFormat;
     const bool           direct = layout.IsDirect();
     const SampleType     type = direct ? layout.Type() : SampleType::Rgb8;
