@@ -54,7 +54,8 @@ VOSTEL_API void gCVSShowUCColor(int canvas, unsigned char* red, unsigned char* g
 ///   "文件不存在"; what it lacks reads as zeros. A size above 2^24 pixels that the file does not fill to a
 ///   quarter is refused.
 /// - All others: pictures of 8, 24 or 32 bits per pixel, see ATL::CImage. Of 8 bits the bytes count as gray,
-///   whatever the palette. Other depths leave a black image.
+///   whatever the palette. Other depths leave a black image. Pixels are shown as the file stores them:
+///   orientation tags are not followed, and alpha changes no color.
 ///
 /// keepOriginal as for gCVSShowRawFloat. Always true: gCVSGetFileType returns FileTypeNone when the dialog
 /// was cancelled or the file cannot be shown. The previous image then stays visible, but for other depths.
