@@ -212,6 +212,12 @@ void VostelImage::LoadCommonImage(CString path)
     const int  height = picture.GetHeight();
     const int  depth = picture.GetBPP();
     const bool shown = depth == 8 || depth == 24 || depth == 32;
+    // Before anything changes: without memory for it the load fails as one without memory for the pixels
+    // does.
+    const std::unique_ptr<unsigned char*, void (*)(unsigned char**)> rows(Create2DList(&picture),
+                                                                          Release2DList);
+    if (!rows)
+        return;
 
     RawOri.Release();
     Raw.Release();
@@ -221,8 +227,6 @@ void VostelImage::LoadCommonImage(CString path)
         return;
     // A palette picture's bytes count as gray as they stand.
     const RowFormat format = depth == 8 ? GrayRows : depth == 24 ? TripleRows : QuadRows;
-    const std::unique_ptr<unsigned char*, void (*)(unsigned char**)> rows(Create2DList(&picture),
-                                                                          Release2DList);
     CanvasSurface.UploadRows(rows.get(), width, height, format);
     GrayOnSurface = depth == 8;
     Source = ImageSource{AbsoluteUtf8(path), 0, std::nullopt, true};
