@@ -86,7 +86,7 @@ void CheckClassic(const std::string& path, bool taken, Size size)
     // Five bits a channel are saved as eight.
     if (picture.GetBPP() == 16 || static_cast<long long>(picture.GetWidth()) * picture.GetHeight() > 1 << 16)
         return;
-    for (const wchar_t* const ending : {L".png", L".bmp"})
+    for (const wchar_t* const ending : {L".png", L".bmp", L".tif"})
         CheckSaved(picture, ending);
 }
 
