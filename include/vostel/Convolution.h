@@ -10,8 +10,9 @@
 /// kh2. Each sum is one 32-bit float from 0.0, every tap multiplied and then added in 32-bit float, j
 /// ascending and i ascending within j. A full kernel is summed as it is, also where it could be taken apart.
 ///
-/// Border: the image is mirrored without repeating the edge sample, so -1 reads 1 and width reads width - 2,
-/// as often as it takes; one row or column alone is read for all.
+/// Border: the image is mirrored without repeating the edge sample, so -1 reads 1 and width reads width - 2.
+/// Half a kernel that is as wide as the image or wider reads on with a period of 2 width, whose last place
+/// reads 0; one row or column alone is read for all.
 ///
 /// Kernels have odd sides. What an even side lacks at its end reads as zero. Nothing happens without an image
 /// or a kernel that has samples. Neither may be used by another thread during a call. The pixels do not
