@@ -12,9 +12,9 @@
 #include "vostel/FourierTransform.h"
 #include "vostel/export.h"
 
-/// Fills the first Width elements, whatever the height: element i is tap n = i - Width / 2. spacing is the
-/// sampling distance of a projection in the host's unit; values are in one over its square. A spacing of 0
-/// gives infinite taps. The last argument has no effect. Nothing happens for a Width below 1.
+/// Fills the first row, whatever the height: element i is tap n = i - Width / 2. spacing is the sampling
+/// distance of a projection in the host's unit; values are in one over its square. A spacing of 0 gives
+/// infinite taps. The last argument has no effect. Nothing happens for a kernel without elements.
 VOSTEL_API void KernelGenerate(ClassData2DIO<float>& kernel, float spacing, int = 0);
 
 /// Initialises fft with fftLength (a power of two), forward, and leaves in Re and Im the unscaled spectrum of

@@ -2,6 +2,7 @@
 
 #include "base/Compiler.h"
 #include "foundation/ArrayLength.h"
+#include "foundation/Planes.h"
 #include "imaging/Fourier.h"
 #include "imaging/FourierArrays.h"
 
@@ -26,7 +27,7 @@ void FetchAhead(const float* row, int width)
 
 void KernelGenerate(ClassData2DIO<float>& kernel, float spacing, int)
 {
-    if (kernel.Width < 1 || !kernel.Ptr1D)
+    if (CountOf(kernel) == 0)
         return;
     const double d = static_cast<double>(spacing);
     for (int i = 0; i < kernel.Width; ++i) {

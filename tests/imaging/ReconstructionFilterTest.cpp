@@ -107,6 +107,26 @@ TEST_CASE("a kernel without elements stays untouched")
     CHECK(kernel.Width == 0);
 }
 
+TEST_CASE("a kernel without rows has no room for taps, one row has")
+{
+    float values[5] = {5.0f, 5.0f, 5.0f, 5.0f, 5.0f};
+    Plane kernel;
+    kernel.Ptr1D = values;
+    kernel.OwnPtr1D = false;
+    kernel.OwnPtr2D = false;
+    kernel.Width = 4;
+    for (const int height : {0, -1}) {
+        kernel.Height = height;
+        KernelGenerate(kernel, 0.5f);
+        CHECK(std::count(values, values + 5, 5.0f) == 5);
+    }
+    kernel.Height = 1;
+    KernelGenerate(kernel, 0.5f);
+    CHECK(values[1] == TapByHand(-1, 0.5f));
+    CHECK(values[2] == 0.5f);
+    CHECK(values[4] == 5.0f);
+}
+
 TEST_CASE("the kernel's spectrum is that of its taps from index 0, unscaled")
 {
     ZEKPP1DFFT fft, byHand;
