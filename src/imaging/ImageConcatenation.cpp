@@ -119,6 +119,8 @@ struct CrossFade {
     void Mix(const Samples& a, const Samples& b, std::int64_t shift, float gain, float* target) const
     {
         const std::int64_t count = Right - Left;
+        if (count == 0)
+            return;    // then there may be no row to point into
         if (Right <= a.Width && Left + shift >= 0 && Right + shift <= b.Width) {
             const float* const rowA = a.Row + Left;
             const float* const rowB = b.Row + Left + shift;

@@ -55,7 +55,7 @@ std::size_t SortFewEnds(int* first, int* last)
         *place = value;
     }
     std::size_t words = 0;
-    for (const int* at = first; at + 1 < last; at += 2)
+    for (const int* at = first; last - at > 1; at += 2)
         words += static_cast<std::size_t>(at[1] - at[0] + 1);
     return words;
 }
@@ -151,16 +151,19 @@ public:
         const std::int64_t limitY = TruncToInt(static_cast<double>(b2) / r + 0.5);
         const std::int64_t widestColumn = a;
 
-        // From the top, stepping x.
+        // From the top, stepping x. Past the centre, where stepDiagonal is not positive, d only grows, and
+        // out of 64 bits where the box is flat; its sign alone counts, so that it may stay as it is.
         std::int64_t d = a2 + 4 * (b2 - (height * a2) / 2);
         std::int64_t stepDiagonal = (2 * b - 2) * a2;
         std::int64_t t = 3 * b2;
         std::int64_t u = 12 * b2;
         for (std::int64_t x = 0; x <= limitX;) {
             if (d > 0) {
-                d += 4 * (t - stepDiagonal);
                 b -= 1;
-                stepDiagonal -= 2 * a2;
+                if (stepDiagonal > 0) {
+                    d += 4 * (t - stepDiagonal);
+                    stepDiagonal -= 2 * a2;
+                }
             } else {
                 d += u;
             }
@@ -177,9 +180,11 @@ public:
         u = 12 * a2;
         for (std::int64_t y = 0; y <= limitY;) {
             if (d > 0) {
-                d += 4 * (t - stepDiagonal);
                 a -= 1;
-                stepDiagonal -= 2 * b2;
+                if (stepDiagonal > 0) {
+                    d += 4 * (t - stepDiagonal);
+                    stepDiagonal -= 2 * b2;
+                }
             } else {
                 d += u;
             }
@@ -274,7 +279,7 @@ void FillPolygon(ClassData2DIO<int>& plane, std::vector<Point>& points, int valu
             FillBetweenMany(plane, y, ends.Begin(row), end, ends.Left, ends.Right, value);
             continue;
         }
-        for (const int* at = ends.Begin(row); at + 1 < end; at += 2)
+        for (const int* at = ends.Begin(row); end - at > 1; at += 2)
             FillRun(plane, y, at[0], at[1], value, streaming);
     }
     if (streaming)

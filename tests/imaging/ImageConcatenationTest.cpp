@@ -228,6 +228,15 @@ TEST_CASE("a right image that is too small or empty leaves zeros")
     CHECK(SamePlane(faded, PlaneOf<float>(1, {2, 2, 2})));
 }
 
+TEST_CASE("a cross-fade that lies beside the result takes no pixel of an empty right image")
+{
+    // The result has 2 columns, and the cross-fade begins behind them.
+    const FloatPlane a = Constant(4, 3, 2.0f);
+    CHECK(SamePlane(Joined(a, FloatPlane(), 2, 0, false), PlaneOf<float>(2, {2, 2, 2, 2, 2, 2})));
+    CHECK(SamePlane(Joined(a, Constant(2, 3, 5.0f), 2, 0, false),
+                    PlaneOf<float>(4, {2, 2, 2, 5, 2, 2, 2, 5, 2, 2, 2, 5})));
+}
+
 TEST_CASE("a left image without rows gets wider all the same")
 {
     FloatPlane b = Constant(4, 3, 2.0f), fresh, rowless;

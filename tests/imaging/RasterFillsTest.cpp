@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <random>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace {
@@ -365,6 +366,18 @@ TEST_CASE("a polygon in an empty plane or without points does nothing")
     CHECK(plane.Count(3) > 0);
 }
 
+TEST_CASE("a polygon without spans fills nothing on a thread that has filled none before")
+{
+    GuardedPlane plane(6, 6);
+    const auto fill = [&](Points points) { std::thread([&] { FillPolygon(plane.Data, points, 3); }).join(); };
+    fill({{2, 2}});
+    fill({{2, 2}, {2, 2}});
+    CHECK(plane.Count(0) == 36);
+    fill({{1, 1}, {4, 1}, {4, 4}, {1, 4}});
+    CHECK(plane.Count(3) == 16);
+    CHECK(plane.GuardsStand());
+}
+
 TEST_CASE("random polygons fill exactly as the plain reference does, in all orientations")
 {
     constexpr unsigned Seed = 20261;
@@ -510,6 +523,23 @@ TEST_CASE("ellipses beyond 1310 pixels, whose sums leave 32 bits, are filled by 
     CHECK(plane.Data.Ptr2D[735][10] == 3);
     CHECK(plane.Data.Ptr2D[735][1399] == 3);
     CHECK(plane.Data.Ptr2D[735][1400] == 0);
+}
+
+TEST_CASE("the steps of ellipses as flat or thin as can be stay within 64 bits")
+{
+    constexpr int Length = 1 << 20;
+    // The arc leaves a flat box through its centre: the rows below and above it get spans, too.
+    GuardedPlane column(1, 20001);
+    DrawEcllipse(column.Data, -Length / 2, 9999, Length / 2, 10001, true, 3);
+    CHECK(column.Count(3) == 20001);
+    GuardedPlane thin(20001, 1);
+    DrawEcllipse(thin.Data, 9999, -Length / 2, 10001, Length / 2, true, 3);
+    CHECK(thin.Count(3) == 2);
+    CHECK(thin.Data.Ptr1D[9999] == 3);
+    CHECK(thin.Data.Ptr1D[10000] == 3);
+    // Where no sum leaves 64 bits the plain rule gives the same.
+    CheckEllipse(50, 3000, -10000, 1499, 10000, 1501);
+    CheckEllipse(3000, 50, 1499, -10000, 1501, 10000);
 }
 
 TEST_CASE("an ellipse of any size ends and stays inside the plane")
