@@ -10,7 +10,8 @@
 #include <string>
 
 /// A parameter file that is written or read. Paths are those of the C++ streams; a null one counts as a file
-/// that cannot be opened.
+/// that cannot be opened, and so does a named pipe off Windows, whose other end may never come. What is read
+/// has to be a plain file: a device may have no end.
 class VOSTEL_API ZEKIODisk {
 public:
     std::map<std::string, std::string>           ParaMap;      ///< name to value, filled by ReadMap

@@ -1,14 +1,18 @@
 #include "vostel/ParameterFiles.h"
 
+#include "platform/Files.h"
+
 #include <cctype>
 #include <limits>
+
+using namespace vostel;
 
 namespace {
 
 template <typename Stream>
-void Open(Stream& stream, const char* path, std::ios_base::openmode mode)
+void Open(Stream& stream, const char* path, std::ios_base::openmode mode, bool allowed)
 {
-    if (path)
+    if (path && allowed)
         stream.open(path, mode);
     else
         stream.setstate(std::ios_base::failbit);
@@ -34,17 +38,17 @@ ZEKIODisk::~ZEKIODisk() = default;
 
 void ZEKIODisk::OpenWrite(char* path)
 {
-    Open(Out, path, std::ios_base::out | std::ios_base::app);
+    Open(Out, path, std::ios_base::out | std::ios_base::app, !IsPipe(path));
 }
 
 void ZEKIODisk::OpenWriteEmpty(char* path)
 {
-    Open(Out, path, std::ios_base::out | std::ios_base::ate);
+    Open(Out, path, std::ios_base::out | std::ios_base::ate, !IsPipe(path));
 }
 
 void ZEKIODisk::OpenRead(char* path)
 {
-    Open(In, path, std::ios_base::in);
+    Open(In, path, std::ios_base::in, IsPlainFile(path));
 }
 
 void ZEKIODisk::CloseWrite()

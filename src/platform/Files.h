@@ -12,6 +12,8 @@ namespace vostel {
 
 bool      PathExists(const char* path);                        // a file or a directory; false for null
 bool      IsDirectory(const CString& path);                    // an existing directory
+bool      IsPlainFile(const char* path);                       // no directory, pipe or device
+bool      IsPipe(const char* path);                            // to open it waits for its other end
 OwnedFile OpenFile(const char* path, const char* mode);        // null on failure, or for a null argument
 OwnedFile OpenUtf8File(const char* path, const char* mode);    // the same for a path in UTF-8
 bool      SeekFile(std::FILE* file, long long place);          // counted from the beginning

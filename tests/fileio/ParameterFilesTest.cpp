@@ -4,6 +4,10 @@
 
 #include <doctest/doctest.h>
 
+#if !defined(_WIN32)
+#    include <sys/stat.h>
+#endif
+
 namespace {
 
 using Map = std::map<std::string, std::string>;
@@ -140,3 +144,38 @@ TEST_CASE("ReadMap ends on streams that are closed, missing or a directory")
     CHECK(disk.Out.fail());
     disk.WriteString("nowhere");
 }
+
+#if !defined(_WIN32)
+
+TEST_CASE("a pipe, whose other end nobody opens, and a device without an end are not opened")
+{
+    TempFolder  folder;
+    std::string pipe = folder.Path("pipe"), zeros = "/dev/zero", nothing = "/dev/null";
+    REQUIRE(mkfifo(pipe.c_str(), 0600) == 0);
+    ZEKIODisk disk;
+    disk.OpenRead(pipe.data());
+    CHECK(disk.In.fail());
+    disk.ReadMap();
+    ZEKIODisk appended, emptied, endless;
+    appended.OpenWrite(pipe.data());
+    CHECK(appended.Out.fail());
+    emptied.OpenWriteEmpty(pipe.data());
+    CHECK(emptied.Out.fail());
+    endless.OpenRead(zeros.data());
+    CHECK(endless.In.fail());
+    endless.ReadMap();
+    CHECK(endless.ParaMap.empty());
+    // What is written to a device does get there, and a link to a plain file is one.
+    ZEKIODisk device;
+    device.OpenWrite(nothing.data());
+    CHECK(device.Out.good());
+    CHECK(Read(folder, "a = 1") == Map{{"a", "1"}});
+    std::string link = folder.Path("link.ini");
+    std::filesystem::create_symlink(folder.Path("read.ini"), link);
+    ZEKIODisk linked;
+    linked.OpenRead(link.data());
+    linked.ReadMap();
+    CHECK(linked.ParaMap == Map{{"a", "1"}});
+}
+
+#endif

@@ -34,6 +34,18 @@ bool IsDirectory(const CString& path)
     return isFolder(narrow);
 }
 
+bool IsPlainFile(const char* path)
+{
+    struct stat facts;
+    return path && stat(path, &facts) == 0 && S_ISREG(facts.st_mode);
+}
+
+bool IsPipe(const char* path)
+{
+    struct stat facts;
+    return path && stat(path, &facts) == 0 && S_ISFIFO(facts.st_mode);
+}
+
 OwnedFile OpenFile(const char* path, const char* mode)
 {
     struct stat facts;

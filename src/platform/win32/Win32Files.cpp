@@ -52,6 +52,18 @@ bool IsDirectory(const CString& path)
     return PathIsDirectoryW(path) != FALSE;
 }
 
+bool IsPlainFile(const char* path)
+{
+    struct _stat64 facts;
+    return path && _stat64(path, &facts) == 0 && (facts.st_mode & _S_IFMT) == _S_IFREG;
+}
+
+// Named pipes open at once or not at all.
+bool IsPipe(const char*)
+{
+    return false;
+}
+
 OwnedFile OpenFile(const char* path, const char* mode)
 {
     std::FILE* file = nullptr;
