@@ -51,8 +51,9 @@ public:
     /// failure is not reported.
     void Write(char* path, std::vector<CString> list);
     /// Appends the lines of a text file, without white space at their ends. Returns true when the file cannot
-    /// be opened: the result is inverted. A file that ends in a line break gives its last line once more.
-    /// Lines are taken in pieces of 1023 bytes.
+    /// be opened, is a device or has more than 2^20 lines, and leaves the list then: the result is inverted.
+    /// A file that ends in a line break gives its last line once more. Lines are taken in pieces of 1023
+    /// bytes, and each piece counts.
     bool Read(char* path, std::vector<CString>& list);
 };
 

@@ -78,6 +78,22 @@ bool CopyTree(const std::wstring& from, const std::wstring& to, std::vector<std:
     return result;
 }
 
+// A line takes far more memory than the byte that ends it.
+constexpr std::size_t MostLines = std::size_t{1} << 20;
+
+// Calls take(line) for the pieces of a text file until it returns false. If no line is left at the end, the
+// one before comes once more.
+template <typename Take>
+void ForEachLine(std::FILE* file, Take take)
+{
+    char line[1024] = "";
+    bool more = true;
+    while (more && !std::feof(file) && !std::ferror(file)) {
+        [[maybe_unused]] const char* const read = std::fgets(line, sizeof line, file);
+        more = take(line);
+    }
+}
+
 void ListFiles(const std::wstring& dir, std::vector<CString>& out, bool recursive,
                const std::wstring& pattern)
 {
@@ -178,16 +194,20 @@ void OSDIR::Write(char* path, std::vector<CString> list)
 bool OSDIR::Read(char* path, std::vector<CString>& list)
 {
     const OwnedFile file = OpenFile(path, "r");
-    if (!file)
+    // What has no length, as a device, may have no end.
+    if (!file || FileLength(file.get()) < 0)
         return true;
-    char line[1024] = "";
-    while (!std::feof(file.get()) && !std::ferror(file.get())) {
-        // If no line is left, line keeps the one before, which is then listed once more.
-        [[maybe_unused]] const char* const read = std::fgets(line, sizeof line, file.get());
-        CString                            text = WidenAnsi(line).c_str();
+    std::size_t lines = 0;
+    ForEachLine(file.get(), [&](const char*) { return ++lines <= MostLines; });
+    if (lines > MostLines || std::fseek(file.get(), 0, SEEK_SET) != 0)
+        return true;
+    list.reserve(list.size() + lines);
+    ForEachLine(file.get(), [&](const char* line) {
+        CString text = WidenAnsi(line).c_str();
         text.Trim();
         list.push_back(text);
-    }
+        return lines-- > 1;    // the file may have grown since
+    });
     return false;
 }
 

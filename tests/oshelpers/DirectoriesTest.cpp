@@ -382,6 +382,41 @@ TEST_CASE("lines longer than 1023 bytes come in pieces")
     CHECK(lines[3] == L"d");
 }
 
+TEST_CASE("a file of 2^20 lines is read, and one of more leaves the list as it was")
+{
+    constexpr std::size_t MostLines = std::size_t{1} << 20;
+    TempFolder            folder;
+    bool                  failed = true;
+    // The last line break gives one line more.
+    Put(folder, "most.txt", std::string(MostLines - 1, '\n'));
+    CHECK(ReadLines(folder.Path("most.txt"), failed).size() == MostLines);
+    CHECK_FALSE(failed);
+    Put(folder, "more.txt", std::string(MostLines, '\n'));
+    std::vector<CString> list = {L"before"};
+    std::string          path = folder.Path("more.txt");
+    CHECK(OSDIR().Read(path.data(), list));
+    CHECK(list == std::vector<CString>{L"before"});
+}
+
+TEST_CASE("ten megabytes of empty lines take no memory")
+{
+    TempFolder folder;
+    bool       failed = false;
+    Put(folder, "empty-lines.txt", std::string(10'000'000, '\n'));
+    const std::vector<CString> lines = ReadLines(folder.Path("empty-lines.txt"), failed);
+    CHECK(failed);
+    CHECK(lines.capacity() == 0);
+}
+
+TEST_CASE("a device without an end is not read")
+{
+    if (Windows)
+        return;
+    bool failed = false;
+    CHECK(ReadLines("/dev/zero", failed).empty());
+    CHECK(failed);
+}
+
 TEST_CASE("text of the system's code page survives writing and reading")
 {
     TempFolder  folder;
