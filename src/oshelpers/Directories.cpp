@@ -168,9 +168,9 @@ bool OSDIR::CheckFolderExist(const CString& path)
 
 bool OSDIR::DirectoryOperate(CString from, CString to, unsigned int)
 {
-    const std::wstring        goal = WithoutPattern(to);
+    const std::wstring        goal = FolderPath(WithoutPattern(to));
     std::vector<std::wstring> closed = {FolderIdentity(goal)};
-    return CopyTree(WithoutPattern(from), goal, closed);
+    return CopyTree(FolderPath(WithoutPattern(from)), goal, closed);
 }
 
 void OSDIR::FindFile(wchar_t* dir, std::vector<CString>& out, bool recursive, wchar_t* pattern)

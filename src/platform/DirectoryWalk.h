@@ -28,6 +28,10 @@ struct FirstMatch {
 };
 FirstMatch FindFirst(const std::wstring& pattern);
 
+// The path of a folder in the platform's own notation. The calls below take paths letter by letter, made of
+// such a path and of names of entries: off Windows a name may hold a backslash.
+std::wstring FolderPath(const std::wstring& path);
+
 // A name for the folder behind a path, whatever links and spellings lead to it; empty if there is none.
 std::wstring FolderIdentity(const std::wstring& path);
 

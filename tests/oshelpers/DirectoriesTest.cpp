@@ -212,6 +212,27 @@ TEST_CASE("a tree is copied with its subfolders, and files that exist are overwr
     CHECK(TextOf(folder, "from/a.txt") == "new a");
 }
 
+TEST_CASE("names that hold a backslash are copied and listed where a file system has them")
+{
+    if (Windows)
+        return;
+    TempFolder folder;
+    for (const char* name : {"from", "from/c\\d", "from/c\\d/e\\f", "to"})
+        folder.MakeFolder(name);
+    for (const char* name : {"from/a\\b.txt", "from/c\\d/e\\f/g.txt", "from/z.txt"})
+        Put(folder, name, name);
+    REQUIRE(Copy(folder, "from", "to"));
+    CHECK(TextOf(folder, "to/a\\b.txt") == "from/a\\b.txt");
+    CHECK(TextOf(folder, "to/c\\d/e\\f/g.txt") == "from/c\\d/e\\f/g.txt");
+    CHECK(TextOf(folder, "to/z.txt") == "from/z.txt");
+    CHECK_FALSE(Exists(folder, "to/a"));
+    CHECK_FALSE(Exists(folder, "to/c"));
+    CHECK(Listed(folder, "from", true, L"*.txt").size() == 3);
+    // A host may write both separators.
+    const CString both = folder.WidePath() + L"\\from\\*.*";
+    CHECK(OSDIR().DirectoryOperate(both, folder.WidePath() + L"\\to\\*.*", 0));
+}
+
 TEST_CASE("an empty subfolder is made and ends the copy, which then is false")
 {
     TempFolder folder;

@@ -1,10 +1,20 @@
+// The standard library's iterators end the process where memory runs out for a name, so that folders are read
+// by the system's own calls.
+
 #include "platform/DirectoryWalk.h"
 
 #include "platform/Files.h"
 
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+
 #include <algorithm>
+#include <cerrno>
 #include <cwctype>
 #include <filesystem>
+#include <memory>
+#include <new>
 
 namespace vostel {
 
@@ -61,11 +71,42 @@ FolderAndName Split(const std::wstring& pattern)
     return {cut == 0 ? L"/" : pattern.substr(0, cut), pattern.substr(cut + 1)};
 }
 
-std::filesystem::path NativePath(const std::wstring& text)
+std::string Narrow(const std::wstring& path)
 {
-    std::wstring slashed = text;
-    std::replace(slashed.begin(), slashed.end(), L'\\', L'/');
-    return NarrowAnsi(slashed.c_str(), static_cast<int>(slashed.size()));
+    return NarrowAnsi(path.c_str(), static_cast<int>(path.size()));
+}
+
+// Both separators count in what a host gives, and a file system may hold a backslash in a name.
+std::string NativePath(const std::wstring& text)
+{
+    std::string path = Narrow(text);
+    struct stat facts;
+    if (lstat(path.c_str(), &facts) != 0)
+        std::replace(path.begin(), path.end(), '\\', '/');
+    return path;
+}
+
+struct FolderCloser {
+    void operator()(DIR* folder) const { closedir(folder); }
+};
+
+// Null for what cannot be listed.
+std::unique_ptr<DIR, FolderCloser> OpenFolder(const std::string& path)
+{
+    DIR* const folder = opendir(path.c_str());
+    if (!folder && errno == ENOMEM)
+        throw std::bad_alloc();
+    return std::unique_ptr<DIR, FolderCloser>(folder);
+}
+
+DirectoryEntry EntryOf(DIR* folder, const char* name)
+{
+    DirectoryEntry entry;
+    struct stat    facts;
+    entry.Name = WidenAnsi(name);
+    entry.IsLink = fstatat(dirfd(folder), name, &facts, AT_SYMLINK_NOFOLLOW) == 0 && S_ISLNK(facts.st_mode);
+    entry.IsDirectory = fstatat(dirfd(folder), name, &facts, 0) == 0 && S_ISDIR(facts.st_mode);
+    return entry;
 }
 
 }
@@ -76,13 +117,11 @@ std::vector<DirectoryEntry> MatchingEntries(const std::wstring& pattern)
 {
     std::vector<DirectoryEntry> entries;
     const FolderAndName         wanted = Split(pattern);
-    std::error_code             failure;
-    for (std::filesystem::directory_iterator at(NativePath(wanted.Folder), failure), end;
-         !failure && at != end; at.increment(failure)) {
-        const std::wstring name = WidenAnsi(at->path().filename().c_str());
-        std::error_code    unknown;
-        if (Matches(wanted.Name, name))
-            entries.push_back({name, at->is_directory(unknown), at->is_symlink(unknown)});
+    const auto                  folder = OpenFolder(NativePath(wanted.Folder));
+    while (const dirent* const found = folder ? readdir(folder.get()) : nullptr) {
+        const std::wstring name = WidenAnsi(found->d_name);
+        if (name != L"." && name != L".." && Matches(wanted.Name, name))
+            entries.push_back(EntryOf(folder.get(), found->d_name));
     }
     std::sort(entries.begin(), entries.end(),
               [](const DirectoryEntry& a, const DirectoryEntry& b) { return a.Name < b.Name; });
@@ -91,38 +130,44 @@ std::vector<DirectoryEntry> MatchingEntries(const std::wstring& pattern)
 
 FirstMatch FindFirst(const std::wstring& pattern)
 {
-    std::error_code     failure;
+    const auto factsOf = [](const std::string& path) {
+        struct stat facts;
+        const bool  found = stat(path.c_str(), &facts) == 0;
+        return FirstMatch{found, found && S_ISDIR(facts.st_mode)};
+    };
     const FolderAndName wanted = Split(pattern);
-    if (wanted.Name.find_first_of(L"*?") == std::wstring::npos) {
-        const auto facts = std::filesystem::status(NativePath(pattern), failure);
-        const bool found = !wanted.Name.empty() && std::filesystem::exists(facts);
-        return {found, found && std::filesystem::is_directory(facts)};
-    }
-    if (Matches(wanted.Name, L".") && std::filesystem::is_directory(NativePath(wanted.Folder), failure))
+    if (wanted.Name.find_first_of(L"*?") == std::wstring::npos)
+        return wanted.Name.empty() ? FirstMatch() : factsOf(NativePath(pattern));
+    if (Matches(wanted.Name, L".") && factsOf(NativePath(wanted.Folder)).IsDirectory)
         return {true, true};
     const std::vector<DirectoryEntry> entries = MatchingEntries(pattern);
     return entries.empty() ? FirstMatch() : FirstMatch{true, entries.front().IsDirectory};
 }
 
+std::wstring FolderPath(const std::wstring& path)
+{
+    return WidenAnsi(NativePath(path).c_str());
+}
+
 std::wstring FolderIdentity(const std::wstring& path)
 {
-    std::error_code   failure;
-    const std::string real = std::filesystem::canonical(NativePath(path), failure).string();
-    return failure || !std::filesystem::is_directory(real, failure) ? std::wstring()
-                                                                    : WidenAnsi(real.c_str());
+    struct stat facts;
+    if (stat(Narrow(path).c_str(), &facts) != 0 || !S_ISDIR(facts.st_mode))
+        return std::wstring();
+    return std::to_wstring(facts.st_dev) + L':' + std::to_wstring(facts.st_ino);
 }
 
 bool MakeFolder(const std::wstring& path)
 {
-    std::error_code failure;
-    std::filesystem::create_directory(NativePath(path), failure);
-    return std::filesystem::is_directory(NativePath(path), failure);
+    struct stat       facts;
+    const std::string name = Narrow(path);
+    return mkdir(name.c_str(), 0777) == 0 || (stat(name.c_str(), &facts) == 0 && S_ISDIR(facts.st_mode));
 }
 
 bool CopyOneFile(const std::wstring& from, const std::wstring& to)
 {
     std::error_code failure;
-    return std::filesystem::copy_file(NativePath(from), NativePath(to),
+    return std::filesystem::copy_file(Narrow(from), Narrow(to),
                                       std::filesystem::copy_options::overwrite_existing, failure);
 }
 

@@ -37,6 +37,11 @@ FirstMatch FindFirst(const std::wstring& pattern)
     return {true, (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0};
 }
 
+std::wstring FolderPath(const std::wstring& path)
+{
+    return path;
+}
+
 std::wstring FolderIdentity(const std::wstring& path)
 {
     constexpr DWORD ShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
