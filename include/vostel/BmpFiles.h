@@ -54,7 +54,7 @@ VOSTEL_API bool ZEKColorToGray(ClassData2DIO<unsigned char>* red, ClassData2DIO<
 VOSTEL_API void GetImageParament(ATL::CImage* image, IMAGEPARAMENT* params);
 
 /// Returns a table of the picture's rows, top row first, to be freed with Release2DList; null for an empty
-/// picture.
+/// picture and where there is no memory.
 VOSTEL_API unsigned char** Create2DList(ATL::CImage* image);
 
 /// Frees a table of Create2DList; the picture stays.

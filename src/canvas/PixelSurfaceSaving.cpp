@@ -38,12 +38,11 @@ bool PixelSurface::WriteColorImage(const CString& path) const
     ATL::CImage picture;
     if (!Pixels || !picture.Create(Width, Height, 24))
         return false;
-    const std::unique_ptr<unsigned char*, void (*)(unsigned char**)> rows(Create2DList(&picture),
-                                                                          Release2DList);
+    unsigned char* const top = static_cast<unsigned char*>(picture.GetBits());
     for (int i = 0; i < Height; ++i) {
         const unsigned int* source =
             Pixels + static_cast<std::size_t>(Height - 1 - i) * static_cast<std::size_t>(Width);
-        unsigned char* target = rows.get()[i];
+        unsigned char* target = top + static_cast<std::ptrdiff_t>(i) * picture.GetPitch();
         for (int x = 0; x < Width; ++x, target += 3) {
             target[0] = static_cast<unsigned char>(source[x]);
             target[1] = static_cast<unsigned char>(source[x] >> 8);

@@ -7,9 +7,9 @@
 #include <algorithm>
 #include <climits>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <new>
 
 using namespace vostel;
 
@@ -375,8 +375,8 @@ unsigned char** Create2DList(ATL::CImage* image)
 {
     if (!image || image->IsNull())
         return nullptr;
-    const std::size_t height = static_cast<std::size_t>(image->GetHeight());
-    unsigned char**   list = static_cast<unsigned char**>(std::malloc(height * sizeof(unsigned char*)));
+    const std::size_t     height = static_cast<std::size_t>(image->GetHeight());
+    unsigned char** const list = new (std::nothrow) unsigned char*[height];
     if (!list)
         return nullptr;
     unsigned char* const topRow = static_cast<unsigned char*>(image->GetBits());
@@ -388,5 +388,5 @@ unsigned char** Create2DList(ATL::CImage* image)
 
 void Release2DList(unsigned char** list)
 {
-    std::free(list);
+    delete[] list;
 }
