@@ -35,12 +35,13 @@ VOSTEL_API bool ZEKReadColorBmp(char* path, ClassData2DIO<unsigned char>* red,
 /// cannot be read gives an image of 0 x 0.
 VOSTEL_API bool ZEKReadGrayBmp(char* path, ClassData2DIO<unsigned char>* gray);
 
-/// Writes an 8-bit bitmap with a gray palette. Returns false if the file cannot be opened; a full disk is not
-/// noticed.
+/// Writes an 8-bit bitmap with a gray palette, beside the path and then moved there: until the file is whole,
+/// and where it never gets whole, the path leads to what was there before. Returns false if no file can be
+/// made there; that the disk is full, or on Windows that someone holds the old file open, is not reported.
 VOSTEL_API bool ZEKSaveGrayBmp(char* path, ClassData2DIO<unsigned char>& gray);
 
-/// Writes a 24-bit bitmap of red's size; what a smaller plane does not have is zero. Returns false if the
-/// file cannot be opened or a plane is null; a full disk is not noticed.
+/// Writes a 24-bit bitmap of red's size; what a smaller plane does not have is zero. Returns false if no file
+/// can be made there or a plane is null; else as ZEKSaveGrayBmp.
 VOSTEL_API bool ZEKSaveColorBmp(const char* path, ClassData2DIO<unsigned char>* red,
                                 ClassData2DIO<unsigned char>* green, ClassData2DIO<unsigned char>* blue);
 

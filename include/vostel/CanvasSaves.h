@@ -4,6 +4,10 @@
 /// What a canvas holds, as files. Each call asks for a name by a save dialog (ChooseFiles of
 /// VostelHostServices) and writes nothing when it is cancelled. All but gCVSSaveLabel need an image: with
 /// FileTypeNone nothing is written after the dialog.
+///
+/// A file is written beside the one of its name and takes its place when it is whole: a save that fails, by a
+/// full disk or, on Windows, because someone holds the old file open, leaves that and no fragment, whether it
+/// is reported or not.
 
 #include "vostel/export.h"
 

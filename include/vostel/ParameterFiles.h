@@ -26,11 +26,12 @@ public:
 
     /// Opens a file to append to it. As all three, it sets the stream's failure bit when it fails.
     void OpenWrite(char* path);
-    /// Opens a file to write and empties it.
+    /// Opens a file to write and empties it: at once and in place, so that what was there is gone whatever
+    /// becomes of the new lines.
     void OpenWriteEmpty(char* path);
     /// Opens a file to read.
     void OpenRead(char* path);
-    /// Closes Out.
+    /// Closes Out. A file that could not be written whole is not reported but by Out's failure bit.
     void CloseWrite();
     /// Closes In.
     void CloseRead();

@@ -5,7 +5,7 @@
 #include "canvas/view/PaintKit.h"
 #include "canvas/view/SelectedObject.h"
 #include "foundation/Planes.h"
-#include "platform/Files.h"
+#include "platform/FileSaving.h"
 #include "platform/HostServices.h"
 #include "vostel/Directories.h"
 #include "vostel/PathStrings.h"
@@ -41,9 +41,10 @@ template <typename T>
 void SavePlane(const StructData2D<T>& plane, CString& name)
 {
     const OSCString narrow(name);
-    const OwnedFile file = OpenFile(narrow.GetChar(), "wb");
-    if (file && plane.Ptr1D)
-        std::fwrite(plane.Ptr1D, sizeof(T), CountOf(plane), file.get());
+    FileReplacement file{CString(narrow.GetChar())};
+    if (file.Stream() && plane.Ptr1D)
+        std::fwrite(plane.Ptr1D, sizeof(T), CountOf(plane), file.Stream());
+    file.Keep();    // a failure is not reported
 }
 
 // A length measure as it stands on the picture of a part of the image.

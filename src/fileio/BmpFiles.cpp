@@ -2,6 +2,7 @@
 
 #include "base/LittleEndian.h"
 #include "fileio/InterleaveRows.h"
+#include "platform/FileSaving.h"
 #include "platform/Files.h"
 
 #include <algorithm>
@@ -23,23 +24,18 @@ constexpr int PaletteBytes = 1024;
 constexpr std::size_t BlockBytes = 128 * 1024;
 
 // All transfers are large, so that the stream's own buffer would only be one more copy.
-OwnedFile OpenUnbuffered(const char* path, const char* mode)
+std::FILE* Unbuffered(std::FILE* file)
 {
-    OwnedFile file = OpenFile(path, mode);
     if (file)
-        std::setvbuf(file.get(), nullptr, _IONBF, 0);
+        std::setvbuf(file, nullptr, _IONBF, 0);
     return file;
 }
 
-// A file that has the length already is written over in place: giving its storage back and asking for it
-// again takes longer than storing the bytes.
-OwnedFile OpenForWriting(const char* path, std::int64_t bytes)
+OwnedFile OpenUnbuffered(const char* path)
 {
-    OwnedFile file = OpenUnbuffered(path, "r+b");
-    if (file && FileLength(file.get()) == bytes)
-        return file;
-    file.reset();
-    return OpenUnbuffered(path, "wb");
+    OwnedFile file = OpenFile(path, "rb");
+    Unbuffered(file.get());
+    return file;
 }
 
 std::int64_t FileRowBytes(std::int64_t bits, std::int64_t width)
@@ -165,15 +161,10 @@ struct OutputLayout {
     int           Bits;
     std::uint32_t PixelsAt;
     std::uint32_t PixelsPerMetre;
-
-    std::int64_t FileBytes() const
-    {
-        return PixelsAt + (Width > 0 && Height > 0 ? Height * FileRowBytes(Bits, Width) : 0);
-    }
 };
 
-// The sizes in bytes are the low 32 bits.
-bool WriteHeader(std::FILE* file, const OutputLayout& layout)
+// The sizes in bytes are the low 32 bits. The stream remembers a write that fails.
+void WriteHeader(std::FILE* file, const OutputLayout& layout)
 {
     const std::uint32_t pixelBytes =
         static_cast<std::uint32_t>(layout.Height * FileRowBytes(layout.Bits, layout.Width));
@@ -188,7 +179,7 @@ bool WriteHeader(std::FILE* file, const OutputLayout& layout)
     WriteLittleEndian({header + 34, 4}, pixelBytes);
     WriteLittleEndian({header + 38, 4}, layout.PixelsPerMetre);
     WriteLittleEndian({header + 42, 4}, layout.PixelsPerMetre);
-    return std::fwrite(header, 1, sizeof header, file) == sizeof header;
+    std::fwrite(header, 1, sizeof header, file);
 }
 
 // Writes the rows that put(y, fileRow) fills, their padding zero.
@@ -217,7 +208,7 @@ bool ZEKReadColorBmp(char* path, ClassData2DIO<unsigned char>* red, ClassData2DI
 {
     if (!red || !green || !blue || !alpha)
         return false;
-    const OwnedFile file = OpenUnbuffered(path, "rb");
+    const OwnedFile file = OpenUnbuffered(path);
     if (!file)
         return false;
     BytePlane* const planes[] = {red, green, blue, alpha};
@@ -257,7 +248,7 @@ bool ZEKReadGrayBmp(char* path, ClassData2DIO<unsigned char>* gray)
 {
     if (!gray)
         return true;
-    const OwnedFile file = OpenUnbuffered(path, "rb");
+    const OwnedFile file = OpenUnbuffered(path);
     Layout          layout;
     if (!file || !ReadLayout(file.get(), layout)) {
         gray->Allocate(0, 0);
@@ -293,26 +284,28 @@ bool ZEKReadGrayBmp(char* path, ClassData2DIO<unsigned char>* gray)
 bool ZEKSaveGrayBmp(char* path, ClassData2DIO<unsigned char>& gray)
 {
     const OutputLayout layout = {gray.Width, gray.Height, 8, HeaderBytes + PaletteBytes, 47244};
-    const OwnedFile    file = OpenForWriting(path, layout.FileBytes());
+    FileReplacement    target{CString(path)};
+    std::FILE* const   file = Unbuffered(target.Stream());
     if (!file)
         return false;
     unsigned char palette[PaletteBytes] = {};
     for (int i = 0; i < 256; ++i)
         std::memset(palette + 4 * i, i, 3);
-    if (!WriteHeader(file.get(), layout) ||
-        std::fwrite(palette, 1, sizeof palette, file.get()) != sizeof palette)
-        return true;    // a full disk is not reported
+    WriteHeader(file, layout);
+    std::fwrite(palette, 1, sizeof palette, file);
     if (gray.Ptr1D && gray.Width > 0 && gray.Height > 0 && gray.Width % 4 == 0) {
         // Rows without padding lie in the file as they lie in the plane.
         const std::size_t bytes =
             static_cast<std::size_t>(gray.Width) * static_cast<std::size_t>(gray.Height);
-        std::fwrite(gray.Ptr1D, 1, bytes, file.get());
+        std::fwrite(gray.Ptr1D, 1, bytes, file);
+        target.Keep();    // a failure is not reported
         return true;
     }
     const std::size_t width = static_cast<std::size_t>(std::max(gray.Width, 0));
     RowReader         source(gray, width);
-    WriteRows(file.get(), layout,
+    WriteRows(file, layout,
               [&](std::int32_t y, unsigned char* row) { std::memcpy(row, source.Row(y), width); });
+    target.Keep();
     return true;
 }
 
@@ -322,17 +315,18 @@ bool ZEKSaveColorBmp(const char* path, ClassData2DIO<unsigned char>* red, ClassD
     if (!red || !green || !blue)
         return false;
     const OutputLayout layout = {red->Width, red->Height, 24, HeaderBytes, 0};
-    const OwnedFile    file = OpenForWriting(path, layout.FileBytes());
+    FileReplacement    target{CString(path)};
+    std::FILE* const   file = Unbuffered(target.Stream());
     if (!file)
         return false;
-    if (!WriteHeader(file.get(), layout))
-        return true;    // a full disk is not reported
+    WriteHeader(file, layout);
     const InterleaveVariant& variant = ActiveInterleaveVariant();
     const std::size_t        width = static_cast<std::size_t>(std::max(red->Width, 0));
     RowReader                redRows(*red, width), greenRows(*green, width), blueRows(*blue, width);
-    WriteRows(file.get(), layout, [&](std::int32_t y, unsigned char* row) {
+    WriteRows(file, layout, [&](std::int32_t y, unsigned char* row) {
         variant.InterleaveTriples(redRows.Row(y), greenRows.Row(y), blueRows.Row(y), row, width);
     });
+    target.Keep();    // a failure is not reported
     return true;
 }
 

@@ -1,8 +1,5 @@
 #pragma once
 
-#include "vostel/platform.h"
-
-#include <functional>
 #include <string>
 #include <string_view>
 
@@ -11,9 +8,8 @@ namespace vostel {
 // Fails with VOSTEL_NOT_READ, and with VOSTEL_TOO_LARGE beyond the limit of files.
 std::string ReadWholeFile(const char* utf8Path);
 
-// Has a file written under a name beside its path, with the same ending, and moved over the path then. What
-// fails leaves the file that was there, and nothing else: VOSTEL_NOT_WRITTEN.
-void SaveBeside(const CString& path, const std::function<bool(const CString& beside)>& write);
+// Writes the bytes beside the path, has them stand on the disk and moves them there. What fails leaves the
+// file that was there, and nothing else: VOSTEL_NOT_WRITTEN.
 void WriteWholeFile(const char* utf8Path, std::string_view bytes);
 
 }

@@ -79,7 +79,8 @@ void SavePixels(VostelImage& image, const CString& path, double scale, const Pic
     if (!picture.Bitmap)
         throw std::bad_alloc();
     DrawPicture(image, scale, parts, picture);
-    SaveBeside(path, [&](const CString& beside) { return picture.WriteColorImage(beside); });
+    if (!picture.WriteColorImage(path))
+        Fail(VOSTEL_NOT_WRITTEN, "path cannot be written");
 }
 
 }

@@ -1,6 +1,7 @@
 #include "vostel/Directories.h"
 
 #include "platform/DirectoryWalk.h"
+#include "platform/FileSaving.h"
 #include "platform/Files.h"
 #include "platform/HostServices.h"
 
@@ -181,14 +182,15 @@ void OSDIR::FindFile(wchar_t* dir, std::vector<CString>& out, bool recursive, wc
 
 void OSDIR::Write(char* path, std::vector<CString> list)
 {
-    const OwnedFile file = OpenFile(path, "w+");
-    if (!file)
+    FileReplacement file(CString(path), "w");
+    if (!file.Stream())
         return;
     for (const CString& line : list) {
         const std::string narrow = NarrowAnsi(line, line.GetLength());
-        std::fwrite(narrow.data(), 1, narrow.size(), file.get());
-        std::fputc('\n', file.get());
+        std::fwrite(narrow.data(), 1, narrow.size(), file.Stream());
+        std::fputc('\n', file.Stream());
     }
+    file.Keep();    // a failure is not reported
 }
 
 bool OSDIR::Read(char* path, std::vector<CString>& list)

@@ -25,6 +25,14 @@ bool FlushToDisk(std::FILE* file);
 bool MoveFileOver(const CString& from, const CString& to);
 void RemoveFile(const CString& path);
 
+// How a save gets to a path: by a file beside it, into what is there, as into a device, or not at all.
+enum class SaveWay { Beside, InPlace, Nowhere };
+// Off Windows the path becomes that at the end of links.
+SaveWay WayOfSaving(CString& path);
+// A new file, off Windows with mode and owner of the one that it is like, if there is that one; null if the
+// name is taken or cannot be had.
+OwnedFile CreateFileLike(const CString& like, const CString& path, const char* mode);
+
 std::string  NarrowAnsi(const wchar_t* text, int length);    // system code page; UTF-8 off Windows
 std::string  NarrowOem(const wchar_t* text, int length);     // console code page; UTF-8 off Windows
 std::wstring WidenAnsi(const char* text);

@@ -1,38 +1,9 @@
 // A disk that is full, as a limit of the process on the size of files.
 
+#include "support/FileLimit.h"
 #include "support/OpenCanvas.h"
 #include "support/OpenShapes.h"
 #include "support/TempFolder.h"
-
-#include <sys/resource.h>
-
-#include <csignal>
-
-namespace {
-
-// While it lives, no file grows beyond so many bytes.
-class FileLimit {
-public:
-    explicit FileLimit(rlim_t bytes) : Handler(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        REQUIRE(getrlimit(RLIMIT_FSIZE, &Before) == 0);
-        const rlimit limit = {bytes, Before.rlim_max};
-        REQUIRE(setrlimit(RLIMIT_FSIZE, &limit) == 0);
-    }
-    ~FileLimit()
-    {
-        setrlimit(RLIMIT_FSIZE, &Before);
-        std::signal(SIGXFSZ, Handler);
-    }
-    FileLimit(const FileLimit&) = delete;
-    FileLimit& operator=(const FileLimit&) = delete;
-
-private:
-    rlimit Before = {};
-    void (*Handler)(int);
-};
-
-}
 
 TEST_CASE("a full disk never costs the file that was there, and leaves no fragment")
 {
@@ -59,10 +30,7 @@ TEST_CASE("a full disk never costs the file that was there, and leaves no fragme
         CHECK(exported == VOSTEL_NOT_WRITTEN);
         CHECK(ReadBytes(session) == before);
         CHECK(ReadBytes(regions) == regionsBefore);
-        std::size_t files = 0;
-        for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator(folder.Path()))
-            ++files;
-        CHECK(files == 2);
+        CHECK(folder.EntryCount() == 2);
     }
     REQUIRE(vostel_session_save(canvas.Number, session.c_str(), 0) == VOSTEL_OK);
     CHECK(ReadBytes(session).size() > 20000);

@@ -17,6 +17,7 @@ endforeach()
 if(NOT WIN32)
     vostel_test(platform/PortableGdiTest)
     vostel_inner_test(platform/StretchVariantsTest)
+    vostel_inner_test(platform/FileSavingTest)
     # Makes files with the libraries that the library reads them by.
     vostel_inner_test(platform/PortablePicturesTest)
     vostel_test(platform/TiffPicturesTest)

@@ -34,6 +34,14 @@ public:
         return CString(Native(name).wstring().c_str());
     }
     void MakeFolder(const std::string& name) const { std::filesystem::create_directory(Root / name); }
+    // Files and folders right in the folder.
+    std::size_t EntryCount() const
+    {
+        std::size_t count = 0;
+        for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator(Root))
+            ++count;
+        return count;
+    }
 
 private:
     std::filesystem::path Root;

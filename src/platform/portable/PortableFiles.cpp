@@ -3,6 +3,7 @@
 
 #include "platform/Files.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -90,6 +91,55 @@ bool MoveFileOver(const CString& from, const CString& to)
 void RemoveFile(const CString& path)
 {
     std::remove(NarrowAnsi(path, path.GetLength()).c_str());
+}
+
+SaveWay WayOfSaving(CString& path)
+{
+    std::string name = NarrowAnsi(path, path.GetLength());
+    struct stat reached, named;
+    const bool  exists = stat(name.c_str(), &reached) == 0;
+    if (name.empty() || (!exists && errno != ENOENT))
+        return SaveWay::Nowhere;
+    if (exists && !S_ISREG(reached.st_mode))
+        return S_ISDIR(reached.st_mode) || S_ISFIFO(reached.st_mode) ? SaveWay::Nowhere : SaveWay::InPlace;
+    if (exists && access(name.c_str(), W_OK) != 0)
+        return SaveWay::Nowhere;
+    int links = 40;    // as many as the system follows
+    while (lstat(name.c_str(), &named) == 0 && S_ISLNK(named.st_mode)) {
+        std::string   target(4096, '\0');
+        const ssize_t length = readlink(name.c_str(), target.data(), target.size());
+        if (links-- == 0 || length <= 0 || static_cast<std::size_t>(length) == target.size())
+            return SaveWay::Nowhere;
+        target.resize(static_cast<std::size_t>(length));
+        name = target[0] == '/' ? target : name.substr(0, name.rfind('/') + 1) + target;
+    }
+    // What a link of the process table says may lead elsewhere than the link.
+    if (exists &&
+        (stat(name.c_str(), &named) != 0 || named.st_dev != reached.st_dev || named.st_ino != reached.st_ino))
+        return SaveWay::InPlace;
+    path = WidenAnsi(name.c_str()).c_str();
+    return SaveWay::Beside;
+}
+
+OwnedFile CreateFileLike(const CString& like, const CString& path, const char* mode)
+{
+    const std::string example = NarrowAnsi(like, like.GetLength());
+    const std::string name = NarrowAnsi(path, path.GetLength());
+    const int         descriptor = open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    if (descriptor < 0)
+        return nullptr;
+    struct stat facts;
+    if (stat(example.c_str(), &facts) == 0) {
+        // Only a privileged process can give a file away.
+        [[maybe_unused]] const int given = fchown(descriptor, facts.st_uid, facts.st_gid);
+        fchmod(descriptor, facts.st_mode & 0777);
+    }
+    OwnedFile file(fdopen(descriptor, mode));
+    if (!file) {
+        close(descriptor);
+        unlink(name.c_str());
+    }
+    return file;
 }
 
 std::string NarrowAnsi(const wchar_t* text, int length)

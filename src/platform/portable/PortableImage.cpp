@@ -1,6 +1,7 @@
 // Loads and saves of CImage by the codecs of this folder. Covered: BMP, PNG, JPEG, GIF and TIFF, each in the
 // depths that files of that kind have. Left out: other formats, all images of a file but the first.
 
+#include "platform/FileSaving.h"
 #include "platform/Files.h"
 #include "platform/HeldPicture.h"
 #include "platform/portable/PictureCodecs.h"
@@ -22,21 +23,6 @@ bool ReadWholeFile(const std::string& path, pictures::Bytes& bytes)
         return false;
     bytes.resize(static_cast<std::size_t>(length));
     return std::fread(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();
-}
-
-// Removes a file that could not be written completely.
-bool WriteWholeFile(const std::string& path, const pictures::Bytes& bytes, const unsigned char* rows,
-                    std::size_t rowBytes)
-{
-    OwnedFile file = OpenFile(path.c_str(), "wb");
-    if (!file)
-        return false;
-    bool good = std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();
-    good = good && (rowBytes == 0 || std::fwrite(rows, 1, rowBytes, file.get()) == rowBytes);
-    good = std::fclose(file.release()) == 0 && good;
-    if (!good)
-        std::remove(path.c_str());
-    return good;
 }
 
 // The format is recognised by the contents; extensions are often wrong.
@@ -125,7 +111,13 @@ HRESULT CImage::Save(const wchar_t* path) const
         } else if (!encode(picture, file)) {
             return E_FAIL;
         }
-        if (!WriteWholeFile(NarrowAnsi(path, -1), file, rows, rowBytes))
+        FileReplacement target(path);
+        if (!target.Stream())
+            return E_FAIL;
+        std::fwrite(file.data(), 1, file.size(), target.Stream());
+        if (rowBytes > 0)
+            std::fwrite(rows, 1, rowBytes, target.Stream());
+        if (!target.Keep())
             return E_FAIL;
     } catch (const std::bad_alloc&) {
         return E_FAIL;

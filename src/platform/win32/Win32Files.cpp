@@ -112,6 +112,28 @@ void RemoveFile(const CString& path)
     DeleteFileW(path);
 }
 
+SaveWay WayOfSaving(CString& path)
+{
+    constexpr DWORD Refused = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY;
+    const DWORD     facts = GetFileAttributesW(path);
+    if (path.IsEmpty())
+        return SaveWay::Nowhere;
+    if (facts == INVALID_FILE_ATTRIBUTES)
+        return SaveWay::Beside;
+    if ((facts & Refused) != 0)
+        return SaveWay::Nowhere;
+    return (facts & FILE_ATTRIBUTE_DEVICE) != 0 ? SaveWay::InPlace : SaveWay::Beside;
+}
+
+OwnedFile CreateFileLike(const CString&, const CString& path, const char* mode)
+{
+    std::FILE*         file = nullptr;
+    const std::wstring wideMode = Widen(CP_UTF8, mode);
+    if (GetFileAttributesW(path) != INVALID_FILE_ATTRIBUTES || _wfopen_s(&file, path, wideMode.c_str()) != 0)
+        return nullptr;
+    return OwnedFile(file);
+}
+
 std::string NarrowAnsi(const wchar_t* text, int length)
 {
     return Narrow(CP_ACP, text, length);

@@ -5,6 +5,7 @@
 
 #if !defined(VOSTEL_HAS_FRAMEWORK_CLASSES)
 
+#    include "platform/FileSaving.h"
 #    include "platform/HeldPicture.h"
 
 #    include <objidl.h>
@@ -238,7 +239,11 @@ HRESULT CImage::Save(const wchar_t* path) const
         Gdiplus::Bitmap source(Held->Width, Held->Height, Held->Pitch(), FormatOf(*Held), Held->Row(0));
         if (source.GetLastStatus() != Gdiplus::Ok || !SetPalette(*Held, source))
             return E_FAIL;
-        return source.Save(path, &encoder, nullptr) == Gdiplus::Ok ? S_OK : E_FAIL;
+        FileReplacement target(path);
+        const CString   name = target.CloseToName();
+        const bool      saved =
+            !name.IsEmpty() && source.Save(name, &encoder, nullptr) == Gdiplus::Ok && target.Keep();
+        return saved ? S_OK : E_FAIL;
     } catch (const std::bad_alloc&) {
         return E_FAIL;
     }
