@@ -41,6 +41,12 @@ public:
     /// Copies a tree. Both paths are patterns that end with a separator and "*.*"; op has no effect. Files
     /// that exist are overwritten. Returns false at the first thing that fails, where the walk stops; a
     /// folder without entries counts as failed, so that an empty subfolder is made and ends the walk.
+    ///
+    /// Links in the source are followed: what they lead to is copied in their place, but what lies in a
+    /// folder behind links only once, by the first of them in the order of names; further ways there are left
+    /// out, as are links back to a folder on the way. Links in the target are not: a file takes the place of
+    /// a link, and a link where a folder would go ends the walk, so that nothing outside the target is
+    /// written. A file that cannot be copied whole leaves the one that was there.
     bool DirectoryOperate(CString from, CString to, unsigned int op);
 
     /// Appends the paths of the files in dir that match the pattern, then, if recursive, those of each

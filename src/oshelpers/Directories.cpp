@@ -6,6 +6,7 @@
 #include "platform/HostServices.h"
 
 #include <algorithm>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -54,30 +55,42 @@ std::wstring Inside(const std::wstring& folder, const std::wstring& name)
     return folder + PathSeparator + name;
 }
 
-// Folders in closed are skipped: the target, which may lie inside the source, and those on the way to from,
-// which links may lead back to.
-bool CopyTree(const std::wstring& from, const std::wstring& to, std::vector<std::wstring>& closed)
-{
-    bool result = false;
-    closed.push_back(FolderIdentity(from));
-    for (const DirectoryEntry& entry : MatchingEntries(Inside(from, Everything))) {
-        const std::wstring source = Inside(from, entry.Name);
-        const std::wstring target = Inside(to, entry.Name);
-        if (entry.IsDirectory) {
-            const std::wstring identity = FolderIdentity(source);
-            if (!identity.empty() && std::find(closed.begin(), closed.end(), identity) != closed.end())
-                continue;
-            MakeFolder(target);
-            result = CopyTree(source, target, closed);
-        } else {
-            result = CopyOneFile(source, target);
+// One copy of a tree. Links are followed, and what lies behind them is copied once: links that lead to each
+// other would make a path of every order in which they can be followed.
+class TreeCopy {
+public:
+    explicit TreeCopy(const std::wstring& goal) : Closed{FolderIdentity(goal)} {}
+
+    // linked: the folder lies behind a link.
+    bool Copy(const std::wstring& from, const std::wstring& to, bool linked)
+    {
+        bool result = false;
+        Closed.push_back(FolderIdentity(from));
+        for (const DirectoryEntry& entry : MatchingEntries(Inside(from, Everything))) {
+            const std::wstring source = Inside(from, entry.Name);
+            const std::wstring target = Inside(to, entry.Name);
+            if (!entry.IsDirectory) {
+                result = CopyOneFile(source, target);
+            } else {
+                const std::wstring identity = FolderIdentity(source);
+                if (!identity.empty() && std::find(Closed.begin(), Closed.end(), identity) != Closed.end())
+                    continue;
+                const bool behindLink = linked || entry.IsLink;
+                result = (behindLink && !BehindLinks.insert(identity).second) ||
+                         (MakeFolder(target) && Copy(source, target, behindLink));
+            }
+            if (!result)
+                break;
         }
-        if (!result)
-            break;
+        Closed.pop_back();
+        return result;
     }
-    closed.pop_back();
-    return result;
-}
+
+private:
+    // The target, which may lie inside the source, and those on the way here, which links may lead back to.
+    std::vector<std::wstring> Closed;
+    std::set<std::wstring>    BehindLinks;    // those copied already
+};
 
 // A line takes far more memory than the byte that ends it.
 constexpr std::size_t MostLines = std::size_t{1} << 20;
@@ -169,9 +182,8 @@ bool OSDIR::CheckFolderExist(const CString& path)
 
 bool OSDIR::DirectoryOperate(CString from, CString to, unsigned int)
 {
-    const std::wstring        goal = FolderPath(WithoutPattern(to));
-    std::vector<std::wstring> closed = {FolderIdentity(goal)};
-    return CopyTree(FolderPath(WithoutPattern(from)), goal, closed);
+    const std::wstring goal = FolderPath(WithoutPattern(to));
+    return TreeCopy(goal).Copy(FolderPath(WithoutPattern(from)), goal, false);
 }
 
 void OSDIR::FindFile(wchar_t* dir, std::vector<CString>& out, bool recursive, wchar_t* pattern)

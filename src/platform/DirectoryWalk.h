@@ -35,7 +35,10 @@ std::wstring FolderPath(const std::wstring& path);
 // A name for the folder behind a path, whatever links and spellings lead to it; empty if there is none.
 std::wstring FolderIdentity(const std::wstring& path);
 
-bool MakeFolder(const std::wstring& path);                             // true also if it is there already
-bool CopyOneFile(const std::wstring& from, const std::wstring& to);    // overwrites
+// True also if it is there already; a link to a folder does not count.
+bool MakeFolder(const std::wstring& path);
+// Takes the place of a file, or of a link, whose own target stays as it is. A copy that fails leaves what was
+// there, and nothing else; so does one of a file onto itself.
+bool CopyOneFile(const std::wstring& from, const std::wstring& to);
 
 }

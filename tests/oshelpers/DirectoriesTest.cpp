@@ -328,6 +328,86 @@ TEST_CASE("links that lead back up end neither a copy nor a listing in a circle"
     CHECK(Listed(folder, "from", true, L"*.txt") == std::vector<std::string>{"from/sub/a.txt"});
 }
 
+TEST_CASE("folders that all link to each other are copied once behind their links")
+{
+    TempFolder      folder;
+    std::error_code failure;
+    constexpr int   Count = 8;    // 109,601 ways lead through them
+    folder.MakeFolder("from");
+    folder.MakeFolder("to");
+    const auto name = [](int i) { return "folder" + std::to_string(i); };
+    for (int i = 0; i < Count; ++i) {
+        folder.MakeFolder("from/" + name(i));
+        Put(folder, "from/" + name(i) + "/a.txt", name(i));
+    }
+    for (int i = 0; i < Count; ++i)
+        for (int k = 0; k < Count; ++k) {
+            const std::string link = folder.Path("from/" + name(i) + "/to" + name(k));
+            std::filesystem::create_directory_symlink(folder.Path("from/" + name(k)), link, failure);
+        }
+    if (failure)
+        return;
+    CHECK(Copy(folder, "from", "to"));
+    std::size_t entries = 0, links = 0;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.Path("to"))) {
+        ++entries;
+        links += entry.is_symlink();
+    }
+    CHECK(links == 0);
+    // Each folder and its file in its place, and once more behind a link.
+    CHECK(entries >= 2 * Count);
+    CHECK(entries <= 4 * Count);
+    for (int i = 0; i < Count; ++i)
+        CHECK(TextOf(folder, "to/" + name(i) + "/a.txt") == name(i));
+}
+
+TEST_CASE("a link to a folder elsewhere is followed, by the first link there, and one to a file by each")
+{
+    TempFolder folder;
+    for (const char* name : {"elsewhere", "from", "to"})
+        folder.MakeFolder(name);
+    Put(folder, "elsewhere/a.txt", "text");
+    std::error_code failure;
+    for (const char* link : {"from/first", "from/second"})
+        std::filesystem::create_directory_symlink(folder.Path("elsewhere"), folder.Path(link), failure);
+    for (const char* link : {"from/x.txt", "from/y.txt"})
+        std::filesystem::create_symlink(folder.Path("elsewhere/a.txt"), folder.Path(link), failure);
+    if (failure)
+        return;
+    CHECK(Copy(folder, "from", "to"));
+    CHECK(TextOf(folder, "to/first/a.txt") == "text");
+    CHECK_FALSE(Exists(folder, "to/second"));
+    CHECK(TextOf(folder, "to/x.txt") == "text");
+    CHECK(TextOf(folder, "to/y.txt") == "text");
+    CHECK_FALSE(std::filesystem::is_symlink(folder.Path("to/x.txt")));
+}
+
+TEST_CASE("nothing is written through links that stand in the target")
+{
+    TempFolder folder;
+    for (const char* name : {"from", "from/sub", "to", "outside"})
+        folder.MakeFolder(name);
+    Put(folder, "from/a.txt", "new");
+    Put(folder, "from/sub/b.txt", "new");
+    Put(folder, "outside/kept.txt", "kept");
+    std::error_code failure;
+    std::filesystem::create_symlink(folder.Path("outside/kept.txt"), folder.Path("to/a.txt"), failure);
+    std::filesystem::create_directory_symlink(folder.Path("outside"), folder.Path("to/sub"), failure);
+    if (failure)
+        return;
+    CHECK_FALSE(Copy(folder, "from", "to"));
+    CHECK(TextOf(folder, "outside/kept.txt") == "kept");
+    CHECK_FALSE(Exists(folder, "outside/b.txt"));
+    CHECK(TextOf(folder, "to/a.txt") == "new");
+    CHECK_FALSE(std::filesystem::is_symlink(folder.Path("to/a.txt")));
+    // A folder in its place is written to, and the target itself may be reached by a link.
+    std::filesystem::remove(folder.Path("to/sub"));
+    std::filesystem::create_directory_symlink(folder.Path("to"), folder.Path("way"), failure);
+    CHECK(Copy(folder, "from", "way"));
+    CHECK(TextOf(folder, "to/sub/b.txt") == "new");
+    CHECK_FALSE(Exists(folder, "outside/b.txt"));
+}
+
 TEST_CASE("patterns without their tail mean the folders themselves")
 {
     TempFolder folder;

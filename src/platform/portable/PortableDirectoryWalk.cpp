@@ -3,14 +3,17 @@
 
 #include "platform/DirectoryWalk.h"
 
+#include "platform/FileSaving.h"
 #include "platform/Files.h"
 
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <cwctype>
 #include <filesystem>
 #include <memory>
@@ -161,14 +164,29 @@ bool MakeFolder(const std::wstring& path)
 {
     struct stat       facts;
     const std::string name = Narrow(path);
-    return mkdir(name.c_str(), 0777) == 0 || (stat(name.c_str(), &facts) == 0 && S_ISDIR(facts.st_mode));
+    return mkdir(name.c_str(), 0777) == 0 || (lstat(name.c_str(), &facts) == 0 && S_ISDIR(facts.st_mode));
 }
 
 bool CopyOneFile(const std::wstring& from, const std::wstring& to)
 {
+    const CString               besideName = NameBeside(to.c_str());
+    const std::filesystem::path source = Narrow(from);
+    const std::filesystem::path target = Narrow(to);
+    const std::filesystem::path beside = NarrowAnsi(besideName, besideName.GetLength());
+    struct stat                 read, replaced;
+    if (stat(source.c_str(), &read) != 0 || !S_ISREG(read.st_mode))
+        return false;
+    if (lstat(target.c_str(), &replaced) == 0 && !S_ISLNK(replaced.st_mode)) {
+        const bool itself = replaced.st_dev == read.st_dev && replaced.st_ino == read.st_ino;
+        if (itself || !S_ISREG(replaced.st_mode) || access(target.c_str(), W_OK) != 0)
+            return false;
+    }
     std::error_code failure;
-    return std::filesystem::copy_file(Narrow(from), Narrow(to),
-                                      std::filesystem::copy_options::overwrite_existing, failure);
+    if (std::filesystem::copy_file(source, beside, failure) &&
+        std::rename(beside.c_str(), target.c_str()) == 0)
+        return true;
+    std::remove(beside.c_str());
+    return false;
 }
 
 }

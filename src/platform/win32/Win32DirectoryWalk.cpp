@@ -1,8 +1,11 @@
 #include "platform/DirectoryWalk.h"
 
+#include "platform/FileSaving.h"
+#include "platform/Files.h"
 #include "vostel/platform.h"
 
 #include <algorithm>
+#include <cwchar>
 
 namespace vostel {
 
@@ -60,12 +63,23 @@ std::wstring FolderIdentity(const std::wstring& path)
 
 bool MakeFolder(const std::wstring& path)
 {
-    return CreateDirectoryW(path.c_str(), nullptr) || GetLastError() == ERROR_ALREADY_EXISTS;
+    if (CreateDirectoryW(path.c_str(), nullptr))
+        return true;
+    constexpr DWORD Kind = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT;
+    const DWORD     facts = GetFileAttributesW(path.c_str());
+    return facts != INVALID_FILE_ATTRIBUTES && (facts & Kind) == FILE_ATTRIBUTE_DIRECTORY;
 }
 
 bool CopyOneFile(const std::wstring& from, const std::wstring& to)
 {
-    return CopyFileW(from.c_str(), to.c_str(), FALSE) != 0;
+    const CString beside = NameBeside(to.c_str());
+    if (_wcsicmp(from.c_str(), to.c_str()) == 0)
+        return false;
+    if (CopyFileW(from.c_str(), beside, TRUE) && MoveFileOver(beside, to.c_str()))
+        return true;
+    SetFileAttributesW(beside, FILE_ATTRIBUTE_NORMAL);    // of a source for reading alone
+    RemoveFile(beside);
+    return false;
 }
 
 }
