@@ -77,8 +77,8 @@ public:
     // Always true: a failed write is not reported.
     bool SaveGrayBmp(CString path);
     bool SaveColorImage(const CString& path);
-    // The second of them, that says whether the file was written.
-    bool WriteColorImage(const CString& path) const;
+    // The second of them, with what SavePicture returns.
+    HRESULT WriteColorImage(const CString& path) const;
 
     // Copies the surface to the target by the view's transform and notes in the view what is visible.
     // Nothing happens while the display rectangle is empty.

@@ -1,6 +1,7 @@
 #include "canvas/PixelSurface.h"
 
 #include "base/Truncate.h"
+#include "platform/PictureSaving.h"
 #include "vostel/BmpFiles.h"
 #include "vostel/PathStrings.h"
 
@@ -33,11 +34,13 @@ bool PixelSurface::SaveColorImage(const CString& path)
     return true;
 }
 
-bool PixelSurface::WriteColorImage(const CString& path) const
+HRESULT PixelSurface::WriteColorImage(const CString& path) const
 {
     ATL::CImage picture;
-    if (!Pixels || !picture.Create(Width, Height, 24))
-        return false;
+    if (!Pixels)
+        return E_FAIL;
+    if (!picture.Create(Width, Height, 24))
+        return NoMemoryForPicture;
     unsigned char* const top = static_cast<unsigned char*>(picture.GetBits());
     for (int i = 0; i < Height; ++i) {
         const unsigned int* source =
@@ -49,7 +52,7 @@ bool PixelSurface::WriteColorImage(const CString& path) const
             target[2] = static_cast<unsigned char>(source[x] >> 16);
         }
     }
-    return picture.Save(path) >= 0;
+    return SavePicture(picture, path);
 }
 
 }

@@ -7,6 +7,7 @@
 #include "foundation/Planes.h"
 #include "platform/FileSaving.h"
 #include "platform/HostServices.h"
+#include "platform/PictureSaving.h"
 #include "vostel/Directories.h"
 #include "vostel/PathStrings.h"
 
@@ -34,7 +35,7 @@ bool SaveBox(HDC source, const CRect& box, const CString& name)
     BitBlt(picture.GetDC(), 0, 0, static_cast<int>(width), static_cast<int>(height), source, box.left,
            box.top, SRCCOPY);
     picture.ReleaseDC();
-    return picture.Save(name) >= 0;
+    return SavePicture(picture, name) >= 0;
 }
 
 template <typename T>
@@ -128,7 +129,7 @@ void VostelImage::SavePart(const CRect& box, const CString& name)
     }
     BurnInLengths(picture.GetDC(), box);
     picture.ReleaseDC();
-    picture.Save(name);
+    SavePicture(picture, name);
 }
 
 void VostelImage::BurnInLengths(HDC dc, const CRect& box) const

@@ -4,6 +4,7 @@
 #include "fileio/InterleaveRows.h"
 #include "platform/Files.h"
 #include "platform/HostServices.h"
+#include "platform/PictureSaving.h"
 #include "vostel/BmpFiles.h"
 
 #include <algorithm>
@@ -148,6 +149,6 @@ bool gSaveUcData(ClassData2DIO<unsigned char>* image, CString& path)
         variant.InterleaveTriples(from, from, from, rows[y], width);
     }
     Release2DList(rows);
-    picture.Save(path);
+    SavePicture(picture, path);
     return true;
 }

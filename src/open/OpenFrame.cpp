@@ -3,6 +3,7 @@
 #include "interchange/FileBytes.h"
 #include "open/OpenCall.h"
 #include "open/OpenPlanes.h"
+#include "platform/PictureSaving.h"
 
 #include <algorithm>
 #include <cmath>
@@ -79,7 +80,10 @@ void SavePixels(VostelImage& image, const CString& path, double scale, const Pic
     if (!picture.Bitmap)
         throw std::bad_alloc();
     DrawPicture(image, scale, parts, picture);
-    if (!picture.WriteColorImage(path))
+    const HRESULT saved = picture.WriteColorImage(path);
+    if (saved == NoMemoryForPicture)
+        throw std::bad_alloc();
+    if (saved < 0)
         Fail(VOSTEL_NOT_WRITTEN, "path cannot be written");
 }
 

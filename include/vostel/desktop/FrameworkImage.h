@@ -30,7 +30,8 @@ public:
     HRESULT Load(const wchar_t* path);
 
     /// Writes the picture in the format that the extension of the path names. Returns a value below 0 for an
-    /// unknown extension and for a path that cannot be written; the file that was there then stays.
+    /// unknown extension, for a path that cannot be written, on Windows also because someone holds the file
+    /// open, and where there is no memory (0x8007000E); the file that was there then stays.
     HRESULT Save(const wchar_t* path) const;
 
     /// Makes a blank picture of 8, 24 or 32 bits per pixel and frees what was held before. A positive height

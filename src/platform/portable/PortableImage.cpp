@@ -4,8 +4,10 @@
 #include "platform/FileSaving.h"
 #include "platform/Files.h"
 #include "platform/HeldPicture.h"
+#include "platform/PictureSaving.h"
 #include "platform/portable/PictureCodecs.h"
 
+#include <algorithm>
 #include <new>
 #include <string>
 
@@ -14,6 +16,7 @@ using namespace vostel;
 namespace {
 
 constexpr long long MaxFileBytes = 1LL << 31;
+constexpr int       LargestSideOfAny = 65500;    // px that every format can count
 
 bool ReadWholeFile(const std::string& path, pictures::Bytes& bytes)
 {
@@ -92,14 +95,16 @@ HRESULT CImage::Load(const wchar_t* path)
 
 HRESULT CImage::Save(const wchar_t* path) const
 {
-    const Encoder encode = path ? EncoderOf(path) : nullptr;
-    if (!encode || IsNull())
+    if (!path || IsNull())
         return E_FAIL;
     try {
+        const Encoder encode = EncoderOf(path);
+        if (!encode)
+            return E_FAIL;
         pictures::Bytes file;
         PictureBuffer   triples;
         if (Held->BitsPerPixel == 16 && !CopyAsTriples(*Held, triples))
-            return E_FAIL;
+            return NoMemoryForPicture;
         const PictureBuffer& picture = Held->BitsPerPixel == 16 ? triples : *Held;
         const unsigned char* rows = nullptr;
         std::size_t          rowBytes = 0;
@@ -109,7 +114,9 @@ HRESULT CImage::Save(const wchar_t* path) const
             rows = picture.Row(picture.Height - 1);
             rowBytes = static_cast<std::size_t>(picture.RowBytes) * static_cast<std::size_t>(picture.Height);
         } else if (!encode(picture, file)) {
-            return E_FAIL;
+            // What every format can hold is not encoded for one reason alone.
+            const bool holds = std::max(picture.Width, picture.Height) <= LargestSideOfAny;
+            return holds ? NoMemoryForPicture : E_FAIL;
         }
         FileReplacement target(path);
         if (!target.Stream())
@@ -120,7 +127,7 @@ HRESULT CImage::Save(const wchar_t* path) const
         if (!target.Keep())
             return E_FAIL;
     } catch (const std::bad_alloc&) {
-        return E_FAIL;
+        return NoMemoryForPicture;
     }
     return S_OK;
 }

@@ -7,6 +7,7 @@
 
 #    include "platform/FileSaving.h"
 #    include "platform/HeldPicture.h"
+#    include "platform/PictureSaving.h"
 
 #    include <objidl.h>
 
@@ -245,7 +246,7 @@ HRESULT CImage::Save(const wchar_t* path) const
             !name.IsEmpty() && source.Save(name, &encoder, nullptr) == Gdiplus::Ok && target.Keep();
         return saved ? S_OK : E_FAIL;
     } catch (const std::bad_alloc&) {
-        return E_FAIL;
+        return NoMemoryForPicture;
     }
 }
 
