@@ -178,7 +178,8 @@ bool CopyOneFile(const std::wstring& from, const std::wstring& to)
         return false;
     if (lstat(target.c_str(), &replaced) == 0 && !S_ISLNK(replaced.st_mode)) {
         const bool itself = replaced.st_dev == read.st_dev && replaced.st_ino == read.st_ino;
-        if (itself || !S_ISREG(replaced.st_mode) || access(target.c_str(), W_OK) != 0)
+        if (itself || !S_ISREG(replaced.st_mode) ||
+            faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0)
             return false;
     }
     std::error_code failure;

@@ -102,7 +102,7 @@ SaveWay WayOfSaving(CString& path)
         return SaveWay::Nowhere;
     if (exists && !S_ISREG(reached.st_mode))
         return S_ISDIR(reached.st_mode) || S_ISFIFO(reached.st_mode) ? SaveWay::Nowhere : SaveWay::InPlace;
-    if (exists && access(name.c_str(), W_OK) != 0)
+    if (exists && faccessat(AT_FDCWD, name.c_str(), W_OK, AT_EACCESS) != 0)
         return SaveWay::Nowhere;
     int links = 40;    // as many as the system follows
     while (lstat(name.c_str(), &named) == 0 && S_ISLNK(named.st_mode)) {
