@@ -472,8 +472,8 @@ VOSTEL_CALL VostelStatus vostel_frame_render(int32_t canvas, VostelFrame* frame)
 VOSTEL_CALL VostelStatus vostel_frame_render_to(int32_t canvas, VostelPlane* target);
 
 /// Writes the whole image at a scale, in the format of the ending: png bmp jpg tif svg pdf. Needs no window.
-/// Panels and the plots of profiles belong to the canvas's area and are left out. A save that fails leaves
-/// the file that was there.
+/// Panels and the plots of profiles belong to the canvas's area and are left out. A save that fails, on
+/// Windows also because someone holds the old file open, leaves the file that was there.
 ///
 /// Svg and pdf hold the image in its own size and the objects as shapes and text, in the places of the
 /// picture at that scale; a pdf page has image px times scale in points. The same canvas gives the same
@@ -616,9 +616,9 @@ VOSTEL_CALL VostelStatus vostel_table(int32_t canvas, const char* format, char* 
 
 /// @defgroup files Files
 /// What stands on a canvas leaves for files and returns. A file is written beside its path and moved over it:
-/// what fails, VOSTEL_NOT_WRITTEN, leaves the one that was there. After a success vostel_last_message() says
-/// what there is to say, such as what a format could not hold; empty for nothing. docs/formats.md describes
-/// the files.
+/// what fails, VOSTEL_NOT_WRITTEN, leaves the one that was there. On Windows a file that someone holds open
+/// cannot be moved over. After a success vostel_last_message() says what there is to say, such as what a
+/// format could not hold; empty for nothing. docs/formats.md describes the files.
 /// @{
 
 /// Saves objects, names, styles, labels, scale, view, contrast and selection as a session, by convention

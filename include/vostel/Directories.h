@@ -54,7 +54,8 @@ public:
     void FindFile(wchar_t* dir, std::vector<CString>& out, bool recursive, wchar_t* pattern);
 
     /// Writes a list as a text file in the system's code page, UTF-8 off Windows, an entry per line. A
-    /// failure is not reported, and leaves the file that was there.
+    /// failure, on Windows also because someone holds the old file open, is not reported, and leaves the file
+    /// that was there.
     void Write(char* path, std::vector<CString> list);
     /// Appends the lines of a text file, without white space at their ends. Returns true when the file cannot
     /// be opened, is a device or has more than 2^20 lines, and leaves the list then: the result is inverted.

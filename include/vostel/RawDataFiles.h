@@ -25,6 +25,7 @@ VOSTEL_API bool ReadUsDataShort(ClassData2DIO<unsigned short>& image, char* path
 VOSTEL_API bool ReadUsDataChar(ClassData2DIO<unsigned short>& image, char* path);
 
 /// Writes a 24-bit picture with equal channels; container row 0 is its top row. The extension chooses the
-/// format, see ATL::CImage. Always true: a failed save is not reported, and leaves the file that was there.
-/// Nothing is written for an image without elements.
+/// format, see ATL::CImage. Always true: a failed save, on Windows also because someone holds the old file
+/// open, is not reported, and leaves the file that was there. Nothing is written for an image without
+/// elements.
 VOSTEL_API bool gSaveUcData(ClassData2DIO<unsigned char>* image, CString& path);
