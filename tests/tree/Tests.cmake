@@ -2,7 +2,7 @@
 if(CMAKE_CROSSCOMPILING OR VOSTEL_SANITIZE)
     return()
 endif()
-foreach(script IN ITEMS floors floors_test papers papers_test)
+foreach(script IN ITEMS floors floors_test papers papers_test writes writes_test)
     set(test ${VOSTEL_TEST_PREFIX}tree/${script})
     add_test(NAME ${test} COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/tree/${script}.py)
     set_tests_properties(${test} PROPERTIES TIMEOUT 60 ENVIRONMENT "PYTHONDONTWRITEBYTECODE=1")
