@@ -45,6 +45,11 @@ function(vostel_common_headers target)
         $<$<CXX_COMPILER_ID:GNU>:-Wno-array-bounds;-Wno-restrict;-Wno-stringop-overflow;-Wno-stringop-overread>)
 endfunction()
 
+# Keeps sources of a target out of unity builds: their names would meet those of others there.
+function(vostel_apart target)
+    set_source_files_properties(${ARGN} TARGET_DIRECTORY ${target} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+endfunction()
+
 # Shows only the names that are marked for export.
 function(vostel_hide_names target)
     set_target_properties(${target} PROPERTIES CXX_VISIBILITY_PRESET hidden)

@@ -184,13 +184,13 @@ RoutineResult RunResize(RoutineImages inputs, RoutineValues values, const Routin
         break;
     case InPlace:
         result = std::make_shared<Image>(*inputs[0]);
-        Resize(*result, width, height);
+        ::Resize(*result, width, height);
         break;
     case SixteenBit: {
         ClassData2DIO<unsigned short> whole;
         whole.ConvertFrom(*inputs[0], 0.0f);
         const StructData2D<unsigned short> before = whole;    // the pointers alone
-        Resize(whole, width, height);
+        ::Resize(whole, width, height);
         ClassData2DIO<unsigned short> previous;    // frees the buffers that Resize leaves to their owner
         previous.Ptr1D = before.Ptr1D;
         previous.Ptr2D = before.Ptr2D;

@@ -85,7 +85,7 @@ void CountFloatBins(const PlaneView& plane, std::span<const PixelRun> runs, cons
 }
 
 // Between two neighbours, from the nearer one.
-double Between(double a, double b, double t)
+double BetweenNeighbours(double a, double b, double t)
 {
     return t < 0.5 ? a + (b - a) * t : b - (b - a) * (1.0 - t);
 }
@@ -160,7 +160,7 @@ bool PercentilesOf(const PlaneView& plane, int channel, std::span<const PixelRun
             values.push_back(CodeAtRank(codes, rank) / unit);
     }
     for (std::size_t i = 0; i < parts.size(); ++i)
-        results[i] = Between(values[2 * i], values[2 * i + 1], parts[i]);
+        results[i] = BetweenNeighbours(values[2 * i], values[2 * i + 1], parts[i]);
     return true;
 }
 

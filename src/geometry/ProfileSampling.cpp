@@ -48,7 +48,7 @@ struct AxisPlace {
 };
 
 // A neighbour of the weight 0 does not count, even if it is not a number.
-double Between(double a, double b, double part)
+double Interpolated(double a, double b, double part)
 {
     return a + (b - a) * part;
 }
@@ -74,10 +74,10 @@ double InterpolatedAt(const PlaneView& plane, int channel, ImagePoint point)
     const AxisPlace y(point.y, plane.Height);
     const auto      inRow = [&](int row) {
         const double left = ValueAt(plane, channel, x.Pixel, row);
-        return x.Part == 0.0 ? left : Between(left, ValueAt(plane, channel, x.Pixel + 1, row), x.Part);
+        return x.Part == 0.0 ? left : Interpolated(left, ValueAt(plane, channel, x.Pixel + 1, row), x.Part);
     };
     const double upper = inRow(y.Pixel);
-    return y.Part == 0.0 ? upper : Between(upper, inRow(y.Pixel + 1), y.Part);
+    return y.Part == 0.0 ? upper : Interpolated(upper, inRow(y.Pixel + 1), y.Part);
 }
 
 void SampleProfile(const PlaneView& plane, int channel, const ProfileLine& line, int width,

@@ -11,7 +11,7 @@ using namespace vostel;
 
 namespace {
 
-constexpr double TwoPi = 6.2831852;
+constexpr double FullTurn = 6.2831852;
 
 std::size_t Bytes(int count)
 {
@@ -92,7 +92,7 @@ void ZEKPP1DFFT::Init(int length, bool forward)
     EvenStages = Stages % 2 == 0 ? 1 : 0;
     const double n = static_cast<double>(static_cast<float>(length));
     for (int i = 0; i < length; ++i) {
-        const double angle = static_cast<double>(static_cast<float>(i)) * TwoPi / n;
+        const double angle = static_cast<double>(static_cast<float>(i)) * FullTurn / n;
         CosForward[i] = CosInverse[i] = static_cast<float>(std::cos(angle));
         // The sine of the negated angle is the negated sine, to the sign of zero.
         SinInverse[i] = static_cast<float>(std::sin(angle));

@@ -10,6 +10,8 @@ namespace vostel::imagej {
 
 constexpr std::string_view Signature = "Iout";
 
+constexpr double PixelCentre = 0.5;    // image px, where lines and points have their whole numbers
+
 // The first header.
 namespace at {
 constexpr std::size_t Version = 4;

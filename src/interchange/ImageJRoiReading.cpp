@@ -15,7 +15,6 @@ namespace vostel {
 
 namespace {
 
-constexpr double PixelCentre = 0.5;
 constexpr double ThinnestLine = 0.1;    // px
 constexpr double WidestLine = 100.0;
 constexpr double HighestText = 1000.0;
@@ -170,16 +169,16 @@ private:
             return TakePoints(0.0);
         case imagej::FreeLine:
             Object.Kind = VOSTEL_FREE_STROKES;
-            return TakePoints(PixelCentre);
+            return TakePoints(imagej::PixelCentre);
         case imagej::Polyline:
             Object.Kind = VOSTEL_POLYLINE;
-            return TakePoints(PixelCentre);
+            return TakePoints(imagej::PixelCentre);
         case imagej::Angle:
             Object.Kind = VOSTEL_ANGLE;
-            return TakePoints(PixelCentre);
+            return TakePoints(imagej::PixelCentre);
         case imagej::Point:
             Object.Kind = VOSTEL_POINTS;
-            return TakePoints(PixelCentre);
+            return TakePoints(imagej::PixelCentre);
         default:
             File.FailDamaged("there is no type " + std::to_string(Type));
         }
@@ -202,7 +201,8 @@ private:
     void TakeEnds()
     {
         for (const std::size_t place : {imagej::at::Ends, imagej::at::Ends + 8})
-            Object.Points.emplace_back(File.Float(place) + PixelCentre, File.Float(place + 4) + PixelCentre);
+            Object.Points.emplace_back(File.Float(place) + imagej::PixelCentre,
+                                       File.Float(place + 4) + imagej::PixelCentre);
         if (Subtype == imagej::Arrow && (Options & imagej::DoubleHeaded) != 0)
             ++Ignored["second head of an arrow ignored"];
     }

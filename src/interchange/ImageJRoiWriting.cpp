@@ -18,8 +18,6 @@ namespace {
 // Within it floats hold halves of whole numbers.
 constexpr double FarthestPlace = 0x1p23;    // image px
 
-constexpr double PixelCentre = 0.5;    // image px, where ImageJ's lines and points have their whole numbers
-
 double ToFloat(double value)
 {
     return static_cast<float>(value);
@@ -224,8 +222,8 @@ std::string RoiOfPoints(const FileObject& object, imagej::Type type, std::size_t
 {
     std::vector<ImagePoint> points;
     for (std::size_t i = begin; i < end; ++i)
-        points.emplace_back(ToFloat(object.Points[i].x - PixelCentre),
-                            ToFloat(object.Points[i].y - PixelCentre));
+        points.emplace_back(ToFloat(object.Points[i].x - imagej::PixelCentre),
+                            ToFloat(object.Points[i].y - imagej::PixelCentre));
     RoiFile file(object, type);
     file.AppendPoints(points);
     return file.Finish(object.Name);
@@ -233,8 +231,8 @@ std::string RoiOfPoints(const FileObject& object, imagej::Type type, std::size_t
 
 std::string RoiOfLine(const FileObject& object)
 {
-    const ImagePoint a(object.Points[0].x - PixelCentre, object.Points[0].y - PixelCentre);
-    const ImagePoint b(object.Points[1].x - PixelCentre, object.Points[1].y - PixelCentre);
+    const ImagePoint a(object.Points[0].x - imagej::PixelCentre, object.Points[0].y - imagej::PixelCentre);
+    const ImagePoint b(object.Points[1].x - imagej::PixelCentre, object.Points[1].y - imagej::PixelCentre);
     RoiFile          file(object, imagej::Line);
     if (object.Kind == OverlayArrow)
         file.SetSubtype(imagej::Arrow);

@@ -55,9 +55,9 @@ private:
 };
 
 // Counts members and levels while a text is read.
-class Bounds {
+class ParseLimits {
 public:
-    explicit Bounds(const std::string& text) : Text(text) {}
+    explicit ParseLimits(const std::string& text) : Text(text) {}
 
     std::size_t Read = 0;    // bytes of the text
 
@@ -123,18 +123,18 @@ void AppendJson(std::string& text, const Json& value, std::size_t level)
 
 Json ParseJson(const std::string& text)
 {
-    Bounds                 bounds(text);
-    const CountingIterator first(text, 0, bounds.Read);
-    const CountingIterator last(text, text.size(), bounds.Read);
+    ParseLimits            limits(text);
+    const CountingIterator first(text, 0, limits.Read);
+    const CountingIterator last(text, text.size(), limits.Read);
     try {
         return Json::parse(first, last, [&](int depth, Json::parse_event_t event, Json& parsed) {
-            bounds.Check(depth, event, parsed);
+            limits.Check(depth, event, parsed);
             return true;
         });
     } catch (const Json::parse_error& error) {
         FailAt(text, error.byte, "this is no JSON");
     } catch (const Json::out_of_range&) {
-        FailAt(text, bounds.Read, "a number is too large");
+        FailAt(text, limits.Read, "a number is too large");
     }
 }
 

@@ -10,12 +10,12 @@ namespace vostel {
 
 namespace {
 
-constexpr const char* Format = "vostel-regions";
+constexpr const char* RegionsFormat = "vostel-regions";
 
 const Json& ListOf(const Json& file)
 {
     const Json* const list = Member(file, "objects");
-    const bool        ours = IsText(file, "format", Format) || IsText(file, "format", "vostel-session");
+    const bool ours = IsText(file, "format", RegionsFormat) || IsText(file, "format", "vostel-session");
     if (!ours || !list || !list->is_array())
         Fail(VOSTEL_BAD_FORMAT, "the file holds no objects of this library");
     return *list;
@@ -29,7 +29,7 @@ std::string RegionJsonOf(const std::vector<FileObject>& objects)
     for (const FileObject& object : objects)
         list.push_back(JsonOfObject(object));
     Json json;
-    json["format"] = Format;
+    json["format"] = RegionsFormat;
     json["version"] = 1;
     json["objects"] = std::move(list);
     return JsonTextOf(json);

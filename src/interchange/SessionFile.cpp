@@ -17,7 +17,7 @@ namespace vostel {
 
 namespace {
 
-constexpr const char*  Format = "vostel-session";
+constexpr const char*  SessionFormat = "vostel-session";
 constexpr std::int64_t Version = 1;
 
 int SelIndexOf(const VostelImage& canvas)
@@ -47,7 +47,7 @@ void PutWordsBack(Json& json, const std::vector<UnreadParts::Word>& words)
 Json JsonOfSession(VostelImage& canvas, const Document& notes, const std::string& path)
 {
     Json json;
-    json["format"] = Format;
+    json["format"] = SessionFormat;
     json["version"] = std::max(Version, notes.Unread.Version);
     const PlaneView plane = canvas.ShownPlane();
     if (plane.Data) {
@@ -125,7 +125,7 @@ SessionContent ReadContent(const std::string& text, const std::string& path, Rem
     SessionContent content;
     content.File = ParseJson(text);
     const Json& file = content.File;
-    if (!IsText(file, "format", Format) || !Member(file, "version"))
+    if (!IsText(file, "format", SessionFormat) || !Member(file, "version"))
         Fail(VOSTEL_BAD_FORMAT, "the file is no session");
     content.Unread = UnreadOf(file, told);
     if (const Json* const image = ObjectMember(file, "image", ""))

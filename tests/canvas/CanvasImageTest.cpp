@@ -8,11 +8,6 @@
 
 namespace {
 
-int Noise(int x, int y)
-{
-    return (x * 37 + y * 91 + x * y * 13) & 0xFF;
-}
-
 unsigned int Gray(int value)
 {
     return 0x010101u * static_cast<unsigned int>(value & 0xFF);

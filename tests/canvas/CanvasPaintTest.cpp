@@ -94,11 +94,6 @@ Frame ExpectedFrame(const HostCanvas& host, bool fast = true)
     return window.Capture();
 }
 
-int Noise(int x, int y)
-{
-    return (x * 37 + y * 91 + x * y * 13) & 0xFF;
-}
-
 }
 
 TEST_CASE("a canvas without an image paints the hatched background with a gray rim")

@@ -1,6 +1,7 @@
 #include "canvas/PixelSurface.h"
 
 #include "canvas/view/CanvasView.h"
+#include "support/GdiObjectCount.h"
 #include "support/HostCanvas.h"
 
 #include <doctest/doctest.h>
@@ -70,11 +71,6 @@ BytePlaneView PlaneOf(const Bytes& bytes, int width)
 unsigned int ByteAt(const Bytes& bytes, std::size_t at)
 {
     return at < bytes.size() ? bytes[at] : 0;
-}
-
-DWORD LiveObjects()
-{
-    return GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
 }
 
 // One axis of the visible part by its formula.
@@ -171,7 +167,7 @@ TEST_CASE("a surface that is too large is refused without harm")
 
 TEST_CASE("a rebuilt surface is black, also at the same size, and owns its objects")
 {
-    const DWORD before = LiveObjects();
+    const unsigned before = GdiObjectCount();
     {
         Placed placed(5, 3, 10, 10);
         CHECK(placed.Surface.Width == 5);
@@ -186,12 +182,12 @@ TEST_CASE("a rebuilt surface is black, also at the same size, and owns its objec
             CHECK((placed.Surface.Pixels != nullptr) == (size.x > 0));
         }
     }
-    CHECK(LiveObjects() == before);
+    CHECK(GdiObjectCount() == before);
 }
 
 TEST_CASE("a bitmap made afresh replaces the one before")
 {
-    const DWORD before = LiveObjects();
+    const unsigned before = GdiObjectCount();
     {
         PixelSurface surface;
         surface.MemDC = CreateCompatibleDC(nullptr);
@@ -200,15 +196,15 @@ TEST_CASE("a bitmap made afresh replaces the one before")
         CHECK(surface.CreateCanvasBitmap());
         CHECK(surface.Bitmap != nullptr);
         CHECK(surface.Pixels != nullptr);
-        const DWORD one = LiveObjects();
+        const unsigned one = GdiObjectCount();
         CHECK(surface.CreateCanvasBitmap());
-        CHECK(LiveObjects() == one);
+        CHECK(GdiObjectCount() == one);
         surface.Height = 0;
         CHECK_FALSE(surface.CreateCanvasBitmap());
         CHECK(surface.Bitmap == nullptr);
         CHECK(surface.Pixels == nullptr);
     }
-    CHECK(LiveObjects() == before);
+    CHECK(GdiObjectCount() == before);
 }
 
 TEST_CASE("row 0 of the row table is the bottom row on the screen")

@@ -10,3 +10,4 @@ vostel_inner_test(geometry/ProfileSamplingTest)
 vostel_inner_test(geometry/RoundedOutlineTest)
 vostel_inner_test(geometry/ShapeMeasuresTest)
 vostel_inner_test(geometry/StatisticsTest)
+vostel_apart(VostelInnerTests geometry/BinRowsTest.cpp)    # as the one of float windows, it has values that are no numbers

@@ -12,3 +12,4 @@ vostel_inner_test(instruments/MeasureAnglesTest)
 vostel_inner_test(instruments/VostelLineProfileTest)
 vostel_inner_test(instruments/MarkingsTest)
 vostel_inner_test(instruments/CaptionsTest)
+vostel_apart(VostelInnerTests instruments/VostelLineProfileTest.cpp)    # its Draw is of another object than its neighbour's

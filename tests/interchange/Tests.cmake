@@ -71,3 +71,8 @@ if(NOT CMAKE_CROSSCOMPILING AND NOT VOSTEL_SANITIZE)
         $<TARGET_FILE:RegionWriter>)
     set_tests_properties(${test} PROPERTIES TIMEOUT 120 SKIP_RETURN_CODE 77 ENVIRONMENT "PYTHONDONTWRITEBYTECODE=1")
 endif()
+
+# Each names its own reading and writing in the shortest way.
+vostel_apart(VostelInnerTests interchange/GeoJsonTest.cpp interchange/ImageJFilesTest.cpp interchange/PointTableTest.cpp)
+vostel_apart(VostelTests interchange/DrawingSvgRenderedTest.cpp interchange/ImageJCanvasTest.cpp
+    interchange/RegionCallsTest.cpp)

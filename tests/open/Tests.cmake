@@ -27,3 +27,7 @@ set_property(SOURCE ${CMAKE_CURRENT_SOURCE_DIR}/open/ListenersTest.cpp APPEND PR
 target_sources(VostelTests PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/open/BadArguments.cpp)
 set_property(SOURCE ${CMAKE_CURRENT_SOURCE_DIR}/open/BadInputTest.cpp APPEND PROPERTY
     COMPILE_DEFINITIONS "VOSTEL_HEADER=\"${PROJECT_SOURCE_DIR}/include/vostel.h\"")
+
+# Each has its own way to show an image and to add an object.
+vostel_apart(VostelTests open/BadArguments.cpp open/FrameTest.cpp open/OpenContrastTest.cpp open/OpenImageTest.cpp
+    open/PeerFiguresTest.cpp open/ReadOutsTest.cpp)

@@ -8,7 +8,7 @@ using namespace vostel;
 
 namespace {
 
-constexpr unsigned Guard = 0xDEADBEEFu;
+constexpr unsigned Untouched = 0xDEADBEEFu;
 
 // Exactly so many bytes: a read beyond them is a read beyond the block.
 std::vector<unsigned char> RandomBytes(std::size_t count, unsigned seed)
@@ -90,7 +90,7 @@ TEST_CASE("planes that are missing or short read as zero")
 TEST_CASE("a count below 1 uploads nothing")
 {
     const unsigned char bytes[4] = {1, 2, 3, 4};
-    unsigned            pixel = Guard;
+    unsigned            pixel = Untouched;
     InEveryVariant([&](const char* variant) {
         for (int count : {0, -1, -4096}) {
             UploadGrayRow(bytes, &pixel, count);
@@ -98,7 +98,7 @@ TEST_CASE("a count below 1 uploads nothing")
             UploadQuadRow(bytes, &pixel, count);
             UploadPlanesRow(bytes, 4, bytes, 4, bytes, 4, &pixel, count);
         }
-        CHECK_MESSAGE(pixel == Guard, variant);
+        CHECK_MESSAGE(pixel == Untouched, variant);
     });
 }
 
@@ -111,14 +111,14 @@ TEST_CASE("rows of lengths 0 to 140 at odd starts equal the formulas, read and t
             const int         columns = static_cast<int>(count);
             const std::size_t start = count * 5 % 17;
             for (const bool streaming : {false, true}) {
-                GuardedRun<unsigned> pixels(count, start, Guard);
+                GuardedRun<unsigned> pixels(count, start, Untouched);
                 const auto           check = [&](const char* what, auto&& expected) {
                     bool same = true;
                     for (std::size_t x = 0; x < count; ++x)
                         same = same && pixels.Data()[x] == expected(x);
                     CHECK_MESSAGE(same, what << ", " << variant << ", seed " << seed << ", length " << count);
                     CHECK_MESSAGE(pixels.GuardsStand(), what << ", " << variant << ", length " << count);
-                    std::fill_n(pixels.Data(), count, Guard);
+                    std::fill_n(pixels.Data(), count, Untouched);
                 };
                 const auto gray = RandomBytes(count, mine);
                 UploadGrayRow(gray.data(), pixels.Data(), columns, streaming);

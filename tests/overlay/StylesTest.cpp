@@ -12,7 +12,6 @@ using namespace vostel;
 namespace {
 
 constexpr unsigned int Ground = 0x646464;    // the flat image of a scene
-constexpr unsigned int BluePixel = 0x0000FF;
 
 // A new open-made object on a scene's canvas, not selected.
 template <typename Shape>

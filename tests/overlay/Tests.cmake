@@ -15,3 +15,4 @@ vostel_inner_test(overlay/ObjectStateTest)
 vostel_inner_test(overlay/ObjectPointsTest)
 vostel_inner_test(overlay/StylesTest)
 vostel_test(overlay/OverlayGdiObjectsTest)
+vostel_apart(VostelInnerTests overlay/StylesTest.cpp)    # its Square is one of points, not of nodes

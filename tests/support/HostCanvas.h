@@ -125,6 +125,12 @@ public:
     }
 };
 
+// Grays that hardly two neighbours share.
+inline int Noise(int x, int y)
+{
+    return (x * 37 + y * 91 + x * y * 13) & 0xFF;
+}
+
 class HostCanvas {
 public:
     const int    Number;

@@ -10,6 +10,10 @@ namespace vostel {
 // Mouse flags that draw a shape: the left button with Shift.
 constexpr unsigned int DrawFlags = MK_LBUTTON | MK_SHIFT;
 
+// Of captured frames.
+constexpr unsigned int RedPixel = 0xFF0000;
+constexpr unsigned int BluePixel = 0x0000FF;
+
 class ObjectCanvas : public HostCanvas {
 public:
     using HostCanvas::HostCanvas;

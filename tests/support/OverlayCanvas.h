@@ -70,9 +70,6 @@ public:
     }
 };
 
-constexpr unsigned int RedPixel = 0xFF0000;
-constexpr unsigned int BluePixel = 0x0000FF;
-
 inline bool IsAt(PointTemplateBase<double> p, double x, double y)
 {
     return p.x == x && p.y == y;

@@ -26,7 +26,7 @@ namespace {
 constexpr int    LongestSide = 100000;
 constexpr qint64 MaxPixels = qint64{1} << 28;    // more would take gigabytes of planes
 
-const QString AnswersFile = QStringLiteral("RawLayout.ini");
+const QString LayoutAnswersFile = QStringLiteral("RawLayout.ini");
 
 QString SizeText(const RawSize& size)
 {
@@ -121,7 +121,7 @@ void RawLayoutDialog::BuildFields(const QString& file)
 
 void RawLayoutDialog::Recall()
 {
-    const QSettings last = AnswersIn(AnswersFile);
+    const QSettings last = AnswersIn(LayoutAnswersFile);
     TypeBox->setCurrentIndex(qBound(0, last.value(QStringLiteral("Type"), 0).toInt(), 3));
     WidthBox->setValue(last.value(QStringLiteral("Width"), 512).toInt());
     HeightBox->setValue(last.value(QStringLiteral("Height"), 512).toInt());
@@ -138,7 +138,7 @@ void RawLayoutDialog::Recall()
 
 void RawLayoutDialog::Remember() const
 {
-    QSettings last = AnswersIn(AnswersFile);
+    QSettings last = AnswersIn(LayoutAnswersFile);
     last.setValue(QStringLiteral("Type"), DataType());
     last.setValue(QStringLiteral("Width"), WidthBox->value());
     last.setValue(QStringLiteral("Height"), HeightBox->value());

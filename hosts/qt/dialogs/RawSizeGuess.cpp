@@ -20,11 +20,11 @@ constexpr Sides CommonSides[] = {
     {1920, 1080}, {1280, 720},  {2048, 1536}, {1920, 1536}, {2560, 2048}, {2560, 3072}, {3072, 2560},
     {3840, 2160}, {1920, 1200}, {800, 600},   {320, 240},   {128, 128},   {64, 64},     {8192, 8192}};
 constexpr qint64 CommonHeaders[] = {100, 512, 1024, 2048, 4096, 256, 128, 64, 8192};
-constexpr qint64 LongestSide = 65536;
+constexpr qint64 LongestGuess = 65536;
 
 void Add(std::vector<RawSize>& sizes, qint64 width, qint64 height, qint64 header)
 {
-    if (width < 1 || height < 1 || width > LongestSide || height > LongestSide)
+    if (width < 1 || height < 1 || width > LongestGuess || height > LongestGuess)
         return;
     const RawSize size{static_cast<int>(width), static_cast<int>(height), header};
     if (std::find(sizes.begin(), sizes.end(), size) == sizes.end())
@@ -89,7 +89,7 @@ std::vector<RawSize> GuessRawSizes(qint64 fileBytes, int dataType, int most)
     const int            element = RawElementBytes(dataType);
     const auto           wanted = static_cast<std::size_t>(std::max(most, 0));
     std::vector<RawSize> sizes;
-    if (element == 0 || fileBytes < element || fileBytes > LongestSide * LongestSide * element)
+    if (element == 0 || fileBytes < element || fileBytes > LongestGuess * LongestGuess * element)
         return sizes;
     AddSquare(sizes, fileBytes, element, 0);
     for (const Sides& sides : CommonSides)

@@ -13,7 +13,7 @@ namespace vostel::widget {
 
 namespace {
 
-const QString AnswersFile = QStringLiteral("Region.ini");
+const QString RegionAnswersFile = QStringLiteral("Region.ini");
 
 }
 
@@ -62,7 +62,7 @@ RegionDialog::RegionDialog(QSize image, QWidget* parent) : QDialog(parent)
 
 void RegionDialog::Recall(QSize image)
 {
-    const QSettings last = AnswersIn(AnswersFile);
+    const QSettings last = AnswersIn(RegionAnswersFile);
     const auto      value = [&](const char* name) { return last.value(QLatin1String(name), -1).toInt(); };
     const int  left = value("Left"), right = value("Right"), top = value("Top"), bottom = value("Bottom");
     const bool fits = left >= 0 && top >= 0 && right > left && bottom > top &&
@@ -75,7 +75,7 @@ void RegionDialog::Recall(QSize image)
 
 void RegionDialog::Remember() const
 {
-    QSettings last = AnswersIn(AnswersFile);
+    QSettings last = AnswersIn(RegionAnswersFile);
     last.setValue(QStringLiteral("Left"), Left->value());
     last.setValue(QStringLiteral("Right"), Right->value());
     last.setValue(QStringLiteral("Top"), Top->value());

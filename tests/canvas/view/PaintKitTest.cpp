@@ -1,5 +1,6 @@
 #include "canvas/view/PaintKit.h"
 
+#include "support/GdiObjectCount.h"
 #include "support/HostCanvas.h"
 
 #include <doctest/doctest.h>
@@ -13,7 +14,7 @@ using namespace vostel;
 
 namespace {
 
-constexpr COLORREF     Blue = 0xFF0000;    // a GDI value
+constexpr COLORREF     BlueColor = 0xFF0000;    // a GDI value
 constexpr unsigned int BlueWord = 0x0000FF;
 constexpr unsigned int Paper = 0x335577;
 
@@ -62,21 +63,16 @@ int CountOf(const Frame& frame, unsigned int pixel)
     return count;
 }
 
-DWORD LiveObjects()
-{
-    return GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
-}
-
 // Draws once to let the platform make what it keeps, then again: nothing may be left behind or selected.
 void CheckLeavesNothing(Board& board, const std::function<void()>& draw)
 {
     draw();
-    const HGDIOBJ pen = GetCurrentObject(board.Window.Dc, OBJ_PEN);
-    const HGDIOBJ brush = GetCurrentObject(board.Window.Dc, OBJ_BRUSH);
-    const DWORD   before = LiveObjects();
+    const HGDIOBJ  pen = GetCurrentObject(board.Window.Dc, OBJ_PEN);
+    const HGDIOBJ  brush = GetCurrentObject(board.Window.Dc, OBJ_BRUSH);
+    const unsigned before = GdiObjectCount();
     for (int i = 0; i < 20; ++i)
         draw();
-    CHECK(LiveObjects() == before);
+    CHECK(GdiObjectCount() == before);
     CHECK(GetCurrentObject(board.Window.Dc, OBJ_PEN) == pen);
     CHECK(GetCurrentObject(board.Window.Dc, OBJ_BRUSH) == brush);
 }
@@ -107,7 +103,7 @@ TEST_CASE("a line leaves out its end point and keeps the pen that was there")
 {
     Board         board(20, 10);
     const HGDIOBJ pen = GetCurrentObject(board.Window.Dc, OBJ_PEN);
-    board.Kit.DrawLine(CPoint(2, 3), CPoint(7, 3), 12345, Blue, PS_SOLID);
+    board.Kit.DrawLine(CPoint(2, 3), CPoint(7, 3), 12345, BlueColor, PS_SOLID);
     Frame expected = board.Blank();
     expected.FillRect(2, 3, 7, 4, BlueWord);
     CHECK(FrameDifference(board.Window.Capture(), expected) == "");
@@ -119,21 +115,21 @@ TEST_CASE("a line takes the pen style")
     for (const int style : {PS_SOLID, PS_DASH, PS_DOT}) {
         CAPTURE(style);
         Board board(60, 40);
-        board.Kit.DrawLine(CPoint(1, 2), CPoint(55, 33), 0, Blue, style);
-        CHECK(FrameDifference(board.Window.Capture(), PennedBy(60, 40, style, 1, Blue, [](HDC dc) {
+        board.Kit.DrawLine(CPoint(1, 2), CPoint(55, 33), 0, BlueColor, style);
+        CHECK(FrameDifference(board.Window.Capture(), PennedBy(60, 40, style, 1, BlueColor, [](HDC dc) {
                                   MoveToEx(dc, 1, 2, nullptr);
                                   LineTo(dc, 55, 33);
                               })) == "");
     }
     Board board(60, 40);
-    board.Kit.DrawLine(CPoint(1, 2), CPoint(55, 33), 0, Blue, PS_NULL);
+    board.Kit.DrawLine(CPoint(1, 2), CPoint(55, 33), 0, BlueColor, PS_NULL);
     CHECK(FrameDifference(board.Window.Capture(), board.Blank()) == "");
 }
 
 TEST_CASE("a rectangle outline leaves out right and bottom edge, its inside and its pen")
 {
     Board board(20, 12);
-    board.Kit.DrawRectOutline(CRect(2, 3, 12, 9), Blue);
+    board.Kit.DrawRectOutline(CRect(2, 3, 12, 9), BlueColor);
     Frame expected = board.Blank();
     expected.OutlineRect(2, 3, 12, 9, BlueWord);
     CHECK(FrameDifference(board.Window.Capture(), expected) == "");
@@ -145,10 +141,10 @@ TEST_CASE("an ellipse outline is that of a solid pen without a brush")
 {
     Board board(30, 20);
     SelectObject(board.Window.Dc, GetStockObject(GRAY_BRUSH));
-    board.Kit.DrawEllipseOutline(CRect(3, 2, 26, 17), Blue);
+    board.Kit.DrawEllipseOutline(CRect(3, 2, 26, 17), BlueColor);
     const Frame drawn = board.Window.Capture();
-    CHECK(FrameDifference(
-              drawn, PennedBy(30, 20, PS_SOLID, 1, Blue, [](HDC dc) { Ellipse(dc, 3, 2, 26, 17); })) == "");
+    CHECK(FrameDifference(drawn, PennedBy(30, 20, PS_SOLID, 1, BlueColor,
+                                          [](HDC dc) { Ellipse(dc, 3, 2, 26, 17); })) == "");
     CHECK(drawn.At(14, 9) == Paper);
     CHECK(drawn.At(14, 2) == BlueWord);
     CHECK(drawn.At(3, 9) == BlueWord);
@@ -160,7 +156,7 @@ TEST_CASE("an ellipse outline is that of a solid pen without a brush")
 TEST_CASE("a solid fill leaves out right and bottom edge and has no outline")
 {
     Board board(10, 10);
-    board.Kit.FillSolid(CRect(2, 3, 6, 8), Blue);
+    board.Kit.FillSolid(CRect(2, 3, 6, 8), BlueColor);
     Frame expected = board.Blank();
     expected.FillRect(2, 3, 6, 8, BlueWord);
     CHECK(FrameDifference(board.Window.Capture(), expected) == "");
@@ -193,7 +189,7 @@ TEST_CASE("a text box without a background leaves what lies under it")
 TEST_CASE("the text of a box stays inside the box, in its middle")
 {
     Board board(120, 60);
-    board.Kit.SelectTextStyle(18, TRANSPARENT, Blue);
+    board.Kit.SelectTextStyle(18, TRANSPARENT, BlueColor);
     CRect r(20, 15, 100, 45);
     board.Kit.DrawTextBox(L"Hxi", r);
     const Frame drawn = board.Window.Capture();
@@ -241,10 +237,10 @@ TEST_CASE("a text style makes a font in place of the one before, and sets color 
     CHECK(GetCurrentObject(board.Window.Dc, OBJ_FONT) == board.Kit.Font);
     CHECK(SetBkMode(board.Window.Dc, TRANSPARENT) == OPAQUE);
     CHECK(SetTextColor(board.Window.Dc, 0) == 0x123456);
-    const DWORD one = LiveObjects();
+    const unsigned one = GdiObjectCount();
     for (int i = 0; i < 20; ++i)
         board.Kit.SelectTextStyle(10 + i, TRANSPARENT, 0x654321);
-    CHECK(LiveObjects() == one);
+    CHECK(GdiObjectCount() == one);
     CHECK(GetCurrentObject(board.Window.Dc, OBJ_FONT) == board.Kit.Font);
     CHECK(SetTextColor(board.Window.Dc, 0) == 0x654321);
 }
@@ -255,7 +251,7 @@ TEST_CASE("a kit at its end selects stock objects and frees its font")
     {
         PaintKit().SelectTextStyle(10, TRANSPARENT, 0);
     }    // without a target
-    const DWORD before = LiveObjects();
+    const unsigned before = GdiObjectCount();
     {
         PaintKit kit;
         kit.Dc = window.Dc;
@@ -265,7 +261,7 @@ TEST_CASE("a kit at its end selects stock objects and frees its font")
         kit.Pen = CreatePen(PS_SOLID, 1, 0);
         kit.Brush = CreateSolidBrush(0);
     }
-    CHECK(LiveObjects() == before);
+    CHECK(GdiObjectCount() == before);
     CHECK(GetCurrentObject(window.Dc, OBJ_PEN) == GetStockObject(BLACK_PEN));
     CHECK(GetCurrentObject(window.Dc, OBJ_BRUSH) == GetStockObject(WHITE_BRUSH));
     CHECK(GetCurrentObject(window.Dc, OBJ_FONT) == GetStockObject(DEFAULT_GUI_FONT));
@@ -410,8 +406,8 @@ TEST_CASE("a closed polyline joins its points in order and its last to its first
 {
     const std::vector<CPoint> points = {CPoint(2, 2), CPoint(17, 4), CPoint(15, 18), CPoint(3, 11)};
     Board                     board(24, 24);
-    board.Kit.DrawClosedPolyline(points, Blue);
-    CHECK(FrameDifference(board.Window.Capture(), PennedBy(24, 24, PS_SOLID, 1, Blue, [&](HDC dc) {
+    board.Kit.DrawClosedPolyline(points, BlueColor);
+    CHECK(FrameDifference(board.Window.Capture(), PennedBy(24, 24, PS_SOLID, 1, BlueColor, [&](HDC dc) {
                               for (std::size_t i = 0; i < points.size(); ++i) {
                                   const CPoint& to = points[(i + 1) % points.size()];
                                   MoveToEx(dc, points[i].x, points[i].y, nullptr);
@@ -424,7 +420,7 @@ TEST_CASE("a closed polyline joins its points in order and its last to its first
 TEST_CASE("a closed polyline of two points runs there and back, so that both ends are drawn")
 {
     Board board(20, 10);
-    board.Kit.DrawClosedPolyline(std::vector<CPoint>{CPoint(3, 4), CPoint(9, 4)}, Blue);
+    board.Kit.DrawClosedPolyline(std::vector<CPoint>{CPoint(3, 4), CPoint(9, 4)}, BlueColor);
     Frame expected = board.Blank();
     expected.FillRect(3, 4, 10, 5, BlueWord);
     CHECK(FrameDifference(board.Window.Capture(), expected) == "");
@@ -433,15 +429,15 @@ TEST_CASE("a closed polyline of two points runs there and back, so that both end
 TEST_CASE("a closed polyline of fewer points draws nothing")
 {
     Board board(20, 10);
-    board.Kit.DrawClosedPolyline(std::vector<CPoint>{}, Blue);
-    board.Kit.DrawClosedPolyline(std::vector<CPoint>{CPoint(3, 4)}, Blue);
+    board.Kit.DrawClosedPolyline(std::vector<CPoint>{}, BlueColor);
+    board.Kit.DrawClosedPolyline(std::vector<CPoint>{CPoint(3, 4)}, BlueColor);
     CHECK(FrameDifference(board.Window.Capture(), board.Blank()) == "");
 }
 
 TEST_CASE("segments that start at point 0 alone are one polyline")
 {
     Board board(20, 20);
-    board.Kit.DrawSegments({CPoint(2, 3), CPoint(9, 3), CPoint(9, 12)}, {0}, 1, Blue);
+    board.Kit.DrawSegments({CPoint(2, 3), CPoint(9, 3), CPoint(9, 12)}, {0}, 1, BlueColor);
     Frame expected = board.Blank();
     expected.FillRect(2, 3, 9, 4, BlueWord);
     expected.FillRect(9, 3, 10, 12, BlueWord);
@@ -453,7 +449,7 @@ TEST_CASE("each start begins a stroke")
     Board board(30, 20);
     board.Kit.DrawSegments(
         {CPoint(2, 3), CPoint(9, 3), CPoint(2, 6), CPoint(9, 6), CPoint(12, 6), CPoint(5, 9)}, {0, 2, 5}, 1,
-        Blue);
+        BlueColor);
     Frame expected = board.Blank();
     expected.FillRect(2, 3, 9, 4, BlueWord);
     expected.FillRect(2, 6, 12, 7, BlueWord);
@@ -463,28 +459,28 @@ TEST_CASE("each start begins a stroke")
 TEST_CASE("segments without a start, or with fewer than two points, draw nothing")
 {
     Board board(20, 20);
-    board.Kit.DrawSegments({CPoint(2, 3), CPoint(9, 3), CPoint(9, 12)}, {}, 1, Blue);
-    board.Kit.DrawSegments({CPoint(2, 3)}, {0}, 1, Blue);
-    board.Kit.DrawSegments({}, {0}, 1, Blue);
+    board.Kit.DrawSegments({CPoint(2, 3), CPoint(9, 3), CPoint(9, 12)}, {}, 1, BlueColor);
+    board.Kit.DrawSegments({CPoint(2, 3)}, {0}, 1, BlueColor);
+    board.Kit.DrawSegments({}, {0}, 1, BlueColor);
     CHECK(FrameDifference(board.Window.Capture(), board.Blank()) == "");
 }
 
 TEST_CASE("a start that is never reached holds back those after it, and one past the points does no harm")
 {
     Board board(20, 20);
-    board.Kit.DrawSegments({CPoint(2, 3), CPoint(9, 3), CPoint(9, 12)}, {0, 0, 1}, 1, Blue);
+    board.Kit.DrawSegments({CPoint(2, 3), CPoint(9, 3), CPoint(9, 12)}, {0, 0, 1}, 1, BlueColor);
     Frame expected = board.Blank();
     expected.FillRect(2, 3, 9, 4, BlueWord);
     expected.FillRect(9, 3, 10, 12, BlueWord);
     CHECK(FrameDifference(board.Window.Capture(), expected) == "");
-    board.Kit.DrawSegments({CPoint(2, 3), CPoint(9, 3)}, {0, 99, INT_MAX, INT_MIN}, 1, Blue);
+    board.Kit.DrawSegments({CPoint(2, 3), CPoint(9, 3)}, {0, 99, INT_MAX, INT_MIN}, 1, BlueColor);
     CHECK(FrameDifference(board.Window.Capture(), expected) == "");
 }
 
 TEST_CASE("segments take the pen width")
 {
     Board board(40, 20);
-    board.Kit.DrawSegments({CPoint(5, 10), CPoint(30, 10)}, {0}, 5, Blue);
+    board.Kit.DrawSegments({CPoint(5, 10), CPoint(30, 10)}, {0}, 5, BlueColor);
     const Frame drawn = board.Window.Capture();
     for (int y = 8; y <= 12; ++y)
         CHECK(drawn.At(17, y) == BlueWord);
@@ -496,7 +492,7 @@ TEST_CASE("handles are squares, ellipses or nothing, by their shape")
 {
     const std::vector<CRect> rects = {CRect(2, 2, 10, 10), CRect(15, 5, 23, 13)};
     Board                    squares(30, 20);
-    squares.Kit.DrawHandles(rects, Blue, 1);
+    squares.Kit.DrawHandles(rects, BlueColor, 1);
     Frame expected = squares.Blank();
     expected.OutlineRect(2, 2, 10, 10, BlueWord);
     expected.OutlineRect(15, 5, 23, 13, BlueWord);
@@ -504,15 +500,15 @@ TEST_CASE("handles are squares, ellipses or nothing, by their shape")
     CHECK(GetCurrentObject(squares.Window.Dc, OBJ_BRUSH) == GetStockObject(WHITE_BRUSH));
 
     Board ellipses(30, 20);
-    ellipses.Kit.DrawHandles(rects, Blue, 0);
-    CHECK(FrameDifference(ellipses.Window.Capture(), PennedBy(30, 20, PS_SOLID, 1, Blue, [&](HDC dc) {
+    ellipses.Kit.DrawHandles(rects, BlueColor, 0);
+    CHECK(FrameDifference(ellipses.Window.Capture(), PennedBy(30, 20, PS_SOLID, 1, BlueColor, [&](HDC dc) {
                               for (const CRect& r : rects)
                                   Ellipse(dc, r.left, r.top, r.right, r.bottom);
                           })) == "");
 
     for (const int shape : {2, -1, 3, INT_MAX, INT_MIN}) {
         Board none(30, 20);
-        none.Kit.DrawHandles(rects, Blue, shape);
+        none.Kit.DrawHandles(rects, BlueColor, shape);
         CHECK(FrameDifference(none.Window.Capture(), none.Blank()) == "");
     }
 }
@@ -520,8 +516,8 @@ TEST_CASE("handles are squares, ellipses or nothing, by their shape")
 TEST_CASE("an empty list of handles draws nothing")
 {
     Board board(30, 20);
-    board.Kit.DrawHandles({}, Blue, 0);
-    board.Kit.DrawHandles({}, Blue, 1);
+    board.Kit.DrawHandles({}, BlueColor, 0);
+    board.Kit.DrawHandles({}, BlueColor, 1);
     CHECK(FrameDifference(board.Window.Capture(), board.Blank()) == "");
 }
 
@@ -532,17 +528,17 @@ TEST_CASE("no drawing leaves an object behind or another one selected")
     data.Allocate(4, 1);
     std::fill(data.Ptr1D, data.Ptr1D + 4, static_cast<unsigned short>(3));
     const std::vector<CPoint> points = {CPoint(2, 2), CPoint(17, 4), CPoint(15, 18)};
-    CheckLeavesNothing(board, [&] { board.Kit.DrawLine(CPoint(1, 1), CPoint(9, 9), 0, Blue, PS_DOT); });
-    CheckLeavesNothing(board, [&] { board.Kit.DrawRectOutline(CRect(1, 1, 9, 9), Blue); });
-    CheckLeavesNothing(board, [&] { board.Kit.DrawEllipseOutline(CRect(1, 1, 9, 9), Blue); });
-    CheckLeavesNothing(board, [&] { board.Kit.FillSolid(CRect(1, 1, 9, 9), Blue); });
+    CheckLeavesNothing(board, [&] { board.Kit.DrawLine(CPoint(1, 1), CPoint(9, 9), 0, BlueColor, PS_DOT); });
+    CheckLeavesNothing(board, [&] { board.Kit.DrawRectOutline(CRect(1, 1, 9, 9), BlueColor); });
+    CheckLeavesNothing(board, [&] { board.Kit.DrawEllipseOutline(CRect(1, 1, 9, 9), BlueColor); });
+    CheckLeavesNothing(board, [&] { board.Kit.FillSolid(CRect(1, 1, 9, 9), BlueColor); });
     CheckLeavesNothing(board, [&] { board.Kit.DrawCurve(data, 5, 5); });
     CheckLeavesNothing(board, [&] { board.Kit.DrawHatchBackground(CRect(0, 0, 64, 48), CRect(5, 5, 9, 9)); });
-    CheckLeavesNothing(board, [&] { board.Kit.DrawClosedPolyline(points, Blue); });
-    CheckLeavesNothing(board, [&] { board.Kit.DrawSegments(points, {0, 2}, 3, Blue); });
-    CheckLeavesNothing(board, [&] { board.Kit.DrawSegments({}, {}, 3, Blue); });
-    CheckLeavesNothing(board, [&] { board.Kit.DrawHandles({CRect(1, 1, 9, 9)}, Blue, 0); });
-    CheckLeavesNothing(board, [&] { board.Kit.DrawHandles({CRect(1, 1, 9, 9)}, Blue, 1); });
+    CheckLeavesNothing(board, [&] { board.Kit.DrawClosedPolyline(points, BlueColor); });
+    CheckLeavesNothing(board, [&] { board.Kit.DrawSegments(points, {0, 2}, 3, BlueColor); });
+    CheckLeavesNothing(board, [&] { board.Kit.DrawSegments({}, {}, 3, BlueColor); });
+    CheckLeavesNothing(board, [&] { board.Kit.DrawHandles({CRect(1, 1, 9, 9)}, BlueColor, 0); });
+    CheckLeavesNothing(board, [&] { board.Kit.DrawHandles({CRect(1, 1, 9, 9)}, BlueColor, 1); });
     CheckLeavesNothing(board, [&] {
         CRect r(1, 1, 30, 20);
         board.Kit.DrawTextBox(L"a", r);
@@ -560,13 +556,13 @@ TEST_CASE("drawing without a target, or far outside it, does no harm")
     data.Ptr1D[0] = data.Ptr1D[1] = 65535;
     const CRect wide(-100000, -100000, 100000, 100000);
     for (PaintKit* each : {&kit, &board.Kit}) {
-        each->DrawLine(CPoint(-1000000, -1000000), CPoint(1000000, 999999), 0, Blue, PS_SOLID);
+        each->DrawLine(CPoint(-1000000, -1000000), CPoint(1000000, 999999), 0, BlueColor, PS_SOLID);
         each->DrawCurve(data, -100000, 100000);
-        each->DrawRectOutline(wide, Blue);
-        each->DrawEllipseOutline(wide, Blue);
-        each->DrawHandles({wide}, Blue, 0);
-        each->DrawClosedPolyline(std::vector<CPoint>{CPoint(-1000000, 5), CPoint(1000000, 5)}, Blue);
-        each->DrawSegments({CPoint(-1000000, 5), CPoint(1000000, 5)}, {0}, 3, Blue);
+        each->DrawRectOutline(wide, BlueColor);
+        each->DrawEllipseOutline(wide, BlueColor);
+        each->DrawHandles({wide}, BlueColor, 0);
+        each->DrawClosedPolyline(std::vector<CPoint>{CPoint(-1000000, 5), CPoint(1000000, 5)}, BlueColor);
+        each->DrawSegments({CPoint(-1000000, 5), CPoint(1000000, 5)}, {0}, 3, BlueColor);
         each->DrawLabel(L"far", 1000000, -1000000);
         CRect box(-100, -100, -90, -90);
         each->DrawTextBox(L"far", box);
