@@ -63,9 +63,9 @@ void CheckFill(InputBytes& input)
     case 0: {
         const int x1 = Place(input), y1 = Place(input), x2 = Place(input), y2 = Place(input);
         DrawEcllipse(plane, x1, y1, x2, y2, true, value);
-        box.left = std::min(x1, x2);
-        box.right = std::max(x1, x2);
-        // Flat ones step out of their box.
+        // Flat ones step out of their box, beside it by one pixel.
+        box.left = std::max(std::min(x1, x2), INT_MIN + 1) - 1;
+        box.right = std::min(std::max(x1, x2), INT_MAX - 1) + 1;
         box.top = INT_MIN;
         box.bottom = INT_MAX;
         CheckLabel(plane, box, value);
