@@ -2,6 +2,7 @@
 
 #include "base/Truncate.h"
 #include "canvas/view/HitTests.h"
+#include "canvas/view/VectorDrawing.h"
 #include "overlay/InteriorFill.h"
 
 #include <algorithm>
@@ -240,16 +241,24 @@ std::optional<bool> VostelMPoint::ExactInterior(CPoint point) const
     return IsInsideOutline(ClientOutline(*outline, *View), point);
 }
 
-std::vector<CPoint> VostelMPoint::ExactPolygon() const
+bool VostelMPoint::DrawExactOutline(COLORREF color)
 {
     constexpr double             flatness = 0.25;    // client px
+    constexpr double             leastCurved = 2.0;
     const std::optional<Outline> outline = OpenMade && !FixedSize && View ? RegionOutline() : std::nullopt;
-    std::vector<CPoint>          polygon;
-    if (outline) {
-        for (const ImagePoint& point : ClientOutline(*outline, *View).Flattened(flatness))
-            polygon.emplace_back(TruncToInt(point.x), TruncToInt(point.y));
+    if (!outline)
+        return false;
+    const Outline client = ClientOutline(*outline, *View);
+    const Bounds  box = client.BoundingBox();
+    if (Kit.Recorder && box.Right - box.Left > leastCurved && box.Bottom - box.Top > leastCurved) {
+        Kit.Recorder->AddOutline(client, Kit.PenWidth, color);
+        return true;
     }
-    return polygon;
+    std::vector<CPoint> polygon;
+    for (const ImagePoint& point : client.Flattened(flatness))
+        polygon.emplace_back(TruncToInt(point.x), TruncToInt(point.y));
+    Kit.DrawClosedPolyline(polygon, color);
+    return !polygon.empty();
 }
 
 void VostelMPoint::FillRegion()

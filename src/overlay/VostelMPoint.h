@@ -45,8 +45,9 @@ protected:
     // Whether a press at the client point falls inside the exact outline of an open-made region; none for
     // all other objects.
     std::optional<bool> ExactInterior(CPoint point) const;
-    // The exact outline of an open-made region, in whole client px; empty for all other objects.
-    std::vector<CPoint> ExactPolygon() const;
+    // Draws the exact outline of an open-made region, on the screen through whole client px; false for all
+    // other objects.
+    bool DrawExactOutline(COLORREF color);
     // Lays the fill color over the interior of a region.
     void FillRegion();
 

@@ -76,10 +76,9 @@ VostelMPoint::PointCounts VostelSingleLine::CountsTaken() const
 void VostelSingleLine::DrawBox(COLORREF color)
 {
     // The box in whole client px ends up to two of them before the exact one.
-    const std::vector<CPoint> exact = EllipseMode ? ExactPolygon() : std::vector<CPoint>();
-    if (!exact.empty())
-        Kit.DrawClosedPolyline(exact, color);
-    else if (EllipseMode)
+    if (EllipseMode && DrawExactOutline(color))
+        return;
+    if (EllipseMode)
         Kit.DrawEllipseOutline(ClientBox, color);
     else
         Kit.DrawRectOutline(ClientBox, color);

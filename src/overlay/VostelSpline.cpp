@@ -32,9 +32,7 @@ void VostelSpline::OnDraw(HDC dc)
     DerivePainted();
     FillRegion();
     // Ten samples a segment lie far apart at high scales, between nodes in whole client px.
-    if (const std::vector<CPoint> exact = ExactPolygon(); !exact.empty())
-        Kit.DrawClosedPolyline(exact, LineColor());
-    else
+    if (!DrawExactOutline(LineColor()))
         Kit.DrawClosedPolyline(CurvePoints, LineColor());
     // Always round, always shown and always in the line color, unlike the handles of other shapes.
     Kit.DrawHandles(HandleRects, LineColor(), RoundHandles);

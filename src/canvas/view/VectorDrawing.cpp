@@ -14,6 +14,18 @@ namespace {
 
 constexpr double Dot = 3.0;    // px of a dotted line along its longer axis, and of its gaps
 
+VectorForm FormOf(const Outline& outline)
+{
+    switch (outline.Form) {
+    case OutlineForm::Polygon:
+        return VectorForm::Lines;
+    case OutlineForm::Ellipse:
+        return VectorForm::Ellipse;
+    default:
+        return VectorForm::Curve;
+    }
+}
+
 // Where the middle of a pen runs that is put on pixel 0: of even widths the greater half lies above and left.
 double MiddleOf(int width)
 {
@@ -246,14 +258,17 @@ void VectorDrawing::AddFilledBox(const CRect& r, COLORREF color)
         Add(VectorForm::Rectangle, CornersOf(box, 0.0, 0.0)).Fill = OpaqueOf(color);
 }
 
+void VectorDrawing::AddOutline(const Outline& clientOutline, int width, COLORREF color)
+{
+    if (!clientOutline.Points.empty())
+        AddStroke(FormOf(clientOutline), clientOutline.Points, width, color).Closed = true;
+}
+
 void VectorDrawing::AddInterior(const Outline& clientOutline, unsigned int color)
 {
     if (color >> 24 == 0 || clientOutline.Points.empty())
         return;
-    const VectorForm form = clientOutline.Form == OutlineForm::Polygon   ? VectorForm::Lines
-                            : clientOutline.Form == OutlineForm::Ellipse ? VectorForm::Ellipse
-                                                                         : VectorForm::Curve;
-    VectorShape&     shape = Add(form, clientOutline.Points);
+    VectorShape& shape = Add(FormOf(clientOutline), clientOutline.Points);
     shape.Closed = true;
     shape.Fill = color;
 }

@@ -69,6 +69,8 @@ public:
     void AddPolyline(std::vector<ImagePoint> points, bool closed, int width, COLORREF color);
     void AddRectangle(const CRect& r, int width, COLORREF color);
     void AddEllipse(const CRect& r, int width, COLORREF color);
+    // The outline of a region, as it is.
+    void AddOutline(const Outline& clientOutline, int width, COLORREF color);
     void AddFilledBox(const CRect& r, COLORREF color);
     // 0xAARRGGBB over what is inside.
     void AddInterior(const Outline& clientOutline, unsigned int color);
