@@ -3,6 +3,7 @@
 
 #include "interchange/CanvasContent.h"
 #include "interchange/JsonText.h"
+#include "support/CommaLocale.h"
 #include "support/OpenCanvas.h"
 #include "support/OpenShapes.h"
 #include "support/TempFolder.h"
@@ -102,6 +103,15 @@ TEST_CASE("what opens is saved as the same bytes")
     const SessionBench bench;
     REQUIRE(bench.Open(bench.Saved) == VOSTEL_OK);
     CHECK(LastMessage() == "");
+    CHECK(FirstDifference(bench.Save(), bench.Saved) == "");
+}
+
+TEST_CASE("numbers have a point in every locale, written and read")
+{
+    const SessionBench bench;
+    const CommaLocale  locale;
+    CHECK(FirstDifference(bench.Save(), bench.Saved) == "");
+    REQUIRE(bench.Open(bench.Saved) == VOSTEL_OK);
     CHECK(FirstDifference(bench.Save(), bench.Saved) == "");
 }
 

@@ -21,6 +21,7 @@ vostel_inner_test(interchange/ZipArchiveTest)
 vostel_test_source(VostelAllocationTests interchange/SessionOutOfMemoryTest)
 if(NOT WIN32)
     vostel_inner_test(interchange/FullDiskTest)
+    vostel_inner_test(interchange/KilledSaveTest)
 endif()
 
 # The JSON library, as the library itself includes it.
