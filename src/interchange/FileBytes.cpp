@@ -8,6 +8,30 @@
 
 namespace vostel {
 
+namespace {
+
+CString WidePath(const char* utf8Path)
+{
+    const std::optional<std::wstring> path = WideOf(utf8Path);
+    if (!path)
+        Fail(VOSTEL_INVALID_ARGUMENT, "path is not UTF-8");
+    return CString(path->c_str());
+}
+
+[[noreturn]] void FailToWrite()
+{
+    Fail(VOSTEL_NOT_WRITTEN, "path cannot be written");
+}
+
+void Write(FileReplacement& file, std::string_view bytes)
+{
+    if (!file.Stream() || std::fwrite(bytes.data(), 1, bytes.size(), file.Stream()) != bytes.size() ||
+        !FlushToDisk(file.Stream()))
+        FailToWrite();
+}
+
+}
+
 std::string ReadWholeFile(const char* utf8Path)
 {
     const OwnedFile file = OpenUtf8File(utf8Path, "rb");
@@ -24,13 +48,20 @@ std::string ReadWholeFile(const char* utf8Path)
 
 void WriteWholeFile(const char* utf8Path, std::string_view bytes)
 {
-    const std::optional<std::wstring> path = WideOf(utf8Path);
-    if (!path)
-        Fail(VOSTEL_INVALID_ARGUMENT, "path is not UTF-8");
-    FileReplacement file(path->c_str());
-    if (!file.Stream() || std::fwrite(bytes.data(), 1, bytes.size(), file.Stream()) != bytes.size() ||
-        !FlushToDisk(file.Stream()) || !file.Keep())
-        Fail(VOSTEL_NOT_WRITTEN, "path cannot be written");
+    FileReplacement file(WidePath(utf8Path));
+    Write(file, bytes);
+    if (!file.Keep())
+        FailToWrite();
+}
+
+void WriteWholeFiles(const FileContent& first, const FileContent& second)
+{
+    FileReplacement before(WidePath(first.Path.c_str()));
+    Write(before, first.Bytes);
+    FileReplacement after(WidePath(second.Path.c_str()));
+    Write(after, second.Bytes);
+    if (!before.Keep() || !after.Keep())
+        FailToWrite();
 }
 
 }

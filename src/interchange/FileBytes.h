@@ -12,4 +12,12 @@ std::string ReadWholeFile(const char* utf8Path);
 // file that was there, and nothing else: VOSTEL_NOT_WRITTEN.
 void WriteWholeFile(const char* utf8Path, std::string_view bytes);
 
+struct FileContent {
+    std::string Path;    // in UTF-8
+    std::string Bytes;
+};
+// The same for two files that belong together. Neither is moved before both stand on the disk, then the first
+// one is.
+void WriteWholeFiles(const FileContent& first, const FileContent& second);
+
 }

@@ -243,19 +243,19 @@ void ExportLabels(const RegionExport& file)
             name = file.Notes.NotesOf(*region.Object).Name;
     }
     TellLosses(file, regions, legend.Size);
-    // The legend comes last: one that was there before does not have the hash of these labels.
+    FileContent picture;
     if (highest > HighestInPng) {
         const auto labels = Painted<std::int32_t>(regions, legend.Size);
         legend.Bits = 32;
         legend.Hash = HashOf(labels, legend.Size);
-        WriteWholeFile((LabelNameOf(file.Path) + RawEnding).c_str(), RawOf(labels));
+        picture = {LabelNameOf(file.Path) + RawEnding, RawOf(labels)};
     } else {
         const auto labels = Painted<std::uint16_t>(regions, legend.Size);
         legend.Hash = HashOf(labels, legend.Size);
-        WriteWholeFile(PicturePath(file.Path).c_str(),
-                       PngOf(DeflateGray16(labels.data(), plane.Width, plane.Height)));
+        picture = {PicturePath(file.Path), PngOf(DeflateGray16(labels.data(), plane.Width, plane.Height))};
     }
-    WriteWholeFile((LabelNameOf(file.Path) + LegendEnding).c_str(), LegendTextOf(legend));
+    // The legend comes last: one that was there before does not have the hash of these labels.
+    WriteWholeFiles(picture, {LabelNameOf(file.Path) + LegendEnding, LegendTextOf(legend)});
 }
 
 std::vector<FileObject> ImportLabels(const char* utf8Path, ImageSize image, Remarks& told)

@@ -183,6 +183,7 @@ TEST_CASE("no new legend comes to stand beside old labels")
     folder.MakeFolder("b.labels.json");
     CHECK(exportTo("b.png") == VOSTEL_NOT_WRITTEN);
     CHECK(std::string(vostel_last_message()) != "");
+    CHECK_FALSE(std::filesystem::exists(folder.Path("b.png")));
 }
 
 TEST_CASE("plain label images are read without a legend: 8 and 16 bits, and the indices of a palette")
