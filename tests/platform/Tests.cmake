@@ -33,6 +33,7 @@ vostel_test(platform/ImageTest)
 vostel_inner_test(platform/HostServicesTest)
 vostel_inner_test(platform/FilesTest)
 vostel_inner_test(platform/SamplePicturesTest)
+vostel_inner_test(platform/TurnedTiffTest)
 if(NOT WIN32)
     vostel_test(platform/TextWithoutFontsTest)
     set_property(TEST ${VOSTEL_TEST_PREFIX}platform/TextWithoutFontsTest APPEND PROPERTY
