@@ -83,16 +83,17 @@ PictureOutcome DecodeBmpSamples(const SampleFile& file, ImageSamples& samples)
     BmpLayout layout;
     if (!ReadBmpHeader(file.Bytes, layout))
         return PictureOutcome::BadFormat;
-    if (!IsWithin(file.Limits, layout.Width, layout.Height))
+    if (!IsWithin(file, layout.Width, layout.Height))
         return PictureOutcome::TooLarge;
     if (!HoldsBmpPixels(file.Bytes, layout))
         return PictureOutcome::BadFormat;
     const SampleType     type = layout.Depth <= 8        ? SampleType::U8
                                 : layout.Alpha.Mask != 0 ? SampleType::Bgra8
                                                          : SampleType::Bgr8;
-    const PictureOutcome made = MakeSamples(file.Limits, type, layout.Width, layout.Height, samples);
+    const PictureOutcome made = MakeSamples(file, type, layout.Width, layout.Height, samples);
     if (made != PictureOutcome::Taken)
         return made;
+    file.CountWork(static_cast<std::int64_t>(file.Bytes.size() + samples.Bytes()));
     if (type == SampleType::U8)
         return DecodeIndices(file, layout, samples);
     DecodeColors(file, layout, samples);

@@ -175,8 +175,11 @@ bool Decompress(Cursor& cursor, std::size_t count, std::vector<unsigned char>& i
 // The picture as it grows frame by frame.
 class Screen {
 public:
+    long long Visits;    // of pixels, so far
+
     Screen(int width, int height, unsigned background)
-        : Width(width), Height(height), Background(background),
+        : Visits(static_cast<long long>(width) * height), Width(width), Height(height),
+          Background(background),
           Pixels(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), background)
     {
     }
@@ -184,8 +187,14 @@ public:
     void Draw(const Frame& frame, const std::vector<unsigned char>& indices)
     {
         Shown = frame;
-        if (frame.Disposal == DisposeToPrevious)
-            Before = Pixels;
+        if (frame.Disposal == DisposeToPrevious) {
+            Before.clear();
+            const Box box = BoxOf(frame);
+            for (int y = box.Top; y < box.Bottom; ++y)
+                Before.insert(Before.end(), &PixelAt(box.Left, y), &PixelAt(box.Left, y) + box.Width());
+            Visits += box.Area();
+        }
+        Visits += BoxOf(frame).Area();
         AllGray = AllGray && IsGrayPalette(frame.Colors);
         const int   starts[] = {0, 4, 2, 1}, steps[] = {8, 8, 4, 2};
         std::size_t stored = 0;
@@ -199,20 +208,27 @@ public:
     // What the frame asked to happen before the next one.
     void Dispose()
     {
-        if (Shown.Disposal == DisposeToPrevious) {
-            Pixels.swap(Before);
-        } else if (Shown.Disposal == DisposeToBackground) {
-            for (int y = Shown.Top; y < std::min(Height, Shown.Top + Shown.Height); ++y)
-                for (int x = Shown.Left; x < std::min(Width, Shown.Left + Shown.Width); ++x)
-                    PixelAt(x, y) = Background;
+        if (Shown.Disposal != DisposeToPrevious && Shown.Disposal != DisposeToBackground)
+            return;
+        const Box       box = BoxOf(Shown);
+        const unsigned* kept = Before.data();
+        for (int y = box.Top; y < box.Bottom; ++y) {
+            unsigned* const row = &PixelAt(box.Left, y);
+            if (Shown.Disposal == DisposeToBackground) {
+                std::fill_n(row, box.Width(), Background);
+            } else {
+                std::copy_n(kept, box.Width(), row);
+                kept += box.Width();
+            }
         }
+        Visits += box.Area();
     }
 
-    PictureOutcome Give(const PictureLimits& limits, ImageSamples& samples) const
+    PictureOutcome Give(const SampleFile& file, ImageSamples& samples) const
     {
         const bool           gray = AllGray && IsGrayPalette(std::span(&Background, 1));
         const PictureOutcome made =
-            MakeSamples(limits, gray ? SampleType::U8 : SampleType::Rgb8, Width, Height, samples);
+            MakeSamples(file, gray ? SampleType::U8 : SampleType::Rgb8, Width, Height, samples);
         if (made != PictureOutcome::Taken)
             return made;
         unsigned char* target = samples.Data();
@@ -231,10 +247,23 @@ private:
     int                   Height;
     unsigned              Background;
     std::vector<unsigned> Pixels;    // 0x00RRGGBB
-    std::vector<unsigned> Before;
+    std::vector<unsigned> Before;    // what the shown frame covers
     Frame                 Shown;
     bool                  AllGray = true;    // every color that a frame could have used
 
+    // The part of a frame that lies on the screen.
+    struct Box {
+        int Left, Top, Right, Bottom;
+
+        int       Width() const { return Right - Left; }
+        long long Area() const { return static_cast<long long>(Width()) * (Bottom - Top); }
+    };
+    Box BoxOf(const Frame& frame) const
+    {
+        const int left = std::min(Width, frame.Left), top = std::min(Height, frame.Top);
+        return {left, top, std::min(Width, frame.Left + frame.Width),
+                left < Width ? std::min(Height, frame.Top + frame.Height) : top};
+    }
     unsigned& PixelAt(int x, int y)
     {
         return Pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(Width) +
@@ -341,7 +370,7 @@ PictureOutcome DecodeGifSamples(const SampleFile& file, ImageSamples& samples)
             // A first frame that is larger than the screen makes it larger.
             const int width = std::max(gif.Width, frame.Left + frame.Width);
             const int height = std::max(gif.Height, frame.Top + frame.Height);
-            if (!IsWithin(file.Limits, width, height))
+            if (!IsWithin(file, width, height))
                 return PictureOutcome::TooLarge;
             if (!IsPlausible(static_cast<long long>(width) * height, file.Bytes.size(), mostExpansion))
                 return PictureOutcome::BadFormat;
@@ -355,8 +384,11 @@ PictureOutcome DecodeGifSamples(const SampleFile& file, ImageSamples& samples)
             return number > 0 && gif.Place.IsBroken() ? PictureOutcome::NoSuchPage
                                                       : PictureOutcome::BadFormat;
         screen->Draw(frame, indices);
-        if (number == file.Page)
-            return screen->Give(file.Limits, samples);
+        file.CountWork(count);
+        if (number == file.Page) {
+            file.CountWork(screen->Visits);
+            return screen->Give(file, samples);
+        }
     }
 }
 

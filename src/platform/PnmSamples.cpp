@@ -135,14 +135,15 @@ PictureOutcome DecodeFloats(PnmText& text, const SampleFile& file, ImageSamples&
     text.SkipOne();
     if (width < 1 || height < 1 || scale == 0.0 || scale != scale)
         return PictureOutcome::BadFormat;
-    if (!IsWithin(file.Limits, width, height))
+    if (!IsWithin(file, width, height))
         return PictureOutcome::TooLarge;
     const std::span<const unsigned char> bytes = text.Rest();
     if (static_cast<unsigned long long>(width) * static_cast<unsigned long long>(height) > bytes.size() / 4)
         return PictureOutcome::BadFormat;
-    const PictureOutcome outcome = MakeSamples(file.Limits, SampleType::F32, width, height, samples);
+    const PictureOutcome outcome = MakeSamples(file, SampleType::F32, width, height, samples);
     if (outcome != PictureOutcome::Taken)
         return outcome;
+    file.CountWork(static_cast<std::int64_t>(samples.Bytes()));
     std::size_t at = 0;
     for (int y = samples.Height - 1; y >= 0; --y) {
         float* const row = samples.Row<float>(y);
@@ -172,7 +173,7 @@ PictureOutcome DecodePnmSamples(const SampleFile& file, ImageSamples& samples)
     header.Top = header.IsBitmap() ? 1 : text.Number();
     if (header.Width < 1 || header.Height < 1 || header.Top < 1 || header.Top > 65535)
         return PictureOutcome::BadFormat;
-    if (!IsWithin(file.Limits, header.Width, header.Height))
+    if (!IsWithin(file, header.Width, header.Height))
         return PictureOutcome::TooLarge;
     if (!header.IsPlain())
         text.SkipOne();
@@ -183,9 +184,10 @@ PictureOutcome DecodePnmSamples(const SampleFile& file, ImageSamples& samples)
     const SampleType     type = header.IsColor()   ? SampleType::Rgb8
                                 : header.Top > 255 ? SampleType::U16
                                                    : SampleType::U8;
-    const PictureOutcome made = MakeSamples(file.Limits, type, header.Width, header.Height, samples);
+    const PictureOutcome made = MakeSamples(file, type, header.Width, header.Height, samples);
     if (made != PictureOutcome::Taken)
         return made;
+    file.CountWork(static_cast<std::int64_t>(text.Rest().size() + samples.Bytes()));
     const std::size_t count = samples.Bytes() / (type == SampleType::U16 ? 2 : 1);
     if (header.IsPlain())
         return ReadPlain(text, header, count, samples);

@@ -18,6 +18,14 @@ struct SampleFile {
     int                            Page = 0;
     PictureLimits                  Limits;
     PaletteUse                     Palettes = PaletteUse::Colors;
+    std::int64_t*                  Work = nullptr;    // where somebody counts it
+
+    // Tells of samples, coefficients or bytes that are gone over.
+    void CountWork(std::int64_t visits) const
+    {
+        if (Work)
+            *Work += visits;
+    }
 };
 
 // Ours, on every platform.
@@ -33,11 +41,14 @@ PictureOutcome DecodeTiffSamples(const SampleFile& file, ImageSamples& samples);
 PictureOutcome DecodeWebpSamples(const SampleFile& file, ImageSamples& samples);
 PictureOutcome CountTiffPages(const SampleFile& file, int& pages);
 
-// Of sides that are 1 or more.
-bool IsWithin(const PictureLimits& limits, long long width, long long height);
+// Whether a picture of sides of 1 or more is taken from the file.
+inline bool IsWithin(const SampleFile& file, long long width, long long height, long long storedBytes = 0)
+{
+    return vostel::IsWithin(file.Limits, file.Bytes.size(), width, height, storedBytes);
+}
 
-// Allocates within the limits; BadFormat for an empty picture.
-PictureOutcome MakeSamples(const PictureLimits& limits, SampleType type, long long width, long long height,
+// Allocates within the limits of the file; BadFormat for an empty picture.
+PictureOutcome MakeSamples(const SampleFile& file, SampleType type, long long width, long long height,
                            ImageSamples& samples);
 
 // A count of 0..top in 8 bits, to the nearest.

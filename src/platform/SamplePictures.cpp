@@ -108,18 +108,12 @@ PictureOutcome CountPages(const char* utf8Path, const PictureLimits& limits, int
 
 namespace pictures {
 
-bool IsWithin(const PictureLimits& limits, long long width, long long height)
-{
-    return width <= limits.MaxSide && height <= limits.MaxSide && width <= limits.MaxPixels / height &&
-           width <= INT32_MAX / 16 && height <= INT32_MAX;
-}
-
-PictureOutcome MakeSamples(const PictureLimits& limits, SampleType type, long long width, long long height,
+PictureOutcome MakeSamples(const SampleFile& file, SampleType type, long long width, long long height,
                            ImageSamples& samples)
 {
     if (width < 1 || height < 1)
         return PictureOutcome::BadFormat;
-    if (!IsWithin(limits, width, height))
+    if (!IsWithin(file, width, height))
         return PictureOutcome::TooLarge;
     samples = ImageSamples(type, static_cast<int>(width), static_cast<int>(height));
     return PictureOutcome::Taken;

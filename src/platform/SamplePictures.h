@@ -6,16 +6,9 @@
 // change; the one of gray pictures is dropped, as is the transparency of palettes.
 
 #include "platform/ImageSamples.h"
-
-#include <cstdint>
+#include "platform/PictureLimits.h"
 
 namespace vostel {
-
-struct PictureLimits {
-    std::int64_t MaxSide = 1 << 20;    // px
-    std::int64_t MaxPixels = std::int64_t{1} << 28;
-    std::int64_t MaxFileBytes = std::int64_t{1} << 33;
-};
 
 enum class PictureOutcome {
     Taken,

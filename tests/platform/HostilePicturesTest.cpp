@@ -1,19 +1,21 @@
 // Pictures of tests/hostile, which ask for far more work or memory than they are worth, and their twins that
 // ask for what pictures do.
 
+#include "platform/PeakMemory.h"
+#include "platform/SampleCodecs.h"
 #include "platform/SampleFiles.h"
 #include "platform/TiffFiles.h"
 
 #include <cstdio>
 
 #include <jpeglib.h>
-#include <sys/resource.h>
 
 #include <cstdlib>
 #include <random>
 #include <string>
 
 using namespace vostel;
+using namespace vostel::pictures;
 using namespace files;
 
 namespace {
@@ -33,12 +35,12 @@ bool Loads(const Bytes& file)
     return image.Load(folder.WidePath("picture")) >= 0;
 }
 
-// The most memory that the process has held so far.
-long PeakMiB()
+// Reads a file in both ways, and takes the outcome of open images.
+PictureOutcome ReadBoth(const Bytes& file)
 {
-    rusage usage = {};
-    REQUIRE(getrusage(RUSAGE_SELF, &usage) == 0);
-    return usage.ru_maxrss / 1024;
+    const PictureOutcome outcome = Read(file).Outcome;
+    CHECK(Loads(file) == (outcome == PictureOutcome::Taken));
+    return outcome;
 }
 
 // The picture ends that many scans earlier; the file stays as long, since its length says what it may hold.
@@ -114,11 +116,10 @@ TEST_CASE("a JPEG of as many scans as there are bits of coefficients loads where
 
 TEST_CASE("a tile far larger than its picture takes no memory, one of a usual size loads")
 {
-    const Bytes file = Hostile("tile-larger-than-its-picture.tif");
-    const long  before = PeakMiB();
-    CHECK(Read(file).Outcome == PictureOutcome::BadFormat);
-    CHECK_FALSE(Loads(file));
-    CHECK(PeakMiB() - before < 64);
+    const Bytes      file = Hostile("tile-larger-than-its-picture.tif");
+    const PeakMemory peak;
+    CHECK(ReadBoth(file) == PictureOutcome::BadFormat);
+    CHECK(peak.MiB() < 64);
     const Bytes twin = TiffOf({.Width = 16,
                                .Height = 16,
                                .TileWidth = 1024,
@@ -126,4 +127,65 @@ TEST_CASE("a tile far larger than its picture takes no memory, one of a usual si
                                .Blocks = {Bytes(1024 * 1024, 7)}});
     CHECK(Holds(twin, SampleType::U8, std::vector<std::uint8_t>(256, 7)));
     CHECK(Loads(twin));
+}
+
+TEST_CASE("a row in thousands of tall tiles is refused, one in tall tiles that it has pixels for loads")
+{
+    CHECK(ReadBoth(Hostile("tall-tiles-for-one-row.tif")) == PictureOutcome::BadFormat);
+    TiffPage page = {.Width = 60, .Height = 1, .TileWidth = 16, .TileHeight = 1024, .Blocks = {}};
+    page.Blocks.assign(4, Bytes(16 * 1024, 7));
+    CHECK(Holds(TiffOf(page), SampleType::U8, std::vector<std::uint8_t>(60, 7)));
+    CHECK(Loads(TiffOf(page)));
+}
+
+TEST_CASE("strips that each hold the whole file are refused, strips of a row each load")
+{
+    CHECK(ReadBoth(Hostile("strips-that-each-hold-the-whole-file.tif")) == PictureOutcome::BadFormat);
+    TiffPage page = {.Width = 1, .Height = 4000, .RowsPerStrip = 1, .Blocks = {}};
+    page.Blocks.assign(4000, Bytes(1, 7));
+    CHECK(Holds(TiffOf(page), SampleType::U8, std::vector<std::uint8_t>(4000, 7)));
+    CHECK(Loads(TiffOf(page)));
+}
+
+TEST_CASE("tags that each hold the whole file take no memory, on the first page and behind it")
+{
+    const Bytes      file = Hostile("tags-that-each-hold-the-whole-file.tif");
+    const PeakMemory peak;
+    CHECK(ReadBoth(file) == PictureOutcome::BadFormat);
+    CHECK(peak.MiB() < 32);
+
+    // A page before it, whose link leads there.
+    const TiffPage page = {.Width = 1, .Height = 1, .Blocks = {{7}}};
+    Bytes          second = TiffOf(page);
+    const auto     directory = static_cast<std::uint32_t>(second.size());
+    for (int i = 0; i < 4; ++i)
+        second[second.size() - 4 + static_cast<std::size_t>(i)] =
+            static_cast<unsigned char>(directory >> 8 * i);
+    second.insert(second.end(), file.begin() + 8, file.end());
+    CHECK(Read(second).Outcome == PictureOutcome::Taken);
+    CHECK(Read(second, 1).Outcome == PictureOutcome::BadFormat);
+    CHECK(peak.MiB() < 32);
+    CHECK(Holds(TiffOf({page, page}), SampleType::U8, std::vector<std::uint8_t>{7}, 1));
+}
+
+TEST_CASE("texts of a PNG that unpack to megabytes take no memory, and its pixels load")
+{
+    const Bytes      file = Hostile("png-of-six-swollen-texts.png");
+    const PeakMemory peak;
+    CHECK(Holds(file, SampleType::U8, std::vector<std::uint8_t>{7}));
+    CHECK(Loads(file));
+    CHECK(peak.MiB() < 32);
+}
+
+TEST_CASE("frames of a GIF that restore a large screen cost what they cover")
+{
+    const Bytes  file = Hostile("gif-of-2000-frames-that-restore.gif");
+    std::int64_t work = 0;
+    ImageSamples samples;
+    REQUIRE(DecodeGifSamples({.Bytes = file, .Page = 1999, .Limits = {}, .Work = &work}, samples) ==
+            PictureOutcome::Taken);
+    CHECK(work >= 4096 * 4096);
+    CHECK(work < 2 * 4096 * 4096);
+    CHECK(samples.Data()[0] == 255);
+    CHECK(samples.Data()[1] == 0);
 }

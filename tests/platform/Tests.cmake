@@ -34,6 +34,9 @@ vostel_inner_test(platform/HostServicesTest)
 vostel_inner_test(platform/FilesTest)
 vostel_inner_test(platform/SamplePicturesTest)
 vostel_inner_test(platform/TurnedTiffTest)
+if(NOT WIN32 AND NOT VOSTEL_SANITIZE)    # a sanitizer takes memory of its own
+    vostel_inner_test(platform/PictureBudgetTest)
+endif()
 if(NOT WIN32)
     vostel_test(platform/TextWithoutFontsTest)
     set_property(TEST ${VOSTEL_TEST_PREFIX}platform/TextWithoutFontsTest APPEND PROPERTY

@@ -34,7 +34,9 @@ void Spend(j_common_ptr common)
     budget.Row = codec.input_iMCU_row;
     // A scan of one component takes its blocks one by one, not in groups.
     const long long rows = codec.comps_in_scan == 1 ? codec.cur_comp_info[0]->v_samp_factor : 1;
-    budget.Left -= rows * codec.MCUs_per_row * codec.blocks_in_MCU;
+    const long long visits = rows * codec.MCUs_per_row * codec.blocks_in_MCU;
+    budget.Visits += visits;
+    budget.Left -= visits;
     if (budget.IsSpent())
         Fail(common);
 }
@@ -62,9 +64,9 @@ void Limit(jpeg_decompress_struct& codec, JpegBudget& budget, std::size_t fileBy
     budget.Manager.progress_monitor = Spend;
     codec.progress = &budget.Manager;
 
-    // Of four components 8 bytes for a pixel, and what is added to small sides.
-    constexpr long long bytesPerPixel = 10;
-    constexpr long long sparedBytes = 1 << 24;
+    // Of four components 8 bytes for a pixel, and what fills sides up to whole blocks.
+    constexpr long long bytesPerPixel = 9;
+    constexpr long long sparedBytes = 1 << 25;
     constexpr long long mostBytes = 1 << 30;
     const long long     pixels = static_cast<long long>(codec.image_width) * codec.image_height;
     codec.mem->max_memory_to_use =

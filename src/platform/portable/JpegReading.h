@@ -27,7 +27,8 @@ jpeg_error_mgr* UnwindingManager(JpegErrors& errors);
 struct JpegBudget {
     jpeg_progress_mgr Manager = {};    // the codec's only way back to this
     long long         Left = 0;        // visits
-    int               Scan = -1;       // what was counted last
+    long long         Visits = 0;
+    int               Scan = -1;    // what was counted last
     JDIMENSION        Row = 0;
 
     bool IsSpent() const { return Left < 0; }

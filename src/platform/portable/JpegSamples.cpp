@@ -79,18 +79,19 @@ PictureOutcome DecodeJpegSamples(const SampleFile& file, ImageSamples& samples)
     if (!ReadHeader(reader, file.Bytes))
         return PictureOutcome::BadFormat;
     const jpeg_decompress_struct& codec = reader.Codec;
-    if (!IsWithin(file.Limits, codec.image_width, codec.image_height))
+    if (!IsWithin(file, codec.image_width, codec.image_height))
         return PictureOutcome::TooLarge;
     constexpr long long mostExpansion = 4096;
     const long long     pixels = static_cast<long long>(codec.image_width) * codec.image_height;
     if (!IsPlausible(pixels, file.Bytes.size(), mostExpansion))
         return PictureOutcome::BadFormat;
     const SampleType     type = codec.jpeg_color_space == JCS_GRAYSCALE ? SampleType::U8 : SampleType::Rgb8;
-    const PictureOutcome made =
-        MakeSamples(file.Limits, type, codec.image_width, codec.image_height, samples);
+    const PictureOutcome made = MakeSamples(file, type, codec.image_width, codec.image_height, samples);
     if (made != PictureOutcome::Taken)
         return made;
-    if (!ReadRows(reader, samples.Data(), samples.RowBytes()))
+    const bool read = ReadRows(reader, samples.Data(), samples.RowBytes());
+    file.CountWork(reader.Budget.Visits * DCTSIZE2 + pixels);
+    if (!read)
         return reader.Budget.IsSpent() ? PictureOutcome::TooLarge : PictureOutcome::BadFormat;
     return PictureOutcome::Taken;
 }

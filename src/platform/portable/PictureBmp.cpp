@@ -75,7 +75,7 @@ void ReadRows(const Bytes& file, const BmpLayout& layout, PictureBuffer& picture
 bool DecodeBmp(const Bytes& file, PictureBuffer& picture)
 {
     BmpLayout layout;
-    if (!ReadBmpHeader(file, layout) || !IsSanePictureSize(layout.Width, layout.Height) ||
+    if (!ReadBmpHeader(file, layout) || !IsTaken(file, layout.Width, layout.Height) ||
         !HoldsBmpPixels(file, layout) || !picture.Allocate(layout.Width, layout.Height, layout.Depth))
         return false;
     if (layout.Depth <= 8)

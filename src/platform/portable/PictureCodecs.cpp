@@ -1,6 +1,13 @@
 #include "platform/portable/PictureCodecs.h"
 
+#include "platform/PictureLimits.h"
+
 namespace vostel::pictures {
+
+bool IsTaken(const Bytes& file, long long width, long long height, long long storedBytes)
+{
+    return width > 0 && height > 0 && IsWithin(LimitsOfCImage(), file.size(), width, height, storedBytes);
+}
 
 void IndexRow(const PictureBuffer& picture, int y, unsigned char* indices)
 {

@@ -28,6 +28,9 @@ bool EncodeJpeg(const PictureBuffer& picture, Bytes& file);
 bool EncodeTiff(const PictureBuffer& picture, Bytes& file);
 bool EncodeGif(const PictureBuffer& picture, Bytes& file);
 
+// Whether CImage takes a picture of that size, and stored in so many bytes, from the file.
+bool IsTaken(const Bytes& file, long long width, long long height, long long storedBytes = 0);
+
 // One row as blue, green, red triples whatever the depth.
 void ColorRow(const PictureBuffer& picture, int y, unsigned char* triples);
 // One row of a picture of up to 8 bits as a byte per index.

@@ -49,7 +49,7 @@ struct FreeColors {
 
 // The image lies somewhere on the screen that the file declares; what it leaves free has the background's
 // index.
-bool ReadImage(GifFileType* gif, std::size_t fileBytes, PictureBuffer& picture)
+bool ReadImage(GifFileType* gif, const Bytes& file, PictureBuffer& picture)
 {
     if (DGifGetImageDesc(gif) == GIF_ERROR)
         return false;
@@ -57,7 +57,7 @@ bool ReadImage(GifFileType* gif, std::size_t fileBytes, PictureBuffer& picture)
     const long long     width = std::max(gif->SWidth, image.Left + image.Width);
     const long long     height = std::max(gif->SHeight, image.Top + image.Height);
     if (image.Width <= 0 || image.Height <= 0 || image.Left < 0 || image.Top < 0 ||
-        !IsSanePictureSize(width, height) || !IsPlausible(width * height, fileBytes, 4096))
+        !IsTaken(file, width, height) || !IsPlausible(width * height, file.size(), 4096))
         return false;
     const ColorMapObject* colors = image.ColorMap ? image.ColorMap : gif->SColorMap;
     if (!colors || !picture.Allocate(static_cast<int>(width), static_cast<int>(height), 8))
@@ -124,7 +124,7 @@ bool DecodeGif(const Bytes& file, PictureBuffer& picture)
         if (DGifGetRecordType(gif.get(), &record) == GIF_ERROR)
             return false;
         if (record == IMAGE_DESC_RECORD_TYPE)
-            return ReadImage(gif.get(), file.size(), picture);
+            return ReadImage(gif.get(), file, picture);
         if (record != EXTENSION_RECORD_TYPE)
             return false;
         int          code = 0;

@@ -26,7 +26,7 @@ bool Read(jpeg_decompress_struct& codec, JpegBudget& budget, const Bytes& file, 
     jpeg_mem_src(&codec, file.data(), static_cast<unsigned long>(file.size()));
     jpeg_read_header(&codec, TRUE);
     const long long pixels = static_cast<long long>(codec.image_width) * codec.image_height;
-    if (!IsSanePictureSize(codec.image_width, codec.image_height) || !IsPlausible(pixels, file.size(), 4096))
+    if (!IsTaken(file, codec.image_width, codec.image_height) || !IsPlausible(pixels, file.size(), 4096))
         return false;
     Limit(codec, budget, file.size());
     const bool gray = codec.jpeg_color_space == JCS_GRAYSCALE;

@@ -2,6 +2,7 @@
 // channel, and everything with transparency, become 32.
 
 #include "platform/portable/PictureCodecs.h"
+#include "platform/portable/PngReading.h"
 
 #include <png.h>
 
@@ -48,16 +49,15 @@ void WriteBytes(png_structp png, png_bytep bytes, png_size_t count)
 void Flush(png_structp) {}
 
 // Sets the transformations up and allocates. Nothing in here owns anything when an error leaps out.
-bool Prepare(png_structp png, png_infop info, std::size_t fileBytes, PictureBuffer& picture, int& passes)
+bool Prepare(png_structp png, png_infop info, const Bytes& file, PictureBuffer& picture, int& passes)
 {
     png_set_user_limits(png, 1u << 28, 1u << 28);
-    png_set_chunk_malloc_max(png, 8u << 20);
-    png_set_chunk_cache_max(png, 64);
+    LimitPng(png);
     png_read_info(png, info);
     const png_uint_32 width = png_get_image_width(png, info), height = png_get_image_height(png, info);
     const int         depth = png_get_bit_depth(png, info), kind = png_get_color_type(png, info);
-    if (!IsSanePictureSize(width, height) ||
-        !IsPlausible(static_cast<long long>(png_get_rowbytes(png, info)) * height, fileBytes, 1040))
+    if (!IsTaken(file, width, height) ||
+        !IsPlausible(static_cast<long long>(png_get_rowbytes(png, info)) * height, file.size(), 1040))
         return false;
 
     const bool transparent = (kind & PNG_COLOR_MASK_ALPHA) || png_get_valid(png, info, PNG_INFO_tRNS);
@@ -146,7 +146,7 @@ bool DecodePng(const Bytes& file, PictureBuffer& picture)
     if (info && setjmp(png_jmpbuf(png)) == 0) {
         int passes = 1;
         png_set_read_fn(png, &source, ReadBytes);
-        if (Prepare(png, info, file.size(), picture, passes)) {
+        if (Prepare(png, info, file, picture, passes)) {
             ReadRows(png, passes, picture);
             good = true;
         }

@@ -239,7 +239,8 @@ bool DecodeTiff(const Bytes& file, PictureBuffer& picture)
     if (!tiff)
         return false;
     const TiffLayout layout = LayoutOf(tiff.get());
-    if (!IsSanePictureSize(layout.Width, layout.Height) || !CanHold(tiff.get(), layout, file.size()))
+    if (!IsTaken(file, layout.Width, layout.Height, BytesOfPage(layout)) ||
+        !CanHold(tiff.get(), layout, file.size()))
         return false;
     const int width = static_cast<int>(layout.Width), height = static_cast<int>(layout.Height);
     if (IsIndexed(layout))

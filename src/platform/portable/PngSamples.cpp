@@ -2,6 +2,7 @@
 
 #include "platform/PictureBuffer.h"
 #include "platform/SampleCodecs.h"
+#include "platform/portable/PngReading.h"
 
 #include <png.h>
 
@@ -65,8 +66,7 @@ bool MakePlan(png_structp png, png_infop info, Source& source, Plan& plan)
         return false;
     png_set_read_fn(png, &source, ReadBytes);
     png_set_user_limits(png, 0x7FFFFFFF, 0x7FFFFFFF);
-    png_set_chunk_malloc_max(png, 8u << 20);
-    png_set_chunk_cache_max(png, 64);
+    LimitPng(png);
     png_read_info(png, info);
     plan.Width = png_get_image_width(png, info);
     plan.Height = png_get_image_height(png, info);
@@ -123,14 +123,15 @@ PictureOutcome DecodePngSamples(const SampleFile& file, ImageSamples& samples)
         throw std::bad_alloc();
     if (!MakePlan(reader.Png, reader.Info, source, plan))
         return PictureOutcome::BadFormat;
-    if (!IsWithin(file.Limits, plan.Width, plan.Height))
+    if (!IsWithin(file, plan.Width, plan.Height))
         return PictureOutcome::TooLarge;
     constexpr long long mostExpansion = 1040;
     if (!IsPlausible(static_cast<long long>(plan.RowBytes * plan.Height), file.Bytes.size(), mostExpansion))
         return PictureOutcome::BadFormat;
-    const PictureOutcome made = MakeSamples(file.Limits, plan.Type, plan.Width, plan.Height, samples);
+    const PictureOutcome made = MakeSamples(file, plan.Type, plan.Width, plan.Height, samples);
     if (made != PictureOutcome::Taken)
         return made;
+    file.CountWork(static_cast<std::int64_t>(plan.RowBytes * plan.Height) * plan.Passes);
     if (!ReadRows(reader.Png, samples.Data(), samples.RowBytes(), plan))
         return PictureOutcome::BadFormat;
     if (plan.PaletteCount > 0 && file.Palettes == PaletteUse::Colors)

@@ -4,6 +4,7 @@
 #include "platform/FileSaving.h"
 #include "platform/Files.h"
 #include "platform/HeldPicture.h"
+#include "platform/PictureLimits.h"
 #include "platform/PictureSaving.h"
 #include "platform/portable/PictureCodecs.h"
 
@@ -15,14 +16,13 @@ using namespace vostel;
 
 namespace {
 
-constexpr long long MaxFileBytes = 1LL << 31;
-constexpr int       LargestSideOfAny = 65500;    // px that every format can count
+constexpr int LargestSideOfAny = 65500;    // px that every format can count
 
 bool ReadWholeFile(const std::string& path, pictures::Bytes& bytes)
 {
     const OwnedFile file = OpenFile(path.c_str(), "rb");
     const long long length = file ? FileLength(file.get()) : -1;
-    if (length <= 0 || length > MaxFileBytes)
+    if (length <= 0 || length > LimitsOfCImage().MaxFileBytes)
         return false;
     bytes.resize(static_cast<std::size_t>(length));
     return std::fread(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();

@@ -217,9 +217,22 @@ bool ReadBlock(TIFF* tiff, const Blocks& blocks, std::uint32_t x, std::uint32_t 
     return TIFFReadEncodedStrip(tiff, TIFFComputeStrip(tiff, y, plane), bytes.data(), size) >= 0;
 }
 
-std::uint64_t BytesOfPage(const TiffLayout& layout)
+std::int64_t Product(std::uint64_t a, std::uint64_t b)
 {
-    return (std::uint64_t{layout.Width} * layout.Samples * layout.Bits + 7) / 8 * layout.Height;
+    constexpr std::uint64_t most = INT64_MAX / 8;
+    return static_cast<std::int64_t>(b == 0 || a <= most / b ? a * b : most);
+}
+
+// Whether blocks do not share the same bytes over and over. Blank ones may.
+bool ReadsFileOnce(TIFF* tiff, std::size_t fileBytes)
+{
+    constexpr std::uint64_t spared = 1 << 24;
+    const std::uint64_t     most = 4 * std::uint64_t{fileBytes} + spared;
+    const std::uint32_t     count = TIFFIsTiled(tiff) ? TIFFNumberOfTiles(tiff) : TIFFNumberOfStrips(tiff);
+    std::uint64_t           sum = 0;
+    for (std::uint32_t i = 0; i < count && sum <= most; ++i)
+        sum += std::min<std::uint64_t>(TIFFGetStrileByteCount(tiff, i), fileBytes);
+    return sum <= most;
 }
 
 // Alpha is beside the colors, whatever it was meant for.
@@ -257,19 +270,33 @@ TiffLayout LayoutOf(TIFF* tiff)
     return layout;
 }
 
+std::int64_t BytesOfPage(const TiffLayout& layout)
+{
+    const std::uint64_t rowBytes = (std::uint64_t{layout.Width} * layout.Samples * layout.Bits + 7) / 8;
+    return Product(rowBytes, layout.Height);
+}
+
+std::int64_t BytesOfBlocks(TIFF* tiff)
+{
+    return TIFFIsTiled(tiff) ? Product(TIFFTileSize64(tiff), TIFFNumberOfTiles(tiff))
+                             : Product(TIFFStripSize64(tiff), TIFFNumberOfStrips(tiff));
+}
+
 bool CanHold(TIFF* tiff, const TiffLayout& layout, std::size_t fileBytes)
 {
     // Plain data has to be there. Codes for blank pages compress without limit; at 1 bit per pixel that is
     // cheap.
-    const long long     factor = layout.Compression == COMPRESSION_NONE ? 1 : 65536;
-    const std::uint64_t pageBytes = BytesOfPage(layout);
+    const long long    factor = layout.Compression == COMPRESSION_NONE ? 1 : 65536;
+    const std::int64_t pageBytes = BytesOfPage(layout);
     if (!(layout.Bits == 1 && layout.Samples == 1 && factor > 1) &&
-        !IsPlausible(static_cast<long long>(pageBytes), fileBytes, factor))
+        !IsPlausible(pageBytes, fileBytes, factor))
         return false;
     // Small pictures are put into tiles of the usual sizes, too.
-    constexpr std::uint64_t sparedBytes = 1 << 24;
-    const std::uint64_t     blockBytes = TIFFIsTiled(tiff) ? TIFFTileSize64(tiff) : TIFFStripSize64(tiff);
-    return blockBytes <= sparedBytes || blockBytes / 4 <= pageBytes;
+    constexpr std::int64_t sparedBytes = 1 << 24;
+    const std::int64_t     blockBytes =
+        Product(TIFFIsTiled(tiff) ? TIFFTileSize64(tiff) : TIFFStripSize64(tiff), 1);
+    return (blockBytes <= sparedBytes || blockBytes / 2 <= pageBytes) &&
+           BytesOfBlocks(tiff) / 4 <= std::max(pageBytes, 4 * sparedBytes) && ReadsFileOnce(tiff, fileBytes);
 }
 
 bool UnpackPixels(TIFF* tiff, const TiffLayout& layout, ImageSamples& samples)

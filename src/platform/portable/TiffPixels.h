@@ -54,8 +54,12 @@ struct TiffLayout {
 
 TiffLayout LayoutOf(TIFF* tiff);
 
-// Whether a file of that length can hold such a page, and whether none of its blocks, which are unpacked as a
-// whole, is far larger than the page.
+// All samples of a page, and the bytes of all its blocks once they are unpacked; INT64_MAX / 8 at most.
+std::int64_t BytesOfPage(const TiffLayout& layout);
+std::int64_t BytesOfBlocks(TIFF* tiff);
+
+// Whether a file of that length can hold such a page, and whether its blocks, which are unpacked as a whole,
+// take memory and time of the page's order.
 bool CanHold(TIFF* tiff, const TiffLayout& layout, std::size_t fileBytes);
 
 // Unpacks a page that is direct, as it is stored, into samples of its type, or of Bgra8 if it has no palette;

@@ -20,6 +20,11 @@ struct TiffBytes {
     std::size_t                    At = 0;
 };
 
+// Whether the tags of a page, which the library copies into memory of its own one by one, are no more
+// together than the file holds. To be asked before the library goes to that page; OpenTiff has asked for the
+// first.
+bool AreTagsWithin(std::span<const unsigned char> file, int page);
+
 // Null for what is no TIFF. The bytes have to outlive it; nothing is printed.
 TiffHandle OpenTiff(TiffBytes& bytes);
 

@@ -57,21 +57,25 @@ PictureOutcome DecodeTiffSamples(const SampleFile& file, ImageSamples& samples)
     if (file.Page > 0) {
         if (static_cast<tdir_t>(file.Page) >= TIFFNumberOfDirectories(tiff.get()))
             return PictureOutcome::NoSuchPage;
-        if (!TIFFSetDirectory(tiff.get(), static_cast<tdir_t>(file.Page)))
+        if (!AreTagsWithin(file.Bytes, file.Page) ||
+            !TIFFSetDirectory(tiff.get(), static_cast<tdir_t>(file.Page)))
             return PictureOutcome::BadFormat;
     }
     const TiffLayout layout = LayoutOf(tiff.get());
     if (layout.Width < 1 || layout.Height < 1 || layout.Bits < 1)
         return PictureOutcome::BadFormat;
-    if (!IsWithin(file.Limits, layout.Width, layout.Height))
+    if (!IsWithin(file, layout.Width, layout.Height))
         return PictureOutcome::TooLarge;
     if (layout.Samples > MostSamples || layout.Bits > 64)
         return PictureOutcome::NotSupported;
     if (!CanHold(tiff.get(), layout, file.Bytes.size()))
         return PictureOutcome::BadFormat;
+    if (!IsWithin(file, layout.Width, layout.Height, BytesOfPage(layout)))
+        return PictureOutcome::TooLarge;
+    file.CountWork(BytesOfBlocks(tiff.get()) + static_cast<std::int64_t>(layout.Width) * layout.Height);
     const bool           direct = layout.IsDirect();
     const SampleType     type = direct ? layout.Type() : SampleType::Rgb8;
-    const PictureOutcome made = MakeSamples(file.Limits, type, layout.Width, layout.Height, samples);
+    const PictureOutcome made = MakeSamples(file, type, layout.Width, layout.Height, samples);
     if (made != PictureOutcome::Taken)
         return made;
     if (direct) {

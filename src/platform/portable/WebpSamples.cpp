@@ -14,9 +14,10 @@ PictureOutcome DecodeWebpSamples(const SampleFile& file, ImageSamples& samples)
     if (features.has_animation)
         return PictureOutcome::NotSupported;
     const SampleType     type = features.has_alpha ? SampleType::Bgra8 : SampleType::Rgb8;
-    const PictureOutcome made = MakeSamples(file.Limits, type, features.width, features.height, samples);
+    const PictureOutcome made = MakeSamples(file, type, features.width, features.height, samples);
     if (made != PictureOutcome::Taken)
         return made;
+    file.CountWork(static_cast<std::int64_t>(samples.Bytes()));
     const auto decode = features.has_alpha ? WebPDecodeBGRAInto : WebPDecodeRGBInto;
     return decode(file.Bytes.data(), file.Bytes.size(), samples.Data(), samples.Bytes(),
                   static_cast<int>(samples.RowBytes()))

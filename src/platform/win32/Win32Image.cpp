@@ -7,11 +7,13 @@
 
 #    include "platform/FileSaving.h"
 #    include "platform/HeldPicture.h"
+#    include "platform/PictureLimits.h"
 #    include "platform/PictureSaving.h"
 
 #    include <objidl.h>
 
 #    include <algorithm>
+#    include <cstdint>
 #    include <cwchar>
 #    include <cwctype>
 #    include <new>
@@ -106,6 +108,15 @@ bool FindEncoder(const wchar_t* path, CLSID& encoder)
         }
     }
     return false;
+}
+
+// 0 for what is not there, which the system then reports.
+std::size_t FileBytes(const wchar_t* path)
+{
+    WIN32_FILE_ATTRIBUTE_DATA facts = {};
+    if (!GetFileAttributesExW(path, GetFileExInfoStandard, &facts))
+        return 0;
+    return static_cast<std::size_t>(std::uint64_t{facts.nFileSizeHigh} << 32 | facts.nFileSizeLow);
 }
 
 Gdiplus::PixelFormat FormatOf(const PictureBuffer& picture)
@@ -204,9 +215,12 @@ HRESULT CImage::Load(const wchar_t* path)
     if (!path || !Manager::Shared().Start())
         return E_FAIL;
     try {
+        const std::size_t bytes = FileBytes(path);
+        if (bytes > static_cast<std::uint64_t>(LimitsOfCImage().MaxFileBytes))
+            return E_FAIL;
         Gdiplus::Bitmap source(path);
-        if (source.GetLastStatus() != Gdiplus::Ok ||
-            !IsSanePictureSize(source.GetWidth(), source.GetHeight()))
+        if (source.GetLastStatus() != Gdiplus::Ok || source.GetWidth() < 1 || source.GetHeight() < 1 ||
+            !IsWithin(LimitsOfCImage(), bytes, source.GetWidth(), source.GetHeight()))
             return E_FAIL;
         // Formats that no section bitmap holds become 32 bits, as do those with alpha.
         const Gdiplus::PixelFormat format = source.GetPixelFormat();

@@ -229,7 +229,7 @@ PictureOutcome Decode(const SampleFile& file, bool isTiff, ImageSamples& samples
         FAILED(frame->GetSize(&width, &height)) || FAILED(frame->GetPixelFormat(&format)))
         return PictureOutcome::BadFormat;
     const Plan           plan = PlanFor(format);
-    const PictureOutcome made = MakeSamples(file.Limits, plan.Type, width, height, samples);
+    const PictureOutcome made = MakeSamples(file, plan.Type, width, height, samples);
     if (made != PictureOutcome::Taken)
         return made;
     const PictureOutcome copied = CopyPixels(opened, *frame.Get(), plan, format, file.Palettes, samples);
