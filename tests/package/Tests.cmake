@@ -28,7 +28,8 @@ vostel_installed_test(Installed ${PROJECT_BINARY_DIR} "-DTOOLCHAIN=${CMAKE_TOOLC
 if(NOT CMAKE_CROSSCOMPILING)
     # One build folder, first for shared and then for static libraries, which take the same objects.
     # abidiff wants debug information.
-    vostel_subdirectory_test(Subdirectory -UBUILD_SHARED_LIBS -DVOSTEL_INSTALL=OFF -DCMAKE_CXX_FLAGS=-g)
+    vostel_subdirectory_test(Subdirectory -UBUILD_SHARED_LIBS -DVOSTEL_INSTALL=OFF -DCMAKE_CXX_FLAGS=-g
+        -DCMAKE_UNITY_BUILD=ON)
     vostel_subdirectory_test(StaticSubdirectory -DBUILD_SHARED_LIBS=OFF -DVOSTEL_INSTALL=ON)
     vostel_installed_test(StaticInstalled ${CMAKE_CURRENT_BINARY_DIR}/Subdirectory -D STATIC=ON)
     set_tests_properties(${VOSTEL_TEST_PREFIX}package/Subdirectory PROPERTIES

@@ -1,4 +1,4 @@
-// Orientation tags of TIFF: CImage shows what is stored, on every platform; open images are turned.
+// Orientation tags of TIFF: CImage shows what is stored; open images are turned.
 
 #include "platform/SampleFiles.h"
 #include "platform/ShownTiff.h"
