@@ -24,11 +24,13 @@ constexpr std::size_t MostMembers = 1000;    // of one object, which is searched
 // Goes through a text and notes how many of its bytes have been read.
 class CountingIterator {
 public:
+    // NOLINTBEGIN(readability-identifier-naming): the names are the standard library's
     using iterator_category = std::input_iterator_tag;
     using value_type = char;
     using difference_type = std::ptrdiff_t;
     using pointer = const char*;
     using reference = const char&;
+    // NOLINTEND(readability-identifier-naming)
 
     CountingIterator(const std::string& text, std::size_t place, std::size_t& read)
         : Text(&text), Place(place), Read(&read)

@@ -30,11 +30,12 @@ set_property(SOURCE ${CMAKE_CURRENT_SOURCE_DIR}/interchange/ForeignRegionsTest.c
     ${CMAKE_CURRENT_SOURCE_DIR}/interchange/ImageJForeignTest.cpp APPEND PROPERTY
     COMPILE_DEFINITIONS "VOSTEL_FOREIGN_FOLDER=\"${CMAKE_CURRENT_SOURCE_DIR}/interchange/foreign\"")
 
-# Canvases at random, and damaged files: instrumented builds are slow.
+# Canvases at random, and damaged files: instrumented builds are slow, and so is Wine, where nothing but the
+# platform differs.
 foreach(test IN ITEMS SessionClassicTest SessionReadingTest SessionRoundTripTest)
     set_property(SOURCE ${CMAKE_CURRENT_SOURCE_DIR}/interchange/${test}.cpp APPEND PROPERTY COMPILE_DEFINITIONS
-        VOSTEL_SESSION_ROUNDS=$<IF:$<BOOL:${VOSTEL_SANITIZE}>,400,10000>
-        VOSTEL_DAMAGE_STEP=$<IF:$<BOOL:${VOSTEL_SANITIZE}>,17,3>)
+        VOSTEL_SESSION_ROUNDS=$<IF:$<BOOL:${VOSTEL_SANITIZE}>,400,$<IF:$<BOOL:${WIN32}>,1500,10000>>
+        VOSTEL_DAMAGE_STEP=$<IF:$<BOOL:${VOSTEL_SANITIZE}>,17,$<IF:$<BOOL:${WIN32}>,11,3>>)
 endforeach()
 
 # Drawings.
