@@ -23,7 +23,7 @@ public:
     {
         const auto [found, isNew] = Numbers.try_emplace(name, static_cast<int>(Numbers.size()) + 1);
         if (isNew)
-            List.push_back({{"id", found->second}, {"name", name}, {"supercategory", ""}});
+            List.push_back(JsonObject({{"id", found->second}, {"name", name}, {"supercategory", ""}}));
         return found->second;
     }
 
@@ -36,7 +36,7 @@ private:
 // Beside what COCO knows: what the region was, under a name where annotation programs keep their own.
 Json AttributesOf(const FileObject& region)
 {
-    Json attributes = {{"kind", KindWord(region)}, {"label", region.Label}};
+    Json attributes = JsonObject({{"kind", KindWord(region)}, {"label", region.Label}});
     if (region.Name.empty())
         attributes["unnamed"] = true;
     if (region.Kind == VOSTEL_SPLINE || (region.Flags & VOSTEL_ELLIPSE) != 0)
@@ -48,14 +48,14 @@ Json AnnotationOf(const FileObject& region, int number, int category)
 {
     const ShapeMeasures shape = MeasureShape(ExactOutline(region));
     const Bounds&       box = shape.Box;
-    return {{"id", number},
-            {"image_id", 1},
-            {"category_id", category},
-            {"segmentation", Json::array({FlatPoints(region.Outline)})},
-            {"area", shape.Area},
-            {"bbox", Json::array({box.Left, box.Top, box.Right - box.Left, box.Bottom - box.Top})},
-            {"iscrowd", 0},
-            {"attributes", AttributesOf(region)}};
+    return JsonObject({{"id", number},
+                       {"image_id", 1},
+                       {"category_id", category},
+                       {"segmentation", Json::array({FlatPoints(region.Outline)})},
+                       {"area", shape.Area},
+                       {"bbox", Json::array({box.Left, box.Top, box.Right - box.Left, box.Bottom - box.Top})},
+                       {"iscrowd", 0},
+                       {"attributes", AttributesOf(region)}});
 }
 
 class Reader {
@@ -235,14 +235,15 @@ std::string CocoOf(const std::vector<FileObject>& objects, ImageSize image, cons
             annotations.push_back(AnnotationOf(object, ++number, category));
         }
     }
-    const Json shown = {
-        {"id", 1}, {"file_name", imageName}, {"width", image.Width}, {"height", image.Height}};
-    const Json top = {
-        {"info", {{"description", "coordinates: image pixels, y downwards, pixel (0,0) covers 0..1"}}},
-        {"images", Json::array({shown})},
-        {"categories", categories.List},
-        {"annotations", annotations}};
-    return JsonTextOf(top);
+    Json images = Json::array();
+    images.push_back(
+        JsonObject({{"id", 1}, {"file_name", imageName}, {"width", image.Width}, {"height", image.Height}}));
+    return JsonTextOf(JsonObject(
+        {{"info",
+          JsonObject({{"description", "coordinates: image pixels, y downwards, pixel (0,0) covers 0..1"}})},
+         {"images", std::move(images)},
+         {"categories", categories.List},
+         {"annotations", std::move(annotations)}}));
 }
 
 std::vector<FileObject> ObjectsOfCoco(const std::string& text, ImageSize image, Remarks& remarks)

@@ -41,7 +41,7 @@ Json PositionsOf(const Positions& points)
 
 Json GeometryOf(const char* type, Json coordinates)
 {
-    return {{"type", type}, {"coordinates", std::move(coordinates)}};
+    return JsonObject({{"type", type}, {"coordinates", std::move(coordinates)}});
 }
 
 // The first position stands at the end once more. With y upwards rings of polygons go counterclockwise and
@@ -112,7 +112,7 @@ Json GeometryOf(const FileObject& object)
 
 Json PropertiesOf(const FileObject& object)
 {
-    Json properties = {{"name", object.Name}, {"kind", KindWord(object)}};
+    Json properties = JsonObject({{"name", object.Name}, {"kind", KindWord(object)}});
     if (IsRegion(object.Kind))
         properties["label"] = object.Label;
     if (object.Kind == VOSTEL_TEXT)
@@ -436,13 +436,14 @@ std::string GeoJsonOf(const std::vector<FileObject>& objects, ImageSize image, R
         } else if (!IsWhole(object)) {
             remarks.LeftOut("unfinished object");
         } else {
-            features.push_back(Json{
-                {"type", "Feature"}, {"properties", PropertiesOf(object)}, {"geometry", GeometryOf(object)}});
+            features.push_back(JsonObject({{"type", "Feature"},
+                                           {"properties", PropertiesOf(object)},
+                                           {"geometry", GeometryOf(object)}}));
         }
     }
-    Json top = {{"type", "FeatureCollection"}, {"coordinate-rule", PixelRule}};
+    Json top = JsonObject({{"type", "FeatureCollection"}, {"coordinate-rule", PixelRule}});
     if (image.Width > 0)
-        top["image"] = {{"width", image.Width}, {"height", image.Height}};
+        top["image"] = JsonObject({{"width", image.Width}, {"height", image.Height}});
     top["features"] = std::move(features);
     return JsonTextOf(top);
 }

@@ -140,6 +140,14 @@ Json ParseJson(const std::string& text)
     }
 }
 
+Json JsonObject(std::initializer_list<std::pair<const char*, Json>> members)
+{
+    Json object = Json::object();
+    for (const auto& [name, value] : members)
+        object[name] = value;
+    return object;
+}
+
 std::string JsonTextOf(const Json& value)
 {
     std::string text;

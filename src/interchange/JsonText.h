@@ -5,9 +5,11 @@
 #include <nlohmann/json.hpp>
 
 #include <cstdint>
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <type_traits>
+#include <utility>
 
 // Values are destroyed without a list of what is still to be destroyed: the library's own form allocates one,
 // which ends the process where there is no memory left. Nesting is bounded when a text is read. A value whose
@@ -40,6 +42,10 @@ using Json = nlohmann::ordered_json;
 Json ParseJson(const std::string& text);
 
 std::string JsonTextOf(const Json& value);
+
+// An object of these members, in their order. The library's own lists of members are lost where memory runs
+// out in the middle of one.
+Json JsonObject(std::initializer_list<std::pair<const char*, Json>> members);
 
 // Numbers that read back the same, not finite ones left out; the name says what is wrong: VOSTEL_BAD_FORMAT.
 double       FiniteNumber(const Json& value, const std::string& name);

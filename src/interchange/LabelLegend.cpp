@@ -24,15 +24,15 @@ std::string LegendTextOf(const LabelLegend& legend)
 {
     Json labels = Json::array();
     for (const auto& [label, name] : legend.Names)
-        labels.push_back(Json{{"label", label}, {"name", name}});
-    return JsonTextOf(Json{{"format", "vostel labels"},
-                           {"version", 1},
-                           {"width", legend.Size.Width},
-                           {"height", legend.Size.Height},
-                           {"bits", legend.Bits},
-                           {"byte-order", legend.Bits == 32 ? "little-endian" : "of the PNG"},
-                           {"hash", legend.Hash},
-                           {"labels", labels}});
+        labels.push_back(JsonObject({{"label", label}, {"name", name}}));
+    return JsonTextOf(JsonObject({{"format", "vostel labels"},
+                                  {"version", 1},
+                                  {"width", legend.Size.Width},
+                                  {"height", legend.Size.Height},
+                                  {"bits", legend.Bits},
+                                  {"byte-order", legend.Bits == 32 ? "little-endian" : "of the PNG"},
+                                  {"hash", legend.Hash},
+                                  {"labels", labels}}));
 }
 
 LabelLegend LegendOfText(const std::string& text)

@@ -40,7 +40,7 @@ void CheckEachFailure(Call call)
         leaked = leaked || LiveBlockCount() != live;
     }
     CHECK(ended);
-    CHECK(thrown > 10);
+    CHECK(thrown > 5);
     CHECK_FALSE(leaked);
 }
 
