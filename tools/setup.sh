@@ -10,7 +10,8 @@ packages_tests=(abigail-tools clang clang-format clang-tidy diffutils doctest-de
 # With Xlib, Qt and OpenCV of the other lists, what the public headers are compiled beside.
 packages_toolkits=(libgtk-3-dev libsdl2-dev libwxgtk3.2-dev unixodbc-dev)
 packages_windows=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev wine64)
-packages_long=(gdal-bin imagej mmdebstrap python3-pil python3-shapely python3-skimage)
+packages_long=(gdal-bin golang-1.19-src golang-golang-x-image-dev imagej imagemagick jbigkit-testdata libjxl-testdata
+               librust-jpeg-decoder-dev librust-tiff-dev mmdebstrap python3-pil python3-shapely python3-skimage)
 packages_bench=(libbenchmark-dev libcairo2-dev libfftw3-dev libkissfft-dev libopenblas-pthread-dev libopencv-dev libpixman-1-dev)
 
 # Prints what the script's first comment says.

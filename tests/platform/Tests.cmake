@@ -42,3 +42,12 @@ if(NOT WIN32)
     set_property(TEST ${VOSTEL_TEST_PREFIX}platform/TextWithoutFontsTest APPEND PROPERTY
         ENVIRONMENT "FONTCONFIG_FILE=${CMAKE_CURRENT_SOURCE_DIR}/platform/no-fonts.conf")
 endif()
+
+# Pictures of conformance suites, where their packages are installed. An instrumented library is not one for Python to
+# load.
+if(BUILD_SHARED_LIBS AND NOT CMAKE_CROSSCOMPILING AND NOT VOSTEL_SANITIZE)
+    set(test ${VOSTEL_TEST_PREFIX}platform/foreign_pictures_test)
+    add_test(NAME ${test} COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/platform/foreign_pictures_test.py
+        $<TARGET_FILE:VostelObj>)
+    set_tests_properties(${test} PROPERTIES TIMEOUT 600 SKIP_RETURN_CODE 77 ENVIRONMENT "PYTHONDONTWRITEBYTECODE=1")
+endif()
