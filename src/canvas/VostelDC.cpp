@@ -137,7 +137,14 @@ void VostelDC::UseOwnArea(int width, int height)
         PlaceImage(View, {view.Scale, view.DisplayRect.left + MiddleShift(before.left, before.right, width),
                           view.DisplayRect.top + MiddleShift(before.top, before.bottom, height)});
     }
-    ViewMoved();
+    try {
+        ViewMoved();
+    } catch (...) {
+        // Objects that have moved already find their places again with the next paint or move.
+        SetClient(before, OwnDC);
+        View = view;
+        throw;
+    }
 }
 
 bool VostelDC::HasOwnArea(int width, int height) const

@@ -598,10 +598,18 @@ void Document::LeadLinked() noexcept
 
 void Document::Follow(const MiddleView& middle)
 {
+    const double scale = Canvas.View.Scale;
+    const CPoint centre(Canvas.View.CentreX, Canvas.View.CentreY);
     if (!PlaceMiddle(Canvas.View, middle))
         return;
+    try {
+        Canvas.ViewMoved();
+    } catch (...) {
+        // Objects that have moved already find their places again with the next paint or move.
+        Canvas.View.PlaceCentre(scale, centre.x, centre.y);
+        throw;
+    }
     Followed = PlaceNow();
-    Canvas.ViewMoved();
 }
 
 }

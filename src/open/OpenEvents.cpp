@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <new>
 
 using namespace vostel;
 using namespace vostel::open;
@@ -9,6 +10,15 @@ using namespace vostel::open;
 namespace {
 
 constexpr std::uint32_t KnownFlags = VOSTEL_LEFT_BUTTON | VOSTEL_SHIFT | VOSTEL_CONTROL;
+
+// What was done stands, also where there is no memory to show it: a paint derives it again.
+void DeriveIfItCan(VostelObj& object)
+{
+    try {
+        object.DerivePainted();
+    } catch (const std::bad_alloc&) {
+    }
+}
 
 template <typename Handler>
 VostelStatus RouteMouse(int32_t canvas, double x, double y, uint32_t flags, Handler handler)
@@ -19,7 +29,7 @@ VostelStatus RouteMouse(int32_t canvas, double x, double y, uint32_t flags, Hand
         handler(image, point);
         // As a paint would leave it, for hosts that draw a frame only now and then.
         if (VostelObj* const selected = image.SelectedElement())
-            selected->DerivePainted();
+            DeriveIfItCan(*selected);
     });
 }
 
@@ -63,7 +73,7 @@ VostelStatus vostel_event_key(int32_t canvas, uint32_t key, uint32_t flags)
         NeedFlags(flags, KnownFlags);
         image.OnKeyDown(key, 1, 0);
         for (VostelObj* const element : image.Elements)
-            element->DerivePainted();
+            DeriveIfItCan(*element);
     });
 }
 

@@ -153,11 +153,20 @@ bool VostelMPoint::TakePoints(std::span<const PointTemplateBase<double>> points)
     const PointCounts counts = CountsTaken();
     if (points.size() < counts.Fewest || points.size() > counts.Most)
         return false;
-    ImagePoints.assign(points.begin(), points.end());
+    std::vector<PointTemplateBase<double>> before(points.begin(), points.end());
+    ImagePoints.swap(before);
     EndMove();
-    if (View) {
+    if (!View)
+        return true;
+    try {
         RefreshClientGeometry();
         DerivePainted();
+    } catch (...) {
+        ImagePoints.swap(before);
+        ClientPoints.clear();
+        HandleRects.clear();
+        RefreshClientGeometry();    // of no more points than there was room for
+        throw;
     }
     return true;
 }
