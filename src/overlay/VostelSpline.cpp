@@ -3,8 +3,10 @@
 #include "base/Truncate.h"
 #include "vostel/RasterFills.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 
 namespace vostel {
 
@@ -17,6 +19,12 @@ std::int64_t Distance(PointTemplateBase<int> a, PointTemplateBase<int> b)
 {
     return std::llabs(static_cast<std::int64_t>(a.x) - b.x) +
            std::llabs(static_cast<std::int64_t>(a.y) - b.y);
+}
+
+// By the bit: a zero may have another sign in the curve.
+bool IsSame(const std::vector<PointTemplateBase<double>>& a, const std::vector<PointTemplateBase<double>>& b)
+{
+    return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size() * sizeof a[0]) == 0;
 }
 
 }
@@ -41,15 +49,31 @@ void VostelSpline::OnDraw(HDC dc)
 void VostelSpline::DerivePainted()
 {
     ClientCount = static_cast<int>(ClientPoints.size());
-    ClosedNodes.clear();
-    CurvePoints.clear();
-    ControlPoints.clear();
-    for (const CPoint& point : ClientPoints)
-        ClosedNodes.emplace_back(point.x, point.y);
-    if (!ClosedNodes.empty())
-        ClosedNodes.push_back(ClosedNodes.front());
-    if (ClientCount > 1)
-        mB3Line(ClosedNodes, CurvePoints, ControlPoints);
+    if (!HasSolved()) {
+        IsSolved = false;
+        ClosedNodes.clear();
+        CurvePoints.clear();
+        ControlPoints.clear();
+        for (const CPoint& point : ClientPoints)
+            ClosedNodes.emplace_back(point.x, point.y);
+        if (!ClosedNodes.empty())
+            ClosedNodes.push_back(ClosedNodes.front());
+        if (ClientCount > 1)
+            mB3Line(ClosedNodes, CurvePoints, ControlPoints);
+        IsSolved = true;
+    }
+    if (OpenMade && ImagePoints.size() >= FewestCorners && !IsSame(ExactNodes, ImagePoints)) {
+        ExactNodes.clear();
+        ExactCurve = Outline::OfSpline(ImagePoints);
+        ExactNodes = ImagePoints;
+    }
+}
+
+bool VostelSpline::HasSolved() const
+{
+    return IsSolved && ClosedNodes.size() == ClientPoints.size() + (ClientPoints.empty() ? 0 : 1) &&
+           std::equal(ClientPoints.begin(), ClientPoints.end(), ClosedNodes.begin(),
+                      [](CPoint a, PointTemplateBase<int> b) { return a.x == b.x && a.y == b.y; });
 }
 
 bool VostelSpline::GetLabelOutline(std::vector<PointTemplateBase<int>>& out)
@@ -81,13 +105,16 @@ void VostelSpline::ClearPoints()
     std::vector<PointTemplateBase<int>>().swap(ClosedNodes);
     std::vector<PointTemplateBase<int>>().swap(ControlPoints);
     std::vector<PointTemplateBase<int>>().swap(CurvePoints);
+    std::vector<PointTemplateBase<double>>().swap(ExactNodes);
+    ExactCurve = Outline();
+    IsSolved = false;
 }
 
 std::optional<Outline> VostelSpline::RegionOutline() const
 {
     if (ImagePoints.size() < FewestCorners)
         return std::nullopt;
-    return Outline::OfSpline(ImagePoints);
+    return IsSame(ExactNodes, ImagePoints) ? ExactCurve : Outline::OfSpline(ImagePoints);
 }
 
 VostelMPoint::PointCounts VostelSpline::CountsTaken() const

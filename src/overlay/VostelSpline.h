@@ -4,8 +4,8 @@
 
 namespace vostel {
 
-// A region bounded by a smooth closed curve through its nodes, solved anew at each paint. Hits are tested on
-// the polygon of the nodes, not on the curve.
+// A region bounded by a smooth closed curve through its nodes, solved at the first paint after they have
+// moved. Hits are tested on the polygon of the nodes, not on the curve.
 class VostelSpline : public VostelPolygon {
 public:
     std::vector<PointTemplateBase<int>> ClosedNodes;      // client px; the nodes with the first one repeated
@@ -25,6 +25,13 @@ public:
 
 protected:
     PointCounts CountsTaken() const override;
+
+private:
+    bool                                   IsSolved = false;    // the curve is that of ClosedNodes
+    std::vector<PointTemplateBase<double>> ExactNodes;          // image px; those of ExactCurve
+    Outline                                ExactCurve;          // of an open-made spline at its last paint
+
+    bool HasSolved() const;    // for the client points as they are
 };
 
 }

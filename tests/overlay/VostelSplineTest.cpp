@@ -3,7 +3,9 @@
 #include "support/OverlayCanvas.h"
 #include "vostel/RasterFills.h"
 
+#include <algorithm>
 #include <cstdlib>
+#include <random>
 
 using namespace vostel;
 
@@ -18,6 +20,13 @@ void GiveNodes(VostelSpline& spline, int count)
         spline.ImagePoints.emplace_back(50.0 + (i < count / 2 ? 40 - i % 3 : i % 3 - 40),
                                         5.0 + i * 70.0 / count);
     spline.RefreshClientGeometry();
+}
+
+template <typename T>
+bool IsSame(const std::vector<PointTemplateBase<T>>& a, const std::vector<PointTemplateBase<T>>& b)
+{
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](const auto& p, const auto& q) { return p.x == q.x && p.y == q.y; });
 }
 
 }
@@ -221,4 +230,47 @@ TEST_CASE("cleared points of a spline free its three lists too")
     host.Paint();
     CHECK(spline.CurvePoints.empty());
     CHECK(host.CountPixels(RedPixel) == 0);
+}
+
+TEST_CASE("a spline that keeps its curve has the one of its nodes, however they and the view have changed")
+{
+    OverlayCanvas host;
+    host.AddNodes(gCVSAddSpline, Nodes);
+    VostelSpline& spline = host.Last<VostelSpline>();
+    std::mt19937  random(7);
+    const auto below = [&](int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); };
+    for (int round = 0; round < 300; ++round) {
+        CAPTURE(round);
+        spline.OpenMade = round >= 150;
+        switch (below(4)) {
+        case 0:
+            spline.ImagePoints[static_cast<std::size_t>(below(static_cast<int>(spline.ImagePoints.size())))] =
+                {below(1000) / 10.0, below(800) / 10.0};
+            break;
+        case 1:
+            spline.ImagePoints.resize(static_cast<std::size_t>(1 + below(6)), {50.0 + round / 10.0, 3.0});
+            break;
+        case 2:
+            spline.View->PlaceCentre(1.0 + below(3), 100 + below(9), 80);
+            break;
+        default:
+            break;
+        }
+        spline.RefreshClientGeometry();
+        host.Paint();
+        std::vector<PointTemplateBase<int>> closed, curve, controls;
+        for (const CPoint& p : spline.ClientPoints)
+            closed.emplace_back(p.x, p.y);
+        closed.push_back(closed[0]);
+        if (spline.ClientPoints.size() > 1)
+            mB3Line(closed, curve, controls);
+        CHECK(IsSame(spline.ClosedNodes, closed));
+        CHECK(IsSame(spline.CurvePoints, curve));
+        CHECK(IsSame(spline.ControlPoints, controls));
+        const std::optional<Outline> exact = spline.RegionOutline();
+        REQUIRE(exact.has_value() == (spline.ImagePoints.size() >= 3));
+        if (exact)
+            CHECK(IsSame(exact->Points, Outline::OfSpline(spline.ImagePoints).Points));
+    }
+    spline.View->PlaceCentre(1.0, 100, 80);
 }
