@@ -173,6 +173,7 @@ typedef struct VostelLimits {
     int64_t  max_pixels;        ///< of an image
     int64_t  max_file_bytes;    ///< of a file that is opened
     int32_t  max_threads;       ///< that a routine uses at once
+    int64_t  max_memory;        ///< bytes that reading a picture may take, see docs/reliability.md
 } VostelLimits;
 
 /// How samples lie in a file without a header of its own.

@@ -4,6 +4,7 @@
 #include "fileio/InterleaveRows.h"
 #include "platform/FileSaving.h"
 #include "platform/Files.h"
+#include "platform/PictureLimits.h"
 
 #include <algorithm>
 #include <climits>
@@ -66,7 +67,7 @@ bool IsPlausible(const Layout& layout, std::int64_t fileBytes)
     if (layout.Width < 0 || layout.Height < 0)
         return false;
     const std::int64_t width = layout.Width, height = layout.Height;
-    if (width * height > INT_MAX)
+    if (width * height > INT_MAX || !IsWithinLimitsOfPlanes(fileBytes, width * height))
         return false;
     const std::int64_t pixelsAt = HeaderBytes + (layout.Bits == 8 ? PaletteBytes : 0);
     const std::int64_t held = std::max<std::int64_t>(fileBytes - pixelsAt, 0);

@@ -14,7 +14,8 @@ namespace {
 PictureLimits LimitsOfPictures()
 {
     const Limits limits = LimitsInForce();
-    return {limits.MaxSide, limits.MaxPixels, limits.MaxFileBytes};
+    return {limits.MaxSide, limits.MaxPixels, limits.MaxFileBytes,
+            limits.MaxMemory > 0 ? limits.MaxMemory : INT64_MAX};
 }
 
 void NeedTaken(PictureOutcome outcome, const std::string& path, int page)

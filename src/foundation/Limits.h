@@ -10,6 +10,7 @@ struct Limits {
     std::int64_t MaxPixels = std::int64_t(1) << 28;       // of an image
     std::int64_t MaxFileBytes = std::int64_t(1) << 33;    // of a file that is opened
     std::int32_t MaxThreads = 0;                          // of a routine; 0: as many as processors
+    std::int64_t MaxMemory = 0;                           // bytes for reading a picture; 0: any
 };
 
 Limits LimitsInForce();

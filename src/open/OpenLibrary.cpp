@@ -37,6 +37,7 @@ VostelStatus vostel_set_limits(const VostelLimits* limits)
         NeedRange(given.max_pixels, 0, INT64_MAX, "max_pixels");
         NeedRange(given.max_file_bytes, 0, INT64_MAX, "max_file_bytes");
         NeedRange(given.max_threads, 0, INT32_MAX, "max_threads");
+        NeedRange(given.max_memory, 0, INT64_MAX, "max_memory");
         Limits set;
         if (given.max_side > 0)
             set.MaxSide = given.max_side;
@@ -45,6 +46,7 @@ VostelStatus vostel_set_limits(const VostelLimits* limits)
         if (given.max_file_bytes > 0)
             set.MaxFileBytes = given.max_file_bytes;
         set.MaxThreads = given.max_threads;
+        set.MaxMemory = given.max_memory;
         SetLimits(set);
     });
 }
@@ -53,7 +55,9 @@ VostelStatus vostel_get_limits(VostelLimits* limits)
 {
     return Run([&] {
         const Limits now = LimitsInForce();
-        GiveRecord(limits, VostelLimits{0, now.MaxSide, now.MaxPixels, now.MaxFileBytes, now.MaxThreads},
-                   "limits");
+        GiveRecord(
+            limits,
+            VostelLimits{0, now.MaxSide, now.MaxPixels, now.MaxFileBytes, now.MaxThreads, now.MaxMemory},
+            "limits");
     });
 }

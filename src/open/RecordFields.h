@@ -33,7 +33,7 @@ inline constexpr auto FieldEnds = nullptr;
 template <>
 inline constexpr auto FieldEnds<VostelLimits> = EndsOf(&VostelLimits::max_side, &VostelLimits::max_pixels,
                                                        &VostelLimits::max_file_bytes,
-                                                       &VostelLimits::max_threads);
+                                                       &VostelLimits::max_threads, &VostelLimits::max_memory);
 template <>
 inline constexpr auto FieldEnds<VostelRawLayout> = EndsOf(&VostelRawLayout::type, &VostelRawLayout::width,
                                                           &VostelRawLayout::height, &VostelRawLayout::offset,

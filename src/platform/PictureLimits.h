@@ -2,8 +2,12 @@
 
 // What is taken from files of pictures, and what reading one may cost.
 
+#include "vostel/host.h"
+
 #include <cstddef>
 #include <cstdint>
+#include <string>
+#include <string_view>
 
 namespace vostel {
 
@@ -23,7 +27,13 @@ std::int64_t MemoryBudget(std::size_t fileBytes, std::int64_t pixels, std::int64
 bool IsWithin(const PictureLimits& limits, std::size_t fileBytes, std::int64_t width, std::int64_t height,
               std::int64_t storedBytes = 0);
 
-// Those of CImage.
+// Those of CImage, by the host or by the environment.
 PictureLimits LimitsOfCImage();
+// For BMP planes, which have no limit but what the host or the environment sets.
+bool IsWithinLimitsOfPlanes(std::int64_t fileBytes, std::int64_t pixels);
+
+// Limits as the environment gives them: "pixels=N,file=N,memory=N", in any order. Entries that are something
+// else have no effect and are listed in the second text, with commas between them.
+VostelPictureLimits LimitsOfText(std::string_view text, std::string& wrong);
 
 }

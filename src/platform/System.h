@@ -4,12 +4,15 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 
 namespace vostel {
 
 int          ProcessorCount();    // logical processors, at least 1
 std::int64_t ClockFrequency();    // counts per second of ClockCount
 std::int64_t ClockCount();        // a clock that never goes back
+
+std::string EnvironmentText(const char* name);    // of a variable; empty without it
 
 // A hint before memory that was just allocated is filled from end to end: the system may give it in large
 // pages, which costs a fraction of many small ones. The contents do not change.

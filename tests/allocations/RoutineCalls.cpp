@@ -176,12 +176,15 @@ const std::map<std::string, ClassicCall>& RoutineCalls()
              CString path = w.WidePath("b.png");
              gSaveUcData(&w.Bytes, path);
          }},
+        {"gGetPictureLimits()", [](W&) { gGetPictureLimits(); }},
         {"gSetHostServices(VostelHostServices const&)",
          [](W&) {
              VostelHostServices services;
              services.ShowMessage = [text = std::string(100, 'x')](const CString&) {};
              gSetHostServices(services);
          }},
+        {"gSetPictureLimits(VostelPictureLimits const&)",
+         [](W&) { gSetPictureLimits(VostelPictureLimits()); }},
         {"mB3Line(std::vector<PointTemplateBase<int>, std::allocator<PointTemplateBase<int> > > const&, "
          "std::vector<PointTemplateBase<int>, std::allocator<PointTemplateBase<int> > >&, "
          "std::vector<PointTemplateBase<int>, std::allocator<PointTemplateBase<int> > >&)",

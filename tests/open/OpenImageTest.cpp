@@ -339,15 +339,30 @@ TEST_CASE("the limits hold for samples and files")
     const OpenCanvas canvas;
     const TempFolder folder;
     REQUIRE(WriteBytes(folder.Path("wide.png"), files::Png(5, 1, 8, files::Gray, {1, 2, 3, 4, 5})));
-    VostelLimits limits = {sizeof limits, 4, 0, 0, 0};
+    VostelLimits limits = {sizeof limits, 4, 0, 0, 0, 0};
     REQUIRE(vostel_set_limits(&limits) == VOSTEL_OK);
     const std::uint8_t data[5] = {};
     CHECK(vostel_image_show(canvas.Number, VOSTEL_U8, data, 5, 1, 0, 0) == VOSTEL_TOO_LARGE);
     CHECK(vostel_image_open(canvas.Number, folder.Path("wide.png").c_str(), 0) == VOSTEL_TOO_LARGE);
-    limits = {sizeof limits, 0, 0, 10, 0};
+    limits = {sizeof limits, 0, 0, 10, 0, 0};
     REQUIRE(vostel_set_limits(&limits) == VOSTEL_OK);
     CHECK(vostel_image_open(canvas.Number, folder.Path("wide.png").c_str(), 0) == VOSTEL_TOO_LARGE);
-    limits = {sizeof limits, 0, 0, 0, 0};
+    // No picture is read for less than the constant of the budget.
+    limits = {sizeof limits, 0, 0, 0, 0, 64 << 20};
+    REQUIRE(vostel_set_limits(&limits) == VOSTEL_OK);
+    CHECK(vostel_image_open(canvas.Number, folder.Path("wide.png").c_str(), 0) == VOSTEL_TOO_LARGE);
+    limits = {sizeof limits, 0, 0, 0, 0, 65 << 20};
+    REQUIRE(vostel_set_limits(&limits) == VOSTEL_OK);
+    CHECK(vostel_image_open(canvas.Number, folder.Path("wide.png").c_str(), 0) == VOSTEL_OK);
+    VostelLimits now = {sizeof now, 0, 0, 0, 0, 0};
+    REQUIRE(vostel_get_limits(&now) == VOSTEL_OK);
+    CHECK(now.max_memory == 65 << 20);
+    // A record of before the field leaves the default there.
+    limits.size = offsetof(VostelLimits, max_memory);
+    REQUIRE(vostel_set_limits(&limits) == VOSTEL_OK);
+    REQUIRE(vostel_get_limits(&now) == VOSTEL_OK);
+    CHECK(now.max_memory == 0);
+    limits = {sizeof limits, 0, 0, 0, 0, 0};
     REQUIRE(vostel_set_limits(&limits) == VOSTEL_OK);
     CHECK(vostel_image_open(canvas.Number, folder.Path("wide.png").c_str(), 0) == VOSTEL_OK);
 }

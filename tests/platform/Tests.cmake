@@ -34,6 +34,17 @@ vostel_test(platform/ImageTest)
 vostel_inner_test(platform/HostServicesTest)
 vostel_inner_test(platform/FilesTest)
 vostel_inner_test(platform/SamplePicturesTest)
+vostel_inner_test(platform/PictureLimitsTextTest)
+vostel_test(platform/PictureLimitsTest)
+vostel_test(platform/PictureLimitsOfEnvironmentTest)
+set(test ${VOSTEL_TEST_PREFIX}platform/PictureLimitsOfEnvironment)
+add_test(NAME ${test}Message COMMAND VostelTests "--source-file=*/platform/PictureLimitsOfEnvironmentTest.cpp")
+set_tests_properties(${test}Message PROPERTIES
+    PASS_REGULAR_EXPRESSION "VOSTEL_LIMITS: without effect is nonsense [(]"
+    WORKING_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}/work/platform/PictureLimitsOfEnvironmentTest
+    ENVIRONMENT "${VOSTEL_TEST_ENVIRONMENT}")
+set_property(TEST ${test}Test ${test}Message APPEND PROPERTY
+    ENVIRONMENT "VOSTEL_LIMITS=pixels=20,nonsense,memory=70000000,file=1000")
 if(NOT WIN32 AND NOT VOSTEL_SANITIZE)    # a sanitizer takes memory of its own
     vostel_inner_test(platform/PictureBudgetTest)
 endif()

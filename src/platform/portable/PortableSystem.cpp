@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <thread>
 
 namespace vostel {
@@ -24,6 +25,12 @@ std::int64_t ClockCount()
     return std::chrono::duration_cast<std::chrono::nanoseconds>(
                std::chrono::steady_clock::now().time_since_epoch())
         .count();
+}
+
+std::string EnvironmentText(const char* name)
+{
+    const char* const text = std::getenv(name);
+    return text ? text : "";
 }
 
 void PreferLargePages([[maybe_unused]] void* memory, [[maybe_unused]] std::size_t bytes)

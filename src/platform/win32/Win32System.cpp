@@ -27,6 +27,18 @@ std::int64_t ClockCount()
     return value.QuadPart;
 }
 
+std::string EnvironmentText(const char* name)
+{
+    std::string text;
+    DWORD       length = GetEnvironmentVariableA(name, nullptr, 0);    // with the end of the text
+    while (length > text.size()) {                                     // which another thread may make longer
+        text.resize(length);
+        length = GetEnvironmentVariableA(name, text.data(), length);
+    }
+    text.resize(length);
+    return text;
+}
+
 void PreferLargePages(void*, std::size_t)
 {
     // Large pages need a privilege here that users do not have.
