@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """Types are annotated, without and within: mypy has nothing to say, and every public name has words."""
 
+import importlib.util
 import inspect
 import pathlib
 import re
@@ -71,9 +72,7 @@ class Words(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    try:
-        __import__("mypy")
-    except ImportError:
+    if importlib.util.find_spec("mypy") is None:
         print("mypy is not installed")
         sys.exit(77)
     unittest.main()
