@@ -4,6 +4,7 @@
 #include "base/Utf8.h"
 #include "fileio/FilePaths.h"
 #include "output/FloatRange.h"
+#include "platform/FileReading.h"
 #include "platform/Files.h"
 #include "platform/HostServices.h"
 #include "vostel/BmpFiles.h"
@@ -74,11 +75,7 @@ void AllocateZeroed(ClassData2DIO<T>& plane, int width, int height)
 
 void ReadUShorts(ClassData2DIO<unsigned short>& plane, const char* path, std::uint32_t skipped)
 {
-    if (!PathExists(path)) {
-        ShowMessage(L"文件不存在");
-        return;
-    }
-    const OwnedFile file = OpenFile(path, "rb");
+    const OwnedFile file = OpenOrTell(path);
     if (!file)
         return;
     const long half = static_cast<long>(skipped / 2);    // long may hold 31 bits only

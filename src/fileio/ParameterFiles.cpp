@@ -10,10 +10,10 @@ using namespace vostel;
 namespace {
 
 template <typename Stream>
-void Open(Stream& stream, const char* path, std::ios_base::openmode mode, bool allowed)
+void Open(Stream& stream, const char* path, std::ios_base::openmode mode)
 {
-    if (path && allowed)
-        stream.open(path, mode);
+    if (OpenStream(*stream.rdbuf(), path, mode))
+        stream.clear();
     else
         stream.setstate(std::ios_base::failbit);
 }
@@ -38,17 +38,21 @@ ZEKIODisk::~ZEKIODisk() = default;
 
 void ZEKIODisk::OpenWrite(char* path)
 {
-    Open(Out, path, std::ios_base::out | std::ios_base::app, !IsPipe(path));
+    Open(Out, path, std::ios_base::out | std::ios_base::app);
 }
 
 void ZEKIODisk::OpenWriteEmpty(char* path)
 {
-    Open(Out, path, std::ios_base::out | std::ios_base::ate, !IsPipe(path));
+    Open(Out, path, std::ios_base::out | std::ios_base::ate);
 }
 
 void ZEKIODisk::OpenRead(char* path)
 {
-    Open(In, path, std::ios_base::in, IsPlainFile(path));
+    // What is no file, as a device, may have no end.
+    if (IsPlainFile(path))
+        Open(In, path, std::ios_base::in);
+    else
+        In.setstate(std::ios_base::failbit);
 }
 
 void ZEKIODisk::CloseWrite()

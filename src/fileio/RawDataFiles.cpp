@@ -2,8 +2,7 @@
 
 #include "base/Truncate.h"
 #include "fileio/InterleaveRows.h"
-#include "platform/Files.h"
-#include "platform/HostServices.h"
+#include "platform/FileReading.h"
 #include "platform/PictureSaving.h"
 #include "vostel/BmpFiles.h"
 
@@ -25,13 +24,8 @@ constexpr std::size_t BlockSamples = 65536;
 // Samples of a file in order; zeros where it has none.
 class SampleFile {
 public:
-    explicit SampleFile(const char* path)
+    explicit SampleFile(const char* path) : File(OpenOrTell(path))
     {
-        if (!PathExists(path)) {
-            ShowMessage(L"文件不存在");
-            return;
-        }
-        File = OpenFile(path, "rb");
         if (File)
             std::setvbuf(File.get(), nullptr, _IONBF, 0);
     }

@@ -5,8 +5,7 @@
 #include "base/Truncate.h"
 #include "foundation/ArrayLength.h"
 #include "foundation/Planes.h"
-#include "platform/Files.h"
-#include "platform/HostServices.h"
+#include "platform/FileReading.h"
 #include "platform/System.h"
 
 #include <cmath>
@@ -55,11 +54,7 @@ void MakeArrays(StructData2D<T>& data)
 void ReadElements(const char* path, unsigned int offset, void* target, std::size_t elementBytes,
                   std::size_t count)
 {
-    if (!PathExists(path)) {
-        ShowMessage(L"文件不存在");
-        return;
-    }
-    const OwnedFile file = OpenFile(path, "rb");
+    const OwnedFile file = OpenOrTell(path);
     if (!file)
         return;
     // Offsets reach 32 unsigned bits, more than long holds everywhere; two steps always fit.

@@ -3,6 +3,7 @@
 #include "base/Failure.h"
 #include "base/Utf8.h"
 #include "foundation/Limits.h"
+#include "platform/FileReading.h"
 #include "platform/FileSaving.h"
 #include "platform/Files.h"
 
@@ -41,7 +42,7 @@ std::string ReadWholeFile(const char* utf8Path)
     if (length > LimitsInForce().MaxFileBytes)
         Fail(VOSTEL_TOO_LARGE, "the file is larger than max_file_bytes");
     std::string bytes(static_cast<std::size_t>(length), '\0');
-    if (std::fread(bytes.data(), 1, bytes.size(), file.get()) != bytes.size())
+    if (!ReadToEnd(file.get(), bytes.data(), bytes.size()))
         Fail(VOSTEL_NOT_READ, "path cannot be read to its end");
     return bytes;
 }

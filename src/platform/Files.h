@@ -5,6 +5,8 @@
 #include "base/OwnedFile.h"
 #include "vostel/platform.h"
 
+#include <ios>
+#include <iosfwd>
 #include <string>
 #include <string_view>
 
@@ -13,10 +15,11 @@ namespace vostel {
 bool      PathExists(const char* path);                        // a file or a directory; false for null
 bool      IsDirectory(const CString& path);                    // an existing directory
 bool      IsPlainFile(const char* path);                       // no directory, pipe or device
-bool      IsPipe(const char* path);                            // to open it waits for its other end
 OwnedFile OpenFile(const char* path, const char* mode);        // null on failure, or for a null argument
 OwnedFile OpenUtf8File(const char* path, const char* mode);    // the same for a path in UTF-8
-bool      SeekFile(std::FILE* file, long long place);          // counted from the beginning
+// The same for a stream that is closed; a file that is neither read nor added to is cut.
+bool OpenStream(std::filebuf& stream, const char* path, std::ios_base::openmode mode);
+bool SeekFile(std::FILE* file, long long place);    // counted from the beginning
 // Bytes of an open regular file whatever its size, -1 if it is unknown; the position is kept.
 long long FileLength(std::FILE* file);
 // Has all that was written to a file stand on the disk; false if it does not.

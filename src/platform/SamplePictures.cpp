@@ -1,5 +1,6 @@
 #include "platform/SamplePictures.h"
 
+#include "platform/FileReading.h"
 #include "platform/Files.h"
 #include "platform/SampleCodecs.h"
 
@@ -65,8 +66,8 @@ PictureOutcome ReadBytes(const char* path, const PictureLimits& limits, std::vec
     if (length > limits.MaxFileBytes)
         return PictureOutcome::TooLarge;
     bytes.resize(static_cast<std::size_t>(length));
-    return std::fread(bytes.data(), 1, bytes.size(), file.get()) == bytes.size() ? PictureOutcome::Taken
-                                                                                 : PictureOutcome::NotRead;
+    return ReadToEnd(file.get(), bytes.data(), bytes.size()) ? PictureOutcome::Taken
+                                                             : PictureOutcome::NotRead;
 }
 
 }

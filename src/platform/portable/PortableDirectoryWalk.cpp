@@ -15,7 +15,6 @@
 #include <cerrno>
 #include <cstdio>
 #include <cwctype>
-#include <filesystem>
 #include <memory>
 #include <new>
 
@@ -112,6 +111,23 @@ DirectoryEntry EntryOf(DIR* folder, const char* name)
     return entry;
 }
 
+// To the end of the file, wherever that is by now.
+bool CopyBytes(int from, int to)
+{
+    char block[65536];
+    for (;;) {
+        const ssize_t got = read(from, block, sizeof block);
+        if (got <= 0)
+            return got == 0;
+        for (ssize_t done = 0; done < got;) {
+            const ssize_t written = write(to, block + done, static_cast<std::size_t>(got - done));
+            if (written < 0)
+                return false;
+            done += written;
+        }
+    }
+}
+
 }
 
 const wchar_t PathSeparator = L'/';
@@ -169,22 +185,24 @@ bool MakeFolder(const std::wstring& path)
 
 bool CopyOneFile(const std::wstring& from, const std::wstring& to)
 {
-    const CString               besideName = NameBeside(to.c_str());
-    const std::filesystem::path source = Narrow(from);
-    const std::filesystem::path target = Narrow(to);
-    const std::filesystem::path beside = NarrowAnsi(besideName, besideName.GetLength());
-    struct stat                 read, replaced;
-    if (stat(source.c_str(), &read) != 0 || !S_ISREG(read.st_mode))
+    const CString     besideName = NameBeside(to.c_str());
+    const std::string target = Narrow(to);
+    const std::string beside = NarrowAnsi(besideName, besideName.GetLength());
+    const OwnedFile   file = OpenFile(Narrow(from).c_str(), "rb");
+    struct stat       source, replaced;
+    if (!file || fstat(fileno(file.get()), &source) != 0 || !S_ISREG(source.st_mode))
         return false;
     if (lstat(target.c_str(), &replaced) == 0 && !S_ISLNK(replaced.st_mode)) {
-        const bool itself = replaced.st_dev == read.st_dev && replaced.st_ino == read.st_ino;
+        const bool itself = replaced.st_dev == source.st_dev && replaced.st_ino == source.st_ino;
         if (itself || !S_ISREG(replaced.st_mode) ||
             faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0)
             return false;
     }
-    std::error_code failure;
-    if (std::filesystem::copy_file(source, beside, failure) &&
-        std::rename(beside.c_str(), target.c_str()) == 0)
+    const int copy = open(beside.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+    if (copy < 0)
+        return false;
+    const bool whole = fchmod(copy, source.st_mode) == 0 && CopyBytes(fileno(file.get()), copy);
+    if (close(copy) == 0 && whole && std::rename(beside.c_str(), target.c_str()) == 0)
         return true;
     std::remove(beside.c_str());
     return false;

@@ -7,6 +7,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <ext/stdio_filebuf.h>
+
 #include <algorithm>
 #include <cerrno>
 #include <cstdint>
@@ -14,6 +16,37 @@
 #include <cwchar>
 
 namespace vostel {
+
+namespace {
+
+int FlagsOf(const char* mode)
+{
+    return mode[0] == 'r'   ? O_RDONLY
+           : mode[0] == 'a' ? O_WRONLY | O_CREAT | O_APPEND
+                            : O_WRONLY | O_CREAT | O_TRUNC;
+}
+
+// Opening a pipe would wait for whoever opens its other end, and a path may come to lead to one at any
+// moment.
+int OpenDescriptor(const char* path, int flags)
+{
+    const auto isRefused = [](const struct stat& facts) {
+        return S_ISFIFO(facts.st_mode) || S_ISDIR(facts.st_mode);
+    };
+    struct stat facts;
+    if (stat(path, &facts) == 0 && isRefused(facts))
+        return -1;
+    const int descriptor = open(path, flags | O_NONBLOCK | O_CLOEXEC, 0666);
+    if (descriptor < 0)
+        return -1;
+    if (fstat(descriptor, &facts) == 0 && !isRefused(facts) &&
+        fcntl(descriptor, F_SETFL, flags & O_APPEND) == 0)
+        return descriptor;
+    close(descriptor);
+    return -1;
+}
+
+}
 
 bool PathExists(const char* path)
 {
@@ -41,21 +74,27 @@ bool IsPlainFile(const char* path)
     return path && stat(path, &facts) == 0 && S_ISREG(facts.st_mode);
 }
 
-bool IsPipe(const char* path)
-{
-    struct stat facts;
-    return path && stat(path, &facts) == 0 && S_ISFIFO(facts.st_mode);
-}
-
 OwnedFile OpenFile(const char* path, const char* mode)
 {
-    struct stat facts;
-    if (!path || !mode)
-        return nullptr;
-    // Opening a pipe would wait for whoever opens its other end.
-    if (stat(path, &facts) == 0 && (S_ISFIFO(facts.st_mode) || S_ISDIR(facts.st_mode)))
-        return nullptr;
-    return OwnedFile(std::fopen(path, mode));
+    const int descriptor = path && mode ? OpenDescriptor(path, FlagsOf(mode)) : -1;
+    OwnedFile file(descriptor < 0 ? nullptr : fdopen(descriptor, mode));
+    if (!file && descriptor >= 0)
+        close(descriptor);
+    return file;
+}
+
+bool OpenStream(std::filebuf& stream, const char* path, std::ios_base::openmode mode)
+{
+    if (!path || stream.is_open())
+        return false;
+    const bool reads = (mode & std::ios_base::in) != 0;
+    const bool appends = (mode & std::ios_base::app) != 0;
+    const int  descriptor = OpenDescriptor(path, FlagsOf(reads ? "r" : appends ? "a" : "w"));
+    if (descriptor < 0)
+        return false;
+    __gnu_cxx::stdio_filebuf<char> opened(descriptor, mode);
+    stream.swap(opened);
+    return stream.is_open();
 }
 
 OwnedFile OpenUtf8File(const char* path, const char* mode)

@@ -1,6 +1,7 @@
 // Loads and saves of CImage by the codecs of this folder. Covered: BMP, PNG, JPEG, GIF and TIFF, each in the
 // depths that files of that kind have. Left out: other formats, all images of a file but the first.
 
+#include "platform/FileReading.h"
 #include "platform/FileSaving.h"
 #include "platform/Files.h"
 #include "platform/HeldPicture.h"
@@ -25,7 +26,7 @@ bool ReadWholeFile(const std::string& path, pictures::Bytes& bytes)
     if (length <= 0 || length > LimitsOfCImage().MaxFileBytes)
         return false;
     bytes.resize(static_cast<std::size_t>(length));
-    return std::fread(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();
+    return ReadToEnd(file.get(), bytes.data(), bytes.size());
 }
 
 // The format is recognised by the contents; extensions are often wrong.

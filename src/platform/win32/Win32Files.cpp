@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cwchar>
+#include <fstream>
 
 namespace vostel {
 
@@ -58,12 +59,6 @@ bool IsPlainFile(const char* path)
     return path && _stat64(path, &facts) == 0 && (facts.st_mode & _S_IFMT) == _S_IFREG;
 }
 
-// Named pipes open at once or not at all.
-bool IsPipe(const char*)
-{
-    return false;
-}
-
 OwnedFile OpenFile(const char* path, const char* mode)
 {
     std::FILE* file = nullptr;
@@ -82,6 +77,11 @@ OwnedFile OpenUtf8File(const char* path, const char* mode)
     if (wide.empty() || _wfopen_s(&file, wide.c_str(), wideMode.c_str()) != 0)
         return nullptr;
     return OwnedFile(file);
+}
+
+bool OpenStream(std::filebuf& stream, const char* path, std::ios_base::openmode mode)
+{
+    return path && stream.open(path, mode);
 }
 
 bool SeekFile(std::FILE* file, long long place)
