@@ -54,7 +54,8 @@ class Members(unittest.TestCase):
             self.assertEqual(public - told - fields, set())
         routines = {name for name in vostel.__all__ if name[0].islower()}
         self.assertEqual(routines - told, set())
-        table = " ".join(line for line in text.splitlines() if re.match(r"\| (?!Of |-)", line))
+        members = text.partition("## Members")[2].partition("\n## ")[0]
+        table = " ".join(line for line in members.splitlines() if re.match(r"\| (?!Of |-)", line))
         names = set(re.findall(r"`(?:Canvas\.)?([a-z_]+)[`(]", table))
         self.assertEqual({name for name in names if not hasattr(vostel.Canvas, name) and
                           not hasattr(vostel.Object, name) and not name.startswith("keep_")} - {"color", "width"}, set())
