@@ -184,6 +184,13 @@ public:
     {
     }
 
+    // Pixels of a frame that may reach beyond.
+    long long MostOfFrame() const
+    {
+        constexpr long long spared = 1 << 24;
+        return std::max(static_cast<long long>(Width) * Height, spared);
+    }
+
     void Draw(const Frame& frame, const std::vector<unsigned char>& indices)
     {
         Shown = frame;
@@ -379,7 +386,7 @@ PictureOutcome DecodeGifSamples(const SampleFile& file, ImageSamples& samples)
             screen->Dispose();
         }
         const long long count = static_cast<long long>(frame.Width) * frame.Height;
-        if (!IsPlausible(count, file.Bytes.size(), mostExpansion) ||
+        if (!IsPlausible(count, file.Bytes.size(), mostExpansion) || count > screen->MostOfFrame() ||
             !Decompress(gif.Place, static_cast<std::size_t>(count), indices))
             return number > 0 && gif.Place.IsBroken() ? PictureOutcome::NoSuchPage
                                                       : PictureOutcome::BadFormat;

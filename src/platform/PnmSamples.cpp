@@ -187,12 +187,14 @@ PictureOutcome DecodePnmSamples(const SampleFile& file, ImageSamples& samples)
     const PictureOutcome made = MakeSamples(file, type, header.Width, header.Height, samples);
     if (made != PictureOutcome::Taken)
         return made;
-    file.CountWork(static_cast<std::int64_t>(text.Rest().size() + samples.Bytes()));
     const std::size_t count = samples.Bytes() / (type == SampleType::U16 ? 2 : 1);
+    PictureOutcome    outcome = PictureOutcome::Taken;
     if (header.IsPlain())
-        return ReadPlain(text, header, count, samples);
-    ReadRaw(text.Rest(), header, count, samples);
-    return PictureOutcome::Taken;
+        outcome = ReadPlain(text, header, count, samples);
+    else
+        ReadRaw(text.Rest(), header, count, samples);
+    file.CountWork(static_cast<std::int64_t>(text.Place() + count));
+    return outcome;
 }
 
 }

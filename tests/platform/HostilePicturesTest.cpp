@@ -1,17 +1,12 @@
 // Pictures of tests/hostile, which ask for far more work or memory than they are worth, and their twins that
 // ask for what pictures do.
 
+#include "platform/CodecFiles.h"
 #include "platform/PeakMemory.h"
 #include "platform/SampleCodecs.h"
 #include "platform/SampleFiles.h"
 #include "platform/TiffFiles.h"
 
-#include <cstdio>
-
-#include <jpeglib.h>
-
-#include <cstdlib>
-#include <random>
 #include <string>
 
 using namespace vostel;
@@ -53,46 +48,6 @@ Bytes WithoutLastScans(const Bytes& file, std::size_t scans)
     return shorter;
 }
 
-// Gray noise. Each coefficient comes in a scan of its own if asked to, and its last bit in another one.
-Bytes ProgressiveNoise(int side, bool scanPerCoefficient)
-{
-    jpeg_compress_struct codec = {};
-    jpeg_error_mgr       errors;
-    codec.err = jpeg_std_error(&errors);
-    jpeg_create_compress(&codec);
-    unsigned char* memory = nullptr;
-    unsigned long  bytes = 0;
-    jpeg_mem_dest(&codec, &memory, &bytes);
-    codec.image_width = codec.image_height = static_cast<JDIMENSION>(side);
-    codec.input_components = 1;
-    codec.in_color_space = JCS_GRAYSCALE;
-    jpeg_set_defaults(&codec);
-    jpeg_simple_progression(&codec);
-    std::vector<jpeg_scan_info> scans;
-    for (const int low : {1, 0}) {
-        for (int k = 0; k < 64; ++k)
-            scans.push_back({1, {0}, k, k, low == 0 ? 1 : 0, low});
-    }
-    if (scanPerCoefficient) {
-        codec.scan_info = scans.data();
-        codec.num_scans = static_cast<int>(scans.size());
-    }
-    jpeg_start_compress(&codec, TRUE);
-    std::mt19937 random(17);
-    Bytes        row(static_cast<std::size_t>(side));
-    for (int y = 0; y < side; ++y) {
-        for (unsigned char& value : row)
-            value = static_cast<unsigned char>(random());
-        JSAMPROW line = row.data();
-        jpeg_write_scanlines(&codec, &line, 1);
-    }
-    jpeg_finish_compress(&codec);
-    jpeg_destroy_compress(&codec);
-    Bytes file(memory, memory + bytes);
-    std::free(memory);
-    return file;
-}
-
 }
 
 TEST_CASE("a JPEG of thousands of empty scans is refused, one of ten loads")
@@ -108,7 +63,7 @@ TEST_CASE("a JPEG of thousands of empty scans is refused, one of ten loads")
 TEST_CASE("a JPEG of as many scans as there are bits of coefficients loads where they hold something")
 {
     for (const bool scanPerCoefficient : {false, true}) {
-        const Bytes file = ProgressiveNoise(256, scanPerCoefficient);
+        const Bytes file = ProgressiveJpeg(HalfNoise(256, 1, 0.0), 256, 1, scanPerCoefficient);
         CHECK(Read(file).Outcome == PictureOutcome::Taken);
         CHECK(Loads(file));
     }
@@ -188,4 +143,54 @@ TEST_CASE("frames of a GIF that restore a large screen cost what they cover")
     CHECK(work < 2 * 4096 * 4096);
     CHECK(samples.Data()[0] == 255);
     CHECK(samples.Data()[1] == 0);
+}
+
+TEST_CASE("a strip of JBIG is refused before its decoder ends the process, a plain one loads")
+{
+    CHECK(ReadBoth(Hostile("strip-of-jbig-far-larger-than-its-picture.tif")) == PictureOutcome::NotSupported);
+    const TiffPage plain = {
+        .Width = 64, .Height = 64, .Bits = 1, .Photometric = 0, .Blocks = {Bytes(64 * 8, 0xF0)}};
+    CHECK(ReadBoth(TiffOf(plain)) == PictureOutcome::Taken);
+}
+
+TEST_CASE("a strip of 20164 groups of codes takes no memory, a strip of WebP loads")
+{
+    constexpr int    side = 568;
+    const Bytes      file = Hostile("strip-of-20164-groups-of-codes.tif");
+    const TiffPage   twin = {.Width = side,
+                             .Height = side,
+                             .Samples = 3,
+                             .Photometric = 2,
+                             .Compression = 50001,
+                             .Blocks = {Webp(HalfNoise(side, 3), side, 3, true)}};
+    const PeakMemory peak;
+    CHECK(ReadBoth(file) == PictureOutcome::BadFormat);
+    CHECK(peak.MiB() < 32);
+    CHECK(ReadBoth(TiffOf(twin)) == PictureOutcome::Taken);
+    TiffPage larger = twin;
+    larger.Blocks = {Webp(HalfNoise(side + 1, 3), side + 1, 3, true)};
+    CHECK(ReadBoth(TiffOf(larger)) == PictureOutcome::BadFormat);
+}
+
+TEST_CASE("a frame of a GIF far larger than its screen takes no memory, one that reaches beyond loads")
+{
+    const Bytes      file = Hostile("gif-of-a-frame-beyond-its-screen.gif");
+    const PeakMemory peak;
+    CHECK(Read(file).Outcome == PictureOutcome::Taken);
+    CHECK(Read(file, 1).Outcome == PictureOutcome::BadFormat);
+    CHECK(peak.MiB() < 32);
+
+    Bytes twin(file.begin(), file.begin() + 34);    // the first frame
+    Append(twin, {0x2C, 0, 0, 0, 0, 2, 0, 2, 0, 0, 2, 2, 0x84, 0x51, 0, ';'});
+    CHECK(Read(twin, 1).Outcome == PictureOutcome::Taken);
+}
+
+TEST_CASE("a WebP of 20164 groups of codes is refused before its codec takes their memory")
+{
+    const Bytes      file = Hostile("webp-of-20164-groups-of-codes.webp");
+    const Bytes      twin = Webp(HalfNoise(568, 3), 568, 3, true);
+    const PeakMemory peak;
+    CHECK(Read(file).Outcome == PictureOutcome::TooLarge);
+    CHECK(peak.MiB() < 32);
+    CHECK(Read(twin).Outcome == PictureOutcome::Taken);
 }

@@ -1,6 +1,7 @@
 // Pictures that need the codec libraries: press colors, rare depths of TIFF, WebP. Their files are made by
 // the same libraries or byte by byte.
 
+#include "platform/CodecFiles.h"
 #include "platform/SampleFiles.h"
 #include "platform/TiffFiles.h"
 
@@ -8,7 +9,6 @@
 
 #include <jpeglib.h>
 #include <tiffio.h>
-#include <webp/encode.h>
 
 #include <cmath>
 #include <cstdlib>
@@ -63,24 +63,14 @@ Bytes JpegOf(int width, int height, J_COLOR_SPACE space, const U8& leftHalf, con
 // A still picture in a container with tags.
 Bytes TaggedWebp(const Bytes& plain, int width, int height, const Bytes& tags)
 {
-    Bytes      content = {'W', 'E', 'B', 'P'};
-    const auto chunk = [&](const char* name, const Bytes& data) {
-        content.insert(content.end(), name, name + 4);
-        Little(content, static_cast<std::uint32_t>(data.size()), 4);
-        Append(content, data);
-        if (data.size() % 2 != 0)
-            content.push_back(0);
-    };
     Bytes header = {8, 0, 0, 0};    // there are tags
     Little(header, static_cast<std::uint32_t>(width - 1), 3);
     Little(header, static_cast<std::uint32_t>(height - 1), 3);
-    chunk("VP8X", header);
-    content.insert(content.end(), plain.begin() + 12, plain.end());
-    chunk("EXIF", tags);
-    Bytes file = {'R', 'I', 'F', 'F'};
-    Little(file, static_cast<std::uint32_t>(content.size()), 4);
-    Append(file, content);
-    return file;
+    Bytes chunks;
+    WebpChunk(chunks, "VP8X", header);
+    chunks.insert(chunks.end(), plain.begin() + 12, plain.end());
+    WebpChunk(chunks, "EXIF", tags);
+    return WebpOf(chunks);
 }
 
 bool Near(const unsigned char* pixel, const U8& expected)

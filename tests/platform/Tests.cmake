@@ -23,6 +23,7 @@ if(NOT WIN32)
     vostel_test(platform/TiffPicturesTest)
     vostel_inner_test(platform/HostilePicturesTest)
     vostel_inner_test(platform/TurnedTiffTest)
+    vostel_inner_test(platform/WebpReadingTest)
     set_property(SOURCE ${CMAKE_CURRENT_SOURCE_DIR}/platform/HostilePicturesTest.cpp APPEND PROPERTY
         COMPILE_DEFINITIONS "VOSTEL_HOSTILE_FOLDER=\"${CMAKE_CURRENT_SOURCE_DIR}/hostile\"")
 endif()

@@ -1,6 +1,6 @@
 #pragma once
 
-// Writes TIFF files of any layout byte by byte, uncompressed and little-endian.
+// Writes TIFF files of any layout byte by byte, little-endian.
 
 #include "platform/PictureFiles.h"
 
@@ -17,6 +17,7 @@ struct TiffPage {
     int                Photometric = 1;    // 0 white is zero, 1 black is zero, 2 RGB, 3 palette, 5 press
     int                Format = 1;         // 1 whole, 2 signed, 3 float
     int                Orientation = 1;
+    int                Compression = 1;     // none; blocks are written as they are given
     int                Planar = 1;          // 2: each sample in blocks of its own
     int                RowsPerStrip = 0;    // 0: all
     int                TileWidth = 0, TileHeight = 0;
@@ -39,7 +40,7 @@ inline Bytes TiffOf(const std::vector<TiffPage>& pages)
         tags[256] = {number(page.Width)};
         tags[257] = {number(page.Height)};
         tags[258] = std::vector<std::uint32_t>(static_cast<std::size_t>(page.Samples), number(page.Bits));
-        tags[259] = {1};
+        tags[259] = {number(page.Compression)};
         tags[262] = {number(page.Photometric)};
         tags[274] = {number(page.Orientation)};
         tags[277] = {number(page.Samples)};

@@ -240,7 +240,7 @@ bool DecodeTiff(const Bytes& file, PictureBuffer& picture)
         return false;
     const TiffLayout layout = LayoutOf(tiff.get());
     if (!IsTaken(file, layout.Width, layout.Height, BytesOfPage(layout)) ||
-        !CanHold(tiff.get(), layout, file.size()))
+        !CanHold(tiff.get(), layout, file))
         return false;
     const int width = static_cast<int>(layout.Width), height = static_cast<int>(layout.Height);
     if (IsIndexed(layout))

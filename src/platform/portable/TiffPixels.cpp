@@ -1,6 +1,7 @@
 #include "platform/portable/TiffPixels.h"
 
 #include "platform/PictureBuffer.h"
+#include "platform/portable/WebpReading.h"
 
 #include <algorithm>
 #include <bit>
@@ -235,6 +236,37 @@ bool ReadsFileOnce(TIFF* tiff, std::size_t fileBytes)
     return sum <= most;
 }
 
+// Whether blocks that are WebP are pictures of a block's size, and their codec has memory for them.
+bool AreWebpBlocksWithin(TIFF* tiff, const TiffLayout& layout, std::span<const unsigned char> file)
+{
+    std::uint16_t fillOrder = FILLORDER_MSB2LSB;
+    Blocks        blocks;
+    if (layout.Compression != COMPRESSION_WEBP)
+        return true;
+    // No writer turns the bits of the bytes over.
+    TIFFGetFieldDefaulted(tiff, TIFFTAG_FILLORDER, &fillOrder);
+    if (fillOrder != FILLORDER_MSB2LSB || !BlocksOf(tiff, layout, blocks))
+        return false;
+    const std::uint32_t count = blocks.Tiled ? TIFFNumberOfTiles(tiff) : TIFFNumberOfStrips(tiff);
+    const std::int64_t  most = MostBytesOfCodes(std::int64_t{layout.Width} * layout.Height);
+    for (std::uint32_t i = 0; i < count; ++i) {
+        const std::uint64_t at = TIFFGetStrileOffset(tiff, i), bytes = TIFFGetStrileByteCount(tiff, i);
+        if (at > file.size() || bytes > file.size() - at)
+            return false;
+        const std::span<const unsigned char> block = file.subspan(at, bytes);
+        const WebpSize                       size = SizeOfWebp(block);
+        if (bytes == 0)
+            continue;    // blank
+        if (size.Width == 0 || size.Width > blocks.Width || size.Height > blocks.Height)
+            return false;
+        const WebpCodes codes =
+            CodesOfWebp(block, static_cast<int>(size.Width), static_cast<int>(size.Height));
+        if (!codes.Valid || codes.Bytes > most)
+            return false;
+    }
+    return true;
+}
+
 // Alpha is beside the colors, whatever it was meant for.
 void MarkAlphaAsApplied(TIFF* tiff)
 {
@@ -282,21 +314,24 @@ std::int64_t BytesOfBlocks(TIFF* tiff)
                              : Product(TIFFStripSize64(tiff), TIFFNumberOfStrips(tiff));
 }
 
-bool CanHold(TIFF* tiff, const TiffLayout& layout, std::size_t fileBytes)
+bool CanHold(TIFF* tiff, const TiffLayout& layout, std::span<const unsigned char> file)
 {
+    if (!layout.IsSafe())
+        return false;
     // Plain data has to be there. Codes for blank pages compress without limit; at 1 bit per pixel that is
     // cheap.
     const long long    factor = layout.Compression == COMPRESSION_NONE ? 1 : 65536;
     const std::int64_t pageBytes = BytesOfPage(layout);
     if (!(layout.Bits == 1 && layout.Samples == 1 && factor > 1) &&
-        !IsPlausible(pageBytes, fileBytes, factor))
+        !IsPlausible(pageBytes, file.size(), factor))
         return false;
     // Small pictures are put into tiles of the usual sizes, too.
     constexpr std::int64_t sparedBytes = 1 << 24;
     const std::int64_t     blockBytes =
         Product(TIFFIsTiled(tiff) ? TIFFTileSize64(tiff) : TIFFStripSize64(tiff), 1);
     return (blockBytes <= sparedBytes || blockBytes / 2 <= pageBytes) &&
-           BytesOfBlocks(tiff) / 4 <= std::max(pageBytes, 4 * sparedBytes) && ReadsFileOnce(tiff, fileBytes);
+           BytesOfBlocks(tiff) / 4 <= std::max(pageBytes, 4 * sparedBytes) &&
+           ReadsFileOnce(tiff, file.size()) && AreWebpBlocksWithin(tiff, layout, file);
 }
 
 bool UnpackPixels(TIFF* tiff, const TiffLayout& layout, ImageSamples& samples)

@@ -8,6 +8,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 namespace vostel::pictures {
@@ -29,6 +30,8 @@ struct TiffLayout {
     }
     bool IsPalette() const { return Photometric == PHOTOMETRIC_PALETTE && Bits <= 8; }
     bool IsPress() const { return Photometric == PHOTOMETRIC_SEPARATED; }
+    // The decoder of JBIG ends the process where it finds no memory for sizes that the data claims.
+    bool IsSafe() const { return Compression != COMPRESSION_JBIG; }
     // Samples that show.
     int Channels() const { return IsGray() || IsPalette() ? 1 : IsPress() ? 4 : 3; }
     // Whether the samples are unpacked here.
@@ -58,9 +61,9 @@ TiffLayout LayoutOf(TIFF* tiff);
 std::int64_t BytesOfPage(const TiffLayout& layout);
 std::int64_t BytesOfBlocks(TIFF* tiff);
 
-// Whether a file of that length can hold such a page, and whether its blocks, which are unpacked as a whole,
-// take memory and time of the page's order.
-bool CanHold(TIFF* tiff, const TiffLayout& layout, std::size_t fileBytes);
+// Whether the file can hold such a page, and whether its blocks, which are unpacked as a whole, take memory
+// and time of the page's order.
+bool CanHold(TIFF* tiff, const TiffLayout& layout, std::span<const unsigned char> file);
 
 // Unpacks a page that is direct, as it is stored, into samples of its type, or of Bgra8 if it has no palette;
 // the alpha of those stays as it was where the page has none.

@@ -66,9 +66,9 @@ PictureOutcome DecodeTiffSamples(const SampleFile& file, ImageSamples& samples)
         return PictureOutcome::BadFormat;
     if (!IsWithin(file, layout.Width, layout.Height))
         return PictureOutcome::TooLarge;
-    if (layout.Samples > MostSamples || layout.Bits > 64)
+    if (layout.Samples > MostSamples || layout.Bits > 64 || !layout.IsSafe())
         return PictureOutcome::NotSupported;
-    if (!CanHold(tiff.get(), layout, file.Bytes.size()))
+    if (!CanHold(tiff.get(), layout, file.Bytes))
         return PictureOutcome::BadFormat;
     if (!IsWithin(file, layout.Width, layout.Height, BytesOfPage(layout)))
         return PictureOutcome::TooLarge;
