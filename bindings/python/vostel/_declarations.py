@@ -99,7 +99,7 @@ class Record(ctypes.Structure):
 
 class Limits(Record):
     _fields_ = [("size", c_uint32), ("max_side", c_int32), ("max_pixels", c_int64), ("max_file_bytes", c_int64),
-                ("max_threads", c_int32)]
+                ("max_threads", c_int32), ("max_memory", c_int64)]
 
 
 class RawLayout(Record):

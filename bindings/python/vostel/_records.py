@@ -137,6 +137,7 @@ class Limits(NamedTuple):
     max_pixels: int
     max_file_bytes: int
     max_threads: int
+    max_memory: int    # bytes for reading a picture
 
 
 _VALID = {"pixels": c.HAS_PIXELS, "not_finite": c.HAS_PIXELS, "area": c.HAS_AREA, "perimeter": c.HAS_AREA,

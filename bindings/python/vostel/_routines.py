@@ -95,12 +95,13 @@ def fft(values: Any, inverse: bool = False) -> npt.NDArray[np.complex128]:
     return real_part + 1j * imaginary
 
 
-def set_limits(max_side: int = 0, max_pixels: int = 0, max_file_bytes: int = 0, max_threads: int = 0) -> None:
+def set_limits(max_side: int = 0, max_pixels: int = 0, max_file_bytes: int = 0, max_threads: int = 0,
+               max_memory: int = 0) -> None:
     """Sets what is taken from files and callers, for the whole process; 0 is the default."""
     library.vostel_set_limits(c.Limits(
         max_side=whole(max_side, "max_side"), max_pixels=whole(max_pixels, "max_pixels", -2**63, 2**63 - 1),
         max_file_bytes=whole(max_file_bytes, "max_file_bytes", -2**63, 2**63 - 1),
-        max_threads=whole(max_threads, "max_threads")))
+        max_threads=whole(max_threads, "max_threads"), max_memory=whole(max_memory, "max_memory", -2**63, 2**63 - 1)))
 
 
 def limits() -> Limits:
