@@ -10,6 +10,8 @@ import sys
 from pathlib import Path
 from typing import List, Optional
 
+from . import _batch_command
+
 
 def find_viewer() -> Optional[str]:
     """The viewer: of the search path, else of a build in a checkout."""
@@ -37,6 +39,7 @@ def parser_of_all() -> argparse.ArgumentParser:
     viewing = commands.add_parser("view", help="open a file in the viewer")
     viewing.add_argument("file", metavar="FILE")
     viewing.set_defaults(run=view)
+    _batch_command.add_parser(commands)
     return parser
 
 
