@@ -1,7 +1,7 @@
 # Shell functions of ./check and ./demo; read with "source". Needs bash and $root, the top of the checkout.
 
 # Debian packages by what needs them. A package stands in one list only; docs/dependencies.md says why each is there.
-packages_build=(cmake g++ libcli11-dev libgif-dev libjpeg-dev libpango1.0-dev libpng-dev libtiff-dev libwebp-dev ninja-build
+packages_build=(cmake g++ libboost-dev libcli11-dev libgif-dev libjpeg-dev libpango1.0-dev libpng-dev libtiff-dev libwebp-dev ninja-build
                 nlohmann-json3-dev pkg-config zlib1g-dev)
 packages_viewer=(qt6-base-dev qt6-l10n-tools qt6-tools-dev qt6-tools-dev-tools qt6-translations-l10n)
 packages_fonts=(fonts-dejavu-core fonts-noto-cjk)

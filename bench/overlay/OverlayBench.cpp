@@ -318,13 +318,22 @@ void CompareLabelImage(bench::PeerBench& peers)
 constexpr int ViewWidth = 1920;
 constexpr int ViewHeight = 1080;
 
+// Rings in rows and columns.
+struct Crowd {
+    int    Count = 0;
+    int    Nodes = 50;
+    bool   Splines = false;
+    double Across = ViewWidth;    // px that the rows are long; the window shows the first ViewWidth
+    double Radius = 60;
+};
+
 // A canvas with an image as large as its window, and the same outlines as items of a scene.
 class Shapes {
 public:
-    static constexpr int Number = 1;
+    const int Number;
 
-    Shapes(int count, int nodes, bool splines)
-        : Scene(0, 0, ViewWidth, ViewHeight), View(&Scene),
+    explicit Shapes(const Crowd& crowd, int number = 1)
+        : Number(number), Scene(0, 0, crowd.Across, crowd.Across * ViewHeight / ViewWidth), View(&Scene),
           Target(ViewWidth, ViewHeight, QImage::Format_RGB32)
     {
         std::vector<unsigned char> gray(static_cast<std::size_t>(ViewWidth) * ViewHeight, 64);
@@ -335,20 +344,21 @@ public:
         View.setFrameStyle(0);
         View.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         View.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        View.setAlignment(Qt::AlignLeft | Qt::AlignTop);
         View.resize(ViewWidth, ViewHeight);
         View.setMouseTracking(true);
         Scene.setBackgroundBrush(QColor(64, 64, 64));
         std::mt19937 random(421);
-        const int    across = static_cast<int>(std::ceil(std::sqrt(count * 16.0 / 9.0)));
-        const double step = static_cast<double>(ViewWidth) / across;
-        for (int i = 0; i < count; ++i) {
-            const Points points =
-                Star(random, nodes, step * (i % across + 0.5), step * (i / across + 0.5), 60, 0.3);
-            splines ? gCVSAddSpline(Number) : gCVSAddPoly(Number);
+        const int    across = static_cast<int>(std::ceil(std::sqrt(crowd.Count * 16.0 / 9.0)));
+        const double step = crowd.Across / across;
+        for (int i = 0; i < crowd.Count; ++i) {
+            const Points points = Star(random, crowd.Nodes, step * (i % across + 0.5),
+                                       step * (i / across + 0.5), crowd.Radius, 0.3);
+            crowd.Splines ? gCVSAddSpline(Number) : gCVSAddPoly(Number);
             VostelObj& object = *gCanvasTable[Number].Elements.back();
             GiveNodes(object, points);
             object.ShowHandles = false;    // the scene has outlines only
-            if (!splines) {
+            if (!crowd.Splines) {
                 QPolygonF polygon;
                 for (const Point& p : points)
                     polygon << QPointF(p.x, p.y);
@@ -364,7 +374,7 @@ public:
             Scene.addPolygon(polygon, QPen(Qt::blue, 0));
         }
         gCVSOnMouseMove(Number, 0, CPoint(1, 1));
-        if (splines) {
+        if (crowd.Splines) {
             for (VostelObj* object : gCanvasTable[Number].Elements)
                 object->HandleRects.clear();    // a spline shows its nodes always
         }
@@ -405,36 +415,42 @@ private:
     MemoryBitmap   Window{ViewWidth, ViewHeight};
 };
 
+void PressAndRelease(int number, CPoint at)
+{
+    gCVSOnLButtonDown(number, MK_LBUTTON, at);
+    gCVSOnLButtonUp(number, 0, at);
+}
+
 void ComparePaints(bench::PeerBench& peers)
 {
-    const auto paint = [&](const std::string& title, int count, int nodes, bool splines) {
-        Shapes         shapes(count, nodes, splines);
+    const auto paint = [&](const std::string& title, const Crowd& crowd) {
+        Shapes         shapes(crowd);
         bench::Contest contest;
         contest.Title = title;
-        contest.Run = [] { gCVSOnDraw(Shapes::Number, nullptr); };
+        contest.Run = [&] { gCVSOnDraw(shapes.Number, nullptr); };
         contest.Peers.push_back({"qt graphics view",
                                  [&] { shapes.PaintScene(); },
                                  {},
                                  [&] { return shapes.SceneShowsOutlines(); }});
         peers.Compare(contest);
     };
-    paint("paint of 1,000 polygons of 50 nodes", 1000, 50, false);
-    paint("paint of 200 splines of 60 nodes", 200, 60, true);
+    paint("paint of 1,000 polygons of 50 nodes", {.Count = 1000});
+    paint("paint of 200 splines of 60 nodes", {.Count = 200, .Nodes = 60, .Splines = true});
     for (const int count : {10, 100, 1000, 10000})
-        paint("growth: paint of " + std::to_string(count) + " polygons", count, 50, false);
+        paint("growth: paint of " + std::to_string(count) + " polygons", {.Count = count});
 }
 
 void CompareMoves(bench::PeerBench& peers)
 {
-    for (const int count : {10, 100, 1000, 10000}) {
-        Shapes         shapes(count, 50, false);
+    for (const int count : {10, 100, 1000, 10000, 100000}) {
+        Shapes         shapes({.Count = count});
         bench::Contest contest;
         contest.Title = "growth: mouse move over " + std::to_string(count) + " polygons";
         int at = 0;
         int theirs = 0;
         contest.Run = [&] {
             ++at;
-            gCVSOnMouseMove(Shapes::Number, 0, CPoint(at % ViewWidth, at % ViewHeight));
+            gCVSOnMouseMove(shapes.Number, 0, CPoint(at % ViewWidth, at % ViewHeight));
         };
         contest.Peers.push_back({"qt graphics view",
                                  [&] {
@@ -445,16 +461,46 @@ void CompareMoves(bench::PeerBench& peers)
                                  {}});
         peers.Compare(contest);
     }
-    for (const int count : {10, 100, 1000, 10000}) {
-        Shapes         shapes(count, 50, false);
+    for (const int count : {10, 100, 1000, 10000, 100000}) {
+        Shapes         shapes({.Count = count});
         bench::Contest contest;
         contest.Title = "growth: press beside " + std::to_string(count) + " polygons";
-        contest.Run = [] {
-            gCVSOnLButtonDown(Shapes::Number, MK_LBUTTON, CPoint(-100, -100));
-            gCVSOnLButtonUp(Shapes::Number, 0, CPoint(-100, -100));
-        };
+        contest.Run = [&] { PressAndRelease(shapes.Number, CPoint(-100, -100)); };
         QGraphicsItem* found = nullptr;
         contest.Peers.push_back({"qt itemAt", [&] { found = shapes.ItemAt(QPoint(-100, -100)); }, {}, {}});
+        peers.Compare(contest);
+    }
+}
+
+// Beside the same canvas with few objects, and with those alone that it shows.
+void CompareCrowds(bench::PeerBench& peers)
+{
+    constexpr int Many = 100000;
+    constexpr int Few = 10;
+    constexpr int InView = 100;
+    {
+        Shapes         shapes({.Count = Many, .Across = 10.0 * ViewWidth, .Radius = 12});
+        Shapes         few({.Count = Few}, 2);
+        const CPoint   lowest(22, 22);
+        bench::Contest contest;
+        contest.Title = "press on the lowest of 100,000 polygons, all boxes apart";
+        contest.Run = [&] { PressAndRelease(shapes.Number, lowest); };
+        contest.Check = [&] { return gCanvasTable[shapes.Number].SelIndex == 0; };
+        contest.Peers.push_back(
+            {"ours, beside 10", [&] { PressAndRelease(few.Number, CPoint(-100, -100)); }, {}, {}});
+        peers.Compare(contest);
+    }
+    {
+        // The rows of all are as far apart as those of the ones in view.
+        const double   across = std::ceil(std::sqrt(Many * 16.0 / 9.0));
+        const double   shown = std::ceil(std::sqrt(InView * 16.0 / 9.0));
+        Shapes         shapes({.Count = Many, .Across = across / shown * ViewWidth});
+        Shapes         alone({.Count = InView}, 2);
+        bench::Contest contest;
+        contest.Title = "paint with 100,000 polygons, 100 of them in view";
+        contest.Run = [&] { gCVSOnDraw(shapes.Number, nullptr); };
+        contest.Peers.push_back(
+            {"ours, these 100 alone", [&] { gCVSOnDraw(alone.Number, nullptr); }, {}, {}});
         peers.Compare(contest);
     }
 }
@@ -471,5 +517,6 @@ int main(int argc, char** argv)
     CompareLabelImage(peers);
     ComparePaints(peers);
     CompareMoves(peers);
+    CompareCrowds(peers);
     return peers.Finish();
 }

@@ -38,7 +38,7 @@ VostelDC::~VostelDC()
     if (OwnDC)
         DeleteDC(OwnDC);
     FreeClientRowTable();
-    for (VostelObj* element : Elements)
+    for (VostelObj* element : Elements.AsTheyLie())
         delete element;
     DestroyRemoved();
 }
@@ -62,9 +62,18 @@ void VostelDC::ComposeFrame()
         ContrastCtrl.OnDraw(ClientMemDC);
     if (ShowProgress)
         ProgressCtrl.OnDraw(ClientMemDC);
-    for (std::size_t i = 0; i < Elements.size(); ++i) {
-        if (!Elements[i]->Hidden)
-            Elements[i]->OnDraw(ClientMemDC);
+    Elements.BeginPaint();
+    // Without a surface every object says so.
+    const std::vector<VostelObj*>& shown =
+        ClientMemDC ? Elements.NearArea(WrapSub(View.ClientRect.right, View.ClientRect.left),
+                                        WrapSub(View.ClientRect.bottom, View.ClientRect.top))
+                    : Elements.AsTheyLie();
+    for (std::size_t i = 0; i < shown.size(); ++i) {
+        VostelObj& object = *shown[i];
+        if (object.Hidden)
+            continue;
+        Elements.SettleForPaint(object).OnDraw(ClientMemDC);
+        Elements.NotePaint(object);
     }
 }
 
@@ -190,14 +199,16 @@ void VostelDC::OnLButtonDown(unsigned int flags, CPoint p)
     }
     if (Elements.empty())
         return;
-    for (VostelObj* element : Elements)
-        element->Selected = false;
+    Elements.Deselect();
     const bool sticks = (flags & MK_SHIFT) != 0 && SelIndex != -1;
     if (!sticks) {
         SelIndex = -1;
-        for (std::size_t i = Elements.size(); i-- > 0 && i < Elements.size();) {
-            if (TakesGestures(*Elements[i]) && Elements[i]->HitTest(p)) {
-                SelIndex = static_cast<int>(i);
+        const std::vector<VostelObj*>& asked = Elements.NearPoint(p);
+        for (std::size_t i = asked.size(); i-- > 0 && i < asked.size();) {
+            VostelObj& object = Elements.Settle(*asked[i]);
+            const int  place = static_cast<int>(object.Entry.Place);
+            if (TakesGestures(object) && object.HitTest(p)) {
+                SelIndex = place;
                 break;
             }
         }
@@ -231,10 +242,11 @@ void VostelDC::OnMouseMove(unsigned int flags, CPoint p)
     PointerAt = p;
     RouteGesture(&VostelObj::OnMouseMove, flags, p, {OverlayPanel, OverlayNeighbours});
     // What read-outs say is no state of theirs.
-    if (Observer && std::any_of(Elements.begin(), Elements.end(), [](const VostelObj* element) {
-            return (element->TypeCode == OverlayPanel || element->TypeCode == OverlayNeighbours) &&
-                   !element->Hidden;
-        }))
+    const auto says = [](const VostelObj* element) {
+        return (element->TypeCode == OverlayPanel || element->TypeCode == OverlayNeighbours) &&
+               !element->Hidden;
+    };
+    if (Observer && std::any_of(Elements.NeverResting().begin(), Elements.NeverResting().end(), says))
         Observer->PictureChanged();
 }
 
@@ -251,9 +263,10 @@ void VostelDC::RouteGesture(GestureHandler handler, unsigned int flags, CPoint p
     };
     if (VostelObj* const selected = SelectedElement())
         route(*selected);
-    for (std::size_t i = 0; i < Elements.size(); ++i) {
-        if (std::find(always.begin(), always.end(), Elements[i]->TypeCode) != always.end())
-            route(*Elements[i]);
+    const std::vector<VostelObj*>& others = Elements.NeverResting();
+    for (std::size_t i = 0; i < others.size(); ++i) {
+        if (std::find(always.begin(), always.end(), others[i]->TypeCode) != always.end())
+            route(*others[i]);
     }
 }
 
@@ -318,7 +331,10 @@ VostelObj* VostelDC::SelectedElement()
 
 void VostelDC::BeginCall()
 {
-    if (CallsUnderWay++ == 0 && Observer)
+    if (CallsUnderWay++ > 0)
+        return;
+    Elements.BeginCall();
+    if (Observer)
         Observer->CallBegins();
 }
 
@@ -360,12 +376,7 @@ void VostelDC::DropClientSurface()
 void VostelDC::HandViewToElements(bool refreshAgain)
 {
     const CallScope scope(*this);
-    for (std::size_t i = 0; i < Elements.size(); ++i) {
-        VostelObj* const element = Elements[i];
-        element->SetCanvasView(&View);
-        if (refreshAgain)
-            element->RefreshClientGeometry();
-    }
+    Elements.TakeView(refreshAgain);
 }
 
 }

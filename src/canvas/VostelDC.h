@@ -2,6 +2,7 @@
 
 #include "canvas/CanvasObserver.h"
 #include "canvas/ElementCounts.h"
+#include "canvas/ElementList.h"
 #include "canvas/PixelSurface.h"
 #include "canvas/view/CanvasView.h"
 #include "canvas/view/PaintKit.h"
@@ -22,27 +23,27 @@ namespace vostel {
 // It composes a frame on each paint and decides who gets a mouse or key event.
 class VostelDC : public ElementCounts {
 public:
-    HDC            ClientDC = nullptr;       // borrowed: the host's context; null before the first SetClient
-    PaintKit       Kit;                      // of the background
-    HDC            OwnDC = nullptr;          // owned: in the place of a host's context; null until it is used
-    HDC            ClientMemDC = nullptr;    // owned; null without a client surface
-    unsigned int*  ClientPixels = nullptr;       // the client bitmap's bits, rows bottom-up
-    unsigned int** ClientRows = nullptr;         // owned; built on request
-    HBITMAP        ClientBitmap = nullptr;       // owned
-    HGDIOBJ        ClientOldBitmap = nullptr;    // what ClientBitmap displaced
-    int            OverlayAlpha = 255;           // 0..255, by wheel with S held; no drawing reads it
-    PixelSurface   CanvasSurface;
-    CanvasView     View;
-    bool           ShowContrastCtrl = false;
-    VostelSlider   ContrastCtrl;
-    bool           ShowProgress = false;
-    VostelProgress ProgressCtrl;
-    std::vector<VostelObj*> Elements;             // owned; paint order, the highest index on top
-    int                     SelIndex = -1;        // -1 for none; may point past the list after DeleteAll
-    CPoint                  PointerAt;            // client px, of the last move
-    bool                    UseDirect = false;    // the host draws into the client surface itself
-    std::string             KeyLetters = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";    // the letter keys that act
-    CanvasObserver*         Observer = nullptr;                           // borrowed
+    HDC             ClientDC = nullptr;    // borrowed: the host's context; null before the first SetClient
+    PaintKit        Kit;                   // of the background
+    HDC             OwnDC = nullptr;       // owned: in the place of a host's context; null until it is used
+    HDC             ClientMemDC = nullptr;        // owned; null without a client surface
+    unsigned int*   ClientPixels = nullptr;       // the client bitmap's bits, rows bottom-up
+    unsigned int**  ClientRows = nullptr;         // owned; built on request
+    HBITMAP         ClientBitmap = nullptr;       // owned
+    HGDIOBJ         ClientOldBitmap = nullptr;    // what ClientBitmap displaced
+    int             OverlayAlpha = 255;           // 0..255, by wheel with S held; no drawing reads it
+    PixelSurface    CanvasSurface;
+    CanvasView      View;
+    bool            ShowContrastCtrl = false;
+    VostelSlider    ContrastCtrl;
+    bool            ShowProgress = false;
+    VostelProgress  ProgressCtrl;
+    ElementList     Elements{View};       // owned; paint order, the highest index on top
+    int             SelIndex = -1;        // -1 for none; may point past the list after DeleteAll
+    CPoint          PointerAt;            // client px, of the last move
+    bool            UseDirect = false;    // the host draws into the client surface itself
+    std::string     KeyLetters = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";    // the letter keys that act
+    CanvasObserver* Observer = nullptr;                           // borrowed
 
     VostelDC() = default;
     VostelDC(const VostelDC&) = delete;
@@ -142,8 +143,7 @@ private:
     void DropClientSurface();
     // Hands the view to whatever stands on it, in a client area.
     void PlaceView(CRect clientRect);
-    // SetCanvasView alone refreshes the objects' geometry. With refreshAgain that is done twice, for a new
-    // client area: an object may have placed itself after its own refresh, as controls do.
+    // With refreshAgain for a new client area.
     void HandViewToElements(bool refreshAgain);
 };
 

@@ -76,8 +76,8 @@ void VostelDC::DeleteAll()
     ReserveDeletion();
     if (Observer)
         Observer->WillRemoveAll();
-    Removed.insert(Removed.end(), Elements.begin(), Elements.end());
-    std::vector<VostelObj*>().swap(Elements);    // an assigned empty list would keep the storage
+    const std::vector<VostelObj*> taken = Elements.TakeAll();
+    Removed.insert(Removed.end(), taken.begin(), taken.end());
     static_cast<ElementCounts&>(*this) = ElementCounts();
     DestroyPending = true;
     if (CallsUnderWay == 0)
@@ -86,13 +86,13 @@ void VostelDC::DeleteAll()
 
 void VostelDC::DeleteUnlocked()
 {
-    if (std::none_of(Elements.begin(), Elements.end(),
-                     [](const VostelObj* object) { return object->Locked; })) {
+    const std::vector<VostelObj*>& all = Elements.AsTheyLie();
+    if (std::none_of(all.begin(), all.end(), [](const VostelObj* object) { return object->Locked; })) {
         DeleteAll();
         return;
     }
     for (std::size_t i = Elements.size(); i-- > 0;) {
-        if (!Elements[i]->Locked)
+        if (!all[i]->Locked)
             DeleteAt(i);
     }
 }
@@ -108,24 +108,25 @@ void VostelDC::DeleteSelected()
 void VostelDC::DeleteAt(std::size_t index)
 {
     Removed.reserve(Removed.size() + 1);
+    VostelObj* const removed = Elements[index];
     if (Observer)
         Observer->WillRemove(index);
-    VostelObj* const removed = Elements[index];
     Removed.push_back(removed);
     const int kind = removed->TypeCode;
     MoveNumbers(index + 1, kind, -1);
     if (int* const count = OfRegions(kind))
         --*count;
     --RegionSerial;    // for every kind: hosts rely on the resulting numbers
-    Elements.erase(Elements.begin() + static_cast<std::ptrdiff_t>(index));
+    Elements.TakeOut(index);
 }
 
 void VostelDC::MoveNumbers(std::size_t first, int kind, int step)
 {
     for (std::size_t i = first; i < Elements.size(); ++i) {
-        Elements[i]->SerialNo += step;
-        if (Elements[i]->TypeCode == kind)
-            Elements[i]->TypeSerial += step;
+        VostelObj& object = *Elements.AsTheyLie()[i];
+        object.SerialNo += step;
+        if (object.TypeCode == kind)
+            object.TypeSerial += step;
     }
 }
 
@@ -135,22 +136,18 @@ void VostelDC::ViewMoved()
         ContrastCtrl.SetCanvasView(&View);
     if (ShowProgress)
         ProgressCtrl.SetCanvasView(&View);
-    for (VostelObj* element : Elements) {
-        element->SetCanvasView(&View);
-        element->DerivePainted();
-    }
+    Elements.TakePaintedView();
 }
 
 void VostelDC::Insert(std::size_t index, VostelObj* owned)
 {
-    Elements.insert(Elements.begin() + static_cast<std::ptrdiff_t>(index), owned);
+    Elements.Insert(index, owned);
 }
 
 VostelObj* VostelDC::Detach(std::size_t index)
 {
-    VostelObj* const detached = Elements[index];
-    Elements.erase(Elements.begin() + static_cast<std::ptrdiff_t>(index));
-    return detached;
+    Elements.Wake(*Elements.AsTheyLie()[index]);
+    return Elements.TakeOut(index);
 }
 
 void VostelDC::Erase(std::size_t index)

@@ -234,8 +234,8 @@ float VostelImage::ReadPixelValue(CPoint clientPoint) const
 
 bool VostelImage::LabelsWholeImage() const
 {
-    return std::none_of(Elements.begin(), Elements.end(),
-                        [](const VostelObj* element) { return element->Selected; });
+    const std::vector<VostelObj*>& all = Elements.AsTheyLie();
+    return std::none_of(all.begin(), all.end(), [](const VostelObj* element) { return element->Selected; });
 }
 
 void VostelImage::RefuseGiantWithoutSurface() const

@@ -106,9 +106,10 @@ void VostelImage::SetWindowShares(float low, float high)
 std::vector<RegionWindow> VostelImage::WantedRegions() const
 {
     std::vector<RegionWindow> wanted;
-    for (const VostelObj* element : Elements) {
-        if (element->Hidden || !(element->WindowLow < element->WindowHigh))
-            continue;
+    const auto                hasWindow = [](const VostelObj* element) {
+        return !element->Hidden && element->WindowLow < element->WindowHigh;
+    };
+    for (const VostelObj* element : Elements.NotResting(hasWindow)) {
         if (std::optional<Outline> region = element->RegionOutline())
             wanted.push_back({std::move(*region), element->WindowLow, element->WindowHigh});
     }

@@ -37,11 +37,11 @@ int VostelImage::GenerateLabel(bool selectedOnly)
     bool taken = false;
     FillLabelPlane(LabelIma.Ptr1D, LabelIma.Width, LabelIma.Height, 0);
     for (std::size_t i = 0; i < Elements.size(); ++i) {
-        VostelObj& element = *Elements[i];
+        VostelObj& element = *Elements.AsTheyLie()[i];
         if (selectedOnly && !element.Selected)
             continue;
         taken = true;    // also by an object that has no region
-        if (RasteriseObject(element))
+        if (RasteriseObject(Elements.Settle(element)))
             lastLabel = WrapAdd(element.SerialNo, 1);
     }
     if (Elements.empty() || (selectedOnly && !taken))

@@ -69,9 +69,9 @@ void BurnIn(HDC dc, VostelObj& measure, const CRect& box)
 
 VostelObj* VostelImage::FirstSelectedRect()
 {
-    for (VostelObj* element : Elements) {
-        if (element->Selected && element->TypeCode == OverlayRect)
-            return element;
+    for (VostelObj* element : Elements.Selected()) {
+        if (element->TypeCode == OverlayRect)
+            return &Elements.Settle(*element);
     }
     return nullptr;
 }
@@ -139,7 +139,7 @@ void VostelImage::BurnInLengths(HDC dc, const CRect& box) const
     const SelectedObject font(dc, CreateCaptionFont(TextHeight));
     SetTextColor(dc, Red);
     SetBkMode(dc, TRANSPARENT);
-    for (VostelObj* element : Elements) {
+    for (VostelObj* element : Elements.NeverResting()) {
         if (element->TypeCode == OverlayMeasureLine)
             BurnIn(dc, *element, box);
     }

@@ -42,13 +42,12 @@ MeasureUnits Document::Units() const
 VostelObj* Document::Find(std::uint64_t id) const
 {
     const auto found = Entries.find(id);
-    return found == Entries.end() ? nullptr : found->second.Object;
+    return found == Entries.end() ? nullptr : &Canvas.Elements.Wake(*found->second.Object);
 }
 
 std::size_t Document::IndexOf(const VostelObj& object) const
 {
-    const auto& list = Canvas.Elements;
-    return static_cast<std::size_t>(std::find(list.begin(), list.end(), &object) - list.begin());
+    return object.Entry.Place;
 }
 
 ObjectState Document::StateOf(VostelObj& object)
@@ -78,9 +77,9 @@ void Document::Adopt(VostelObj& object)
 
 void Document::AdoptStrays()
 {
-    for (VostelObj* const object : Canvas.Elements) {
+    for (VostelObj* const object : Canvas.Elements.AsTheyLie()) {
         if (object->Identity == 0)
-            Adopt(*object);
+            Adopt(Canvas.Elements.Wake(*object));
     }
     HasStrays = false;
 }
@@ -191,8 +190,7 @@ void Document::UseUnits(const MeasureUnits& units)
 
 void Document::Select(const std::vector<VostelObj*>& objects)
 {
-    for (VostelObj* const object : Canvas.Elements)
-        object->Selected = false;
+    Canvas.Elements.Deselect();
     Canvas.SelIndex = -1;
     for (VostelObj* const object : objects) {
         object->Selected = true;
@@ -261,10 +259,8 @@ void Document::TellDestruction()
 std::vector<std::uint64_t> Document::SelectedNow() const
 {
     std::vector<std::uint64_t> selected;
-    for (const VostelObj* const object : Canvas.Elements) {
-        if (object->Selected)
-            selected.push_back(object->Identity);
-    }
+    for (const VostelObj* const object : Canvas.Elements.Selected())
+        selected.push_back(object->Identity);
     return selected;
 }
 
@@ -387,7 +383,7 @@ void Document::WasAdded(VostelObj& object, const ElementCounts& before) noexcept
 
 void Document::WillRemove(std::size_t index) noexcept
 {
-    VostelObj&    object = *Canvas.Elements[index];
+    VostelObj&    object = *Canvas.Elements.AsTheyLie()[index];
     ElementCounts after = Canvas;
     if (int* const count = after.OfRegions(object.TypeCode))
         --*count;
@@ -399,7 +395,7 @@ void Document::WillRemoveAll() noexcept
 {
     AllWent = true;
     for (std::size_t i = Canvas.Elements.size(); i-- > 0;)
-        RecordRemoval(*Canvas.Elements[i], i, false, ElementCounts());
+        RecordRemoval(*Canvas.Elements.AsTheyLie()[i], i, false, ElementCounts());
 }
 
 void Document::RecordRemoval(VostelObj& object, std::size_t index, bool renumbering,

@@ -35,7 +35,8 @@ void Document::Replace(DocumentContent content, const std::function<void()>& cle
 {
     std::unordered_map<std::uint64_t, Entry> entries;
     LabelNumbers                             labels;
-    std::vector<VostelObj*>                  list;
+    ElementList                              list(Canvas.View);
+    list.reserve(content.Objects.size());
     for (const PlacedObject& placed : content.Objects)
         labels.Use(placed.Notes.Label);
     for (PlacedObject& placed : content.Objects) {
@@ -54,7 +55,7 @@ void Document::Replace(DocumentContent content, const std::function<void()>& cle
         static_cast<void>(placed.Object.release());
     Entries.swap(entries);
     std::swap(Labels, labels);
-    Canvas.Elements.swap(list);
+    Canvas.Elements.Exchange(list);
     static_cast<ElementCounts&>(Canvas) = content.Counts;
     Canvas.SelIndex = content.SelIndex;
     Unread = std::move(content.Unread);

@@ -99,7 +99,7 @@ void Document::Replay(const HistoryStep& step, bool forwards)
         throw;
     }
     Replaying = false;
-    const auto& list = Canvas.Elements;
+    const auto& list = Canvas.Elements.AsTheyLie();
     const auto  place = std::find(list.begin(), list.end(), selected);
     Canvas.SelIndex = selected && place != list.end() ? static_cast<int>(place - list.begin()) : -1;
     SelectionMoved = Stale = true;

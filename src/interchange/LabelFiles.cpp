@@ -106,7 +106,7 @@ bool AreOverlapping(const std::vector<LabelledRegion>& regions, ImageSize size)
 
 void TellLosses(const RegionExport& file, const std::vector<LabelledRegion>& regions, ImageSize size)
 {
-    for (const VostelObj* const object : file.Canvas.Elements) {
+    for (const VostelObj* const object : file.Canvas.Elements.AsTheyLie()) {
         if (!IsRegion(object->TypeCode))
             file.Told.LeftOut(KindName(object->TypeCode));
         else if (object->Hidden)

@@ -53,7 +53,7 @@ void ExportSvg(const RegionExport& file)
     const ImageSize size = SizeOf(file.Canvas);
     if (size.Width == 0)
         Fail(VOSTEL_NO_IMAGE, "a drawing shows the image, and there is none");
-    for (const VostelObj* const object : file.Canvas.Elements) {
+    for (const VostelObj* const object : file.Canvas.Elements.AsTheyLie()) {
         if (object->TypeCode == VOSTEL_PANEL || object->TypeCode == VOSTEL_NEIGHBOURS)
             file.Told.LeftOut(KindName(object->TypeCode));
     }

@@ -47,9 +47,9 @@ VostelStatus vostel_draw_next(int32_t canvas, VostelKind kind, VostelObject* obj
         std::unique_ptr<VostelObj> made = MakeOpenObject(image, kind);
         if (kind == VOSTEL_PANEL || kind == VOSTEL_NEIGHBOURS)
             made->SetPlacement(30.0f, 30.0f, 512.0f, 150.0f);
-        const VostelObj& added = notes.Add(std::move(made));
-        for (VostelObj* const other : image.Elements)
-            other->Selected = other == &added;
+        VostelObj& added = notes.Add(std::move(made));
+        image.Elements.Deselect();
+        added.Selected = true;
         Give(object, added.Identity);
     });
 }
@@ -64,7 +64,7 @@ VostelStatus vostel_object_list(int32_t canvas, VostelObject* list, size_t capac
     return OnCanvas(canvas, [&](VostelImage& image, Document&) {
         std::vector<VostelObject> all;
         all.reserve(image.Elements.size());
-        for (const VostelObj* const element : image.Elements)
+        for (const VostelObj* const element : image.Elements.AsTheyLie())
             all.push_back(element->Identity);
         GiveList<VostelObject>(all, list, capacity, count);
     });

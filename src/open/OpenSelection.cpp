@@ -13,11 +13,11 @@ VostelStatus vostel_object_at(int32_t canvas, double client_x, double client_y, 
         NeedFinite(client_y, "client_y");
         const auto   within = [](double v) { return std::clamp(v, -1e9, 1e9); };
         const CPoint point = DevicePoint(within(client_x), within(client_y));
-        const auto   hit =
-            std::find_if(image.Elements.rbegin(), image.Elements.rend(), [&](VostelObj* element) {
-                return !element->Hidden && !element->Locked && element->Hits(point);
-            });
-        Give<VostelObject>(object, hit == image.Elements.rend() ? 0 : (*hit)->Identity);
+        const auto&  all = image.Elements.NearPoint(point);
+        const auto   hit = std::find_if(all.rbegin(), all.rend(), [&](VostelObj* element) {
+            return !element->Hidden && !element->Locked && image.Elements.Settle(*element).Hits(point);
+        });
+        Give<VostelObject>(object, hit == all.rend() ? 0 : (*hit)->Identity);
     });
 }
 

@@ -12,10 +12,11 @@ public:
 
     VostelCrayonOneStroke();
 
-    void OnLButtonDown(unsigned int flags, CPoint point) override;
-    void OnLButtonUp(unsigned int flags, CPoint point) override;
-    void OnMouseMove(unsigned int flags, CPoint point) override;
-    void OnDraw(HDC dc) override;
+    void        OnLButtonDown(unsigned int flags, CPoint point) override;
+    void        OnLButtonUp(unsigned int flags, CPoint point) override;
+    void        OnMouseMove(unsigned int flags, CPoint point) override;
+    void        OnDraw(HDC dc) override;
+    DerivedFrom PlacedBy() const override { return DerivedFrom::View; }
 
     bool                   TakePoints(std::span<const PointTemplateBase<double>> points) override;
     std::optional<Outline> RegionOutline() const override;

@@ -48,6 +48,13 @@ void VostelObj::SetCanvasView(CanvasView* view)
 
 void VostelObj::RefreshClientGeometry() {}
 
+std::optional<Bounds> VostelObj::PlaceOnImage() const
+{
+    if (ImagePoints.empty() || FixedSize)
+        return std::nullopt;
+    return BoundsOf(ImagePoints);
+}
+
 bool VostelObj::Covers(CPoint) const
 {
     return false;

@@ -4,6 +4,7 @@
 #include "canvas/view/Colors.h"
 #include "canvas/view/PaintKit.h"
 #include "geometry/Outline.h"
+#include "overlay/ElementEntry.h"
 #include "vostel/CanvasTypes.h"
 #include "vostel/Containers.h"
 #include "vostel/platform.h"
@@ -108,6 +109,7 @@ public:
     unsigned int FillColor = 0;      // 0xAARRGGBB, of the interior of a region
     double       WindowLow = 0.0;    // contrast window of a region in image values; none while equal
     double       WindowHigh = 0.0;
+    ElementEntry Entry;    // of the list that the object stands on
 
     VostelObj() = default;
     VostelObj(const VostelObj&) = delete;
@@ -123,6 +125,12 @@ public:
 
     virtual void SetCanvasView(CanvasView* view);
     virtual void RefreshClientGeometry();
+    // What a refresh and a paint derive the fields in client px from. All but Client is a promise: an object
+    // that nobody changes may be derived later, and hit tests and drawing change nothing else.
+    virtual DerivedFrom PlacedBy() const { return DerivedFrom::Client; }
+    // Of such an object: the box in image px that all that can be hit or drawn of it lies in, but for
+    // handles, pens and rounding to client px. None where there are too few points for one.
+    virtual std::optional<Bounds> PlaceOnImage() const;
     // Whether a press at the point means this object.
     bool Hits(CPoint point) const { return TakesGestures() && Covers(point); }
     // What Hits says, noted where later events look; Selected is left alone here, descendants write it.

@@ -10,7 +10,8 @@ class VostelPolygon : public VostelMPoint {
 public:
     VostelPolygon();
 
-    void OnDraw(HDC dc) override;
+    void        OnDraw(HDC dc) override;
+    DerivedFrom PlacedBy() const override { return DerivedFrom::View; }
 
     std::optional<Outline> RegionOutline() const override;
 

@@ -22,6 +22,12 @@ void VostelRect::OnMouseMove(unsigned int flags, CPoint point)
     VostelMPoint::OnMouseMove(flags, point);
 }
 
+// Boxes of other counts of points stay where they were derived last.
+std::optional<Bounds> VostelRect::PlaceOnImage() const
+{
+    return ImagePoints.size() == 2 ? VostelSingleLine::PlaceOnImage() : std::nullopt;
+}
+
 bool VostelRect::Covers(CPoint point) const
 {
     return ExactInterior(point).value_or(PtInRect(&ClientBox, point) != 0) ||

@@ -13,10 +13,12 @@ class VostelRect : public VostelSingleLine {
 public:
     VostelRect();
 
-    void OnLButtonDown(unsigned int flags, CPoint point) override;
-    void OnMouseMove(unsigned int flags, CPoint point) override;
-    bool Covers(CPoint point) const override;
-    void OnDraw(HDC dc) override;
+    void                  OnLButtonDown(unsigned int flags, CPoint point) override;
+    void                  OnMouseMove(unsigned int flags, CPoint point) override;
+    bool                  Covers(CPoint point) const override;
+    void                  OnDraw(HDC dc) override;
+    DerivedFrom           PlacedBy() const override { return DerivedFrom::Paint; }
+    std::optional<Bounds> PlaceOnImage() const override;
 
     std::optional<Outline> RegionOutline() const override;
 };

@@ -76,6 +76,12 @@ bool VostelSpline::HasSolved() const
                       [](CPoint a, PointTemplateBase<int> b) { return a.x == b.x && a.y == b.y; });
 }
 
+std::optional<Bounds> VostelSpline::PlaceOnImage() const
+{
+    const std::optional<Outline> curve = FixedSize ? std::nullopt : RegionOutline();
+    return curve ? std::optional(curve->BoundingBox()) : std::nullopt;
+}
+
 bool VostelSpline::GetLabelOutline(std::vector<PointTemplateBase<int>>& out)
 {
     if (CurvePoints.size() < 3)

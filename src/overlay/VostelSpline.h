@@ -14,8 +14,10 @@ public:
 
     VostelSpline();
 
-    void OnDraw(HDC dc) override;
-    void DerivePainted() override;    // the curve
+    void                  OnDraw(HDC dc) override;
+    DerivedFrom           PlacedBy() const override { return DerivedFrom::Paint; }
+    std::optional<Bounds> PlaceOnImage() const override;    // the curve's, which passes through all nodes
+    void                  DerivePainted() override;         // the curve
     // The curve of the last paint, thinned to steps of at least 4 client px, in image px. False for fewer
     // than 3 curve points: a spline that was never painted has no outline.
     bool GetLabelOutline(std::vector<PointTemplateBase<int>>& out) override;
