@@ -22,7 +22,7 @@ double FarthestOf(const Bounds& box)
     return std::max({std::fabs(box.Left), std::fabs(box.Top), std::fabs(box.Right), std::fabs(box.Bottom)});
 }
 
-bool IsSame(const Bounds& a, const Bounds& b)
+bool IsSameBox(const Bounds& a, const Bounds& b)
 {
     return a.Left == b.Left && a.Top == b.Top && a.Right == b.Right && a.Bottom == b.Bottom;
 }
@@ -377,7 +377,7 @@ void ElementList::TakeIntoIndex(VostelObj& object)
     Farthest = std::max(Farthest, FarthestOf(box));
     Reach = std::max({Reach, static_cast<double>(object.HandleRadius), object.LineWidth});
     if (entry.IndexStamp == IndexStamp) {
-        if (IsSame(entry.Box, box))
+        if (IsSameBox(entry.Box, box))
             return;
         Index.Remove({entry.Box, &object});
         entry.IndexStamp = 0;

@@ -11,6 +11,7 @@ vostel_inner_test(canvas/ElementRoutingTest)
 vostel_inner_test(canvas/ElementDeletionTest)
 vostel_inner_test(canvas/RestingElementsTest)
 vostel_inner_test(canvas/RestingObjectsTest)
+vostel_apart(VostelInnerTests canvas/RestingElementsTest.cpp canvas/RestingObjectsTest.cpp)    # beside others with sizes of theirs
 vostel_inner_test(canvas/view/CanvasViewTest)
 vostel_inner_test(canvas/view/HitTestsTest)
 vostel_inner_test(canvas/PixelSurfaceTest)
