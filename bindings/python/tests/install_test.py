@@ -33,7 +33,7 @@ class Install(unittest.TestCase):
         # A checkout in which building leaves its traces.
         self.package = self.folder / "checkout/bindings/python"
         shutil.copytree(HERE, self.package, ignore=shutil.ignore_patterns("build", "*.egg-info", "__pycache__"))
-        for part in ("CMakeLists.txt", "LICENSE", "cmake", "docs", "include", "src"):
+        for part in ("CMakeLists.txt", "LICENSE", "cmake", "docs", "include", "pyproject.toml", "src"):
             (self.folder / "checkout" / part).symlink_to(ROOT / part)
 
     def python(self, *arguments, **variables):
@@ -60,8 +60,11 @@ class Install(unittest.TestCase):
         self.assertTrue((target / "vostel/py.typed").exists())
         self.assertTrue((library / "LICENSE").exists())
 
-    def test_from_a_checkout(self):
+    def test_from_the_folder_of_the_package(self):
         self.check_use(self.install(self.package))
+
+    def test_from_the_top_of_a_checkout(self):
+        self.check_use(self.install(self.folder / "checkout"))
 
     def test_from_its_source_archive(self):
         self.python("setup.py", "--quiet", "sdist", cwd=self.package)
