@@ -76,7 +76,11 @@ VostelObj* ElementList::TakeOut(std::size_t index)
             DropIndex();
         }
     }
-    std::erase(Rests(*object) ? Awake : Restless, object);
+    // From the end: what goes has just been woken, or many go from the top.
+    std::vector<VostelObj*>& holds = Rests(*object) ? Awake : Restless;
+    const auto               found = std::find(holds.rbegin(), holds.rend(), object);
+    if (found != holds.rend())
+        holds.erase(std::next(found).base());
     All.erase(All.begin() + static_cast<std::ptrdiff_t>(index));
     object->Entry = ElementEntry();
     Renumber(index);
