@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """batch_bench.py [IMAGES]: a batch of 2048 x 2048 images of 16 bits, 1000 at first, by one worker and by two.
 
-Compares the tables, then tells images per second and the quotient: median of three runs each, in turns. Wants a quiet machine of two
-cores or more. Needs the package on the path: PYTHONPATH=bindings/python.
+Compares the tables, then tells images per second and the quotient: median of three runs each, in turns. Wants a quiet
+machine of two cores or more. Needs the package on the path: PYTHONPATH=bindings/python.
 """
 
 import os

@@ -134,7 +134,8 @@ class WrongUse(BatchCase):
         before = self.table()
         (self.folder / "empty.vostel.json").write_text('{"format": "vostel-session", "version": 1, "objects": []}')
         image = self.images[0]
-        for arguments in ((), ("part.vostel.json",), ("part.vostel.json", image), ("part.vostel.json", "--out", "table.csv"),
+        for arguments in ((), ("part.vostel.json",), ("part.vostel.json", image),
+                          ("part.vostel.json", "--out", "table.csv"),
                           ("none.json", image, "--out", "table.csv"), (image, image, "--out", "table.csv"),
                           ("empty.vostel.json", image, "--out", "table.csv"),
                           ("part.vostel.json", image, "--out", "no/table.csv"),
@@ -231,7 +232,8 @@ class Parts(BatchCase):
         self.assertEqual(progress.line(5.0), "[#######.......................] 10/40  2.0 images/s  0:15 left")
         progress.done = 0
         self.assertIn("0/40  0.0 images/s  ? left", progress.line(0.0))
-        self.assertEqual([clock_of(seconds) for seconds in (0.4, 59.6, 3600, 36061)], ["0:00", "1:00", "1:00:00", "10:01:01"])
+        self.assertEqual([clock_of(seconds) for seconds in (0.4, 59.6, 3600, 36061)],
+                         ["0:00", "1:00", "1:00:00", "10:01:01"])
 
     def test_a_terminal_shows_one_line_in_place(self):
         terminal = io.StringIO()

@@ -6,8 +6,8 @@
     print(region.measure().mean, region.area)
     canvas.save("part.png", scale=2.0)
 
-Points are image px in double: pixel (i, j) covers [i, i+1) x [j, j+1), y grows downwards. Arrays are height x width, row
-0 on top. Failures are `vostel.Error` and have changed nothing.
+Points are image px in double: pixel (i, j) covers [i, i+1) x [j, j+1), y grows downwards. Arrays are height x width,
+row 0 on top. Failures are `vostel.Error` and have changed nothing.
 """
 
 from ._canvas import Canvas, colormaps, pages

@@ -165,7 +165,7 @@ def result_of(shape: Tuple[int, ...], dtype: Any, out: Optional[Array]) -> Sampl
 
 
 def image_of(plane: c.Plane) -> Array:
-    """A read-only copy of samples that the library lends: height x width, or with x 3 (x 4) red, green, blue (alpha)."""
+    """A read-only copy of samples that the library lends; of colors x 3 (x 4) red, green, blue (alpha)."""
     channels = {c.RGB8: 3, c.BGR8: 3, c.BGRA8: 4}.get(plane.type, 1)
     dtype = TYPES.get(plane.type, np.dtype(np.uint8))
     row = plane.width * channels * dtype.itemsize

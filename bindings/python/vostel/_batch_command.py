@@ -26,9 +26,9 @@ def count(text: str) -> int:
 def add_parser(commands: Any) -> None:
     parser = commands.add_parser(
         "batch", help="put the objects of a session on many images and write their measures into one table",
-        description="Puts the objects of a session on each image, measures them and writes one CSV table: the image as it "
-        "was named, then the columns of vostel_table, with objects counted from 1. Images come in the order given, each "
-        "once. Ends with 1 if an image cannot be read; these are listed at the end.")
+        description="Puts the objects of a session on each image, measures them and writes one CSV table: the image as "
+        "it was named, then the columns of vostel_table, with objects counted from 1. Images come in the order given, "
+        "each once. Ends with 1 if an image cannot be read; these are listed at the end.")
     parser.add_argument("session", metavar="SESSION")
     parser.add_argument("images", metavar="IMAGE", nargs="+")
     parser.add_argument("--out", metavar="TABLE", required=True, help="the table, which starts anew without --resume")

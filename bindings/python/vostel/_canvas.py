@@ -408,7 +408,7 @@ class Canvas(Adding, CanvasHandle):
 
     @contextlib.contextmanager
     def step(self, name: str) -> Iterator[Canvas]:
-        """Makes one step of what happens in the block, also if it fails. Steps may lie in steps: the outermost counts."""
+        """Makes one step of what happens in the block, also if it fails; of blocks in blocks the outermost."""
         self._call(library.vostel_history_begin, encoded(name, "name"))
         try:
             yield self

@@ -6,7 +6,8 @@ A test holds every line against the header, so this page is changed together wit
 from __future__ import annotations
 
 import ctypes
-from ctypes import POINTER, c_char_p, c_double, c_int32, c_int64, c_size_t, c_ssize_t, c_uint8, c_uint32, c_uint64, c_void_p
+from ctypes import (POINTER, c_char_p, c_double, c_int32, c_int64, c_size_t, c_ssize_t, c_uint8, c_uint32, c_uint64,
+                    c_void_p)
 from typing import Any, Dict, Tuple
 
 OK = 0
