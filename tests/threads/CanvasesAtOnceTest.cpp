@@ -1,29 +1,17 @@
 // Different canvases on different threads at once: objects, text, pictures, routines, canvases that come and
 // go. ThreadSanitizer finds what they share; here each thread checks that it gets what it would get alone.
 
+#include "support/AtOnce.h"
 #include "support/OpenCanvas.h"
 #include "support/TempFolder.h"
 
 #include <VostelObj.h>
 
 #include <atomic>
-#include <functional>
-#include <thread>
 
 namespace {
 
-constexpr int Threads = 4;
 constexpr int Rounds = 8;
-
-// Runs it on several threads at once, each with its own number.
-void AtOnce(const std::function<void(int)>& work)
-{
-    std::vector<std::thread> threads;
-    for (int i = 0; i < Threads; ++i)
-        threads.emplace_back(work, i);
-    for (std::thread& thread : threads)
-        thread.join();
-}
 
 // What a person does on a canvas in a short while.
 std::string WorkOn(int32_t canvas)

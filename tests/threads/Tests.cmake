@@ -2,3 +2,4 @@
 vostel_test_program(VostelThreadTests)
 target_link_libraries(VostelThreadTests PRIVATE VostelObj::VostelObj)
 vostel_test_source(VostelThreadTests threads/CanvasesAtOnceTest)
+vostel_test_source(VostelThreadTests threads/WorkBesidePaintTest)
