@@ -71,7 +71,7 @@ install_packages()
 # Configures and builds a preset: build_preset NAME [-D OPTION=VALUE...] [TARGET...]
 build_preset()
 {
-    local preset=$1 settings=() targets=()
+    local preset=$1 settings=() targets=() fresh=()
     shift
     while [[ ${1:-} == -D ]]; do
         settings+=(-D "$2")
@@ -82,7 +82,9 @@ build_preset()
         export CMAKE_CXX_COMPILER_LAUNCHER=ccache CCACHE_BASEDIR=$root CCACHE_NOHASHDIR=1
         export CCACHE_SLOPPINESS=pch_defines,time_macros    # it refuses precompiled headers without
     fi
-    cmake -S "$root" --preset "$preset" "${settings[@]}" &&
+    # A cache of older presets would keep what they said, and lose all of it where the compiler changes.
+    [[ $root/build/$preset/CMakeCache.txt -nt $root/CMakePresets.json ]] || fresh=(--fresh)
+    cmake "${fresh[@]}" -S "$root" --preset "$preset" "${settings[@]}" &&
         cmake --build "$root/build/$preset" --parallel "$(nproc)" "${targets[@]}"
 }
 

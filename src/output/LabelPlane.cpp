@@ -23,17 +23,17 @@ void FlipLabelPlane(int* plane, int width, int height)
 {
     if (!plane || width <= 0 || height <= 0)
         return;
-    constexpr std::size_t Block = 2048;
-    int                   block[Block];
+    constexpr std::size_t Chunk = 2048;
+    int                   chunk[Chunk];
     const std::size_t     row = static_cast<std::size_t>(width);
     for (int y = 0; y < height / 2; ++y) {
         int* upper = plane + static_cast<std::size_t>(y) * row;
         int* lower = plane + static_cast<std::size_t>(height - 1 - y) * row;
-        for (std::size_t x = 0; x < row; x += Block) {
-            const std::size_t bytes = std::min(Block, row - x) * sizeof(int);
-            std::memcpy(block, upper + x, bytes);
+        for (std::size_t x = 0; x < row; x += Chunk) {
+            const std::size_t bytes = std::min(Chunk, row - x) * sizeof(int);
+            std::memcpy(chunk, upper + x, bytes);
             std::memcpy(upper + x, lower + x, bytes);
-            std::memcpy(lower + x, block, bytes);
+            std::memcpy(lower + x, chunk, bytes);
         }
     }
 }

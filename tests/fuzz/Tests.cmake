@@ -1,8 +1,9 @@
-# Targets of libFuzzer, which comes with Clang. Builds for fuzzing have no other tests; tests/fuzz/run runs them.
+# Targets of libFuzzer, which comes with Clang. One test gives each its seeds and two seconds; tests/fuzz/run goes on.
 add_library(VostelFuzzing STATIC fuzz/Fuzzing.cpp fuzz/FuzzerMain.cpp)
 target_include_directories(VostelFuzzing PUBLIC
     ${CMAKE_CURRENT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/hosts ${PROJECT_SOURCE_DIR}/include)
 target_include_directories(VostelFuzzing SYSTEM PUBLIC ${CMAKE_CURRENT_BINARY_DIR}/doctest-include)
+set_target_properties(VostelFuzzing PROPERTIES UNITY_BUILD OFF)    # the linker leaves out its main function alone
 vostel_test_rules(VostelFuzzing)
 
 # vostel_fuzzer_of(library name source definition...)
@@ -27,7 +28,7 @@ function(vostel_regions_fuzzer name format file)
     vostel_fuzzer(${name} RegionsFuzzer VOSTEL_FUZZ_FORMAT="${format}" VOSTEL_FUZZ_FILE="${file}")
 endfunction()
 
-add_custom_target(VostelFuzzers)
+add_custom_target(VostelFuzzers ALL)
 foreach(format IN ITEMS bmp gif jpg png pnm tif webp)
     vostel_fuzzer(${format} PictureFuzzer VOSTEL_FUZZ_ENDING="${format}")
 endforeach()
@@ -54,3 +55,8 @@ vostel_inner_fuzzer(threshold ThresholdFuzzer)
 add_executable(SeedWriter fuzz/SeedWriter.cpp)
 target_link_libraries(SeedWriter PRIVATE VostelFuzzing VostelObj::VostelObj webp)
 vostel_test_rules(SeedWriter)
+add_dependencies(VostelFuzzers SeedWriter)
+
+add_test(NAME ${VOSTEL_TEST_PREFIX}fuzz/run
+    COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/fuzz/run --fresh --jobs 1 --built $<TARGET_FILE_DIR:SeedWriter> 50)
+set_tests_properties(${VOSTEL_TEST_PREFIX}fuzz/run PROPERTIES TIMEOUT 600 COST 1000)

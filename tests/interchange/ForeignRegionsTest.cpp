@@ -63,10 +63,12 @@ TEST_CASE("regions of other programs cover the pixels that they cover there")
     const Json      expected = Expected();
     const ImageSize size = {expected["width"].get<int>(), expected["height"].get<int>()};
     CHECK(expected["files"].size() >= 10);
-    for (const auto& [name, objects] : expected["files"].items()) {
+    for (const auto& file : expected["files"].items()) {
+        const std::string& name = file.key();
+        const Json&        objects = file.value();
         CAPTURE(name);
         std::vector<FileObject> read;
-        REQUIRE(MessageOf([&, &file = name] { read = ReadForeign(file, size); }) == "");
+        REQUIRE(MessageOf([&] { read = ReadForeign(name, size); }) == "");
         REQUIRE(read.size() == objects.size());
         for (std::size_t i = 0; i < read.size(); ++i) {
             CAPTURE(i);

@@ -13,14 +13,14 @@
 namespace {
 
 constexpr int      Columns = 64, Rows = 48;
-constexpr int      Width = 300, Height = 200;
+constexpr int      ClientWidth = 300, ClientHeight = 200;
 constexpr unsigned LineColor = 0x00FF00;
 constexpr unsigned InsideShade = 0xFFFFFF, OutsideShade = 0x646464;
 
 // A gray image with one region, inside which a contrast window of its own shows it white.
 class Scene {
 public:
-    OpenCanvas   Canvas{Width, Height};
+    OpenCanvas   Canvas{ClientWidth, ClientHeight};
     VostelObject Region = 0;
 
     Scene(VostelKind kind, const Points& points, uint32_t flags)
@@ -44,8 +44,8 @@ public:
 
     void LookAt(double scale, VostelPoint place)
     {
-        const VostelView view = {sizeof view, scale, Width * 0.5 - place.x * scale,
-                                 Height * 0.5 - place.y * scale};
+        const VostelView view = {sizeof view, scale, ClientWidth * 0.5 - place.x * scale,
+                                 ClientHeight * 0.5 - place.y * scale};
         REQUIRE(vostel_view_set(Canvas.Number, &view) == VOSTEL_OK);
         Shown = {sizeof Shown, 0.0, 0.0, 0.0};
         REQUIRE(vostel_view_get(Canvas.Number, &Shown) == VOSTEL_OK);
@@ -57,10 +57,10 @@ public:
         VostelFrame frame = {};
         frame.size = sizeof frame;
         REQUIRE(vostel_frame_render(Canvas.Number, &frame) == VOSTEL_OK);
-        Pixels = Frame(Width, Height);
-        for (int y = 0; y < Height; ++y)
+        Pixels = Frame(ClientWidth, ClientHeight);
+        for (int y = 0; y < ClientHeight; ++y)
             std::memcpy(&Pixels.At(0, y), reinterpret_cast<const char*>(frame.pixels) + y * frame.row_bytes,
-                        std::size_t{4} * Width);
+                        std::size_t{4} * ClientWidth);
     }
 
     // The label is that of the mask.
@@ -76,8 +76,8 @@ public:
     int WronglyShaded() const
     {
         int wrong = 0;
-        for (int y = 0; y < Height; ++y) {
-            for (int x = 0; x < Width; ++x) {
+        for (int y = 0; y < ClientHeight; ++y) {
+            for (int x = 0; x < ClientWidth; ++x) {
                 const unsigned shade = Pixels.At(x, y) & 0xFFFFFF;
                 const int      kind = KindAround(x, y);
                 wrong += (kind == 1 && shade == OutsideShade) || (kind == 0 && shade == InsideShade);
@@ -90,8 +90,8 @@ public:
     int StrayLinePixels() const
     {
         int stray = 0;
-        for (int y = 0; y < Height; ++y) {
-            for (int x = 0; x < Width; ++x)
+        for (int y = 0; y < ClientHeight; ++y) {
+            for (int x = 0; x < ClientWidth; ++x)
                 stray += (Pixels.At(x, y) & 0xFFFFFF) == LineColor && !IsNearHandle(x, y) &&
                          DistanceToOutline(x + 0.5, y + 0.5) > Reach;
         }
@@ -109,7 +109,7 @@ public:
             for (int step = 0; step < std::min(steps, 20000); ++step) {
                 const double x = a.x + (b.x - a.x) * step / steps;
                 const double y = a.y + (b.y - a.y) * step / steps;
-                if (x < 2.0 || y < 2.0 || x >= Width - 2.0 || y >= Height - 2.0)
+                if (x < 2.0 || y < 2.0 || x >= ClientWidth - 2.0 || y >= ClientHeight - 2.0)
                     continue;
                 const int column = static_cast<int>(x), row = static_cast<int>(y);
                 gaps += !IsNearHandle(column, row) && !HasLineAround(column, row);
@@ -122,8 +122,8 @@ public:
     int WronglyHit() const
     {
         int wrong = 0;
-        for (int y = 0; y < Height; y += 6) {
-            for (int x = 0; x < Width; x += 6) {
+        for (int y = 0; y < ClientHeight; y += 6) {
+            for (int x = 0; x < ClientWidth; x += 6) {
                 if (IsNearHandle(x, y) || DistanceToOutline(x + 0.5, y + 0.5) <= Reach)
                     continue;
                 VostelObject hit = 0;

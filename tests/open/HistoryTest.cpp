@@ -117,6 +117,7 @@ private:
     std::mt19937 Random;
 
     int          Upto(int end) { return static_cast<int>(Random() % static_cast<unsigned>(end)); }
+    uint32_t     AnyColor() { return static_cast<uint32_t>(Random()); }
     VostelObject Any()
     {
         const std::vector<VostelObject> all = ObjectsOf(Number);
@@ -204,7 +205,7 @@ private:
         const double low = Upto(200);
         CHECK(vostel_contrast_set(Number, low, low + 1 + Upto(50)) == VOSTEL_OK);
         CHECK(vostel_contrast_gamma(Number, 0.5 + Upto(3)) == VOSTEL_OK);
-        CHECK(vostel_contrast_marks(Number, Random(), Random(), Random()) == VOSTEL_OK);
+        CHECK(vostel_contrast_marks(Number, AnyColor(), AnyColor(), AnyColor()) == VOSTEL_OK);
         const VostelObject region = Any();
         if (Upto(3) == 0)
             vostel_contrast_of_object(Number, region, low, low + Upto(50));

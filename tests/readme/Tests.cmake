@@ -52,6 +52,8 @@ if(NOT MSVC)
 endif()
 if(VOSTEL_SANITIZE)
     target_link_options(ReadmeC PRIVATE -fsanitize=address,undefined)
+    # The library wants the runtime of the sanitizers for C++, which Clang links to programs in C++ alone.
+    set_target_properties(ReadmeC PROPERTIES LINKER_LANGUAGE CXX)
 endif()
 if(MINGW)
     target_link_options(ReadmeC PRIVATE -static)
