@@ -62,10 +62,27 @@ Outcome CallWithFailure(ClassicCall call, long n)
     return outcome;
 }
 
-void FailEachAllocation(const std::map<std::string, ClassicCall>& calls, int& failures, int& thrown)
+// The frame after a call that does nothing, which is the same for all.
+Frame FrameOfNoCall()
 {
     CallWithFailure([](ClassicWorld&) {}, 0);    // fills what the library keeps from call to call
-    const Frame standard = CallWithFailure([](ClassicWorld&) {}, 0).After;
+    return CallWithFailure([](ClassicWorld&) {}, 0).After;
+}
+
+void NeedMemoryOnly(const std::map<std::string, ClassicCall>& calls)
+{
+    const Frame standard = FrameOfNoCall();
+    for (const auto& call : calls) {
+        CAPTURE(call.first);
+        const Outcome outcome = CallWithFailure(call.second, 0);
+        CHECK(!outcome.Thrown);
+        CHECK(FrameDifference(outcome.After, standard) == "");
+    }
+}
+
+void FailEachAllocation(const std::map<std::string, ClassicCall>& calls, int& failures, int& thrown)
+{
+    const Frame standard = FrameOfNoCall();
     for (const auto& call : calls) {
         CAPTURE(call.first);
         CallWithFailure(call.second, 0);
@@ -105,6 +122,21 @@ TEST_CASE("each export has a row in one of the tables or asks for no memory")
         rows += found;
     }
     CHECK(rows == CanvasCalls().size() + ClassCalls().size() + RoutineCalls().size());
+}
+
+TEST_CASE("with memory enough each call of canvases comes through and leaves a canvas that works")
+{
+    NeedMemoryOnly(CanvasCalls());
+}
+
+TEST_CASE("with memory enough members of classes come through and leave a canvas that works")
+{
+    NeedMemoryOnly(ClassCalls());
+}
+
+TEST_CASE("with memory enough routines come through and leave a canvas that works")
+{
+    NeedMemoryOnly(RoutineCalls());
 }
 
 TEST_CASE("each allocation of the calls of canvases fails in turn")
