@@ -14,6 +14,9 @@ MeasuringContext::~MeasuringContext()
 {
     SelectObject(Kit.Dc, GetStockObject(DEFAULT_GUI_FONT));
     DeleteDC(Kit.Dc);
+    if (Kit.Font)
+        DeleteObject(Kit.Font);
+    Kit.Font = FontBefore;
     Kit.Dc = Before;
     Kit.Recorder = RecorderBefore;
 }

@@ -13,10 +13,12 @@ CRect TextExtent(HDC dc, const CString& text);
 // recorded meanwhile.
 class MeasuringContext {
 public:
-    explicit MeasuringContext(PaintKit& kit) : Kit(kit), Before(kit.Dc), RecorderBefore(kit.Recorder)
+    explicit MeasuringContext(PaintKit& kit)
+        : Kit(kit), Before(kit.Dc), FontBefore(kit.Font), RecorderBefore(kit.Recorder)
     {
         Kit.Dc = CreateCompatibleDC(nullptr);
         Kit.Recorder = nullptr;
+        Kit.Font = nullptr;
     }
     ~MeasuringContext();
     MeasuringContext(const MeasuringContext&) = delete;
@@ -25,6 +27,7 @@ public:
 private:
     PaintKit&      Kit;
     HDC            Before;
+    HFONT          FontBefore;    // which may still be selected there
     VectorDrawing* RecorderBefore;
 };
 

@@ -1,5 +1,6 @@
 #include "support/GdiObjectCount.h"
 #include "support/HostCanvas.h"
+#include "support/OpenCanvas.h"
 
 #include <functional>
 #include <vector>
@@ -68,4 +69,26 @@ TEST_CASE("a thousand objects of every kind, drawn, painted and deleted, leave n
     const HPEN     pen = CreatePen(PS_SOLID, 1, 0);
     CHECK(GdiObjectCount() == before + 1);
     DeleteObject(pen);
+}
+
+TEST_CASE("events of the open interface on selected objects with text leave no GDI object behind")
+{
+    const OpenCanvas canvas(80, 60);
+    for (const VostelKind kind :
+         {VOSTEL_TEXT, VOSTEL_LENGTH, VOSTEL_ANGLE, VOSTEL_PANEL, VOSTEL_NEIGHBOURS}) {
+        CAPTURE(kind);
+        VostelObject object = 0;
+        VostelFrame  frame = {};
+        frame.size = sizeof frame;
+        REQUIRE(vostel_draw_next(canvas.Number, kind, &object) == VOSTEL_OK);
+        REQUIRE(vostel_event_press(canvas.Number, 10, 10, VOSTEL_SHIFT) == VOSTEL_OK);
+        REQUIRE(vostel_event_release(canvas.Number, 10, 10, 0) == VOSTEL_OK);
+        REQUIRE(vostel_frame_render(canvas.Number, &frame) == VOSTEL_OK);
+        const unsigned before = GdiObjectCount();
+        for (int i = 0; i < 50; ++i) {
+            REQUIRE(vostel_event_move(canvas.Number, i, 20, 0) == VOSTEL_OK);
+            REQUIRE(vostel_frame_render(canvas.Number, &frame) == VOSTEL_OK);
+        }
+        CHECK(GdiObjectCount() == before);
+    }
 }
