@@ -12,8 +12,8 @@ namespace vostel {
 namespace {
 
 constexpr double LargestControl = 0x1p1020;    // differences of two and their sums stay finite
-constexpr double MostEllipsePoints = 65536.0;
-constexpr double MostSegmentPoints = 4096.0;
+constexpr int    MostEllipsePoints = 65536;
+constexpr int    MostSegmentPoints = 4096;
 
 Outline OfBox(OutlineForm form, ImagePoint a, ImagePoint b)
 {
@@ -85,6 +85,12 @@ void Extend(Bounds& bounds, ImagePoint p)
     bounds.Bottom = std::max(bounds.Bottom, p.y);
 }
 
+// The least for what is not a number: corners in views of extreme scales.
+int WholeWithin(int least, double value, int most)
+{
+    return static_cast<int>(std::fmin(std::fmax(value, least), most));
+}
+
 void FlattenEllipse(const Outline& ellipse, double tolerance, std::vector<ImagePoint>& points)
 {
     const ImagePoint low = ellipse.Points[0];
@@ -94,7 +100,7 @@ void FlattenEllipse(const Outline& ellipse, double tolerance, std::vector<ImageP
     const double     b = 0.5 * high.y - 0.5 * low.y;
     // A chord of 2 pi / n stays within r (1 - cos(pi / n)) < r (pi / n)^2 / 2.
     const double quarter = std::ceil(0.25 * std::numbers::pi * std::sqrt(0.5 * std::max(a, b) / tolerance));
-    const int    count = 4 * static_cast<int>(std::clamp(quarter, 2.0, MostEllipsePoints / 4.0));
+    const int    count = 4 * WholeWithin(2, quarter, MostEllipsePoints / 4);
     for (int i = 0; i < count; ++i) {
         const double turn = 2.0 * std::numbers::pi * i / count;
         points.emplace_back(middle.x + a * std::cos(turn), middle.y + b * std::sin(turn));
@@ -112,8 +118,7 @@ void FlattenSegment(const CubicSegment& curve, double tolerance, std::vector<Ima
     // at most an eighth of it over n^2.
     const double bend = std::max(SecondDifference(curve.P[0], curve.P[1], curve.P[2]),
                                  SecondDifference(curve.P[1], curve.P[2], curve.P[3]));
-    const int    count =
-        static_cast<int>(std::clamp(std::ceil(std::sqrt(0.75 * bend / tolerance)), 1.0, MostSegmentPoints));
+    const int    count = WholeWithin(1, std::ceil(std::sqrt(0.75 * bend / tolerance)), MostSegmentPoints);
     points.push_back(curve.P[0]);
     for (int i = 1; i < count; ++i)
         points.push_back(curve.At(static_cast<double>(i) / count));

@@ -289,6 +289,6 @@ TEST_CASE("through the open interface objects that rest are as those that never 
 {
     for (const unsigned seed : {1u, 2u, 3u, 4u}) {
         CAPTURE(seed);
-        OpenTwins(seed).Run(2500);
+        OpenTwins(seed).Run(1200);
     }
 }
