@@ -276,7 +276,11 @@ void Document::CallEnds() noexcept
 {
     try {
         if (ImageCame || StartsAfresh) {
-            ContrastBefore.reset();    // that of what was there before
+            // What a gesture changed of it before the image came is of its step; what came with the image is
+            // of none.
+            if (StartsAfresh)
+                ContrastBefore.reset();
+            RecordContrast();
             TellContrast();
             if (AllWent) {
                 Pending.clear();
@@ -522,6 +526,11 @@ void Document::RecordChanges()
         }
     }
     Pending.clear();
+    RecordContrast();
+}
+
+void Document::RecordContrast()
+{
     if (ContrastBefore && !(*ContrastBefore == ContrastLatest)) {
         NameStep("Change contrast");
         Record(ContrastChange{*ContrastBefore, ContrastLatest});

@@ -164,6 +164,7 @@ private:
     void FindChanges();
     void FindContrastChange();
     void RecordChanges();
+    void RecordContrast();
     void CloseStep();
     void RestoreCounts();
     void FinishGesture();

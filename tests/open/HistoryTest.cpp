@@ -455,6 +455,29 @@ TEST_CASE("a drag from press to release is one step, of either interface")
     CHECK(StateOf(canvas.Number) == before);
 }
 
+TEST_CASE("what a drag changed of the contrast before another image came is a step")
+{
+    const OpenCanvas canvas;
+    ShowImage(canvas.Number, 0);
+    const std::vector<uint32_t> before = FrameOf(canvas.Number);
+    CHECK(vostel_event_press(canvas.Number, 1.0, 1.0, 0) == VOSTEL_OK);
+    CHECK(vostel_contrast_gamma(canvas.Number, 3.0) == VOSTEL_OK);
+    const uint32_t keep = VOSTEL_KEEP_OBJECTS | VOSTEL_KEEP_CONTRAST | VOSTEL_KEEP_VIEW;
+    ShowImage(canvas.Number, keep);
+    CHECK(vostel_event_release(canvas.Number, 1.0, 1.0, 0) == VOSTEL_OK);
+    CHECK(HistoryOf(canvas.Number).undo_count == 1);
+    CHECK(StepName(canvas.Number, -1) == "Change contrast");
+    CHECK(FrameOf(canvas.Number) != before);
+    CHECK(vostel_undo(canvas.Number) == VOSTEL_OK);
+    CHECK(FrameOf(canvas.Number) == before);
+
+    // What the image itself brings is none.
+    CHECK(vostel_event_press(canvas.Number, 1.0, 1.0, 0) == VOSTEL_OK);
+    ShowImage(canvas.Number, VOSTEL_KEEP_OBJECTS);
+    CHECK(vostel_event_release(canvas.Number, 1.0, 1.0, 0) == VOSTEL_OK);
+    CHECK(HistoryOf(canvas.Number).undo_count == 0);
+}
+
 TEST_CASE("selection, view and image make no step; an image without its objects ends the history")
 {
     const OpenCanvas   canvas;
