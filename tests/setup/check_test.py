@@ -32,7 +32,7 @@ class Check(SetupCase):
         status, output = self.check()
         self.assertEqual(status, 0, output)
         built = re.findall(r"^cmake --build .*?/build/(\w+) ", self.calls.read_text(), re.MULTILINE)
-        self.assertEqual(built[:4], ["debug", "threads", "release", "windows"])
+        self.assertEqual(built[:4], ["debug", "tsan", "release", "windows"])
         self.assertTrue(self.called()[-1].startswith(f"ctest --test-dir {self.tree}/build/check"))
         for preset in ("debug", "release", "windows"):
             self.assertIn(f'subdirs("{self.tree}/build/{preset}")', self.listed())
