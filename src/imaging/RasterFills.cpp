@@ -2,6 +2,7 @@
 
 #include "base/PixelFill.h"
 #include "base/Reflect.h"
+#include "base/ReusedMemory.h"
 #include "base/Truncate.h"
 #include "imaging/BoundaryChain.h"
 
@@ -94,23 +95,35 @@ void FillByMask(int* target, std::uint64_t mask, int value)
     }
 }
 
+// Working memory of a fill.
+struct FillMemory {
+    SpanEnds                   Ends;
+    std::vector<std::uint64_t> Any, Odd;    // ends of a row, a bit per column
+};
+
+constinit ReusedMemory<FillMemory> gFillMemory;
+
 // Fills between the ends of a row in pairs as if they were sorted. One bit per column marks an end, another
 // an odd number of ends: only those change between inside and outside, and an even number outside is a span
 // of one pixel.
-void FillBetweenMany(ClassData2DIO<int>& plane, std::int64_t row, const int* first, const int* last, int left,
-                     int right, int value)
+void FillBetweenMany(ClassData2DIO<int>& plane, std::int64_t y, std::size_t row, FillMemory& memory,
+                     int value)
 {
-    thread_local std::vector<std::uint64_t> any, odd;
-    const std::size_t                       words = static_cast<std::size_t>((right - left) / 64 + 1);
+    const int         left = memory.Ends.Left;
+    const int         right = memory.Ends.Right;
+    auto&             any = memory.Any;
+    auto&             odd = memory.Odd;
+    const std::size_t words = static_cast<std::size_t>((right - left) / 64 + 1);
     any.assign(words, 0);
     odd.assign(words, 0);
-    for (const int* at = first; at != last; ++at) {
+    const int* const last = memory.Ends.End(row);
+    for (const int* at = memory.Ends.Begin(row); at != last; ++at) {
         const unsigned      column = static_cast<unsigned>(*at - left);
         const std::uint64_t bit = std::uint64_t{1} << (column % 64);
         any[column / 64] |= bit;
         odd[column / 64] ^= bit;
     }
-    int* const    target = plane.Ptr1D + row * static_cast<std::int64_t>(plane.Width) + left;
+    int* const    target = plane.Ptr1D + y * static_cast<std::int64_t>(plane.Width) + left;
     std::uint64_t inside = 0;    // all ones while a span is open
     for (std::size_t word = 0; word < words; ++word) {
         const std::uint64_t spans = BetweenPairs(odd[word]) ^ inside;
@@ -263,8 +276,8 @@ void FillPolygon(ClassData2DIO<int>& plane, std::vector<Point>& points, int valu
         p.x = std::clamp(p.x, 0, plane.Width - 1);
         p.y = std::clamp(p.y, 0, plane.Height - 1);
     }
-    // Fresh memory costs more than the ordering does.
-    thread_local SpanEnds ends;
+    const ReusedMemory<FillMemory>::Loan memory(gFillMemory);
+    SpanEnds&                            ends = memory->Ends;
     FindSpanEnds(points, ends);
     std::size_t words = 0;    // of rows with few ends; many ends have short spans between them
     for (std::size_t row = 0; row < ends.Rows(); ++row) {
@@ -276,7 +289,7 @@ void FillPolygon(ClassData2DIO<int>& plane, std::vector<Point>& points, int valu
         const std::int64_t y = ends.Top + static_cast<std::int64_t>(row);
         const int* const   end = ends.End(row);
         if (end - ends.Begin(row) >= ManyInRow) {
-            FillBetweenMany(plane, y, ends.Begin(row), end, ends.Left, ends.Right, value);
+            FillBetweenMany(plane, y, row, *memory, value);
             continue;
         }
         for (const int* at = ends.Begin(row); end - at > 1; at += 2)

@@ -2,3 +2,4 @@
 vostel_inner_test(base/CpuVariantsTest)
 vostel_inner_test(base/PixelFillTest)
 vostel_inner_test(base/ReflectTest)
+vostel_inner_test(base/ReusedMemoryTest)

@@ -65,6 +65,7 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND VOSTEL_X86_64 AND BUILD_SHARED_LIBS)
         endif()
         vostel_package_test(ExportedNames-${library}
             ${package}/exports/check $<TARGET_FILE:${library}> ${expected})
+        vostel_package_test(ThreadEnd-${library} ${package}/threads/check $<TARGET_FILE:${library}>)
     endforeach()
 endif()
 

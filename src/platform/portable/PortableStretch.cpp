@@ -8,6 +8,7 @@
 
 #include "platform/portable/PortableStretch.h"
 
+#include "base/ReusedMemory.h"
 #include "platform/portable/StretchRows.h"
 
 #include <algorithm>
@@ -17,7 +18,7 @@
 namespace vostel::gdi {
 namespace {
 
-// Buffers that calls share; their size is bounded by the bitmaps of this thread.
+// Buffers of a call; their size is bounded by the bitmaps that were stretched.
 struct Scratch {
     AxisRuns                         ColumnRuns, RowRuns;
     AxisTaps                         ColumnTaps, RowTaps;
@@ -29,11 +30,7 @@ struct Scratch {
     std::vector<const std::uint8_t*> Rows;
 };
 
-Scratch& SharedScratch()
-{
-    thread_local Scratch scratch;
-    return scratch;
-}
+constinit ReusedMemory<Scratch> gScratch;
 
 template <typename T>
 T* Sized(std::vector<T>& buffer, std::size_t count)
@@ -213,9 +210,10 @@ void WriteRows(const Writer& writer, const NearestSource& source, const AxisRuns
 
 void Nearest(const PixelCopy& copy, const StretchAxis& columnAxis, const StretchAxis& rowAxis)
 {
-    Scratch&        scratch = SharedScratch();
-    AxisRuns&       runs = scratch.ColumnRuns;
-    const AxisRuns& rows = scratch.RowRuns;
+    const ReusedMemory<Scratch>::Loan loan(gScratch);
+    Scratch&                          scratch = *loan;
+    AxisRuns&                         runs = scratch.ColumnRuns;
+    const AxisRuns&                   rows = scratch.RowRuns;
     if (!FindBoth(runs, columnAxis, scratch.RowRuns, rowAxis))
         return;
     const Bitmap&        target = *copy.Target;
@@ -235,9 +233,10 @@ void Nearest(const PixelCopy& copy, const StretchAxis& columnAxis, const Stretch
 // All source pixels of a target pixel joined: by AND if both is true, else by OR.
 void Combined(const PixelCopy& copy, const StretchAxis& columnAxis, const StretchAxis& rowAxis, bool both)
 {
-    Scratch&  scratch = SharedScratch();
-    AxisRuns& columns = scratch.ColumnRuns;
-    AxisRuns& rows = scratch.RowRuns;
+    const ReusedMemory<Scratch>::Loan loan(gScratch);
+    Scratch&                          scratch = *loan;
+    AxisRuns&                         columns = scratch.ColumnRuns;
+    AxisRuns&                         rows = scratch.RowRuns;
     if (!FindBoth(columns, columnAxis, rows, rowAxis))
         return;
     const auto join = [both](std::uint32_t a, std::uint32_t b) { return both ? a & b : a | b; };
@@ -368,7 +367,8 @@ private:
 
 void Smooth(const PixelCopy& copy, const StretchAxis& columnAxis, const StretchAxis& rowAxis)
 {
-    Scratch& scratch = SharedScratch();
+    const ReusedMemory<Scratch>::Loan loan(gScratch);
+    Scratch&                          scratch = *loan;
     if (!FindBoth(scratch.ColumnTaps, columnAxis, scratch.RowTaps, rowAxis))
         return;
     SmoothPasses passes(copy, scratch);
