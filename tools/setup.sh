@@ -68,10 +68,19 @@ install_packages()
     "${install[@]}" || { "${as_root[@]}" apt-get update && "${install[@]}"; }
 }
 
+# Configures a preset: configure_preset NAME [-D OPTION=VALUE...]
+configure_preset()
+{
+    local preset=$1 fresh=()
+    # A cache of older presets would keep what they said, and lose all of it where the compiler changes.
+    [[ $root/build/$preset/CMakeCache.txt -nt $root/CMakePresets.json ]] || fresh=(--fresh)
+    cmake "${fresh[@]}" -S "$root" --preset "$@"
+}
+
 # Configures and builds a preset: build_preset NAME [-D OPTION=VALUE...] [TARGET...]
 build_preset()
 {
-    local preset=$1 settings=() targets=() fresh=()
+    local preset=$1 settings=() targets=()
     shift
     while [[ ${1:-} == -D ]]; do
         settings+=(-D "$2")
@@ -82,9 +91,7 @@ build_preset()
         export CMAKE_CXX_COMPILER_LAUNCHER=ccache CCACHE_BASEDIR=$root CCACHE_NOHASHDIR=1
         export CCACHE_SLOPPINESS=pch_defines,time_macros    # it refuses precompiled headers without
     fi
-    # A cache of older presets would keep what they said, and lose all of it where the compiler changes.
-    [[ $root/build/$preset/CMakeCache.txt -nt $root/CMakePresets.json ]] || fresh=(--fresh)
-    cmake "${fresh[@]}" -S "$root" --preset "$preset" "${settings[@]}" &&
+    configure_preset "$preset" "${settings[@]}" &&
         cmake --build "$root/build/$preset" --parallel "$(nproc)" "${targets[@]}"
 }
 

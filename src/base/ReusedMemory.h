@@ -45,7 +45,7 @@ private:
     T* Take()
     {
         for (std::atomic<T*>& place : Kept) {
-            if (place.load(std::memory_order_relaxed) == nullptr)
+            if (!place.load(std::memory_order_relaxed))
                 continue;
             if (T* const found = place.exchange(nullptr, std::memory_order_acquire))
                 return found;

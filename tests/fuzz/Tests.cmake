@@ -1,4 +1,4 @@
-# Targets of libFuzzer, which comes with Clang. One test gives each its seeds and two seconds; tests/fuzz/run goes on.
+# Targets of libFuzzer, which comes with Clang. One test gives each its seeds and a second; tests/fuzz/run goes on.
 add_library(VostelFuzzing STATIC fuzz/Fuzzing.cpp fuzz/FuzzerMain.cpp)
 target_include_directories(VostelFuzzing PUBLIC
     ${CMAKE_CURRENT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/hosts ${PROJECT_SOURCE_DIR}/include)
@@ -58,5 +58,5 @@ vostel_test_rules(SeedWriter)
 add_dependencies(VostelFuzzers SeedWriter)
 
 add_test(NAME ${VOSTEL_TEST_PREFIX}fuzz/run
-    COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/fuzz/run --fresh --jobs 1 --built $<TARGET_FILE_DIR:SeedWriter> 50)
+    COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/fuzz/run --fresh --jobs 1 --built $<TARGET_FILE_DIR:SeedWriter> 25)
 set_tests_properties(${VOSTEL_TEST_PREFIX}fuzz/run PROPERTIES TIMEOUT 600 COST 1000)
