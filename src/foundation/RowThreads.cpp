@@ -1,27 +1,20 @@
 #include "foundation/RowThreads.h"
 
 #include "foundation/Limits.h"
+#include "platform/HelperThreads.h"
 #include "platform/System.h"
 
 #include <algorithm>
 #include <atomic>
-#include <cstddef>
+#include <climits>
 #include <exception>
-#include <thread>
-#include <vector>
+#include <mutex>
 
 namespace vostel {
 
 namespace {
 
 std::atomic<int> ForcedThreads{0};
-
-// One thread's share. What it throws must not leave the thread: that would end the process.
-struct Share {
-    RowRun             Run;
-    std::exception_ptr Failure;
-    std::thread        Thread;
-};
 
 int ThreadsInForce()
 {
@@ -32,14 +25,50 @@ int ThreadsInForce()
     return most > 0 ? std::min(most, ProcessorCount()) : ProcessorCount();
 }
 
-void Work(Share& share, const std::function<void(RowRun)>& work) noexcept
-{
-    try {
-        work(share.Run);
-    } catch (...) {
-        share.Failure = std::current_exception();
+// The runs of one call. Each thread takes the next one until none is left.
+class Division {
+public:
+    Division(int rows, int runs, const std::function<void(RowRun)>& work) : Rows(rows), Runs(runs), Work(work)
+    {
     }
-}
+
+    static void Help(void* division) noexcept { static_cast<Division*>(division)->DoRuns(); }
+
+    void RethrowFirstFailure() const
+    {
+        if (Failure)
+            std::rethrow_exception(Failure);
+    }
+
+private:
+    void DoRuns() noexcept
+    {
+        for (int run = Next++; run < Runs; run = Next++) {
+            try {
+                Work(RowRunOf(Rows, Runs, run));
+            } catch (...) {
+                Remember(run);
+            }
+        }
+    }
+
+    void Remember(int run)
+    {
+        const std::lock_guard<std::mutex> hold(FailureLock);
+        if (run < FailedRun) {
+            FailedRun = run;
+            Failure = std::current_exception();
+        }
+    }
+
+    const int                          Rows;
+    const int                          Runs;
+    const std::function<void(RowRun)>& Work;
+    std::atomic<int>                   Next{0};
+    std::mutex                         FailureLock;
+    int                                FailedRun = INT_MAX;
+    std::exception_ptr                 Failure;
+};
 
 }
 
@@ -62,27 +91,9 @@ void ForEachRowRun(int rows, const std::function<void(RowRun)>& work)
         work(RowRunOf(rows, threads, threads - 1));
         return;
     }
-    std::vector<Share>  shares(static_cast<std::size_t>(threads));
-    std::vector<Share*> unstarted;
-    unstarted.reserve(shares.size());
-    for (int i = 0; i < threads; ++i) {
-        Share& share = shares[static_cast<std::size_t>(i)];
-        share.Run = RowRunOf(rows, threads, i);
-        try {
-            share.Thread = std::thread([&share, &work] { Work(share, work); });
-        } catch (...) {
-            // Neither the system's refusal nor a failed allocation may leave the others running.
-            unstarted.push_back(&share);
-        }
-    }
-    for (Share* const share : unstarted)
-        Work(*share, work);
-    for (Share& share : shares)
-        if (share.Thread.joinable())
-            share.Thread.join();
-    for (const Share& share : shares)
-        if (share.Failure)
-            std::rethrow_exception(share.Failure);
+    Division division(rows, threads, work);
+    CallWithHelpers(threads - 1, Division::Help, &division);
+    division.RethrowFirstFailure();
 }
 
 void ForceRowThreads(int threads)

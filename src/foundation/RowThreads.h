@@ -16,10 +16,10 @@ struct RowRun {
 // over. With fewer rows than threads all runs but the last are empty.
 RowRun RowRunOf(int rows, int threads, int thread);
 
-// Calls work once for each run that has rows, each on a thread of its own, and waits for all of them. There
-// are as many runs as processors, or as the limit on threads allows. The caller does no rows itself, but for
-// a run that is alone or for which no thread can be had. What a run throws reaches the caller after the last
-// one ended: the exception of the first such run.
+// Calls work once for each run that has rows, on this thread and on others beside it, and waits for all of
+// them. There are as many runs as processors, or as the limit on threads allows; the caller does those for
+// which no thread is free. What a run throws reaches the caller after the last one ended: the exception of
+// the first such run.
 void ForEachRowRun(int rows, const std::function<void(RowRun)>& work);
 
 // Splits into this many runs from now on; 0: one per processor again. For tests, since results must not

@@ -5,11 +5,13 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cfenv>
 #include <doctest/doctest.h>
 #include <mutex>
 #include <new>
 #include <set>
 #include <stdexcept>
+#include <string>
 #include <thread>
 #include <vector>
 
@@ -53,7 +55,7 @@ TEST_CASE("with fewer rows than threads only the last thread works")
     CHECK(runs.size() == 5);
 }
 
-TEST_CASE("runs have threads of their own and a lone one is done by the caller")
+TEST_CASE("at most so many threads take runs, and a lone run is done by the caller")
 {
     std::mutex                lock;
     std::set<std::thread::id> ids;
@@ -61,18 +63,65 @@ TEST_CASE("runs have threads of their own and a lone one is done by the caller")
         const std::lock_guard<std::mutex> guard(lock);
         ids.insert(std::this_thread::get_id());
     };
+    ForceRowThreads(9);
+    ForEachRowRun(1000, remember);
+    ids.clear();
     ForceRowThreads(3);
     ForEachRowRun(1000, remember);
-    // A thread may get the number of one that has ended.
     CHECK(!ids.empty());
     CHECK(ids.size() <= 3);
-    CHECK(ids.count(std::this_thread::get_id()) == 0);
     ids.clear();
     ForEachRowRun(2, remember);
     ForceRowThreads(1);
     ForEachRowRun(1000, remember);
     ForceRowThreads(0);
     CHECK(ids == std::set<std::thread::id>{std::this_thread::get_id()});
+}
+
+TEST_CASE("runs may be done at the same time")
+{
+    std::atomic<int>   begun{0};
+    const std::int64_t end = ClockCount() + 10 * ClockFrequency();
+    ForceRowThreads(2);
+    ForEachRowRun(2, [&](RowRun) {
+        ++begun;
+        while (begun < 2 && ClockCount() < end)
+            std::this_thread::yield();
+        CHECK(begun == 2);
+    });
+    ForceRowThreads(0);
+}
+
+TEST_CASE("a run may divide rows of its own")
+{
+    std::atomic<int> rows{0};
+    ForceRowThreads(3);
+    ForEachRowRun(30, [&](RowRun outer) {
+        for (int y = outer.First; y < outer.End; ++y)
+            ForEachRowRun(7, [&](RowRun inner) { rows += inner.End - inner.First; });
+    });
+    ForceRowThreads(0);
+    CHECK(rows == 210);
+}
+
+TEST_CASE("all runs round alike, and the caller rounds as before")
+{
+    std::atomic<int> runs{0};
+    ForceRowThreads(3);
+    std::fesetround(FE_UPWARD);
+    ForEachRowRun(3, [&](RowRun) {
+    // A new thread of Windows rounds by the default.
+#if defined(_WIN32)
+        runs += std::fegetround() == FE_TONEAREST;
+#else
+        runs += std::fegetround() == FE_UPWARD;
+#endif
+    });
+    const int after = std::fegetround();
+    std::fesetround(FE_TONEAREST);
+    ForceRowThreads(0);
+    CHECK(runs == 3);
+    CHECK(after == FE_UPWARD);
 }
 
 TEST_CASE("by default there are as many runs as processors")
@@ -108,6 +157,24 @@ TEST_CASE("a failed allocation in a thread reaches the caller after all runs hav
     ForEachRowRun(40, [&](RowRun run) { done += run.End - run.First; });
     ForceRowThreads(0);
     CHECK(done == 40);
+}
+
+TEST_CASE("of several failures that of the first run reaches the caller")
+{
+    ForceRowThreads(4);
+    for (int i = 0; i < 50; ++i) {
+        std::string message;
+        try {
+            ForEachRowRun(40, [&](RowRun run) {
+                if (run.First > 0)
+                    throw std::runtime_error(std::to_string(run.First));
+            });
+        } catch (const std::runtime_error& failure) {
+            message = failure.what();
+        }
+        CHECK(message == "10");
+    }
+    ForceRowThreads(0);
 }
 
 TEST_CASE("the limit on threads holds for the runs, and 0 takes it away")
