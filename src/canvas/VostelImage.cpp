@@ -135,6 +135,7 @@ void VostelImage::ChooseWindow()
     StoreContrastWindow(0.0f, 1.0f);
     if (ShowContrastCtrl)
         StoreContrastWindow(ContrastCtrl.Low, ContrastCtrl.High);
+    RenewShownTable();
 }
 
 void VostelImage::DrawData(const float* data, std::size_t count, const RemapRule& rule, bool wholeImage)
@@ -160,6 +161,7 @@ void VostelImage::SetLutPara(float low, float high)
     if (Observer)
         Observer->WillChangeContrast();
     StoreContrastWindow(low, high);
+    RenewShownTable();
     RedrawRaw();
 }
 
@@ -171,8 +173,16 @@ void VostelImage::StoreContrastWindow(float low, float high)
         Map.RangeHigh = std::min(h, 65535);
         Map.RangeLow = std::max(l, 0);
     }
+}
+
+void VostelImage::RenewShownTable()
+{
+    if (Map.RangeLow == ShownLow && Map.RangeHigh == ShownHigh)
+        return;
     Map.GetMapUs();
     ShownTable.Build(Map);
+    ShownLow = Map.RangeLow;
+    ShownHigh = Map.RangeHigh;
 }
 
 void VostelImage::RedrawRaw()

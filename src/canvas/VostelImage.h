@@ -123,9 +123,11 @@ private:
     static constexpr float RawTop = 65535.0f;    // Raw holds 0..RawTop
     static constexpr float NoValue = -1.0f;      // read back where there is nothing
 
-    ContrastTable ShownTable;    // what redraws take from Map
-    RemapRule     Stretch;       // from the data to Raw
-    CopiedRange   DataRange;     // of the samples; of float data only Low and High
+    ContrastTable ShownTable;      // what redraws take from Map
+    int           ShownLow = 0;    // the range that it is of, none at first
+    int           ShownHigh = -1;
+    RemapRule     Stretch;      // from the data to Raw
+    CopiedRange   DataRange;    // of the samples; of float data only Low and High
 
     // As they came, empty while surface and containers are all there is. Gray bytes that are on the surface
     // alone become samples when ShownPlane is asked for them.
@@ -165,6 +167,7 @@ private:
 
     // The contrast window of SetLutPara, without the redraw.
     void StoreContrastWindow(float low, float high);
+    void RenewShownTable();
     // Whether a label image of the selected regions is all ones.
     bool LabelsWholeImage() const;
     // Writes the object's region, if its kind has one, into LabelIma with rows running down; true if it did,

@@ -9,6 +9,6 @@ if(NOT WIN32)
         ${CMAKE_CURRENT_SOURCE_DIR}/allocations/ClassicWorld.cpp
         ${CMAKE_CURRENT_SOURCE_DIR}/allocations/RoutineCalls.cpp)
     set_property(SOURCE ${CMAKE_CURRENT_SOURCE_DIR}/allocations/EveryClassicAllocationTest.cpp APPEND PROPERTY
-        COMPILE_DEFINITIONS VOSTEL_ALLOCATION_STEP=$<IF:$<BOOL:${VOSTEL_SANITIZE}>,149,1>
+        COMPILE_DEFINITIONS VOSTEL_ALLOCATION_STEP=$<IF:$<BOOL:${VOSTEL_SANITIZE}>,17,1>
         "VOSTEL_EXPORTED_NAMES=\"${CMAKE_CURRENT_SOURCE_DIR}/package/exports/libVostelObj.so.txt\"")
 endif()
