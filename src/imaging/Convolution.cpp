@@ -22,21 +22,6 @@ void Zero(float* row, std::ptrdiff_t first, std::ptrdiff_t end)
         std::fill(row + first, row + end, 0.0f);
 }
 
-// fill(correlation, rows) writes the results; they are copied back into the rows that the host may hold
-// pointers to.
-template <typename Fill>
-void FilterInPlace(ClassData2DIO<float>* image, ClassData2DIO<float>* kernel, Fill fill)
-{
-    if (!HaveSamples(image, kernel))
-        return;
-    const Correlation    correlation(*image, *kernel);
-    ClassData2DIO<float> result;
-    result.Allocate(image->Width, image->Height);
-    fill(correlation, result.Ptr2D);
-    for (int y = 0; y < image->Height; ++y)
-        std::copy_n(RowOf(result, y), image->Width, RowOf(*image, y));
-}
-
 }
 
 void ConFltMC(ClassData2DIO<float>* image, ClassData2DIO<float>* kernel)
@@ -64,36 +49,37 @@ void gGauss(ClassData2DIO<float>* image, int size, float sigma, float angle)
 
 void ConvFltVer0(ClassData2DIO<float>* image, ClassData2DIO<float>* kernel)
 {
-    FilterInPlace(image, kernel, [&](const Correlation& correlation, float** rows) {
-        correlation.DoRows(rows, 0, image->Height);
-    });
+    if (HaveSamples(image, kernel))
+        Correlation(*image, *kernel).DoRowsInPlace(*image, 0, image->Height);
 }
 
 void ConvFltVer1(ClassData2DIO<float>* image, ClassData2DIO<float>* kernel)
 {
-    FilterInPlace(image, kernel, [&](const Correlation& correlation, float** rows) {
-        correlation.DoRows(rows, 0, image->Height);
-        // The side bands end one row before the interior does. That is intended.
-        const int gap = image->Height - correlation.HalfHeight - 1;
-        if (gap >= correlation.HalfHeight) {
-            const int left = std::min(correlation.HalfWidth, image->Width);
-            Zero(rows[gap], 0, left);
-            Zero(rows[gap], image->Width - left, image->Width);
-        }
-    });
+    if (!HaveSamples(image, kernel))
+        return;
+    const Correlation correlation(*image, *kernel);
+    correlation.DoRowsInPlace(*image, 0, image->Height);
+    // The side bands end one row before the interior does. That is intended.
+    const int gap = image->Height - correlation.HalfHeight - 1;
+    if (gap >= correlation.HalfHeight) {
+        const int left = std::min(correlation.HalfWidth, image->Width);
+        Zero(RowOf(*image, gap), 0, left);
+        Zero(RowOf(*image, gap), image->Width - left, image->Width);
+    }
 }
 
 void ConvFltVer2(ClassData2DIO<float>* image, ClassData2DIO<float>* kernel)
 {
-    FilterInPlace(image, kernel, [&](const Correlation& correlation, float** rows) {
-        const int top = std::min(correlation.HalfHeight, image->Height);
-        const int bottom = std::max(image->Height - correlation.HalfHeight, top);
-        const int left = std::min(correlation.HalfWidth, image->Width);
-        correlation.DoRows(rows, top, bottom);
-        for (int y = 0; y < image->Height; ++y) {
-            const bool inside = y >= top && y < bottom;
-            Zero(rows[y], 0, inside ? left : image->Width);
-            Zero(rows[y], image->Width - left, image->Width);
-        }
-    });
+    if (!HaveSamples(image, kernel))
+        return;
+    const Correlation correlation(*image, *kernel);
+    const int         top = std::min(correlation.HalfHeight, image->Height);
+    const int         bottom = std::max(image->Height - correlation.HalfHeight, top);
+    const int         left = std::min(correlation.HalfWidth, image->Width);
+    correlation.DoRowsInPlace(*image, top, bottom);
+    for (int y = 0; y < image->Height; ++y) {
+        const bool inside = y >= top && y < bottom;
+        Zero(RowOf(*image, y), 0, inside ? left : image->Width);
+        Zero(RowOf(*image, y), image->Width - left, image->Width);
+    }
 }

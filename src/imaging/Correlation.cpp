@@ -116,7 +116,8 @@ Correlation::Correlation(const StructData2D<float>& image, const StructData2D<fl
     EdgeWidth = (HalfWidth + EdgeStep - 1) / EdgeStep * EdgeStep;
 }
 
-void Correlation::DoRows(float* const* targets, int first, int end) const
+template <typename RowsDone>
+void Correlation::DoRows(float* const* targets, int first, int end, bool streaming, RowsDone rowsDone) const
 {
     if (first >= end)
         return;
@@ -142,8 +143,7 @@ void Correlation::DoRows(float* const* targets, int first, int end) const
         .Targets = targets,
         .First = leftColumns,
         .Columns = Width - leftColumns - rightColumns,
-        .Streaming = UsesStreamingStores(static_cast<std::size_t>(Width) * static_cast<std::size_t>(Height) *
-                                         sizeof(float)),
+        .Streaming = streaming,
     };
     const auto edge = [&](const EdgeCopies& copies, std::ptrdiff_t firstColumn, std::ptrdiff_t columns) {
         CorrelationBlock block = inside;
@@ -173,8 +173,37 @@ void Correlation::DoRows(float* const* targets, int first, int end) const
                 (rows == 1 ? Variant.Row : Variant.Rows)(block);
         }
         y += rows;
+        rowsDone(y);
     }
     Variant.Fence();
+}
+
+void Correlation::DoRows(float* const* targets, int first, int end) const
+{
+    const std::size_t samples = static_cast<std::size_t>(Width) * static_cast<std::size_t>(Height);
+    DoRows(targets, first, end, UsesStreamingStores(samples * sizeof(float)), [](int) {});
+}
+
+// The last results wait in a few lines, which stay in the caches, until no row to come reads the samples that
+// they replace. Under a kernel that reaches over the whole height any row may read any other.
+void Correlation::DoRowsInPlace(StructData2D<float>& image, int first, int end) const
+{
+    const int lag = HalfHeight < Height ? HalfHeight : Height;
+    const int lines = std::min(Height, lag + Variant.RowsAtOnce);
+    // Lines a power of two apart would drive each other out of the caches.
+    const std::ptrdiff_t steps = (static_cast<std::ptrdiff_t>(Width) + EdgeStep - 1) / EdgeStep;
+    const std::ptrdiff_t length = (steps + 3) * EdgeStep;
+    std::vector<float>   memory(static_cast<std::size_t>(lines * length));
+    std::vector<float*>  results(static_cast<std::size_t>(Height));
+    for (int y = 0; y < Height; ++y)
+        results[static_cast<std::size_t>(y)] = memory.data() + y % lines * length;
+    int        written = first;
+    const auto writeBefore = [&](int y) {
+        for (; written < y; ++written)
+            std::copy_n(results[static_cast<std::size_t>(written)], Width, RowOf(image, written));
+    };
+    DoRows(results.data(), first, end, false, [&](int y) { writeBefore(y - lag); });
+    writeBefore(end);
 }
 
 }

@@ -48,11 +48,18 @@ public:
     // A target larger than the caches is stored without reading its lines first.
     void DoRows(float* const* targets, int first, int end) const;
 
+    // The same into the image itself. All memory is taken before the first row changes.
+    void DoRowsInPlace(StructData2D<float>& image, int first, int end) const;
+
     int HalfWidth = 0;
     int HalfHeight = 0;
 
 private:
     class EdgeCopies;
+
+    // rowsDone(y) is called when all rows before y have their results.
+    template <typename RowsDone>
+    void DoRows(float* const* targets, int first, int end, bool streaming, RowsDone rowsDone) const;
 
     int                       Width;
     int                       Height;

@@ -292,6 +292,22 @@ TEST_CASE("ConvFltVer0 gives the pixels of ConFltMC")
     }
 }
 
+TEST_CASE("ConvFltVer0 replaces no sample that a row to come reads")
+{
+    std::mt19937 random(6620);
+    for (int height = 1; height <= 20; ++height) {
+        const FloatPlane image = RandomFloats(70, height, random);
+        for (int kernelHeight = 1; kernelHeight <= 13; ++kernelHeight) {
+            const FloatPlane kernel = RandomKernel(3, kernelHeight, random);
+            const FloatPlane expected = FilteredByHand(image, kernel);
+            InEveryVariant([&](const char* variant) {
+                CHECK_MESSAGE(SamePlane(Filtered(image, kernel, ConvFltVer0), expected),
+                              variant << ", " << height << " rows, kernel of " << kernelHeight);
+            });
+        }
+    }
+}
+
 TEST_CASE("ConvFltVer1 leaves zero at both sides of the last row above the lower band and nowhere else")
 {
     for (unsigned seed = 6700; seed < 6740; ++seed) {
