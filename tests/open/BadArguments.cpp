@@ -384,7 +384,8 @@ std::string BadInputWorld::Snapshot() const
                   view.top, low, high, history.undo_count, history.redo_count,
                   static_cast<unsigned long long>(history.bytes),
                   static_cast<unsigned long long>(history.limit), static_cast<int>(count));
-    return StateOf(First) + StateOf(Second) + numbers + std::string(Memory.begin(), Memory.end());
+    return StateOf(First) + StateOf(Second) + numbers +
+           std::string(reinterpret_cast<const char*>(Memory.data()), Memory.size());
 }
 
 bool BadInputWorld::GuardsStand() const
