@@ -1,5 +1,6 @@
 # Install tree. Programs that were built with the library run on the component VostelObj_Runtime; building them
-# also takes VostelObj_Development: headers, a CMake package, a pkg-config file and documents.
+# also takes VostelObj_Development: headers, a CMake package, a pkg-config file and documents. VostelObj_Viewer is the
+# viewer.
 include(CMakePackageConfigHelpers)
 
 set(packages ${CMAKE_INSTALL_LIBDIR}/cmake/VostelObj)
@@ -64,3 +65,24 @@ install(FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION ${documents} COMPONENT V
 install(FILES ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/CHANGELOG.md ${PROJECT_SOURCE_DIR}/SECURITY.md
     DESTINATION ${documents} ${development})
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs DESTINATION ${documents} ${development})
+
+foreach(viewer IN ITEMS vostel-viewer vostel-viewer-win32)
+    if(TARGET ${viewer})
+        install(TARGETS ${viewer} RUNTIME COMPONENT VostelObj_Viewer)
+        file(RELATIVE_PATH libraries /prefix/${CMAKE_INSTALL_BINDIR} /prefix/${CMAKE_INSTALL_LIBDIR})
+        set_target_properties(${viewer} PROPERTIES INSTALL_RPATH "$ORIGIN/${libraries}")
+    endif()
+endforeach()
+
+# cpack packs all of it.
+if(PROJECT_IS_TOP_LEVEL)
+    set(CPACK_GENERATOR TGZ)
+    if(WIN32)
+        set(CPACK_GENERATOR ZIP)
+    endif()
+    set(CPACK_PACKAGE_VENDOR VostelObj)
+    set(CPACK_STRIP_FILES ON)
+    set(CPACK_MONOLITHIC_INSTALL ON)
+    set(CPACK_VERBATIM_VARIABLES ON)
+    include(CPack)
+endif()

@@ -13,8 +13,8 @@ endfunction()
 
 function(vostel_installed_test name build)
     vostel_package_test(${name} ${CMAKE_COMMAND} -D BUILD=${build} -D SOURCE=${package}
-        -D WORK=${CMAKE_CURRENT_BINARY_DIR}/${name} -D COMPILER=${CMAKE_CXX_COMPILER} ${ARGN}
-        -P ${package}/UseInstalled.cmake)
+        -D WORK=${CMAKE_CURRENT_BINARY_DIR}/${name} -D COMPILER=${CMAKE_CXX_COMPILER}
+        -D CMAKE_CPACK_COMMAND=${CMAKE_CPACK_COMMAND} ${ARGN} -P ${package}/UseInstalled.cmake)
 endfunction()
 function(vostel_subdirectory_test name)
     list(JOIN ARGN " " settings)

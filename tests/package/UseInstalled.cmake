@@ -1,13 +1,13 @@
 # Installs a build, moves the tree, and uses it from there: with find_package, without a build type as
-# strangers do, and with pkg-config.
+# strangers do, with pkg-config, and on Windows by the header for C and another compiler.
 # cmake -D BUILD=... -D WORK=... -D SOURCE=... -D COMPILER=... [-D STATIC=ON] [-D TOOLCHAIN=...] [-D RUNNER=...] [-D WIDGET=ON]
-#     -P UseInstalled.cmake
+#     -D CMAKE_CPACK_COMMAND=... -P UseInstalled.cmake
 include(${CMAKE_CURRENT_LIST_DIR}/Run.cmake)
 
 file(REMOVE_RECURSE ${WORK})
 file(MAKE_DIRECTORY ${WORK})
 
-# Both components together are all that is installed; the first is what a program needs to run.
+# The components together are all that is installed; the first is what a program needs to run.
 set(first ${WORK}/first)
 run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${first} --component VostelObj_Runtime)
 file(GLOB_RECURSE runtime RELATIVE ${first} ${first}/*)
@@ -16,16 +16,26 @@ if(runtime OR NOT EXISTS ${first}/share/doc/VostelObj/LICENSE)
     message(FATAL_ERROR "to run programs this is installed too, or no licence: ${runtime}")
 endif()
 run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${first} --component VostelObj_Development)
-run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${WORK}/whole)
+run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${first} --component VostelObj_Viewer)
 file(GLOB_RECURSE parts RELATIVE ${first} ${first}/*)
-file(GLOB_RECURSE whole RELATIVE ${WORK}/whole ${WORK}/whole/*)
-if(NOT parts STREQUAL whole)
-    message(FATAL_ERROR "installed by components: ${parts}\nas a whole: ${whole}")
+# The archive that strangers get; who builds the library within another project packs his own.
+if(EXISTS ${BUILD}/CPackConfig.cmake)
+    run(${CMAKE_CPACK_COMMAND} --config ${BUILD}/CPackConfig.cmake -B ${WORK}/archive)
+    file(GLOB archive ${WORK}/archive/VostelObj-*.tar.gz ${WORK}/archive/VostelObj-*.zip)
+    file(ARCHIVE_EXTRACT INPUT ${archive} DESTINATION ${WORK}/archive/unpacked)
+    file(GLOB whole ${WORK}/archive/unpacked/*)
+else()
+    set(whole ${WORK}/archive/whole)
+    run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${whole})
+endif()
+file(GLOB_RECURSE packed RELATIVE ${whole} ${whole}/*)
+if(NOT parts STREQUAL packed)
+    message(FATAL_ERROR "installed by components: ${parts}\nas a whole: ${packed}")
 endif()
 
 set(prefix ${WORK}/prefix)
-file(RENAME ${first} ${prefix})    # an install tree may be moved, so no path in it is absolute
-file(REMOVE_RECURSE ${WORK}/whole)
+file(RENAME ${whole} ${prefix})    # an install tree may be moved, so no path in it is absolute
+file(REMOVE_RECURSE ${WORK}/archive ${first})
 set(headers ${SOURCE}/../../include)
 file(GLOB_RECURSE expected RELATIVE ${headers} ${headers}/*.h)
 file(GLOB_RECURSE installed RELATIVE ${prefix}/include ${prefix}/include/*.h)
@@ -59,6 +69,22 @@ endforeach()
 if(WIDGET)
     set(ENV{QT_QPA_PLATFORM} offscreen)
     run(${WORK}/build/bin/widget)
+endif()
+if(EXISTS ${prefix}/bin/vostel-viewer)
+    run(${prefix}/bin/vostel-viewer --version)
+endif()
+
+# What other compilers for Windows have of the system comes from the one that the library was built with.
+find_program(CLANG clang)
+if(TOOLCHAIN AND CLANG)
+    run(${COMPILER} -print-libgcc-file-name)
+    cmake_path(GET RUN_OUTPUT PARENT_PATH libraries)
+    run(${COMPILER} -print-prog-name=ld)
+    string(STRIP "${RUN_OUTPUT}" linker)
+    run(${CLANG} --target=x86_64-w64-windows-gnu -std=c11 -Wall -Wextra -Wpedantic -Werror -I${prefix}/include
+        ${SOURCE}/Measures.c ${prefix}/lib/libVostelObj.dll.a -L${libraries} --ld-path=${linker}
+        -o ${prefix}/bin/measures.exe)
+    run(${RUNNER} ${prefix}/bin/measures.exe)
 endif()
 
 find_program(PKG_CONFIG NAMES pkgconf pkg-config)
