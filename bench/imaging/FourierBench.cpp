@@ -104,6 +104,45 @@ void CompareTransform(bench::PeerBench& peers, int n, double atMost, double atMo
     fftwf_free(back);
 }
 
+// Tables and arrays of a transform, beside so many of its transforms, and a plan that FFTW estimates anew.
+void CompareInit(bench::PeerBench& peers, int n)
+{
+    constexpr int Transforms = 10;
+    const int     turns = std::max(1, 65536 / n);
+    ZEKPP1DFFT    made, fft;
+    fft.Init(n, true);
+    const auto     values = fftwf_alloc_complex(static_cast<std::size_t>(n));
+    bench::Contest contest;
+    contest.Title = "Init N = " + std::to_string(n) + ", peer: ten runs, AVX-512 if there";
+    contest.Run = [&] {
+        for (int i = 0; i < turns; ++i)
+            made.Init(n, true);
+    };
+    contest.Check = [&] { return made.SinInverse[n / 4] == 1.0f; };
+    contest.Peers.push_back({"RunFFT",
+                             [&] {
+                                 for (int i = 0; i < Transforms * turns; ++i)
+                                     fft.RunFFT(i % 2 == 0);
+                             },
+                             {},
+                             {}});
+    contest.AtMost = 1.0;
+    peers.Compare(contest);
+    contest.Title = "Init N = " + std::to_string(n);
+    contest.Peers = {{"fftw estimated plan",
+                      [&] {
+                          for (int i = 0; i < turns; ++i) {
+                              fftwf_destroy_plan(
+                                  fftwf_plan_dft_1d(n, values, values, FFTW_FORWARD, FFTW_ESTIMATE));
+                          }
+                      },
+                      {},
+                      {}}};
+    contest.AtMost = 0.0;
+    peers.Compare(contest);
+    fftwf_free(values);
+}
+
 void CompareFilter(bench::PeerBench& peers, int width, int height)
 {
     const int                n = ComputeFFTN(3 * width - 1);
@@ -179,6 +218,8 @@ int main(int argc, char** argv)
     CompareTransform(peers, 4096, 1.7, 1.3);
     CompareTransform(peers, 65536, 1.05, 0.75);
     CompareTransform(peers, 1048576, 0.9, 0.8);
+    for (const int n : {256, 1024, 4096, 65536, 1048576})
+        CompareInit(peers, n);
     for (const int rows : {90, 360, 1440})
         CompareFilter(peers, 1024, rows);
     return peers.Finish();

@@ -2,16 +2,16 @@
 
 #include "imaging/Fourier.h"
 #include "imaging/FourierArrays.h"
+#include "imaging/FourierTables.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <functional>
 
 using namespace vostel;
 
 namespace {
-
-constexpr double FullTurn = 6.2831852;
 
 std::size_t Bytes(int count)
 {
@@ -90,16 +90,12 @@ void ZEKPP1DFFT::Init(int length, bool forward)
     for (long long p = 1; p < length; p *= 2)
         ++Stages;
     EvenStages = Stages % 2 == 0 ? 1 : 0;
-    const double n = static_cast<double>(static_cast<float>(length));
-    for (int i = 0; i < length; ++i) {
-        const double angle = static_cast<double>(static_cast<float>(i)) * FullTurn / n;
-        CosForward[i] = CosInverse[i] = static_cast<float>(std::cos(angle));
-        // The sine of the negated angle is the negated sine, to the sign of zero.
-        SinInverse[i] = static_cast<float>(std::sin(angle));
-        SinForward[i] = -SinInverse[i];
-    }
-    for (float* table : {CosForward, SinForward, CosInverse, SinInverse})
-        RepeatEntries(table, length);
+    FillFourierTables(length, CosForward, SinInverse);
+    RepeatEntries(CosForward, length);
+    RepeatEntries(SinInverse, length);
+    std::copy_n(CosForward, tableSize, CosInverse);
+    // The sine of the negated angle is the negated sine, to the sign of zero.
+    std::transform(SinInverse, SinInverse + tableSize, SinForward, std::negate<>());
 }
 
 void ZEKPP1DFFT::Run(bool scaled)

@@ -154,7 +154,7 @@ TEST_CASE("the tables hold the angles of 6.2831852, each rounded once")
 
 TEST_CASE("the tables of any length hold what cosine and sine give for either direction")
 {
-    for (const int n : {1, 2, 3, 7, 16, 100, 4096, 65536}) {
+    for (const int n : {1, 2, 3, 7, 16, 100, 127, 128, 256, 1000, 4096, 65536, 1 << 20}) {
         CAPTURE(n);
         ZEKPP1DFFT fft;
         fft.Init(n, true);
