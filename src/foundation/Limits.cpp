@@ -1,5 +1,6 @@
 #include "foundation/Limits.h"
 
+#include <atomic>
 #include <mutex>
 
 namespace vostel {
@@ -10,6 +11,8 @@ struct SharedLimits {
     std::mutex Lock;
     Limits     Values;
 };
+
+constinit std::atomic<std::int32_t> MaxThreads{Limits().MaxThreads};
 
 SharedLimits& Shared()
 {
@@ -29,6 +32,12 @@ void SetLimits(const Limits& limits)
 {
     const std::lock_guard<std::mutex> hold(Shared().Lock);
     Shared().Values = limits;
+    MaxThreads.store(limits.MaxThreads, std::memory_order_relaxed);
+}
+
+std::int32_t MaxThreadsInForce()
+{
+    return MaxThreads.load(std::memory_order_relaxed);
 }
 
 }

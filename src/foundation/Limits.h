@@ -16,4 +16,7 @@ struct Limits {
 Limits LimitsInForce();
 void   SetLimits(const Limits& limits);
 
+// Without the lock, which a forked child may find taken.
+std::int32_t MaxThreadsInForce();
+
 }

@@ -21,7 +21,7 @@ int ThreadsInForce()
     const int forced = ForcedThreads.load(std::memory_order_relaxed);
     if (forced > 0)
         return forced;
-    const int most = LimitsInForce().MaxThreads;
+    const int most = MaxThreadsInForce();
     return most > 0 ? std::min(most, ProcessorCount()) : ProcessorCount();
 }
 
