@@ -12,6 +12,7 @@ if(TARGET vostel-viewer)
     foreach(name IN ITEMS ViewerFilesTest ViewerDrawingTest ViewerRoutinesTest
             ViewerPicturesTest)
         vostel_test_source(QtViewerTests hosts/qt/${name})
+        set_tests_properties(${VOSTEL_TEST_PREFIX}hosts/qt/${name} PROPERTIES COST 500)    # waits for its window
     endforeach()
 
     # Widget and dialogs without a window.

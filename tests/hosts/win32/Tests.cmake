@@ -27,6 +27,7 @@ if(WIN32 AND VOSTEL_BUILD_DEMO)
         set(environment "VOSTEL_WIN32_VIEWER=$<TARGET_FILE:vostel-viewer-win32>"
             "VOSTEL_DROP_FILES=$<TARGET_FILE:DropFiles>" "TMPDIR=${folder}")
         set_tests_properties(${test} PROPERTIES TIMEOUT 600 WORKING_DIRECTORY ${folder}
+            COST 2000    # one after another, waiting most of the time: first, beside the others
             RESOURCE_LOCK WineDesktop FAIL_REGULAR_EXPRESSION "test cases: *0 [|]"
             ENVIRONMENT "${environment}")
     endforeach()
