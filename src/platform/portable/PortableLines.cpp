@@ -1,5 +1,6 @@
 #include "platform/portable/PortableLines.h"
 
+#include "base/Compiler.h"
 #include "platform/portable/WideIntegers.h"
 
 #include <algorithm>
@@ -14,9 +15,11 @@ constexpr int Dotted[] = {3, 3};
 constexpr int DashDotted[] = {9, 6, 3, 6};
 constexpr int DashDotDotted[] = {9, 3, 3, 3, 3, 3};
 
+// By the unsigned value, which is large for what lies left or above.
 bool IsOn(const Bitmap& surface, DevicePoint point)
 {
-    return point.X >= 0 && point.X < surface.Width && point.Y >= 0 && point.Y < surface.Height;
+    return static_cast<std::uint64_t>(point.X) < static_cast<std::uint64_t>(surface.Width) &&
+           static_cast<std::uint64_t>(point.Y) < static_cast<std::uint64_t>(surface.Height);
 }
 
 // Products of such coordinates fit 64 bits.
@@ -170,15 +173,9 @@ void DrawInside(const Bitmap& surface, std::uint32_t pixel, int x, int y, int dx
                [pixel](unsigned char* at) { std::memcpy(at, &pixel, 4); });
 }
 
-void DrawUnbroken(const Bitmap& surface, std::uint32_t pixel, DevicePoint from, DevicePoint to)
+// Apart from DrawUnbroken, whose many short lines would otherwise save its registers.
+VOSTEL_NOINLINE void DrawClipped(const Bitmap& surface, std::uint32_t pixel, DevicePoint from, DevicePoint to)
 {
-    constexpr std::int64_t LongRow = 32;    // from here on a row is worth a fill
-    if (surface.BitsPerPixel == 32 && IsOn(surface, from) && IsOn(surface, to) &&
-        (from.Y != to.Y || (to.X - from.X < LongRow && from.X - to.X < LongRow))) {
-        DrawInside(surface, pixel, static_cast<int>(from.X), static_cast<int>(from.Y),
-                   static_cast<int>(to.X - from.X), static_cast<int>(to.Y - from.Y));
-        return;
-    }
     ThinLine line(from, to);
     if (surface.BitsPerPixel < 24 || !line.Clip(surface, from, to))
         return;
@@ -191,6 +188,17 @@ void DrawUnbroken(const Bitmap& surface, std::uint32_t pixel, DevicePoint from, 
         line.ForEachPixel(surface, [pixel](unsigned char* at) { std::memcpy(at, &pixel, 4); });
     else
         line.ForEachPixel(surface, [pixel](unsigned char* at) { std::memcpy(at, &pixel, 3); });
+}
+
+inline void DrawUnbroken(const Bitmap& surface, std::uint32_t pixel, DevicePoint from, DevicePoint to)
+{
+    constexpr std::int64_t LongRow = 32;    // from here on a row is worth a fill
+    if (surface.BitsPerPixel == 32 && IsOn(surface, from) && IsOn(surface, to) &&
+        (from.Y != to.Y || (to.X - from.X < LongRow && from.X - to.X < LongRow)))
+        DrawInside(surface, pixel, static_cast<int>(from.X), static_cast<int>(from.Y),
+                   static_cast<int>(to.X - from.X), static_cast<int>(to.Y - from.Y));
+    else
+        DrawClipped(surface, pixel, from, to);
 }
 
 }
