@@ -1,9 +1,9 @@
 #include "imaging/FourierTables.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
-#include <vector>
 
 namespace vostel {
 
@@ -50,18 +50,31 @@ bool IsDoubtful(double value)
     return static_cast<float>(value - Doubt) != static_cast<float>(value + Doubt);
 }
 
-// Angles behind the start of their sector.
+// Angles behind the start of their sector, as many as are taken to all sectors at once.
+constexpr int MostSteps = 256;
+
 struct Steps {
-    std::vector<double> Cos, Sin;
+    int                           Count = 0;
+    std::array<double, MostSteps> Cos, Sin;
 };
 
+double CosBehind(const Direction& start, const Steps& steps, std::size_t k)
+{
+    return start.Cos * steps.Cos[k] - start.Sin * steps.Sin[k];
+}
+
+double SinBehind(const Direction& start, const Steps& steps, std::size_t k)
+{
+    return start.Sin * steps.Cos[k] + start.Cos * steps.Sin[k];
+}
+
 // True if there are values that have to come from the library.
-bool FillSector(const Direction& start, const Steps& steps, float* cosines, float* sines)
+bool FillBehind(const Direction& start, const Steps& steps, float* cosines, float* sines)
 {
     int doubtful = 0;
-    for (std::size_t k = 0; k < steps.Cos.size(); ++k) {
-        const double cosine = start.Cos * steps.Cos[k] - start.Sin * steps.Sin[k];
-        const double sine = start.Sin * steps.Cos[k] + start.Cos * steps.Sin[k];
+    for (std::size_t k = 0; k < static_cast<std::size_t>(steps.Count); ++k) {
+        const double cosine = CosBehind(start, steps, k);
+        const double sine = SinBehind(start, steps, k);
         cosines[k] = static_cast<float>(cosine);
         sines[k] = static_cast<float>(sine);
         doubtful += IsDoubtful(cosine) + IsDoubtful(sine);
@@ -71,7 +84,7 @@ bool FillSector(const Direction& start, const Steps& steps, float* cosines, floa
 
 }
 
-void FillFourierTables(int length, float* cosines, float* sines)
+void FillFourierTables(int length, float* cosines, float* sines) noexcept
 {
     const auto fill = [&](int i) {
         const Direction direction = DirectionOf(i, length);
@@ -84,25 +97,25 @@ void FillFourierTables(int length, float* cosines, float* sines)
             fill(i);
         return;
     }
-    const int count = length / Sectors;
+    const int perSector = length / Sectors;
     Steps     steps;
-    for (std::vector<double>* values : {&steps.Cos, &steps.Sin})
-        values->resize(static_cast<std::size_t>(count));
-    for (int k = 0; k < count; ++k) {
-        const Direction direction = DirectionOf(k, length);
-        steps.Cos[static_cast<std::size_t>(k)] = direction.Cos;
-        steps.Sin[static_cast<std::size_t>(k)] = direction.Sin;
-    }
-    for (int j = 0; j < Sectors; ++j) {
-        const int        first = j * count;
-        const Direction& start = SectorStarts()[static_cast<std::size_t>(j)];
-        if (!FillSector(start, steps, cosines + first, sines + first))
-            continue;
-        for (int k = 0; k < count; ++k) {
-            const std::size_t at = static_cast<std::size_t>(k);
-            if (IsDoubtful(start.Cos * steps.Cos[at] - start.Sin * steps.Sin[at]) ||
-                IsDoubtful(start.Sin * steps.Cos[at] + start.Cos * steps.Sin[at]))
-                fill(first + k);
+    for (int from = 0; from < perSector; from += MostSteps) {
+        steps.Count = std::min(MostSteps, perSector - from);
+        for (int k = 0; k < steps.Count; ++k) {
+            const Direction direction = DirectionOf(from + k, length);
+            steps.Cos[static_cast<std::size_t>(k)] = direction.Cos;
+            steps.Sin[static_cast<std::size_t>(k)] = direction.Sin;
+        }
+        for (int j = 0; j < Sectors; ++j) {
+            const int        first = j * perSector + from;
+            const Direction& start = SectorStarts()[static_cast<std::size_t>(j)];
+            if (!FillBehind(start, steps, cosines + first, sines + first))
+                continue;
+            for (int k = 0; k < steps.Count; ++k) {
+                const std::size_t at = static_cast<std::size_t>(k);
+                if (IsDoubtful(CosBehind(start, steps, at)) || IsDoubtful(SinBehind(start, steps, at)))
+                    fill(first + k);
+            }
         }
     }
 }
