@@ -5,6 +5,7 @@
 #include "platform/SampleCodecs.h"
 
 #include <algorithm>
+#include <memory>
 #include <string_view>
 
 namespace vostel {
@@ -57,7 +58,15 @@ Format FormatOf(std::span<const unsigned char> file)
     return IsPnm(file) ? Format{DecodePnmSamples} : Format{};
 }
 
-PictureOutcome ReadBytes(const char* path, const PictureLimits& limits, std::vector<unsigned char>& bytes)
+// A file, read over memory that nobody wrote before.
+struct FileBytes {
+    std::unique_ptr<unsigned char[]> Data;
+    std::size_t                      Size = 0;
+
+    std::span<const unsigned char> All() const { return {Data.get(), Size}; }
+};
+
+PictureOutcome ReadBytes(const char* path, const PictureLimits& limits, FileBytes& bytes)
 {
     const OwnedFile file = OpenUtf8File(path, "rb");
     const long long length = file ? FileLength(file.get()) : -1;
@@ -65,9 +74,10 @@ PictureOutcome ReadBytes(const char* path, const PictureLimits& limits, std::vec
         return PictureOutcome::NotRead;
     if (length > limits.MaxFileBytes)
         return PictureOutcome::TooLarge;
-    bytes.resize(static_cast<std::size_t>(length));
-    return ReadToEnd(file.get(), bytes.data(), bytes.size()) ? PictureOutcome::Taken
-                                                             : PictureOutcome::NotRead;
+    bytes.Size = static_cast<std::size_t>(length);
+    bytes.Data = std::make_unique_for_overwrite<unsigned char[]>(bytes.Size);
+    return ReadToEnd(file.get(), bytes.Data.get(), bytes.Size) ? PictureOutcome::Taken
+                                                               : PictureOutcome::NotRead;
 }
 
 }
@@ -75,11 +85,12 @@ PictureOutcome ReadBytes(const char* path, const PictureLimits& limits, std::vec
 PictureOutcome ReadPicture(const char* utf8Path, int page, const PictureLimits& limits, ImageSamples& samples,
                            PaletteUse palettes)
 {
-    std::vector<unsigned char> bytes;
-    const PictureOutcome       read = ReadBytes(utf8Path, limits, bytes);
+    FileBytes            file;
+    const PictureOutcome read = ReadBytes(utf8Path, limits, file);
     if (read != PictureOutcome::Taken)
         return read;
-    const Format format = FormatOf(bytes);
+    const std::span<const unsigned char> bytes = file.All();
+    const Format                         format = FormatOf(bytes);
     if (!format.Decode)
         return PictureOutcome::BadFormat;
     if (page < 0 || (page > 0 && !format.CountPages))
@@ -94,11 +105,12 @@ PictureOutcome ReadPicture(const char* utf8Path, int page, const PictureLimits& 
 
 PictureOutcome CountPages(const char* utf8Path, const PictureLimits& limits, int& pages)
 {
-    std::vector<unsigned char> bytes;
-    const PictureOutcome       read = ReadBytes(utf8Path, limits, bytes);
+    FileBytes            file;
+    const PictureOutcome read = ReadBytes(utf8Path, limits, file);
     if (read != PictureOutcome::Taken)
         return read;
-    const Format format = FormatOf(bytes);
+    const std::span<const unsigned char> bytes = file.All();
+    const Format                         format = FormatOf(bytes);
     if (!format.Decode)
         return PictureOutcome::BadFormat;
     if (format.CountPages)
