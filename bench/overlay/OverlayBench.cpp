@@ -337,8 +337,11 @@ public:
         : Number(number), Scene(0, 0, crowd.Across, crowd.Across * ViewHeight / ViewWidth), View(&Scene),
           Target(ViewWidth, ViewHeight, QImage::Format_RGB32)
     {
-        std::vector<unsigned char> gray(static_cast<std::size_t>(ViewWidth) * ViewHeight, 64);
-        CRect                      client(0, 0, ViewWidth, ViewHeight);
+        std::mt19937               random(421);
+        std::vector<unsigned char> gray(static_cast<std::size_t>(ViewWidth) * ViewHeight);
+        for (unsigned char& value : gray)
+            value = static_cast<unsigned char>(48 + random() % 32);
+        CRect client(0, 0, ViewWidth, ViewHeight);
         gCVSSetClient(Number, client, Window.Dc);
         gCVSShowUCGray(Number, gray.data(), ViewWidth, ViewHeight, true);
 
@@ -348,8 +351,8 @@ public:
         View.setAlignment(Qt::AlignLeft | Qt::AlignTop);
         View.resize(ViewWidth, ViewHeight);
         View.setMouseTracking(true);
-        Scene.setBackgroundBrush(QColor(64, 64, 64));
-        std::mt19937 random(421);
+        const QImage image(gray.data(), ViewWidth, ViewHeight, ViewWidth, QImage::Format_Grayscale8);
+        Scene.setBackgroundBrush(image.convertToFormat(QImage::Format_RGB32));
         const int    across = static_cast<int>(std::ceil(std::sqrt(crowd.Count * 16.0 / 9.0)));
         const double step = crowd.Across / across;
         for (int i = 0; i < crowd.Count; ++i) {
