@@ -52,7 +52,7 @@ class ArraysIn(CanvasCase):
     def test_what_lies_otherwise_is_copied_and_shows_the_same(self):
         whole = ramp(80, 50)
         others = [whole[:, ::2], whole[:, ::-1], whole.T, np.asfortranarray(whole), whole.astype(">u2"),
-                  np.broadcast_to(whole[0], (20, 80)), np.lib.stride_tricks.sliding_window_view(whole[0], 30),
+                  np.broadcast_to(whole[0], (20, 80)), np.lib.stride_tricks.as_strided(whole[0], (51, 30), whole.strides[1:] * 2),
                   COLORS[:, ::2], COLORS.transpose(1, 0, 2), np.dstack([COLORS, COLORS])[:, :, :3],
                   np.broadcast_to(COLORS[:, :, :1], COLORS.shape)]
         for image in others:

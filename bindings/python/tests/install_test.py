@@ -86,7 +86,7 @@ class Install(unittest.TestCase):
         self.assertRegex(wheel.name, r"^vostel-[\d.]+-py3-none-linux_\w+\.whl$")
         with zipfile.ZipFile(wheel) as files:
             metadata = next(name for name in files.namelist() if name.endswith("/METADATA"))
-            self.assertEqual(re.findall(r"^Requires-Dist: ([^;()\n]*?)[ (]*>=1.21\)?$", files.read(metadata).decode(),
+            self.assertEqual(re.findall(r"^Requires-Dist: ([^;()\n]*?)[ (]*>=1.19\)?$", files.read(metadata).decode(),
                                         re.MULTILINE), ["numpy"])
             self.assertEqual([name for name in files.namelist() if "test" in name or ".so" in name],
                              ["vostel/lib/libTessik.so.1", "vostel/lib/libVostelObj.so.1"])

@@ -4,15 +4,19 @@ from __future__ import annotations
 
 import ctypes
 import operator
-from typing import Any, Dict, NamedTuple, Optional, Tuple
+from typing import TYPE_CHECKING, Any, Dict, NamedTuple, Optional, Tuple
 
 import numpy as np
-import numpy.typing as npt
 
 from . import _declarations as c
 from ._library import ArgumentError, ArgumentTypeError
 
-Array = npt.NDArray[Any]    # its shape and type are those that the text tells
+# An early NumPy has no types of its own.
+if TYPE_CHECKING:
+    import numpy.typing as npt
+    Array = npt.NDArray[Any]    # its shape and type are those that the text tells
+else:
+    Array = Any
 
 # Gray samples by their type.
 TYPES: Dict[int, np.dtype[Any]] = {c.U8: np.dtype(np.uint8), c.U16: np.dtype(np.uint16), c.I16: np.dtype(np.int16),

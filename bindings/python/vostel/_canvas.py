@@ -8,10 +8,9 @@ import json
 import os
 import tempfile
 import weakref
-from typing import Any, Dict, Iterable, Iterator, List, Optional, Tuple, Union
+from typing import TYPE_CHECKING, Any, Dict, Iterable, Iterator, List, Optional, Tuple, Union
 
 import numpy as np
-import numpy.typing as npt
 
 from . import _declarations as c
 from ._adding import Adding
@@ -22,6 +21,9 @@ from ._listening import Callback, Callbacks, Event, Subscription, canvases, new_
 from ._object import Object, color_of
 from ._png import png_of
 from ._records import ALL, Contrast, Events, History, ImageInfo, Measures, Scale, View
+
+if TYPE_CHECKING:
+    import numpy.typing as npt
 
 _TYPE_NAMES = {c.U8: "uint8", c.U16: "uint16", c.I16: "int16", c.F32: "float32", c.RGB8: "rgb8", c.BGR8: "bgr8",
                c.BGRA8: "bgra8"}
@@ -370,8 +372,9 @@ class Canvas(Adding, CanvasHandle):
 
     def dataframe(self) -> Any:
         """The table as a pandas.DataFrame; needs pandas."""
+        table = self.table()
         import pandas    # type: ignore[import]
-        return pandas.DataFrame(self.table(), columns=list(_COLUMNS))
+        return pandas.DataFrame(table, columns=list(_COLUMNS))
 
     @property
     def scale(self) -> Scale:

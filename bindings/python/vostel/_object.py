@@ -7,7 +7,6 @@ import re
 from typing import TYPE_CHECKING, Any, Mapping, NoReturn, Optional, Tuple, Union
 
 import numpy as np
-import numpy.typing as npt
 
 from . import _declarations as c
 from ._arrays import Array, pointer, points_of, real, whole
@@ -15,6 +14,8 @@ from ._library import ArgumentError, ArgumentTypeError, Error, encoded, library
 from ._records import KINDS, Bounds, Measures, Style, measures_of
 
 if TYPE_CHECKING:
+    import numpy.typing as npt
+
     from ._canvas import Canvas
 
 Color = Union[int, str, Tuple[int, int, int]]

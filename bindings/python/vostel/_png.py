@@ -4,9 +4,12 @@ from __future__ import annotations
 
 import struct
 import zlib
+from typing import TYPE_CHECKING
 
 import numpy as np
-import numpy.typing as npt
+
+if TYPE_CHECKING:
+    import numpy.typing as npt
 
 
 def png_of(image: npt.NDArray[np.uint8]) -> bytes:

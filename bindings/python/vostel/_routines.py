@@ -8,15 +8,17 @@ the caller's instead.
 from __future__ import annotations
 
 import ctypes
-from typing import Any, Optional, Tuple
+from typing import TYPE_CHECKING, Any, Optional, Tuple
 
 import numpy as np
-import numpy.typing as npt
 
 from . import _declarations as c
 from ._arrays import Array, Samples, as_array, plane_of, pointer, real, result_of, whole
 from ._library import ArgumentError, library
 from ._records import Limits
+
+if TYPE_CHECKING:
+    import numpy.typing as npt
 
 
 def _result(source: Samples, shape: Tuple[int, ...], dtype: Any, out: Optional[Array]) -> Samples:
