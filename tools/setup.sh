@@ -8,8 +8,9 @@ packages_fonts=(fonts-dejavu-core fonts-noto-cjk)
 packages_tests=(abigail-tools clang clang-format clang-tidy diffutils doctest-dev doxygen libclang-rt-14-dev llvm
                 librsvg2-bin libxtst-dev mono-mcs mono-runtime mypy poppler-utils python3 python3-distributed python3-numpy python3-pandas
                 python3-pip python3-setuptools python3-wheel util-linux valgrind xvfb)
-# With Xlib, Qt and OpenCV of the other lists, what the public headers are compiled beside.
-packages_toolkits=(libgtk-3-dev libsdl2-dev libwxgtk3.2-dev unixodbc-dev)
+# What the examples in hosts/examples are for, and, with Xlib, Qt and OpenCV of the other lists, what the public headers
+# are compiled beside.
+packages_toolkits=(libgtk-3-dev libgtk-4-dev libimgui-dev libsdl2-dev libwxgtk3.2-dev unixodbc-dev)
 packages_windows=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev wine64)
 packages_long=(gdal-bin golang-1.19-src golang-golang-x-image-dev imagej imagemagick jbigkit-testdata libjxl-testdata
                librust-jpeg-decoder-dev librust-tiff-dev mmdebstrap python3-pil python3-shapely python3-skimage)
