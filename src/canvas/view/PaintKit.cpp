@@ -4,8 +4,11 @@
 #include "canvas/view/SelectedObject.h"
 #include "canvas/view/VectorDrawing.h"
 #include "platform/HostServices.h"
+#include "platform/Polylines.h"
 
+#include <algorithm>
 #include <span>
+#include <type_traits>
 
 namespace vostel {
 
@@ -226,10 +229,15 @@ void PaintKit::DrawClosedPolyline(const std::vector<Point>& points, COLORREF col
         return;
     }
     const SelectedObject pen(Dc, CreatePen(PS_SOLID, PenWidth, color));
-    MoveToEx(Dc, points[0].x, points[0].y, nullptr);
-    for (std::size_t i = 1; i < points.size(); ++i)
-        LineTo(Dc, points[i].x, points[i].y);
-    LineTo(Dc, points[0].x, points[0].y);
+    if constexpr (std::is_same_v<Point, CPoint>) {
+        DrawPolyline(Dc, points, true);
+    } else {
+        std::vector<CPoint> clientPoints;
+        clientPoints.reserve(points.size());
+        for (const Point& point : points)
+            clientPoints.emplace_back(point.x, point.y);
+        DrawPolyline(Dc, clientPoints, true);
+    }
 }
 
 template void PaintKit::DrawClosedPolyline(const std::vector<CPoint>&, COLORREF);
@@ -250,15 +258,18 @@ void PaintKit::DrawSegments(const std::vector<CPoint>& points, const std::vector
         return;
     }
     const SelectedObject pen(Dc, CreatePen(PS_SOLID, penWidth, color));
-    std::size_t          next = 0;
-    for (std::size_t i = 0; i < points.size(); ++i) {
-        if (static_cast<int>(i) == starts[next]) {
-            MoveToEx(Dc, points[i].x, points[i].y, nullptr);
-            if (next + 1 < starts.size())
-                ++next;
-        } else {
+    std::size_t          stroke = 0;
+    for (std::size_t i = 0; i < points.size();) {
+        if (static_cast<int>(i) != starts[stroke]) {
             LineTo(Dc, points[i].x, points[i].y);
+            ++i;
+            continue;
         }
+        std::size_t end = points.size();
+        if (stroke + 1 < starts.size() && starts[++stroke] > static_cast<int>(i))
+            end = std::min(end, static_cast<std::size_t>(starts[stroke]));
+        DrawPolyline(Dc, std::span(points).subspan(i, end - i), false);
+        i = end;
     }
 }
 

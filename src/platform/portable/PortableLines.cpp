@@ -1,10 +1,12 @@
 #include "platform/portable/PortableLines.h"
 
 #include "base/Compiler.h"
+#include "platform/Polylines.h"
 #include "platform/portable/WideIntegers.h"
 
 #include <algorithm>
 #include <cstring>
+#include <span>
 
 namespace vostel::gdi {
 namespace {
@@ -152,25 +154,38 @@ private:
     }
 };
 
+// The top row of a bitmap and what draws on it.
+struct Sheet {
+    unsigned char* Top;
+    std::ptrdiff_t Down;    // bytes to the row below
+    std::uint32_t  Pixel;
+
+    Sheet(const Bitmap& surface, std::uint32_t pixel)
+        : Top(surface.Row(0)),
+          Down(surface.TopDown ? surface.RowBytes : -static_cast<std::ptrdiff_t>(surface.RowBytes)),
+          Pixel(pixel)
+    {
+    }
+};
+
 // Lines with both ends on a bitmap of 32 bits per pixel, the many short ones of outlines: as ThinLine has
 // them, with the eight directions distinguished by masks instead of branches.
-void DrawInside(const Bitmap& surface, std::uint32_t pixel, int x, int y, int dx, int dy)
+VOSTEL_INLINE void DrawInside(const Sheet& sheet, int x, int y, int dx, int dy)
 {
     const int signX = dx >> 31, signY = dy >> 31;    // all ones or none
     const int lengthX = (dx ^ signX) - signX, lengthY = (dy ^ signY) - signY;
     const int alongY = (lengthX - lengthY) >> 31;
-    const int longer = std::max(lengthX, lengthY), shorter = std::min(lengthX, lengthY);
-    const int bias = 1 + (alongY ? signX : signY);
+    const int excess = (lengthX - lengthY) & alongY;
+    const int longer = lengthX - excess, shorter = lengthY + excess;
+    const int bias = 1 + (signY ^ ((signX ^ signY) & alongY));
     if (longer == 0)
         return;
-    const std::ptrdiff_t down =
-        surface.TopDown ? surface.RowBytes : -static_cast<std::ptrdiff_t>(surface.RowBytes);
     const std::ptrdiff_t stepX = (4 ^ signX) - signX;
-    const std::ptrdiff_t stepY = (down ^ signY) - signY;
+    const std::ptrdiff_t stepY = (sheet.Down ^ signY) - signY;
     const std::ptrdiff_t exchange = (stepX ^ stepY) & alongY;
-    WalkPixels(surface.Row(y) + 4 * static_cast<std::ptrdiff_t>(x), stepX ^ exchange, stepY ^ exchange,
-               longer, shorter, longer - bias, longer,
-               [pixel](unsigned char* at) { std::memcpy(at, &pixel, 4); });
+    WalkPixels(sheet.Top + y * sheet.Down + 4 * static_cast<std::ptrdiff_t>(x), stepX ^ exchange,
+               stepY ^ exchange, longer, shorter, longer - bias, longer,
+               [&](unsigned char* at) { std::memcpy(at, &sheet.Pixel, 4); });
 }
 
 // Apart from DrawUnbroken, whose many short lines would otherwise save its registers.
@@ -190,15 +205,69 @@ VOSTEL_NOINLINE void DrawClipped(const Bitmap& surface, std::uint32_t pixel, Dev
         line.ForEachPixel(surface, [pixel](unsigned char* at) { std::memcpy(at, &pixel, 3); });
 }
 
+// From here on a row is worth a fill.
+constexpr int LongRow = 32;
+
 inline void DrawUnbroken(const Bitmap& surface, std::uint32_t pixel, DevicePoint from, DevicePoint to)
 {
-    constexpr std::int64_t LongRow = 32;    // from here on a row is worth a fill
+    const std::int64_t dx = to.X - from.X, dy = to.Y - from.Y;
     if (surface.BitsPerPixel == 32 && IsOn(surface, from) && IsOn(surface, to) &&
-        (from.Y != to.Y || (to.X - from.X < LongRow && from.X - to.X < LongRow)))
-        DrawInside(surface, pixel, static_cast<int>(from.X), static_cast<int>(from.Y),
-                   static_cast<int>(to.X - from.X), static_cast<int>(to.Y - from.Y));
+        (dy != 0 || (dx < LongRow && -dx < LongRow)))
+        DrawInside(Sheet(surface, pixel), static_cast<int>(from.X), static_cast<int>(from.Y),
+                   static_cast<int>(dx), static_cast<int>(dy));
     else
         DrawClipped(surface, pixel, from, to);
+}
+
+// Calls draw(from, to) for each line of a polyline, in device coordinates.
+VOSTEL_INLINE void ForEachLine(std::span<const CPoint> points, bool closed, POINT origin, auto&& draw)
+{
+    const auto place = [&](const CPoint& point) {
+        return DevicePoint{static_cast<std::int64_t>(point.x) + origin.x,
+                           static_cast<std::int64_t>(point.y) + origin.y};
+    };
+    DevicePoint from = place(points[0]);
+    for (std::size_t i = 1; i < points.size(); ++i) {
+        const DevicePoint to = place(points[i]);
+        draw(from, to);
+        from = to;
+    }
+    if (closed)
+        draw(from, place(points[0]));
+}
+
+// An unbroken polyline one pixel wide. One that lies on the bitmap as a whole is drawn without a look at the
+// ends of its lines.
+void DrawThinPolyline(const Bitmap& surface, std::uint32_t pixel, std::span<const CPoint> points, bool closed,
+                      POINT origin)
+{
+    auto left = points[0].x, right = left;
+    auto top = points[0].y, bottom = top;
+    for (const CPoint& point : points) {
+        left = std::min(left, point.x);
+        right = std::max(right, point.x);
+        top = std::min(top, point.y);
+        bottom = std::max(bottom, point.y);
+    }
+    const DevicePoint low = {static_cast<std::int64_t>(left) + origin.x,
+                             static_cast<std::int64_t>(top) + origin.y};
+    const DevicePoint high = {static_cast<std::int64_t>(right) + origin.x,
+                              static_cast<std::int64_t>(bottom) + origin.y};
+    if (high.X < 0 || high.Y < 0 || low.X >= surface.Width || low.Y >= surface.Height)
+        return;
+    if (surface.BitsPerPixel == 32 && IsOn(surface, low) && IsOn(surface, high)) {
+        const Sheet sheet(surface, pixel);
+        ForEachLine(points, closed, origin, [&](DevicePoint from, DevicePoint to) VOSTEL_INLINE_LAMBDA {
+            const int dx = static_cast<int>(to.X - from.X), dy = static_cast<int>(to.Y - from.Y);
+            if (dy != 0 || (dx < LongRow && -dx < LongRow))
+                DrawInside(sheet, static_cast<int>(from.X), static_cast<int>(from.Y), dx, dy);
+            else
+                DrawClipped(surface, pixel, from, to);
+        });
+        return;
+    }
+    ForEachLine(points, closed, origin,
+                [&](DevicePoint from, DevicePoint to) { DrawUnbroken(surface, pixel, from, to); });
 }
 
 }
@@ -314,4 +383,27 @@ BOOL LineTo(HDC dc, int x, int y)
     Dashes dashes = DashesOfPen(*context);
     DrawThinLine(*context->Surface, dashes, from, to);
     return TRUE;
+}
+
+namespace vostel {
+
+void DrawPolyline(HDC dc, std::span<const CPoint> points, bool closed)
+{
+    Context* const context = FindContext(dc);
+    if (!context || points.empty())
+        return;
+    const Pen& pen = *context->SelectedPen;
+    if (pen.Width <= 1 && pen.Style == PS_SOLID) {
+        DrawThinPolyline(*context->Surface, PixelOf(pen.Color), points, closed, context->Origin);
+        const CPoint& end = closed ? points.front() : points.back();
+        context->Position = {end.x, end.y};
+        return;
+    }
+    MoveToEx(dc, points[0].x, points[0].y, nullptr);
+    for (const CPoint& point : points.subspan(1))
+        LineTo(dc, point.x, point.y);
+    if (closed)
+        LineTo(dc, points[0].x, points[0].y);
+}
+
 }
