@@ -22,7 +22,8 @@ namespace vostel {
 class ElementList {
 public:
     // Regions that stay awake however long nobody has asked for them: few cost less than their bookkeeping.
-    std::size_t MostAwake = 32;
+    static constexpr std::size_t FewAwake = 4;
+    std::size_t                  MostAwake = FewAwake;
 
     explicit ElementList(CanvasView& view) : View(view) {}
     ElementList(const ElementList&) = delete;

@@ -82,7 +82,7 @@ public:
     ~Twins()
     {
         for (ObjectCanvas* const host : {&Resting, &Awake})
-            host->Canvas().Elements.MostAwake = 32;
+            host->Canvas().Elements.MostAwake = ElementList::FewAwake;
     }
     Twins(const Twins&) = delete;
     Twins& operator=(const Twins&) = delete;
