@@ -57,6 +57,7 @@ class Check(SetupCase):
         self.check("--long")
         self.assertIn('add_test("bare/demo"', self.listed())
         self.assertIn('add_test("bare/check"', self.listed())
+        self.assertIn('add_test("bare/debian"', self.listed())
         self.assertIn("mmdebstrap", self.calls.read_text())
 
     def test_no_display_and_no_language_of_the_user_reaches_the_tests(self):
