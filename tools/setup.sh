@@ -5,9 +5,10 @@ packages_build=(cmake g++ libboost-dev libcli11-dev libgif-dev libjpeg-dev libpa
                 nlohmann-json3-dev pkg-config zlib1g-dev)
 packages_viewer=(qt6-base-dev qt6-l10n-tools qt6-tools-dev qt6-tools-dev-tools qt6-translations-l10n)
 packages_fonts=(fonts-dejavu-core fonts-noto-cjk)
-packages_tests=(abigail-tools clang clang-format clang-tidy diffutils doctest-dev doxygen libclang-rt-14-dev llvm
-                librsvg2-bin libxtst-dev mono-mcs mono-runtime mypy poppler-utils python3 python3-distributed python3-numpy python3-pandas
-                python3-pip python3-setuptools python3-wheel util-linux valgrind xvfb)
+packages_tests=(abigail-tools clang clang-format clang-tidy diffutils doctest-dev doxygen furo libclang-rt-14-dev
+                librsvg2-bin libxtst-dev llvm mono-mcs mono-runtime mypy poppler-utils python3 python3-breathe
+                python3-distributed python3-myst-parser python3-numpy python3-pandas python3-pip python3-setuptools
+                python3-wheel util-linux valgrind xvfb)
 # What the examples in hosts/examples are for, and, with Xlib, Qt and OpenCV of the other lists, what the public headers
 # are compiled beside.
 packages_toolkits=(libgtk-3-dev libgtk-4-dev libimgui-dev libsdl2-dev libwxgtk3.2-dev unixodbc-dev)

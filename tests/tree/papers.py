@@ -17,6 +17,7 @@ NAME = re.compile(r"^~?[A-Za-z_]\w*(::~?\w+)*(\(\))?$")
 CODE = re.compile(r"`([^`]+)`")
 LINK = re.compile(r"\]\(([^)\s]+)")
 REFERENCE = re.compile(r"^\[[^\]]+\]:\s+(\S+)")
+WRITTEN = re.compile(r"^`([\w.]+)`[:：]$", re.MULTILINE)    # files that a page has its reader write
 SCHEME = re.compile(r"^[a-z][a-z0-9+.-]*:")
 
 
@@ -104,12 +105,16 @@ class Tree:
 
     def page_problems(self, page):
         fenced = False
-        for number, line in enumerate((self.root / page).read_text(encoding="utf-8").splitlines(), 1):
+        lines = (self.root / page).read_text(encoding="utf-8").splitlines()
+        written = set(WRITTEN.findall("\n".join(lines)))
+        written |= {"./" + name.partition(".")[0] for name in written}    # programs of these sources
+        for number, line in enumerate(lines, 1):
             if line.startswith("```"):
                 fenced = not fenced
                 continue
             code = [line] if fenced or line.startswith("    ") else CODE.findall(line)
             tokens = [token.strip(",;:()\"'") for span in code for token in span.split()]
+            tokens = [token for token in tokens if token not in written]
             found = [self.path_problem(token, code == [line]) for token in tokens]
             if code != [line]:
                 text = CODE.sub("", line)

@@ -24,6 +24,10 @@ class PapersTest(TreeCase):
                                     "`src/canvas/` `canvas/View.h` `View.h` `View.{h}` `src/*/View.h`\n"
                                     "[d](https://example.org/x) `build/release` `a=b/c` `/usr/x.h`\n"), [])
 
+    def test_files_that_a_page_has_its_reader_write_are_fine(self):
+        self.assertEqual(self.found("`tool.c`:\n```c\n```\n```sh\ncc tool.c -o tool\n./tool\n```\n`tool.h`\n"),
+                         ["docs/page.md:8: no path tool.h"])
+
     def test_links_to_nothing_are_found(self):
         self.assertEqual(self.found("fine\n![x](gone.png) [y](other.md#gone)\n[z]: gone.md\n"), [
             "docs/page.md:2: no file gone.png",
