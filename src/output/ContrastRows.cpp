@@ -201,7 +201,8 @@ void Redraw::ShowRow(std::size_t at, bool streaming, bool wholeLines) const
 
 void Redraw::Run() const
 {
-    const bool streaming = UsesStreamingStores(All * sizeof(std::uint32_t));
+    // Three planes and more pass by, so that already those of a core's caches push each other out.
+    const bool streaming = All * sizeof(std::uint32_t) >= CoreCacheBytes;
     const bool inPlace = Source == Raw;    // then the data row before is remapped already
     const bool wholeLines = streaming && !inPlace && Row >= 2 * LineElements;
     // Upwards through the data: reading is what the processor has to guess ahead.
