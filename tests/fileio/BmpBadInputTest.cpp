@@ -153,23 +153,32 @@ TEST_CASE("a file cut short reads as far as it goes and is zero from there")
     std::string      path = folder.Path("cut.bmp");
     const unsigned   seed = 16;
     std::mt19937     random(seed);
-    for (const int bits : {8, 24, 32}) {
-        const Bytes whole = NoisyFile(random, 37, 11, bits);
-        for (int round = 0; round < 60; ++round) {
-            const std::size_t length = round == 0 ? 54 : 54 + random() % (whole.size() - 54);
-            CAPTURE(seed);
-            CAPTURE(bits);
-            CAPTURE(length);
-            const Bytes bytes(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length));
-            REQUIRE(WriteBytes(path, bytes));
-            Color color;
-            REQUIRE(color.Read(path));
-            REQUIRE(color.HasSizes(37, 11));
-            CHECK(color.Holds(bytes));
-            Plane gray, twoSteps;
-            REQUIRE(ZEKReadGrayBmp(Narrow(path), &gray));
-            REQUIRE(ZEKColorToGray(&color.Red, &color.Green, &color.Blue, &twoSteps));
-            CHECK(SamePixels(gray, twoSteps));
+    // With and without padding, and longer than one transfer.
+    const struct {
+        int Width, Height, Rounds;
+    } sizes[] = {{37, 11, 60}, {36, 11, 60}, {1020, 140, 3}};
+    for (const auto& size : sizes) {
+        for (const int bits : {8, 24, 32}) {
+            const Bytes whole = NoisyFile(random, size.Width, size.Height, bits);
+            for (int round = 0; round < size.Rounds; ++round) {
+                const std::size_t length = round == 0 ? 54 : 54 + random() % (whole.size() - 54);
+                CAPTURE(seed);
+                CAPTURE(size.Width);
+                CAPTURE(bits);
+                CAPTURE(length);
+                const Bytes bytes(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length));
+                REQUIRE(WriteBytes(path, bytes));
+                Color color;
+                REQUIRE(color.Read(path));
+                REQUIRE(color.HasSizes(size.Width, size.Height));
+                CHECK(color.Holds(bytes));
+                Plane gray, twoSteps;
+                gray.Allocate(size.Width, size.Height);
+                std::memset(gray.Ptr1D, 0x5A, static_cast<std::size_t>(size.Width) * size.Height);
+                REQUIRE(ZEKReadGrayBmp(Narrow(path), &gray));
+                REQUIRE(ZEKColorToGray(&color.Red, &color.Green, &color.Blue, &twoSteps));
+                CHECK(SamePixels(gray, twoSteps));
+            }
         }
     }
 }
