@@ -7,12 +7,16 @@
 #include <algorithm>
 #include <atomic>
 #include <climits>
+#include <cstdint>
 #include <exception>
 #include <mutex>
 
 namespace vostel {
 
 namespace {
+
+// Short runs even out that a sleeping thread comes late and a busy processor lends less of its time.
+constexpr int RunsPerThread = 4;
 
 std::atomic<int> ForcedThreads{0};
 
@@ -45,12 +49,14 @@ private:
     {
         for (int run = Next++; run < Runs; run = Next++) {
             try {
-                Work(RowRunOf(Rows, Runs, run));
+                Work({RowsBefore(run), RowsBefore(run + 1)});
             } catch (...) {
                 Remember(run);
             }
         }
     }
+
+    int RowsBefore(int run) const { return static_cast<int>(std::int64_t{Rows} * run / Runs); }
 
     void Remember(int run)
     {
@@ -72,15 +78,6 @@ private:
 
 }
 
-RowRun RowRunOf(int rows, int threads, int thread)
-{
-    const int perThread = rows / threads;
-    RowRun    run;
-    run.First = perThread * thread;
-    run.End = thread == threads - 1 ? rows : run.First + perThread;
-    return run;
-}
-
 void ForEachRowRun(int rows, const std::function<void(RowRun)>& work)
 {
     if (rows <= 0)
@@ -88,10 +85,10 @@ void ForEachRowRun(int rows, const std::function<void(RowRun)>& work)
     const int threads = ThreadsInForce();
     // Nothing would be done beside it.
     if (threads == 1 || rows < threads) {
-        work(RowRunOf(rows, threads, threads - 1));
+        work({0, rows});
         return;
     }
-    Division division(rows, threads, work);
+    Division division(rows, std::min(rows, RunsPerThread * threads), work);
     CallWithHelpers(threads - 1, Division::Help, &division);
     division.RethrowFirstFailure();
 }

@@ -17,24 +17,44 @@
 
 using namespace vostel;
 
-TEST_CASE("runs are equal and the last one takes what the division leaves over")
+namespace {
+
+int RunsOfProcessors()
+{
+    return ProcessorCount() == 1 ? 1 : 4 * ProcessorCount();
+}
+
+}
+
+TEST_CASE("four runs for each thread, of lengths that differ by a row at most, hold every row once")
 {
     for (int threads = 1; threads <= 9; ++threads) {
-        for (int rows = 0; rows <= 40; ++rows) {
+        ForceRowThreads(threads);
+        for (int rows = 1; rows <= 80; ++rows) {
+            std::mutex          lock;
+            std::vector<RowRun> runs;
+            ForEachRowRun(rows, [&](RowRun run) {
+                const std::lock_guard<std::mutex> guard(lock);
+                runs.push_back(run);
+            });
+            std::sort(runs.begin(), runs.end(), [](RowRun a, RowRun b) { return a.First < b.First; });
+            const bool alone = threads == 1 || rows < threads;
+            const int  count = alone ? 1 : std::min(rows, 4 * threads);
+            CHECK(runs.size() == static_cast<std::size_t>(count));
             int next = 0;
-            for (int i = 0; i < threads; ++i) {
-                const RowRun run = RowRunOf(rows, threads, i);
+            for (const RowRun run : runs) {
                 CHECK(run.First == next);
-                if (i < threads - 1)
-                    CHECK(run.End - run.First == rows / threads);
+                CHECK(run.End - run.First >= rows / count);
+                CHECK(run.End - run.First <= rows / count + 1);
                 next = run.End;
             }
             CHECK(next == rows);
         }
     }
+    ForceRowThreads(0);
 }
 
-TEST_CASE("with fewer rows than threads only the last thread works")
+TEST_CASE("fewer rows than threads are one run")
 {
     std::mutex          lock;
     std::vector<RowRun> runs;
@@ -124,11 +144,11 @@ TEST_CASE("all runs round alike, and the caller rounds as before")
     CHECK(after == FE_UPWARD);
 }
 
-TEST_CASE("by default there are as many runs as processors")
+TEST_CASE("by default there are four runs for each processor")
 {
     std::atomic<int> runs{0};
     ForEachRowRun(1000, [&](RowRun) { ++runs; });
-    CHECK(runs == std::min(ProcessorCount(), 1000));
+    CHECK(runs == std::min(RunsOfProcessors(), 1000));
 }
 
 TEST_CASE("no rows, or less than none, call nothing")
@@ -145,14 +165,14 @@ TEST_CASE("a failed allocation in a thread reaches the caller after all runs hav
 {
     std::atomic<int> done{0};
     ForceRowThreads(4);
-    CHECK_THROWS_AS(ForEachRowRun(40,
+    CHECK_THROWS_AS(ForEachRowRun(48,
                                   [&](RowRun run) {
-                                      if (run.First == 10)
+                                      if (run.First == 12)
                                           throw std::bad_alloc();
                                       done += run.End - run.First;
                                   }),
                     std::bad_alloc);
-    CHECK(done == 30);
+    CHECK(done == 45);
     done = 0;
     ForEachRowRun(40, [&](RowRun run) { done += run.End - run.First; });
     ForceRowThreads(0);
@@ -165,14 +185,14 @@ TEST_CASE("of several failures that of the first run reaches the caller")
     for (int i = 0; i < 50; ++i) {
         std::string message;
         try {
-            ForEachRowRun(40, [&](RowRun run) {
+            ForEachRowRun(48, [&](RowRun run) {
                 if (run.First > 0)
                     throw std::runtime_error(std::to_string(run.First));
             });
         } catch (const std::runtime_error& failure) {
             message = failure.what();
         }
-        CHECK(message == "10");
+        CHECK(message == "3");
     }
     ForceRowThreads(0);
 }
@@ -191,5 +211,5 @@ TEST_CASE("the limit on threads holds for the runs, and 0 takes it away")
     SetLimits(Limits());
     runs = 0;
     ForEachRowRun(1000, [&](RowRun) { ++runs; });
-    CHECK(runs == ProcessorCount());
+    CHECK(runs == std::min(RunsOfProcessors(), 1000));
 }
