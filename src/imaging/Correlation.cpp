@@ -181,7 +181,17 @@ void Correlation::DoRows(float* const* targets, int first, int end, bool streami
 void Correlation::DoRows(float* const* targets, int first, int end) const
 {
     const std::size_t samples = static_cast<std::size_t>(Width) * static_cast<std::size_t>(Height);
-    DoRows(targets, first, end, UsesStreamingStores(samples * sizeof(float)), [](int) {});
+    if (UsesStreamingStores(samples * sizeof(float))) {
+        DoRows(targets, first, end, true, [](int) {});
+        return;
+    }
+    // Stores go from row to row within a block, which the processor does not guess ahead.
+    DoRows(targets, first, end, false, [&](int y) {
+        for (int row = y + Variant.RowsAtOnce; row < std::min(y + 2 * Variant.RowsAtOnce, end); ++row) {
+            for (std::ptrdiff_t x = 0; x < Width; x += EdgeStep)
+                VOSTEL_PREFETCH_FOR_WRITE(targets[row] + x);
+        }
+    });
 }
 
 // The last results wait in a few lines, which stay in the caches, until no row to come reads the samples that
