@@ -16,7 +16,7 @@ import sys
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 SITE = pathlib.Path(__file__).resolve().parent
 
-# Pages that lie elsewhere in the tree, and their places on the site.
+# Where some pages of other folders have their places on the site; pages of docs/ keep theirs, and so does what they link.
 ELSEWHERE = {
     "CHANGELOG.md": "changelog.md",
     "CONTRIBUTING.md": "contributing.md",
@@ -26,8 +26,8 @@ ELSEWHERE = {
     "bindings/dotnet/README.md": "tutorials/csharp.md",
     "bindings/python/README.md": "python.md",
 }
-COPIED = ("CHANGELOG.md", "CONTRIBUTING.md", "SECURITY.md", "bindings/dotnet/README.md")
 
+# The table of contents. What is linked and has no place here comes last.
 CONTENTS = {
     "Five minutes": ["tutorials/cpp", "tutorials/c", "tutorials/python", "tutorials/csharp", "tutorials/qt"],
     "Guides": ["guides/coordinates", "guides/drawing", "guides/measuring", "guides/contrast", "guides/history",
@@ -46,17 +46,19 @@ LINK = re.compile(r"(!?\[[^\]]*\]\()([^)\s#]+)((?:#[^)\s]*)?\))")
 
 
 def place_of(path):
-    """Where a file of the tree stands on the site; None for what is no page."""
+    """Where a file of the tree stands on the site."""
     name = path.relative_to(ROOT).as_posix()
     if name in ELSEWHERE:
         return pathlib.PurePath(ELSEWHERE[name])
     if name.startswith("docs/"):
         return pathlib.PurePath(name[len("docs/"):])
-    return None
+    return pathlib.PurePath("files", name)
 
 
-def lay_out(source, page, place):
-    """Writes a page with links that lead where its targets stand on the site."""
+def lay_out(source, page):
+    """Writes a page with links that lead where its targets stand on the site; returns those of them that are pages."""
+    place = place_of(page)
+    pages = set()
 
     def moved(link):
         before, target, after = link.groups()
@@ -64,8 +66,10 @@ def lay_out(source, page, place):
             return link[0]
         file = (page.parent / target).resolve()
         there = place_of(file)
-        if there is None:    # a source: it comes along, to be looked at
-            there = pathlib.PurePath("files") / file.relative_to(ROOT)
+        if file.suffix == ".md":
+            if there.as_posix() not in ("index.md", "python.md"):    # pages of docs/ in the place of others
+                pages.add(file)
+        elif there.parts[0] == "files":    # a source: it comes along, to be looked at
             (source / there).parent.mkdir(parents=True, exist_ok=True)
             shutil.copy(file, source / there)
         return before + os.path.relpath(there, place.parent) + after
@@ -81,13 +85,18 @@ def lay_out(source, page, place):
     target = source / place
     target.parent.mkdir(parents=True, exist_ok=True)
     target.write_text(text, encoding="utf-8")
+    return pages
 
 
 def contents(source):
-    """The table of contents, which the sidebar shows; a page that does not stand in it is an error of Sphinx."""
+    """The table of contents, which the sidebar shows."""
+    listed = {entry for entries in CONTENTS.values() for entry in entries} | {"index"}
+    pages = {page.relative_to(source).with_suffix("").as_posix() for page in source.rglob("*.md")}
     parts = [(source / "index.md").read_text(encoding="utf-8")]
     for caption, entries in CONTENTS.items():
-        there = [entry for entry in entries if (source / f"{entry}.md").exists()]
+        there = [entry for entry in entries if entry in pages]
+        if caption == "The library":
+            there += sorted(pages - listed)
         if there:
             parts.append("```{toctree}\n:hidden:\n:caption: " + caption + "\n\n" + "\n".join(there) + "\n```\n")
     (source / "index.md").write_text("\n".join(parts), encoding="utf-8")
@@ -124,10 +133,11 @@ def main():
         shutil.rmtree(out / made, ignore_errors=True)
     source = out / "source"
     source.mkdir(parents=True)
-    for page in sorted((ROOT / "docs").rglob("*.md")):
-        lay_out(source, page, place_of(page))
-    for name in COPIED:
-        lay_out(source, ROOT / name, place_of(ROOT / name))
+    pages, done = set((ROOT / "docs").rglob("*.md")), set()
+    while pages > done:
+        page = min(pages - done)
+        pages |= lay_out(source, page)
+        done.add(page)
     shutil.copytree(ROOT / "docs/images", source / "images")
     reference(source)
     contents(source)

@@ -7,7 +7,6 @@ release = os.environ["VOSTEL_VERSION"]
 extensions = ["myst_parser", "breathe"]
 source_suffix = {".md": "markdown"}
 root_doc = "index"
-exclude_patterns = ["files"]
 
 myst_heading_anchors = 3    # links to headings, as in the plain pages
 suppress_warnings = ["myst.header", "misc.highlighting_failure"]
