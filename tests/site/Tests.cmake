@@ -54,3 +54,6 @@ endif()
 foreach(guide IN ITEMS contrast coordinates drawing history listeners measuring threads)
     vostel_follow(guide-${guide} guides/${guide}.md)
 endforeach()
+
+# The Chinese pages go with the English ones.
+vostel_site_test(translations unittest ${site}/translations_test.py)
