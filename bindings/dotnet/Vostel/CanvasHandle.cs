@@ -7,6 +7,7 @@ using System.Threading;
 namespace Vostel
 {
     // Locked for the length of a call, since a canvas is used by one thread at a time. Linked canvases share one.
+    // Those that wait for their end are known too: their canvases are still linked.
     internal sealed class CanvasGuard
     {
         internal readonly List<WeakReference<CanvasHandle>> Handles = new List<WeakReference<CanvasHandle>>();
@@ -15,9 +16,8 @@ namespace Vostel
     // The number of a canvas. The canvas goes when nobody holds it any more and no call on it is under way.
     internal sealed class CanvasHandle : SafeHandle
     {
-        // Canvases that were collected while a linked one was in use.
-        private static readonly ConcurrentQueue<KeyValuePair<CanvasGuard, int>> Late =
-            new ConcurrentQueue<KeyValuePair<CanvasGuard, int>>();
+        // Those that were collected while a linked one was in use.
+        private static readonly ConcurrentQueue<CanvasHandle> Late = new ConcurrentQueue<CanvasHandle>();
 
         // Of the subscriptions to the canvas.
         internal readonly ConcurrentDictionary<int, bool> ListenerKeys = new ConcurrentDictionary<int, bool>();
@@ -125,9 +125,12 @@ namespace Vostel
 
         internal static void DestroyLate()
         {
-            while (Late.TryDequeue(out KeyValuePair<CanvasGuard, int> late))
-                lock (late.Key)
-                    Native.vostel_canvas_destroy(late.Value);
+            while (Late.TryDequeue(out CanvasHandle late))
+            {
+                CanvasGuard held = late.Enter();
+                Native.vostel_canvas_destroy(late.Number);
+                Monitor.Exit(held);
+            }
         }
 
         // Also on the thread of finalizers, which must not wait for a call.
@@ -136,12 +139,15 @@ namespace Vostel
             CanvasGuard held = guard;
             if (Monitor.TryEnter(held))
             {
-                Native.vostel_canvas_destroy(Number);    // a host may have done so
+                if (held == guard)
+                    Native.vostel_canvas_destroy(Number);    // a host may have done so
+                else
+                    Late.Enqueue(this);    // linked meanwhile
                 Monitor.Exit(held);
             }
             else
             {
-                Late.Enqueue(new KeyValuePair<CanvasGuard, int>(held, Number));
+                Late.Enqueue(this);
             }
             foreach (int key in ListenerKeys.Keys)
                 Subscription.Forget(key);
@@ -163,7 +169,7 @@ namespace Vostel
         private void Join(CanvasGuard joined)
         {
             joined.Handles.RemoveAll(member => !member.TryGetTarget(out CanvasHandle handle));
-            joined.Handles.Add(new WeakReference<CanvasHandle>(this));
+            joined.Handles.Add(new WeakReference<CanvasHandle>(this, true));
             guard = joined;
         }
     }

@@ -233,6 +233,7 @@ internal static class ListenerCases
             Check.True(exception.Message.Contains("none " + number), exception.Message);    // of its own thread
         }
         Canvas own = CanvasCases.OfRamp();    // left to the collector, some of them linked with others in use
+        CanvasCases.OfRamp().ViewLink(own);
         if (number % 2 == 0)
             own.ViewLink(shared);
         Check.Equal(own.FrameRender().Width, 160);
