@@ -95,13 +95,6 @@ bool ReadLayout(std::FILE* file, Layout& layout)
     return layout.Bits != 8 || std::fseek(file, HeaderBytes + PaletteBytes, SEEK_SET) == 0;
 }
 
-// Bytes of the file, then zeros where it has lost them.
-void ReadPadded(std::FILE* file, unsigned char* to, std::size_t bytes)
-{
-    const std::size_t got = std::fread(to, 1, bytes, file);
-    std::memset(to + got, 0, bytes - got);
-}
-
 // Calls take(filePixels, first, pixels) for runs of pixels that are contiguous in the file as in a plane,
 // first being the place in the plane. Pixels that the file has lost are zero.
 template <typename Take>
@@ -117,7 +110,8 @@ void ForEachRun(std::FILE* file, const Layout& layout, Take take)
     const auto        block = std::make_unique_for_overwrite<unsigned char[]>(blockRows * rowBytes);
     for (std::size_t y = 0; y < height; y += blockRows) {
         const std::size_t rows = std::min(blockRows, height - y);
-        ReadPadded(file, block.get(), rows * rowBytes);
+        const std::size_t got = std::fread(block.get(), 1, rows * rowBytes, file);
+        std::memset(block.get() + got, 0, rows * rowBytes - got);
         if (rowBytes == width * pixelBytes) {
             take(block.get(), y * width, rows * width);
             continue;
@@ -269,15 +263,6 @@ bool ZEKReadGrayBmp(char* path, ClassData2DIO<unsigned char>* gray)
     // What reading into planes and turning those into gray gives, without the planes.
     const InterleaveVariant& variant = ActiveInterleaveVariant();
     unsigned char*           target = gray->Ptr1D;
-    if (layout.Bits == 8 && layout.Width % 4 == 0) {
-        // Rows without padding lie in the file as they lie in the plane.
-        for (std::size_t at = 0; at < layout.PixelCount(); at += BlockBytes) {
-            const std::size_t run = std::min(BlockBytes, layout.PixelCount() - at);
-            ReadPadded(file.get(), target + at, run);
-            variant.LevelToGray(target + at, target + at, run);
-        }
-        return true;
-    }
     ForEachRun(file.get(), layout, [&](const unsigned char* from, std::size_t first, std::size_t pixels) {
         if (layout.Bits == 8) {
             variant.LevelToGray(from, target + first, pixels);
