@@ -3,6 +3,7 @@
 #include <gtk/gtk.h>
 #include <vostel.hpp>
 
+#include <cmath>
 #include <cstdint>
 #include <cstdio>
 #include <utility>
@@ -92,7 +93,10 @@ private:
     }
     static gboolean Scrolled(GtkEventControllerScroll* scroll, double, double down, CanvasArea* self)
     {
-        self->Canvas.event_wheel(self->Pointer, -down, Flags(scroll) & ~1u);
+        self->WheelRest -= down;    // touch pads send parts of a step, the canvas takes whole ones
+        const double steps = std::trunc(self->WheelRest);
+        self->WheelRest -= steps;
+        self->Canvas.event_wheel(self->Pointer, steps, Flags(scroll) & ~1u);
         return TRUE;
     }
     static gboolean KeyPressed(GtkEventControllerKey*, guint key, guint, GdkModifierType held,
@@ -108,6 +112,7 @@ private:
     GtkWidget*           Area;
     vostel::Canvas       Canvas{640, 480};
     vostel::Point        Pointer = {};    // device px
+    double               WheelRest = 0.0;
     bool                 Fitted = false;
     vostel::Subscription Repaints =
         Canvas.listen(VOSTEL_FRAME_STALE, [this](const vostel::Event&) { gtk_widget_queue_draw(Area); });

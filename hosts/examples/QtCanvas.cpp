@@ -59,7 +59,11 @@ protected:
     }
     void wheelEvent(QWheelEvent* event) override
     {
-        Canvas.event_wheel(At(*event), event->angleDelta().y() / 120.0, Flags(*event));
+        WheelRest +=
+            event->angleDelta().y();    // touch pads send parts of a step, the canvas takes whole ones
+        const int steps = WheelRest / 120;
+        WheelRest -= steps * 120;
+        Canvas.event_wheel(At(*event), steps, Flags(*event));
     }
     void keyPressEvent(QKeyEvent* event) override
     {
@@ -88,6 +92,7 @@ private:
                (event.modifiers().testFlag(Qt::ControlModifier) ? VOSTEL_CONTROL : 0);
     }
 
+    int                  WheelRest = 0;    // eighths of a degree
     vostel::Canvas       Canvas{640, 480};
     vostel::Subscription Repaints =
         Canvas.listen(VOSTEL_FRAME_STALE, [this](const vostel::Event&) { update(); });

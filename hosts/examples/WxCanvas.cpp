@@ -89,8 +89,11 @@ private:
     }
     void OnWheel(wxMouseEvent& event)
     {
-        Canvas.event_wheel(At(event), static_cast<double>(event.GetWheelRotation()) / event.GetWheelDelta(),
-                           Flags(event));
+        WheelRest +=
+            event.GetWheelRotation();    // touch pads send parts of a step, the canvas takes whole ones
+        const int steps = WheelRest / event.GetWheelDelta();
+        WheelRest -= steps * event.GetWheelDelta();
+        Canvas.event_wheel(At(event), steps, Flags(event));
     }
     void OnLetter(wxKeyEvent& event)
     {
@@ -102,6 +105,7 @@ private:
     }
 
     vostel::Canvas       Canvas{640, 480};
+    int                  WheelRest = 0;
     bool                 Fitted = false;
     vostel::Subscription Repaints =
         Canvas.listen(VOSTEL_FRAME_STALE, [this](const vostel::Event&) { Refresh(false); });
