@@ -186,6 +186,26 @@ typedef struct VostelRawLayout {
     int32_t     big_endian;    ///< not 0: the higher byte first
 } VostelRawLayout;
 
+/// What holds for all that a canvas draws.
+typedef struct VostelCanvasInfo {
+    uint32_t size;           ///< sizeof(VostelCanvasInfo)
+    int32_t  width;          ///< device px of the area; 0 of one that has none yet
+    int32_t  height;         ///< device px
+    int32_t  smooth;         ///< 1: pixels are averaged and interpolated
+    double   pixel_ratio;    ///< device px per unit of the host's layout
+} VostelCanvasInfo;
+
+/// How values become shades, beside the color map.
+typedef struct VostelContrastInfo {
+    uint32_t size;          ///< sizeof(VostelContrastInfo)
+    uint32_t below;         ///< 0xAARRGGBB of values below the window; alpha 0: none
+    uint32_t above;         ///< of values above the window
+    uint32_t not_finite;    ///< of values that are not finite
+    double   low;           ///< becomes the darkest shade
+    double   high;          ///< becomes the brightest shade
+    double   gamma;         ///< above 0
+} VostelContrastInfo;
+
 /// What is shown.
 typedef struct VostelImageInfo {
     uint32_t    size;          ///< sizeof(VostelImageInfo)
@@ -345,6 +365,13 @@ VOSTEL_CALL VostelStatus vostel_canvas_set_pixel_ratio(int32_t canvas, double ra
 
 /// Language of captions and read-outs: "zh", as at first, or "en". VOSTEL_NOT_FOUND for others.
 VOSTEL_CALL VostelStatus vostel_canvas_set_language(int32_t canvas, const char* language);
+
+/// Size of the area, smoothing, pixel ratio.
+VOSTEL_CALL VostelStatus vostel_canvas_get(int32_t canvas, VostelCanvasInfo* info);
+
+/// The language of captions and read-outs.
+VOSTEL_CALL VostelStatus vostel_canvas_language(int32_t canvas, char* buffer, size_t capacity,
+                                                size_t* length);
 /// @}
 
 /// @defgroup image Image
@@ -421,6 +448,17 @@ VOSTEL_CALL VostelStatus vostel_contrast_marks(int32_t canvas, uint32_t below, u
 VOSTEL_CALL VostelStatus vostel_contrast_of_object(int32_t canvas, VostelObject region, double low,
                                                    double high);
 
+/// Window, gamma and marks.
+VOSTEL_CALL VostelStatus vostel_contrast_info(int32_t canvas, VostelContrastInfo* contrast);
+
+/// The name of the color map.
+VOSTEL_CALL VostelStatus vostel_contrast_map_name(int32_t canvas, char* buffer, size_t capacity,
+                                                  size_t* length);
+
+/// The window that holds inside a region alone; both are 0 where there is none.
+VOSTEL_CALL VostelStatus vostel_contrast_window_of_object(int32_t canvas, VostelObject region, double* low,
+                                                          double* high);
+
 /// Counts values of the image, or of a region if it is not 0. With w = (high - low) / bins, bin k counts
 /// low + k w <= v < low + (k + 1) w, and v equal to high falls into the last.
 /// @param bins 1 to 16777216
@@ -483,6 +521,13 @@ VOSTEL_CALL VostelStatus vostel_frame_render_to(int32_t canvas, VostelPlane* tar
 /// pixels are limited, drawings are not
 /// @param flags VOSTEL_WITH_...
 VOSTEL_CALL VostelStatus vostel_picture_save(int32_t canvas, const char* path, double scale, uint32_t flags);
+
+/// Draws the whole image, as vostel_picture_save() does, into the caller's memory: VOSTEL_BGRA8, alpha 255.
+/// The target's size is the image's times the scale, rounded, and 1 or more; another is
+/// VOSTEL_INVALID_ARGUMENT.
+/// @param flags VOSTEL_WITH_...
+VOSTEL_CALL VostelStatus vostel_picture_render_to(int32_t canvas, double scale, uint32_t flags,
+                                                  VostelPlane* target);
 /// @}
 
 /// @defgroup events Events from a window system
@@ -589,6 +634,11 @@ VOSTEL_CALL VostelStatus vostel_draw_next(int32_t canvas, VostelKind kind, Voste
 /// The scale of all measures, also of those that stand; 1 and "px" at first. Units are above 0 and finite.
 VOSTEL_CALL VostelStatus vostel_set_scale(int32_t canvas, double units_per_pixel, const char* unit);
 
+/// Reads the scale of all measures.
+/// @param units_per_pixel may be null
+VOSTEL_CALL VostelStatus vostel_get_scale(int32_t canvas, double* units_per_pixel, char* unit,
+                                          size_t capacity, size_t* length);
+
 /// Measures an object.
 /// @param channel 0 the value, or the luma (299 R + 587 G + 114 B) / 1000; 1, 2, 3 red, green, blue of colors
 VOSTEL_CALL VostelStatus vostel_measure(int32_t canvas, VostelObject object, int32_t channel,
@@ -649,6 +699,15 @@ VOSTEL_CALL VostelStatus vostel_regions_export(int32_t canvas, const char* path,
 /// @param count of the objects that were added; may be null
 VOSTEL_CALL VostelStatus vostel_regions_import(int32_t canvas, const char* path, const char* format,
                                                size_t* count);
+
+/// Some objects as the text that vostel_regions_export() writes as "json", in drawing order: for a clipboard.
+/// @param objects each is taken once
+VOSTEL_CALL VostelStatus vostel_regions_text(int32_t canvas, const VostelObject* objects, size_t count,
+                                             char* buffer, size_t capacity, size_t* length);
+
+/// Adds the objects of such a text, or of a session's, as vostel_regions_import() adds those of a file.
+/// @param count of the objects that were added; may be null
+VOSTEL_CALL VostelStatus vostel_regions_add_text(int32_t canvas, const char* text, size_t* count);
 /// @}
 
 /// @defgroup history History

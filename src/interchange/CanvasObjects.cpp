@@ -148,17 +148,22 @@ private:
 
 }
 
-std::vector<FileObject> ObjectsOf(const VostelImage& canvas, const Document& notes)
+std::vector<FileObject> ObjectsOf(std::span<VostelObj* const> objects, const Document& notes)
 {
-    std::vector<FileObject> objects;
-    objects.reserve(canvas.Elements.size());
-    for (const VostelObj* const element : canvas.Elements) {
+    std::vector<FileObject> described;
+    described.reserve(objects.size());
+    for (const VostelObj* const element : objects) {
         FileObject object = FileObjectOf(*element, notes.NotesOf(*element));
         if (const std::optional<Outline> outline = element->RegionOutline())
             object.Outline = outline->Flattened(OutlineTolerance);
-        objects.push_back(std::move(object));
+        described.push_back(std::move(object));
     }
-    return objects;
+    return described;
+}
+
+std::vector<FileObject> ObjectsOf(const VostelImage& canvas, const Document& notes)
+{
+    return ObjectsOf(std::vector<VostelObj*>(canvas.Elements.begin(), canvas.Elements.end()), notes);
 }
 
 void AddObjects(VostelImage& canvas, Document& notes, const std::vector<FileObject>& objects,

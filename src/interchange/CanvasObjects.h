@@ -2,6 +2,7 @@
 
 #include "interchange/FileObject.h"
 
+#include <span>
 #include <string>
 #include <vector>
 
@@ -15,7 +16,8 @@ struct ObjectNotes;
 // What a file can say of an object, but for its outline.
 FileObject FileObjectOf(const VostelObj& object, const ObjectNotes& notes);
 
-// In drawing order.
+// In drawing order; of some objects, or of all.
+std::vector<FileObject> ObjectsOf(std::span<VostelObj* const> objects, const Document& notes);
 std::vector<FileObject> ObjectsOf(const VostelImage& canvas, const Document& notes);
 
 // The parts of an object that come from a file. Each fails with VOSTEL_INVALID_ARGUMENT for what is none.

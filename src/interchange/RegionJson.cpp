@@ -23,8 +23,14 @@ const Json& ListOf(const Json& file)
 
 }
 
-std::string RegionJsonOf(const std::vector<FileObject>& objects)
+std::string RegionJsonOf(std::vector<FileObject> objects, Remarks& told)
 {
+    std::erase_if(objects, [&](const FileObject& object) {
+        const bool lacksPoints = object.Points.size() < PointCountsOf(object.Kind).Least;
+        if (lacksPoints)
+            told.LeftOut(std::string("unfinished ") + KindName(object.Kind));
+        return lacksPoints;
+    });
     Json list = Json::array();
     for (const FileObject& object : objects)
         list.push_back(JsonOfObject(object));
@@ -61,14 +67,7 @@ std::vector<FileObject> ObjectsOfRegionJson(const std::string& text, Remarks& to
 
 void ExportRegionJson(const RegionExport& file)
 {
-    std::vector<FileObject> objects = ObjectsOf(file.Canvas, file.Notes);
-    std::erase_if(objects, [&](const FileObject& object) {
-        const bool lacksPoints = object.Points.size() < PointCountsOf(object.Kind).Least;
-        if (lacksPoints)
-            file.Told.LeftOut(std::string("unfinished ") + KindName(object.Kind));
-        return lacksPoints;
-    });
-    WriteWholeFile(file.Path, RegionJsonOf(objects));
+    WriteWholeFile(file.Path, RegionJsonOf(ObjectsOf(file.Canvas, file.Notes), file.Told));
 }
 
 std::vector<FileObject> ImportRegionJson(const char* utf8Path, ImageSize, Remarks& told)

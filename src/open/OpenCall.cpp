@@ -61,6 +61,22 @@ VostelObj& ObjectOf(const Document& notes, VostelObject object)
     return *found;
 }
 
+std::vector<VostelObj*> ObjectsFrom(const VostelImage& image, const Document& notes, const VostelObject* list,
+                                    std::size_t count)
+{
+    if (count > 0)
+        NeedPointer(list, "objects");
+    if (count > image.Elements.size())
+        Fail(VOSTEL_INVALID_ARGUMENT, "count is larger than the number of objects");
+    std::vector<VostelObj*> objects;
+    for (std::size_t i = 0; i < count; ++i) {
+        VostelObject identity = 0;
+        std::memcpy(&identity, reinterpret_cast<const char*>(list) + i * sizeof identity, sizeof identity);
+        objects.push_back(&ObjectOf(notes, identity));
+    }
+    return objects;
+}
+
 VostelObj& RegionOf(const Document& notes, VostelObject object)
 {
     VostelObj& found = ObjectOf(notes, object);

@@ -88,3 +88,22 @@ VostelStatus vostel_canvas_set_language(int32_t canvas, const char* language)
         ChangeSetting(image, notes, image.View.Settings.English, name == "en");
     });
 }
+
+VostelStatus vostel_canvas_get(int32_t canvas, VostelCanvasInfo* info)
+{
+    return OnCanvas(canvas, [&](VostelImage& image, Document&) {
+        VostelCanvasInfo given = {};
+        given.width = image.View.ClientRect.Width();
+        given.height = image.View.ClientRect.Height();
+        given.smooth = image.CanvasSurface.StretchMode == HALFTONE ? 1 : 0;
+        given.pixel_ratio = image.View.Settings.PixelRatio;
+        GiveRecord(info, given, "info");
+    });
+}
+
+VostelStatus vostel_canvas_language(int32_t canvas, char* buffer, size_t capacity, size_t* length)
+{
+    return OnCanvas(canvas, [&](VostelImage& image, Document&) {
+        GiveText(image.View.Settings.English ? "en" : "zh", buffer, capacity, length);
+    });
+}

@@ -125,6 +125,43 @@ VostelStatus vostel_contrast_of_object(int32_t canvas, VostelObject region, doub
     });
 }
 
+VostelStatus vostel_contrast_info(int32_t canvas, VostelContrastInfo* contrast)
+{
+    return OnCanvas(canvas, [&](VostelImage& image, Document&) {
+        NeedRecord(contrast, "contrast");
+        NeedImage(image);
+        const ContrastState state = image.Contrast();
+        VostelContrastInfo  given = {};
+        given.below = state.Below;
+        given.above = state.Above;
+        given.not_finite = state.NotFinite;
+        given.low = state.Low;
+        given.high = state.High;
+        given.gamma = state.Gamma;
+        GiveRecord(contrast, given, "contrast");
+    });
+}
+
+VostelStatus vostel_contrast_map_name(int32_t canvas, char* buffer, size_t capacity, size_t* length)
+{
+    return OnCanvas(canvas, [&](VostelImage& image, Document&) {
+        NeedBuffer(buffer, capacity, "buffer");
+        NeedImage(image);
+        GiveText(image.Contrast().Map, buffer, capacity, length);
+    });
+}
+
+VostelStatus vostel_contrast_window_of_object(int32_t canvas, VostelObject region, double* low, double* high)
+{
+    return OnCanvas(canvas, [&](VostelImage&, Document& notes) {
+        const VostelObj& object = RegionOf(notes, region);
+        NeedPointer(low, "low");
+        NeedPointer(high, "high");
+        Give(low, object.WindowLow);
+        Give(high, object.WindowHigh);
+    });
+}
+
 VostelStatus vostel_histogram(int32_t canvas, VostelObject region_or_0, int32_t channel, double low,
                               double high, int32_t bins, uint64_t* counts)
 {

@@ -13,7 +13,7 @@ using namespace vostel::open;
 
 namespace {
 
-// The canvas's area with a fresh frame. Its rows run bottom-up and are tightly packed.
+// Drawn pixels. Their rows run bottom-up and are tightly packed.
 struct Frame {
     int                 Width = 0;
     int                 Height = 0;
@@ -25,6 +25,7 @@ struct Frame {
     }
 };
 
+// The canvas's area, drawn anew.
 Frame Compose(VostelImage& image)
 {
     if (!image.ClientMemDC || !image.ClientPixels)
@@ -34,6 +35,18 @@ Frame Compose(VostelImage& image)
     GdiFlush();
     return {image.View.ClientRect.Width(), image.View.ClientRect.Height(), image.ClientPixels};
 }
+
+void GiveOpaqueRows(const Frame& frame, const CallerPlane& target)
+{
+    std::vector<std::uint32_t> opaque(static_cast<std::size_t>(frame.Width));
+    for (int y = 0; y < frame.Height; ++y) {
+        std::transform(frame.Row(y), frame.Row(y) + frame.Width, opaque.begin(),
+                       [](unsigned int pixel) { return pixel | 0xFF000000u; });
+        std::memcpy(target.Row(y), opaque.data(), opaque.size() * sizeof opaque[0]);
+    }
+}
+
+constexpr std::uint32_t PictureFlags = VOSTEL_WITH_OBJECTS | VOSTEL_WITH_CAPTIONS | VOSTEL_WITH_HANDLES;
 
 enum class PictureKind { Pixels, Svg, Pdf };
 
@@ -63,23 +76,46 @@ int ScaledSide(int side, double scale)
     return static_cast<int>(scaled);
 }
 
+ImageSize ScaledSize(const VostelImage& image, double scale)
+{
+    return {ScaledSide(image.CanvasWidth, scale), ScaledSide(image.CanvasHeight, scale)};
+}
+
 PictureParts PartsOf(std::uint32_t flags)
 {
     return {(flags & VOSTEL_WITH_OBJECTS) != 0, (flags & VOSTEL_WITH_CAPTIONS) != 0,
             (flags & VOSTEL_WITH_HANDLES) != 0};
 }
 
-void SavePixels(VostelImage& image, const CString& path, double scale, const PictureParts& parts, int width,
-                int height)
+void NeedShown(const VostelImage& image)
+{
+    if (!image.CanvasSurface.Bitmap || image.CurrentFileType == FileTypeNone)
+        Fail(VOSTEL_NO_IMAGE, "the canvas shows no image");
+}
+
+void NeedSize(ImageSize size)
 {
     constexpr long long MostPixels = 1LL << 28;    // of any picture
-    if (static_cast<long long>(width) * height > std::min<long long>(MostPixels, LimitsInForce().MaxPixels))
+    if (static_cast<long long>(size.Width) * size.Height >
+        std::min<long long>(MostPixels, LimitsInForce().MaxPixels))
         Fail(VOSTEL_TOO_LARGE, "the picture has too many px");
-    PixelSurface picture;
-    picture.Rebuild(nullptr, width, height, false);
+}
+
+void Draw(VostelImage& image, double scale, const PictureParts& parts, ImageSize size, PixelSurface& picture)
+{
+    picture.Rebuild(nullptr, size.Width, size.Height, false);
     if (!picture.Bitmap)
         throw std::bad_alloc();
     DrawPicture(image, scale, parts, picture);
+    GdiFlush();
+}
+
+void SavePixels(VostelImage& image, const CString& path, double scale, const PictureParts& parts,
+                ImageSize size)
+{
+    NeedSize(size);
+    PixelSurface picture;
+    Draw(image, scale, parts, size, picture);
     const HRESULT saved = picture.WriteColorImage(path);
     if (saved == NoMemoryForPicture)
         throw std::bad_alloc();
@@ -111,13 +147,7 @@ VostelStatus vostel_frame_render_to(int32_t canvas, VostelPlane* target)
             Fail(VOSTEL_INVALID_ARGUMENT, "target is not of VOSTEL_BGRA8");
         if (rows.Width != image.View.ClientRect.Width() || rows.Height != image.View.ClientRect.Height())
             Fail(VOSTEL_INVALID_ARGUMENT, "target does not have the size of the canvas's area");
-        const Frame                made = Compose(image);
-        std::vector<std::uint32_t> opaque(static_cast<std::size_t>(made.Width));
-        for (int y = 0; y < made.Height; ++y) {
-            std::transform(made.Row(y), made.Row(y) + made.Width, opaque.begin(),
-                           [](unsigned int pixel) { return pixel | 0xFF000000u; });
-            std::memcpy(rows.Row(y), opaque.data(), opaque.size() * sizeof opaque[0]);
-        }
+        GiveOpaqueRows(Compose(image), rows);
     });
 }
 
@@ -126,17 +156,36 @@ VostelStatus vostel_picture_save(int32_t canvas, const char* path, double scale,
     return OnCanvas(canvas, [&](VostelImage& image, Document& notes) {
         const CString file = WideFrom(path, "path");
         NeedPositive(scale, "scale");
-        NeedFlags(flags, VOSTEL_WITH_OBJECTS | VOSTEL_WITH_CAPTIONS | VOSTEL_WITH_HANDLES);
+        NeedFlags(flags, PictureFlags);
         const PictureKind kind = KindOfEnding(file);
-        if (!image.CanvasSurface.Bitmap || image.CurrentFileType == FileTypeNone)
-            Fail(VOSTEL_NO_IMAGE, "the canvas shows no image");
-        const int width = ScaledSide(image.CanvasWidth, scale);
-        const int height = ScaledSide(image.CanvasHeight, scale);
+        NeedShown(image);
+        const ImageSize size = ScaledSize(image, scale);
         if (kind == PictureKind::Pixels)
-            SavePixels(image, file, scale, PartsOf(flags), width, height);
+            SavePixels(image, file, scale, PartsOf(flags), size);
         else if (kind == PictureKind::Svg)
-            WriteWholeFile(path, SvgOfCanvas(image, notes, scale, PartsOf(flags), {width, height}));
+            WriteWholeFile(path, SvgOfCanvas(image, notes, scale, PartsOf(flags), size));
         else
-            WriteWholeFile(path, PdfOfCanvas(image, notes, scale, PartsOf(flags), {width, height}));
+            WriteWholeFile(path, PdfOfCanvas(image, notes, scale, PartsOf(flags), size));
+    });
+}
+
+VostelStatus vostel_picture_render_to(int32_t canvas, double scale, uint32_t flags, VostelPlane* target)
+{
+    return OnCanvas(canvas, [&](VostelImage& image, Document&) {
+        NeedPositive(scale, "scale");
+        NeedFlags(flags, PictureFlags);
+        const CallerPlane rows = CallerPlaneFrom(target, "target");
+        if (rows.Type != SampleType::Bgra8)
+            Fail(VOSTEL_INVALID_ARGUMENT, "target is not of VOSTEL_BGRA8");
+        NeedShown(image);
+        const ImageSize size = ScaledSize(image, scale);
+        NeedSize(size);
+        if (rows.Width != size.Width || rows.Height != size.Height)
+            Fail(VOSTEL_INVALID_ARGUMENT, "target does not have the size of the picture, " +
+                                              std::to_string(size.Width) + " x " +
+                                              std::to_string(size.Height));
+        PixelSurface picture;
+        Draw(image, scale, PartsOf(flags), size, picture);
+        GiveOpaqueRows({size.Width, size.Height, picture.Pixels}, rows);
     });
 }

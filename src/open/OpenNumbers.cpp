@@ -80,6 +80,18 @@ VostelStatus vostel_set_scale(int32_t canvas, double units_per_pixel, const char
     });
 }
 
+VostelStatus vostel_get_scale(int32_t canvas, double* units_per_pixel, char* unit, size_t capacity,
+                              size_t* length)
+{
+    return OnCanvas(canvas, [&](VostelImage&, Document& notes) {
+        const MeasureUnits units = notes.Units();
+        NeedBuffer(unit, capacity, "unit");
+        if (units_per_pixel)
+            Give(units_per_pixel, units.UnitsPerPixel);
+        GiveText(Utf8Of(units.Unit.GetString()), unit, capacity, length);
+    });
+}
+
 VostelStatus vostel_measure(int32_t canvas, VostelObject object, int32_t channel, VostelMeasures* measures)
 {
     return OnCanvas(canvas, [&](VostelImage& image, Document& notes) {

@@ -24,18 +24,7 @@ VostelStatus vostel_object_at(int32_t canvas, double client_x, double client_y, 
 VostelStatus vostel_select(int32_t canvas, const VostelObject* objects, size_t count)
 {
     return OnCanvas(canvas, [&](VostelImage& image, Document& notes) {
-        if (count > 0)
-            NeedPointer(objects, "objects");
-        if (count > image.Elements.size())
-            Fail(VOSTEL_INVALID_ARGUMENT, "count is larger than the number of objects");
-        std::vector<VostelObj*> chosen;
-        for (std::size_t i = 0; i < count; ++i) {
-            VostelObject identity = 0;
-            std::memcpy(&identity, reinterpret_cast<const char*>(objects) + i * sizeof identity,
-                        sizeof identity);
-            chosen.push_back(&ObjectOf(notes, identity));
-        }
-        notes.Select(chosen);
+        notes.Select(ObjectsFrom(image, notes, objects, count));
     });
 }
 

@@ -39,6 +39,15 @@ inline constexpr auto FieldEnds<VostelRawLayout> = EndsOf(&VostelRawLayout::type
                                                           &VostelRawLayout::height, &VostelRawLayout::offset,
                                                           &VostelRawLayout::big_endian);
 template <>
+inline constexpr auto
+    FieldEnds<VostelCanvasInfo> = EndsOf(&VostelCanvasInfo::width, &VostelCanvasInfo::height,
+                                         &VostelCanvasInfo::smooth, &VostelCanvasInfo::pixel_ratio);
+template <>
+inline constexpr auto
+    FieldEnds<VostelContrastInfo> = EndsOf(&VostelContrastInfo::below, &VostelContrastInfo::above,
+                                           &VostelContrastInfo::not_finite, &VostelContrastInfo::low,
+                                           &VostelContrastInfo::high, &VostelContrastInfo::gamma);
+template <>
 inline constexpr auto FieldEnds<VostelImageInfo> = EndsOf(&VostelImageInfo::type, &VostelImageInfo::width,
                                                           &VostelImageInfo::height, &VostelImageInfo::min,
                                                           &VostelImageInfo::max,

@@ -135,6 +135,10 @@ std::vector<unsigned char> BadInputWorld::RecordOf(const std::string& kind, std:
         return BytesOf(VostelRawLayout{0, VOSTEL_U8, Width, Height, 0, 0});
     if (kind == "info")
         return BytesOf(VostelImageInfo{});
+    if (kind == "canvas-info")
+        return BytesOf(VostelCanvasInfo{});
+    if (kind == "contrast")
+        return BytesOf(VostelContrastInfo{});
     if (kind == "view")
         return BytesOf(VostelView{0, 2.0, 3.0, 4.0});
     if (kind == "frame")
@@ -153,6 +157,8 @@ std::vector<unsigned char> BadInputWorld::RecordOf(const std::string& kind, std:
         return BytesOf(VostelPlane{});
     if (kind == "target")
         return BytesOf(PlaneOf(VOSTEL_BGRA8, 80, 60, samples));
+    if (kind == "picture-target")
+        return BytesOf(PlaneOf(VOSTEL_BGRA8, Width / 2, Height / 2, samples));
     if (kind == "image-plane")
         return BytesOf(PlaneOf(VOSTEL_U8, 32, 16, samples));
     if (kind == "kernel-plane")
@@ -190,6 +196,9 @@ const std::string* BadInputWorld::TextOfKind(const std::string& kind)
         REQUIRE(vostel_regions_export(First, path->c_str(), "json") == VOSTEL_OK);
         return path;
     }
+    if (kind == "region-text")
+        return keep(R"({"format": "vostel-regions", "version": 1, "objects": [
+            {"kind": "polygon", "name": "a name longer than a short one", "points": [[1, 2], [30, 4], [9, 40]]}]})");
     if (kind == "new-session" || kind == "new-regions")
         return file("new.json");
     if (kind == "region-format")
@@ -318,7 +327,7 @@ std::vector<BadValue> BadInputWorld::Bad(const std::string& argument, std::size_
         for (const std::uint32_t size : {0u, 1u, 4u})
             spoilt("size " + std::to_string(size), 0, size, true);
         spoilt("huge size", 0, UINT32_MAX, false);
-        const bool        isPlane = kind.find("plane") != std::string::npos || kind == "target";
+        const bool        isPlane = kind.find("plane") != std::string::npos || kind.ends_with("target");
         const std::size_t numbers = isPlane ? offsetof(VostelPlane, data) : record.size();
         for (std::size_t at = 4; at < numbers; at += 4) {
             for (const std::uint32_t word : {0u, 0x80000000u, 0xFFFFFFFFu, 0x7FF00000u, 0x7F7F7F7Fu})

@@ -288,6 +288,29 @@ TEST_CASE("pictures, copies and routines go by containers")
     CHECK(vostel::version() == vostel_version());
 }
 
+TEST_CASE("what was set is read back")
+{
+    Canvas canvas = CanvasWithImage();
+    CHECK(canvas.info().pixel_ratio == 1.0);
+    canvas.set_language("en");
+    CHECK(canvas.language() == "en");
+    canvas.contrast_map("fire");
+    canvas.contrast_marks(1, 2, 3);
+    CHECK(canvas.contrast_map_name() == "fire");
+    CHECK(canvas.contrast_info().not_finite == 3);
+    const vostel::Object region = canvas.add_polygon({{1, 1}, {9, 2}, {4, 8}});
+    CHECK(!canvas.contrast_window_of_object(region));
+    canvas.contrast_of_object(region, 2.0, 5.0);
+    CHECK(canvas.contrast_window_of_object(region) == std::pair(2.0, 5.0));
+    canvas.set_scale(0.5, "mm");
+    CHECK(canvas.scale() == std::pair(0.5, std::string("mm")));
+    CHECK(canvas.regions_add_text(canvas.regions_text({region})) == 1);
+    const vostel::ImageInfo    image = *canvas.image_info();
+    std::vector<std::uint32_t> pixels(static_cast<std::size_t>(image.width * image.height));
+    canvas.picture_render_to(pixels.data(), image.width, image.height);
+    CHECK((pixels.front() & 0xFF000000u) == 0xFF000000u);
+}
+
 TEST_CASE("sessions and regions leave and return")
 {
     TempFolder folder;

@@ -116,12 +116,16 @@ void NoteFiles(int32_t number, Ear& ear, const Note& note)
     note("`vostel_session_save`, `vostel_regions_export`");
     vostel_regions_import(number, path.c_str(), nullptr, nullptr);
     note("`vostel_regions_import` of one object");
+    const char* const arrow = R"({"format": "vostel-regions", "version": 1, "objects": [
+        {"kind": "arrow", "points": [[1, 2], [30, 40]]}]})";
+    vostel_regions_add_text(number, arrow, nullptr);
+    note("`vostel_regions_add_text` of one object");
     vostel_view_fit(number);
     vostel_select(number, nullptr, 0);
     vostel_contrast_set(number, 10, 90);
     ear.Heard.clear();
     vostel_session_open(number, path.c_str(), VOSTEL_SESSION_ON_IMAGE);
-    note("`vostel_session_open` of one selected object over two, on the shown image");
+    note("`vostel_session_open` of one selected object over three, on the shown image");
     gCVSDelAllElement(number);
     vostel_contrast_set(number, 10, 90);
     ear.Heard.clear();

@@ -59,6 +59,20 @@ namespace Vostel
             Call(canvas => Native.vostel_canvas_set_language(canvas, text));
         }
 
+        /// <summary>Language of captions and read-outs.</summary>
+        public string Language => TextOf(Native.vostel_canvas_language);
+
+        /// <summary>Size of the area, smoothing, pixel ratio.</summary>
+        public CanvasInfo Info
+        {
+            get
+            {
+                CanvasInfo info = new CanvasInfo { Size = Sizes<CanvasInfo>.Bytes };
+                Call(canvas => Native.vostel_canvas_get(canvas, ref info));
+                return info;
+            }
+        }
+
         /// <summary>Such as "canvas 5".</summary>
         public override string ToString() => "canvas " + Number;
 

@@ -44,6 +44,29 @@ namespace Vostel
             Call(canvas => Native.vostel_contrast_of_object(canvas, id, low, high));
         }
 
+        /// <summary>Window, gamma and marks.</summary>
+        public ContrastInfo ContrastInfo
+        {
+            get
+            {
+                ContrastInfo info = new ContrastInfo { Size = Sizes<ContrastInfo>.Bytes };
+                Call(canvas => Native.vostel_contrast_info(canvas, ref info));
+                return info;
+            }
+        }
+
+        /// <summary>The name of the color map.</summary>
+        public string ContrastMapName => TextOf(Native.vostel_contrast_map_name);
+
+        /// <summary>The window inside a region alone; null where there is none.</summary>
+        public Contrast? ContrastWindowOfObject(VostelObject region)
+        {
+            ulong id = IdOf(region, nameof(region));
+            Contrast window = new Contrast();
+            Call(canvas => Native.vostel_contrast_window_of_object(canvas, id, out window.Low, out window.High));
+            return window.Low < window.High ? window : (Contrast?)null;
+        }
+
         /// <summary>
         /// Counts values of the image or of a region. With w = (high - low) / bins, bin k counts
         /// low + k w &lt;= v &lt; low + (k + 1) w, and v equal to high falls into the last.
@@ -165,16 +188,21 @@ namespace Vostel
         /// <summary>Draws at an address, such as that of a locked bitmap. Nothing checks the memory.</summary>
         public void FrameRenderTo(IntPtr bgra, int width, int height, long rowBytes)
         {
-            NativePlane target = new NativePlane
+            NativePlane target = BgraPlane(bgra, width, height, rowBytes);
+            Call(canvas => Native.vostel_frame_render_to(canvas, ref target));
+        }
+
+        private static NativePlane BgraPlane(IntPtr data, int width, int height, long rowBytes)
+        {
+            return new NativePlane
             {
                 Size = Sizes<NativePlane>.Bytes,
                 Type = PixelType.Bgra8,
                 Width = width,
                 Height = height,
                 RowBytes = new IntPtr(rowBytes),
-                Data = bgra
+                Data = data
             };
-            Call(canvas => Native.vostel_frame_render_to(canvas, ref target));
         }
 
         /// <summary>Writes the whole image at a scale; the ending tells the format, such as png or pdf.</summary>
@@ -183,6 +211,23 @@ namespace Vostel
         {
             byte[] name = Path(path);
             Call(canvas => Native.vostel_picture_save(canvas, name, scale, (uint)flags));
+        }
+
+        /// <summary>
+        /// Draws what <see cref="PictureSave"/> writes into the caller's memory: BGRA of the image's size times the
+        /// scale, rounded, alpha 255.
+        /// </summary>
+        public void PictureRenderTo(Span<byte> bgra, int width, int height, double scale = 1.0,
+            PictureFlags flags = PictureFlags.WithObjects | PictureFlags.WithCaptions, int rowBytes = 0)
+        {
+            PixelTypes.CheckRoom(bgra.Length, PixelType.Bgra8, width, height, rowBytes);
+            using (CanvasUse use = Handle.Use())
+                fixed (byte* pixels = &MemoryMarshal.GetReference(bgra))
+                {
+                    NativePlane target = BgraPlane((IntPtr)pixels, width, height, rowBytes);
+                    VostelException.Check(
+                        Native.vostel_picture_render_to(use.Number, scale, (uint)flags, ref target));
+                }
         }
 
         /// <summary>The left button went down.</summary>

@@ -43,6 +43,30 @@ namespace Vostel
             return checked((int)(ulong)count);
         }
 
+        /// <summary>Some objects as the text that an export as "json" writes: for a clipboard.</summary>
+        public string RegionsText(params VostelObject[] objects)
+        {
+            if (objects == null)
+                throw new ArgumentNullException(nameof(objects));
+            ulong[] ids = Array.ConvertAll(objects, chosen => IdOf(chosen, nameof(objects)));
+            return TextOf((int canvas, byte* buffer, UIntPtr capacity, out UIntPtr length) =>
+            {
+                fixed (ulong* first = ids)
+                    return Native.vostel_regions_text(canvas, first, (UIntPtr)(uint)ids.Length, buffer, capacity,
+                        out length);
+            });
+        }
+
+        /// <summary>Adds the objects of such a text, or of a session's, on top, as one step.</summary>
+        /// <returns>the number of objects that were added</returns>
+        public int RegionsAddText(string text)
+        {
+            byte[] json = Utf8.Encoded(text, nameof(text));
+            UIntPtr count = UIntPtr.Zero;
+            Call(canvas => Native.vostel_regions_add_text(canvas, json, out count));
+            return checked((int)(ulong)count);
+        }
+
         /// <summary>Number of steps and what they hold.</summary>
         public HistoryInfo HistoryInfo
         {

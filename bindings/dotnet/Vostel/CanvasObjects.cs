@@ -132,6 +132,16 @@ namespace Vostel
             Call(canvas => Native.vostel_set_scale(canvas, unitsPerPixel, text));
         }
 
+        /// <summary>Units per px of all measures, and their name.</summary>
+        public string GetScale(out double unitsPerPixel)
+        {
+            double units = 1.0;
+            string unit = TextOf((int canvas, byte* buffer, UIntPtr capacity, out UIntPtr length) =>
+                Native.vostel_get_scale(canvas, out units, buffer, capacity, out length));
+            unitsPerPixel = units;
+            return unit;
+        }
+
         /// <summary>255 inside a region and 0 outside, for the whole image.</summary>
         public Plane<byte> Mask(VostelObject region)
         {

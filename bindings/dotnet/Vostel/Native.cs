@@ -39,6 +39,13 @@ namespace Vostel
         internal static extern Status vostel_canvas_set_language(int canvas, byte[] language);
 
         [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
+        internal static extern Status vostel_canvas_get(int canvas, ref CanvasInfo info);
+
+        [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
+        internal static extern Status vostel_canvas_language(int canvas, byte* buffer, UIntPtr capacity,
+            out UIntPtr length);
+
+        [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
         internal static extern Status vostel_image_show(int canvas, PixelType type, IntPtr data, int width,
             int height, IntPtr rowBytes, uint flags);
 
@@ -94,6 +101,17 @@ namespace Vostel
         internal static extern Status vostel_contrast_of_object(int canvas, ulong region, double low, double high);
 
         [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
+        internal static extern Status vostel_contrast_info(int canvas, ref ContrastInfo contrast);
+
+        [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
+        internal static extern Status vostel_contrast_map_name(int canvas, byte* buffer, UIntPtr capacity,
+            out UIntPtr length);
+
+        [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
+        internal static extern Status vostel_contrast_window_of_object(int canvas, ulong region, out double low,
+            out double high);
+
+        [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
         internal static extern Status vostel_histogram(int canvas, ulong regionOr0, int channel, double low,
             double high, int bins, ulong* counts);
 
@@ -134,6 +152,10 @@ namespace Vostel
 
         [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
         internal static extern Status vostel_picture_save(int canvas, byte[] path, double scale, uint flags);
+
+        [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
+        internal static extern Status vostel_picture_render_to(int canvas, double scale, uint flags,
+            ref NativePlane target);
 
         [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
         internal static extern Status vostel_event_press(int canvas, double x, double y, uint flags);
@@ -226,6 +248,10 @@ namespace Vostel
         internal static extern Status vostel_set_scale(int canvas, double unitsPerPixel, byte[] unit);
 
         [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
+        internal static extern Status vostel_get_scale(int canvas, out double unitsPerPixel, byte* unit,
+            UIntPtr capacity, out UIntPtr length);
+
+        [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
         internal static extern Status vostel_measure(int canvas, ulong @object, int channel, ref Measures measures);
 
         [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
@@ -254,6 +280,13 @@ namespace Vostel
         [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
         internal static extern Status vostel_regions_import(int canvas, byte[] path, byte[] format,
             out UIntPtr count);
+
+        [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
+        internal static extern Status vostel_regions_text(int canvas, ulong* objects, UIntPtr count, byte* buffer,
+            UIntPtr capacity, out UIntPtr length);
+
+        [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
+        internal static extern Status vostel_regions_add_text(int canvas, byte[] text, out UIntPtr count);
 
         [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
         internal static extern Status vostel_history_limit(int canvas, UIntPtr bytes);

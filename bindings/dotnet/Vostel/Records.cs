@@ -73,6 +73,42 @@ namespace Vostel
         }
     }
 
+    /// <summary>What holds for all that a canvas draws.</summary>
+    [StructLayout(LayoutKind.Sequential)]
+    public struct CanvasInfo
+    {
+        internal uint Size;
+        /// <summary>Device px of the area; 0 of one that has none yet.</summary>
+        public int Width;
+        /// <summary>Device px.</summary>
+        public int Height;
+        internal int Smooth;
+        /// <summary>Device px per unit of the host's layout.</summary>
+        public double PixelRatio;
+
+        /// <summary>Whether pixels are averaged and interpolated.</summary>
+        public bool IsSmooth => Smooth != 0;
+    }
+
+    /// <summary>How values become shades, beside the color map.</summary>
+    [StructLayout(LayoutKind.Sequential)]
+    public struct ContrastInfo
+    {
+        internal uint Size;
+        /// <summary>0xAARRGGBB of values below the window; alpha 0: none.</summary>
+        public uint Below;
+        /// <summary>Of values above the window.</summary>
+        public uint Above;
+        /// <summary>Of values that are not finite.</summary>
+        public uint NotFinite;
+        /// <summary>Becomes the darkest shade.</summary>
+        public double Low;
+        /// <summary>Becomes the brightest shade.</summary>
+        public double High;
+        /// <summary>Above 0.</summary>
+        public double Gamma;
+    }
+
     /// <summary>What is shown.</summary>
     [StructLayout(LayoutKind.Sequential)]
     public struct ImageInfo

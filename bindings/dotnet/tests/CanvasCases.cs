@@ -45,6 +45,33 @@ internal static class CanvasCases
         Check.Throws<ArgumentOutOfRangeException>(() => Canvas.FromNumber(-1));
     }
 
+    public static void WhatWasSetIsReadBack()
+    {
+        using (Canvas canvas = OfRamp())
+        {
+            canvas.SetPixelRatio(1.25);
+            canvas.SetLanguage("en");
+            canvas.ViewSetSmooth(false);
+            Check.True(canvas.Info.Width == 160 && canvas.Info.PixelRatio == 1.25 && !canvas.Info.IsSmooth);
+            Check.Equal(canvas.Language, "en");
+            canvas.ContrastMap("fire");
+            canvas.ContrastMarks(1, 2, 3);
+            Check.Equal(canvas.ContrastMapName, "fire");
+            Check.True(canvas.ContrastInfo.NotFinite == 3 && canvas.ContrastInfo.Gamma == 1);
+            VostelObject region = canvas.AddRectangle(1, 1, 3, 3);
+            Check.True(canvas.ContrastWindowOfObject(region) == null);
+            canvas.ContrastOfObject(region, 2, 5);
+            Check.Equal(canvas.ContrastWindowOfObject(region).Value.High, 5.0);
+            canvas.SetScale(0.5, "\u00b5m");
+            Check.Equal(canvas.GetScale(out double units), "\u00b5m");
+            Check.Equal(units, 0.5);
+            Check.Equal(canvas.RegionsAddText(canvas.RegionsText(region)), 1);
+            byte[] pixels = new byte[4 * 16 * 12];
+            canvas.PictureRenderTo(pixels, 16, 12, 2);
+            Check.Equal(pixels[3], (byte)255);
+        }
+    }
+
     public static void ADisposedCanvasThrows()
     {
         Canvas canvas = OfRamp();

@@ -154,7 +154,7 @@ class Lives(CanvasCase):
         given = {"show": (ramp(),), "open": ("a",), "open_raw": ("a", "uint8", 1, 1), "value": (1, 1), "zoom": (2, 1, 1),
                  "percentiles": (1, 2), "save": ("a.png",), "to_image": (1, 1), "to_client": (1, 1), "at": (1, 1),
                  "remove": (region,), "session_save": ("a",), "session_open": ("a",), "export": ("a.json",),
-                 "import_": ("a",), "listen": (print,), "press": (1, 1), "release": (1, 1), "move": (1, 1),
+                 "import_": ("a",), "paste": ("a",), "listen": (print,), "press": (1, 1), "release": (1, 1), "move": (1, 1),
                  "wheel": (1, 1, 1), "key": ("a",), "resize": (5, 5), "link": (None,), "set_keys": ("",),
                  "set_language": ("en",), "set_smooth": (True,), "set_pixel_ratio": (2,), "set_history_limit": (5,),
                  "draw_next": ("length",), "add_rectangle": (1, 1, 2, 2), "add_ellipse": (1, 1, 2, 2),
@@ -187,11 +187,12 @@ class Lives(CanvasCase):
         canvas = vostel.Canvas(50, 50)
         region = canvas.add_rectangle(1, 1, 9, 9)
         for call in (lambda: canvas.info, lambda: canvas.plane, lambda: canvas.value(1, 1), canvas.labels,
-                     region.mask, canvas.histogram, lambda: canvas.percentiles(1, 2)):
+                     region.mask, canvas.histogram, canvas.picture, lambda: canvas.percentiles(1, 2),
+                     lambda: canvas.gamma, lambda: canvas.colormap, lambda: canvas.mark_colors):
             with self.fails("NO_IMAGE"):
                 call()
         self.assertEqual(canvas.render().shape, (50, 50, 4))
-        self.assertEqual((canvas.gamma, canvas.colormap, canvas.scale), (1, "gray", (1, "px")))
+        self.assertEqual(canvas.scale, (1, "px"))
 
     def test_canvases_that_nobody_knows_are_destroyed(self):
         ended = []

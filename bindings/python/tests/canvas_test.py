@@ -78,6 +78,41 @@ class Contrasts(CanvasCase):
         self.assertEqual((self.canvas.contrast, self.canvas.gamma, self.canvas.colormap), ((100, 900), 1.0, "gray"))
         self.assertIn("viridis", vostel.colormaps())
 
+    def test_settings_of_the_canvas_read_back(self):
+        self.canvas.resize(70, 50)
+        self.canvas.set_pixel_ratio(1.5)
+        self.canvas.set_language("en")
+        self.canvas.set_smooth(False)
+        self.canvas.marks(1, 2, 0xFF000003)
+        found = (self.canvas.area, self.canvas.pixel_ratio, self.canvas.language, self.canvas.smooth,
+                 self.canvas.mark_colors)
+        self.assertEqual(found, ((70, 50), 1.5, "en", False, (1, 2, 0xFF000003)))
+
+    def test_a_picture_is_the_one_that_is_saved(self):
+        self.canvas.add_polygon([(5, 5), (50, 10), (20, 30)])
+        path = self.folder / "saved.png"
+        for scale in (1.0, 0.5, 2.75):
+            self.canvas.save(path, scale)
+            saved = vostel.Canvas(10, 10)
+            saved.open(path)
+            np.testing.assert_array_equal(self.canvas.picture(scale)[:, :, :3], saved.plane)
+        self.assertTrue((self.canvas.picture(0.1)[:, :, 3] == 255).all())
+        for scale, name in ((0, "INVALID_ARGUMENT"), (float("nan"), "INVALID_ARGUMENT"), (1e9, "TOO_LARGE")):
+            with self.fails(name):
+                self.canvas.picture(scale)
+
+    def test_objects_go_to_another_canvas_as_text(self):
+        polygon = self.canvas.add_polygon([(5, 5), (50, 10), (20, 30)])
+        polygon.name = "孔 1"
+        self.canvas.add_length((1, 1), (4, 5))
+        other = vostel.Canvas(50, 50)
+        self.assertEqual([each.kind for each in other.paste(self.canvas.objects_text())], ["polygon", "length"])
+        pasted, = other.paste(self.canvas.objects_text([polygon]))
+        self.assertEqual(pasted.name, "孔 1")
+        np.testing.assert_array_equal(pasted.points, polygon.points)
+        with self.fails("BAD_FORMAT"):
+            other.paste("no objects")
+
     def test_percentiles_are_those_of_numpy(self):
         window = self.canvas.percentiles(1, 99.5)
         self.assertEqual(window, tuple(np.percentile(ramp().astype(float), [1, 99.5])))

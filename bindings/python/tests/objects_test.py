@@ -149,7 +149,9 @@ class Properties(CanvasCase):
 
     def test_a_region_has_a_contrast_of_its_own(self):
         before = self.canvas.render()
+        self.assertIsNone(self.region.contrast)
         self.region.set_contrast(0, 100)
+        self.assertEqual(self.region.contrast, (0, 100))
         self.assertFalse(np.array_equal(before, self.canvas.render()))
 
 

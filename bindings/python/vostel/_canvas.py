@@ -6,7 +6,6 @@ import contextlib
 import ctypes
 import json
 import os
-import tempfile
 import weakref
 from typing import TYPE_CHECKING, Any, Dict, Iterable, Iterator, List, Optional, Tuple, Union
 
@@ -27,11 +26,22 @@ if TYPE_CHECKING:
 
 _TYPE_NAMES = {c.U8: "uint8", c.U16: "uint16", c.I16: "int16", c.F32: "float32", c.RGB8: "rgb8", c.BGR8: "bgr8",
                c.BGRA8: "bgra8"}
+_MOST_PIXELS = 2**28    # of a picture
 _COLUMNS = ("object", "name", "kind", "label", "unit", *Measures._fields)
 
 
 def _keeps(objects: bool, view: bool, contrast: bool) -> int:
     return (c.KEEP_OBJECTS if objects else 0) | (c.KEEP_VIEW if view else 0) | (c.KEEP_CONTRAST if contrast else 0)
+
+
+def _parts(objects: bool, captions: bool, handles: bool) -> int:
+    return ((c.WITH_OBJECTS if objects else 0) | (c.WITH_CAPTIONS if captions else 0) |
+            (c.WITH_HANDLES if handles else 0))
+
+
+def _scaled(side: int, scale: float) -> int:
+    """A side of a picture, px; of a scale that is none, anything."""
+    return max(1, int(min(side * scale + 0.5, 2.0**30))) if scale > 0 else 1
 
 
 def _buttons(shift: bool, control: bool, left: bool = False) -> int:
@@ -109,6 +119,27 @@ class Canvas(Adding, CanvasHandle):
     def set_language(self, language: str) -> None:
         """Language of captions and read-outs: "zh", as at first, or "en"."""
         self._call(library.vostel_canvas_set_language, encoded(language, "language"))
+
+    def _canvas_info(self) -> c.CanvasInfo:
+        info = c.CanvasInfo()
+        self._call(library.vostel_canvas_get, info)
+        return info
+
+    @property
+    def area(self) -> Tuple[int, int]:
+        """Width and height of the area, device px; `resize` sets it."""
+        info = self._canvas_info()
+        return info.width, info.height
+
+    @property
+    def pixel_ratio(self) -> float:
+        """What `set_pixel_ratio` set."""
+        return float(self._canvas_info().pixel_ratio)
+
+    @property
+    def language(self) -> str:
+        """What `set_language` set."""
+        return self._text(library.vostel_canvas_language)
 
     # Image
 
@@ -214,7 +245,7 @@ class Canvas(Adding, CanvasHandle):
     @property
     def colormap(self) -> str:
         """The color map, one of `vostel.colormaps()`; "gray" at first. Settable."""
-        return str(self._saved("contrast").get("map", "gray"))
+        return self._text(library.vostel_contrast_map_name)
 
     @colormap.setter
     def colormap(self, name: str) -> None:
@@ -223,11 +254,22 @@ class Canvas(Adding, CanvasHandle):
     @property
     def gamma(self) -> float:
         """shown = ((v - low) / (high - low))^(1 / gamma). Settable, above 0."""
-        return float(self._saved("contrast").get("gamma", 1.0))
+        return float(self._contrast_info().gamma)
 
     @gamma.setter
     def gamma(self, gamma: float) -> None:
         self._call(library.vostel_contrast_gamma, real(gamma, "gamma"))
+
+    def _contrast_info(self) -> c.ContrastInfo:
+        info = c.ContrastInfo()
+        self._call(library.vostel_contrast_info, info)
+        return info
+
+    @property
+    def mark_colors(self) -> Tuple[int, int, int]:
+        """What `marks` set: below, above, not_finite as 0xAARRGGBB."""
+        info = self._contrast_info()
+        return info.below, info.above, info.not_finite
 
     def marks(self, below: Any = 0, above: Any = 0, not_finite: Any = 0) -> None:
         """Colors of values below and above the window and of those that are not finite, 0xAARRGGBB; alpha 0: none."""
@@ -298,6 +340,11 @@ class Canvas(Adding, CanvasHandle):
         """Whether pixels are averaged and interpolated, or the nearest one is shown."""
         self._call(library.vostel_view_set_smooth, bool(smooth))
 
+    @property
+    def smooth(self) -> bool:
+        """What `set_smooth` set."""
+        return bool(self._canvas_info().smooth)
+
     def link(self, other: Optional[Canvas]) -> None:
         """Keeps scale and middle the same as those of another canvas and its group; with None it leaves its group."""
         if other is not None and not isinstance(other, Canvas):
@@ -316,9 +363,21 @@ class Canvas(Adding, CanvasHandle):
     def save(self, path: Union[str, os.PathLike[str]], scale: float = 1.0, objects: bool = True, captions: bool = True,
              handles: bool = False) -> None:
         """Writes the whole image at a scale: png, bmp, jpg, tif, svg or pdf, by the ending."""
-        flags = ((c.WITH_OBJECTS if objects else 0) | (c.WITH_CAPTIONS if captions else 0) |
-                 (c.WITH_HANDLES if handles else 0))
-        self._call(library.vostel_picture_save, encoded_path(path), real(scale, "scale"), flags)
+        self._call(library.vostel_picture_save, encoded_path(path), real(scale, "scale"),
+                   _parts(objects, captions, handles))
+
+    def picture(self, scale: float = 1.0, objects: bool = True, captions: bool = True,
+                handles: bool = False) -> npt.NDArray[np.uint8]:
+        """What `save` writes, as an array: height x width x 4 uint8, red, green, blue, 255."""
+        times = real(scale, "scale")
+        with self._hold() as number:
+            width, height = (_scaled(side, times) for side in self.size)
+            # The library refuses what would be too large before it draws.
+            image = np.empty((height, width, 4) if width * height <= _MOST_PIXELS else (1, 1, 4), np.uint8)
+            plane = c.Plane(type=c.BGRA8, width=width, height=height, data=image.ctypes.data)
+            library.vostel_picture_render_to(number, times, _parts(objects, captions, handles), plane)
+        image[:, :, :3] = image[:, :, 2::-1].copy()
+        return image
 
     # Objects; those that add are in Adding
 
@@ -379,8 +438,9 @@ class Canvas(Adding, CanvasHandle):
     @property
     def scale(self) -> Scale:
         """Units per image px and their name, of all measures; 1 and "px" at first. Settable."""
-        scale = self._saved("scale")
-        return Scale(float(scale.get("units_per_pixel", 1.0)), str(scale.get("unit", "px")))
+        units = ctypes.c_double()
+        unit = self._text(library.vostel_get_scale, units)
+        return Scale(units.value, unit)
 
     @scale.setter
     def scale(self, scale: Tuple[float, str]) -> None:
@@ -389,15 +449,6 @@ class Canvas(Adding, CanvasHandle):
         except (TypeError, ValueError):
             raise ArgumentTypeError(f"scale is {scale!r}, not units per px and their name") from None
         self._call(library.vostel_set_scale, real(units, "units"), encoded(unit, "unit"))
-
-    def _saved(self, member: str) -> Dict[str, Any]:
-        """A member of the session that the canvas would save: what can be set and has no call that reads it."""
-        with tempfile.TemporaryDirectory() as folder:
-            path = os.path.join(folder, "canvas.vostel.json")
-            self._call(library.vostel_session_save, encoded_path(path), 0)
-            with open(path, encoding="utf-8") as file:
-                found: Dict[str, Any] = json.load(file).get(member, {})
-        return found
 
     # History
 
@@ -467,6 +518,20 @@ class Canvas(Adding, CanvasHandle):
             count = ctypes.c_size_t()
             self._noted(library.vostel_regions_import, encoded_path(path),
                         None if format is None else encoded(format, "format"), count)
+            objects = self.objects
+        return list(objects[len(objects) - count.value:])
+
+    def objects_text(self, objects: Optional[Iterable[Object]] = None) -> str:
+        """Some objects, or all, as the text that `export` writes as "json": for a clipboard."""
+        with self._hold():
+            numbers = [self._number_of(each) for each in (self.objects if objects is None else objects)]
+            return self._text(library.vostel_regions_text, (ctypes.c_uint64 * len(numbers))(*numbers), len(numbers))
+
+    def paste(self, text: str) -> List[Object]:
+        """Adds the objects of such a text on top, as one step, and returns them."""
+        with self._hold():
+            count = ctypes.c_size_t()
+            self._noted(library.vostel_regions_add_text, encoded(text, "text"), count)
             objects = self.objects
         return list(objects[len(objects) - count.value:])
 

@@ -108,6 +108,16 @@ class RawLayout(Record):
                 ("big_endian", c_int32)]
 
 
+class CanvasInfo(Record):
+    _fields_ = [("size", c_uint32), ("width", c_int32), ("height", c_int32), ("smooth", c_int32),
+                ("pixel_ratio", c_double)]
+
+
+class ContrastInfo(Record):
+    _fields_ = [("size", c_uint32), ("below", c_uint32), ("above", c_uint32), ("not_finite", c_uint32),
+                ("low", c_double), ("high", c_double), ("gamma", c_double)]
+
+
 class ImageInfo(Record):
     _fields_ = [("size", c_uint32), ("type", c_int32), ("width", c_int32), ("height", c_int32), ("min", c_double),
                 ("max", c_double), ("not_finite", c_int64)]
@@ -187,6 +197,8 @@ FUNCTIONS: Dict[str, Tuple[Any, ...]] = {
     "vostel_canvas_resize": (_canvas, c_int32, c_int32),
     "vostel_canvas_set_pixel_ratio": (_canvas, c_double),
     "vostel_canvas_set_language": (_canvas, c_char_p),
+    "vostel_canvas_get": (_canvas, POINTER(CanvasInfo)),
+    "vostel_canvas_language": (_canvas, *_text),
     "vostel_image_show": (_canvas, c_int32, c_void_p, c_int32, c_int32, c_ssize_t, c_uint32),
     "vostel_image_open": (_canvas, c_char_p, c_uint32),
     "vostel_image_pages": (c_char_p, POINTER(c_int32)),
@@ -204,6 +216,9 @@ FUNCTIONS: Dict[str, Tuple[Any, ...]] = {
     "vostel_contrast_map_names": _text,
     "vostel_contrast_marks": (_canvas, c_uint32, c_uint32, c_uint32),
     "vostel_contrast_of_object": (_canvas, _object, c_double, c_double),
+    "vostel_contrast_info": (_canvas, POINTER(ContrastInfo)),
+    "vostel_contrast_map_name": (_canvas, *_text),
+    "vostel_contrast_window_of_object": (_canvas, _object, _numbers, _numbers),
     "vostel_histogram": (_canvas, _object, c_int32, c_double, c_double, c_int32, POINTER(c_uint64)),
     "vostel_view_get": (_canvas, POINTER(View)),
     "vostel_view_set": (_canvas, POINTER(View)),
@@ -217,6 +232,7 @@ FUNCTIONS: Dict[str, Tuple[Any, ...]] = {
     "vostel_frame_render": (_canvas, POINTER(Frame)),
     "vostel_frame_render_to": (_canvas, POINTER(Plane)),
     "vostel_picture_save": (_canvas, c_char_p, c_double, c_uint32),
+    "vostel_picture_render_to": (_canvas, c_double, c_uint32, POINTER(Plane)),
     "vostel_event_press": (_canvas, c_double, c_double, c_uint32),
     "vostel_event_release": (_canvas, c_double, c_double, c_uint32),
     "vostel_event_move": (_canvas, c_double, c_double, c_uint32),
@@ -244,6 +260,7 @@ FUNCTIONS: Dict[str, Tuple[Any, ...]] = {
     "vostel_selection": (_canvas, POINTER(c_uint64), c_size_t, _sizes),
     "vostel_draw_next": (_canvas, c_int32, POINTER(c_uint64)),
     "vostel_set_scale": (_canvas, c_double, c_char_p),
+    "vostel_get_scale": (_canvas, _numbers, *_text),
     "vostel_measure": (_canvas, _object, c_int32, POINTER(Measures)),
     "vostel_profile": (_canvas, _object, c_int32, c_double, POINTER(Profile), _numbers, c_size_t, _sizes),
     "vostel_mask": (_canvas, _object, POINTER(c_uint8), c_ssize_t),
@@ -253,6 +270,8 @@ FUNCTIONS: Dict[str, Tuple[Any, ...]] = {
     "vostel_session_open": (_canvas, c_char_p, c_uint32),
     "vostel_regions_export": (_canvas, c_char_p, c_char_p),
     "vostel_regions_import": (_canvas, c_char_p, c_char_p, _sizes),
+    "vostel_regions_text": (_canvas, POINTER(c_uint64), c_size_t, *_text),
+    "vostel_regions_add_text": (_canvas, c_char_p, _sizes),
     "vostel_history_limit": (_canvas, c_size_t),
     "vostel_history_info": (_canvas, POINTER(HistoryInfo)),
     "vostel_history_name": (_canvas, c_int32, *_text),

@@ -11,7 +11,7 @@ import numpy as np
 from . import _declarations as c
 from ._arrays import Array, pointer, points_of, real, whole
 from ._library import ArgumentError, ArgumentTypeError, Error, encoded, library
-from ._records import KINDS, Bounds, Measures, Style, measures_of
+from ._records import KINDS, Bounds, Contrast, Measures, Style, measures_of
 
 if TYPE_CHECKING:
     import numpy.typing as npt
@@ -228,6 +228,13 @@ class Object:
     def set_contrast(self, low: float, high: float) -> None:
         """A window of the contrast that holds inside the region alone; low equal to high ends it."""
         self._call(library.vostel_contrast_of_object, real(low, "low"), real(high, "high"))
+
+    @property
+    def contrast(self) -> Optional[Contrast]:
+        """The window that holds inside the region alone; None where there is none."""
+        low, high = ctypes.c_double(), ctypes.c_double()
+        self._call(library.vostel_contrast_window_of_object, low, high)
+        return Contrast(low.value, high.value) if low.value < high.value else None
 
     def mask(self, dtype: Any = np.uint8) -> Array:
         """The pixels of a region in the whole image: height x width uint8, 255 inside and 0 outside.

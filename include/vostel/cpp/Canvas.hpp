@@ -61,6 +61,20 @@ public:
     {
         detail::check(vostel_canvas_set_language(place, language.c_str()));
     }
+    /// Size of the area, smoothing, pixel ratio.
+    CanvasInfo info() const
+    {
+        CanvasInfo info = detail::sized<CanvasInfo>();
+        detail::check(vostel_canvas_get(place, &info));
+        return info;
+    }
+    /// Of captions and read-outs.
+    std::string language() const
+    {
+        return detail::text_of([&](char* buffer, std::size_t capacity, std::size_t* length) {
+            return vostel_canvas_language(place, buffer, capacity, length);
+        });
+    }
 
     /// @name Image
     /// @{
@@ -157,6 +171,29 @@ public:
     {
         detail::check(vostel_contrast_of_object(place, region.id(), low, high));
     }
+    /// Window, gamma and marks.
+    ContrastInfo contrast_info() const
+    {
+        ContrastInfo contrast = detail::sized<ContrastInfo>();
+        detail::check(vostel_contrast_info(place, &contrast));
+        return contrast;
+    }
+    /// The name of the color map.
+    std::string contrast_map_name() const
+    {
+        return detail::text_of([&](char* buffer, std::size_t capacity, std::size_t* length) {
+            return vostel_contrast_map_name(place, buffer, capacity, length);
+        });
+    }
+    /// The window inside a region alone; nothing where there is none.
+    std::optional<std::pair<double, double>> contrast_window_of_object(const Object& region) const
+    {
+        std::pair<double, double> window;
+        detail::check(vostel_contrast_window_of_object(place, region.id(), &window.first, &window.second));
+        if (window.first == window.second)
+            return std::nullopt;
+        return window;
+    }
     /// Of the image or of a region.
     std::vector<std::uint64_t> histogram(double low, double high, std::int32_t bins,
                                          std::optional<Object> region = std::nullopt,
@@ -230,12 +267,7 @@ public:
     /// Into the caller's memory: BGRA of the size of the area, alpha 255.
     void frame_render_to(void* bgra, std::int32_t width, std::int32_t height, std::ptrdiff_t row_bytes = 0)
     {
-        VostelPlane target = detail::sized<VostelPlane>();
-        target.type = VOSTEL_BGRA8;
-        target.width = width;
-        target.height = height;
-        target.row_bytes = row_bytes;
-        target.data = bgra;
+        VostelPlane target = bgra_plane(bgra, width, height, row_bytes);
         detail::check(vostel_frame_render_to(place, &target));
     }
     /// The whole image at a scale, in the format of the ending.
@@ -243,6 +275,14 @@ public:
                       std::uint32_t flags = VOSTEL_WITH_OBJECTS | VOSTEL_WITH_CAPTIONS)
     {
         detail::check(vostel_picture_save(place, path.c_str(), scale, flags));
+    }
+    /// The same into the caller's memory: BGRA, alpha 255, of the image's size times the scale, rounded.
+    void picture_render_to(void* bgra, std::int32_t width, std::int32_t height, double scale = 1.0,
+                           std::uint32_t  flags = VOSTEL_WITH_OBJECTS | VOSTEL_WITH_CAPTIONS,
+                           std::ptrdiff_t row_bytes = 0)
+    {
+        VostelPlane target = bgra_plane(bgra, width, height, row_bytes);
+        detail::check(vostel_picture_render_to(place, scale, flags, &target));
     }
     /// @}
 
@@ -379,9 +419,7 @@ public:
     /// Replaces the selection.
     void select(const std::vector<Object>& objects)
     {
-        std::vector<VostelObject> chosen;
-        for (const Object& object : objects)
-            chosen.push_back(object.id());
+        const std::vector<VostelObject> chosen = ids_of(objects);
         detail::check(vostel_select(place, chosen.data(), chosen.size()));
     }
     /// In drawing order.
@@ -402,6 +440,15 @@ public:
     void set_scale(double units_per_pixel, const std::string& unit)
     {
         detail::check(vostel_set_scale(place, units_per_pixel, unit.c_str()));
+    }
+    /// Units per px, and their name.
+    std::pair<double, std::string> scale() const
+    {
+        std::pair<double, std::string> scale;
+        scale.second = detail::text_of([&](char* buffer, std::size_t capacity, std::size_t* length) {
+            return vostel_get_scale(place, &scale.first, buffer, capacity, length);
+        });
+        return scale;
     }
     /// Object::measure().
     Measures measure(const Object& object, std::int32_t channel = 0) const
@@ -466,6 +513,21 @@ public:
     {
         std::size_t count = 0;
         detail::check(vostel_regions_import(place, path.c_str(), nullptr, &count));
+        return count;
+    }
+    /// Some objects as text, for a clipboard.
+    std::string regions_text(const std::vector<Object>& objects) const
+    {
+        const std::vector<VostelObject> ids = ids_of(objects);
+        return detail::text_of([&](char* buffer, std::size_t capacity, std::size_t* length) {
+            return vostel_regions_text(place, ids.data(), ids.size(), buffer, capacity, length);
+        });
+    }
+    /// The objects of such a text; the number of those that were added.
+    std::size_t regions_add_text(const std::string& text)
+    {
+        std::size_t count = 0;
+        detail::check(vostel_regions_add_text(place, text.c_str(), &count));
         return count;
     }
     /// @param format "json" or another one
@@ -541,6 +603,26 @@ private:
     explicit Canvas(std::int32_t canvas) noexcept : place(canvas) {}
 
     Object here(const Object& object) const { return Object(place, object.id()); }
+
+    static std::vector<VostelObject> ids_of(const std::vector<Object>& objects)
+    {
+        std::vector<VostelObject> ids;
+        for (const Object& object : objects)
+            ids.push_back(object.id());
+        return ids;
+    }
+
+    static VostelPlane bgra_plane(void* data, std::int32_t width, std::int32_t height,
+                                  std::ptrdiff_t row_bytes)
+    {
+        VostelPlane plane = detail::sized<VostelPlane>();
+        plane.type = VOSTEL_BGRA8;
+        plane.width = width;
+        plane.height = height;
+        plane.row_bytes = row_bytes;
+        plane.data = data;
+        return plane;
+    }
 
     template <typename Call>
     std::vector<Object> objects_by(Call call) const

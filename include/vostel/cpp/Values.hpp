@@ -142,6 +142,10 @@ using Style = VostelStyle;
 using Measures = VostelMeasures;
 /// What is shown.
 using ImageInfo = VostelImageInfo;
+/// What holds for all that a canvas draws.
+using CanvasInfo = VostelCanvasInfo;
+/// Window, gamma and marks.
+using ContrastInfo = VostelContrastInfo;
 /// What the history holds.
 using HistoryInfo = VostelHistoryInfo;
 /// What a listener hears.
