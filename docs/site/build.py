@@ -37,7 +37,8 @@ CONTENTS = {
     "Gallery": ["gallery", "reconstruction"],
     "The library": ["building", "dependencies", "architecture", "performance", "reliability", "security",
                     "contributing", "changelog"],
-    "中文": ["zh/index", "zh/tutorials/cpp", "zh/tutorials/c", "zh/tutorials/python", "zh/tutorials/qt"],
+    "中文": ["zh/index", "zh/tutorials/cpp", "zh/tutorials/c", "zh/tutorials/python", "zh/tutorials/csharp",
+             "zh/tutorials/qt"],
 }
 
 CLASSES = ("Canvas", "Object", "Error", "Points", "Plane", "ImageOf", "Profile", "Subscription", "Step")
