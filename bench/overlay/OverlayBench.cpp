@@ -428,7 +428,8 @@ void PressAndRelease(int number, CPoint at)
 void ComparePaints(bench::PeerBench& peers)
 {
     const auto paint = [&](const std::string& title, const Crowd& crowd) {
-        Shapes         shapes(crowd);
+        Shapes shapes(crowd);
+        gCanvasTable[shapes.Number].Kept.Fewest = SIZE_MAX;    // the peer keeps nothing either
         bench::Contest contest;
         contest.Title = title;
         contest.Run = [&] { gCVSOnDraw(shapes.Number, nullptr); };
@@ -437,6 +438,7 @@ void ComparePaints(bench::PeerBench& peers)
                                  {},
                                  [&] { return shapes.SceneShowsOutlines(); }});
         peers.Compare(contest);
+        gCanvasTable[shapes.Number].Kept.Fewest = KeptFrame::FewResting;
     };
     paint("paint of 1,000 polygons of 50 nodes", {.Count = 1000});
     paint("paint of 200 splines of 60 nodes", {.Count = 200, .Nodes = 60, .Splines = true});
@@ -509,6 +511,66 @@ void CompareCrowds(bench::PeerBench& peers)
     }
 }
 
+// A step of a drag and the frame that shows it.
+class Drag {
+public:
+    Drag(int number, std::size_t index) : Number(number)
+    {
+        const VostelObj& object = *std::as_const(gCanvasTable[Number]).Elements[index];
+        for (const CPoint& point : object.ClientPoints) {
+            At.x += point.x / static_cast<int>(object.ClientPoints.size());
+            At.y += point.y / static_cast<int>(object.ClientPoints.size());
+        }
+        gCVSOnLButtonDown(Number, MK_LBUTTON, At);
+        Step();    // the objects that nobody has in hand come to rest
+        Step();
+        Step();
+    }
+    ~Drag() { gCVSOnLButtonUp(Number, 0, At); }
+    Drag(const Drag&) = delete;
+    Drag& operator=(const Drag&) = delete;
+
+    void Step()
+    {
+        const int step = ++Count % 20 < 10 ? 2 : -2;
+        At = CPoint(At.x + step, At.y + step);
+        gCVSOnMouseMove(Number, MK_LBUTTON, At);
+        gCVSOnDraw(Number, nullptr);
+    }
+    // The shape or a node of it.
+    bool IsMoving() const
+    {
+        const VostelImage& canvas = gCanvasTable[Number];
+        if (canvas.SelIndex < 0)
+            return false;
+        VostelObj& object = *canvas.Elements.AsTheyLie()[static_cast<std::size_t>(canvas.SelIndex)];
+        return object.IsMoving() || object.ActiveNode >= 0;
+    }
+
+private:
+    int    Number;
+    int    Count = 0;
+    CPoint At;
+};
+
+void CompareDrags(bench::PeerBench& peers)
+{
+    constexpr int Few = 100;
+    Shapes        few({.Count = Few}, 2);
+    Drag          fewDrag(few.Number, Few / 2);
+    for (const int count : {1000, 10000, 100000}) {
+        Shapes         shapes({.Count = count});
+        Drag           drag(shapes.Number, static_cast<std::size_t>(count) / 2);
+        bench::Contest contest;
+        contest.Title = "drag of one among " + std::to_string(count) + " polygons, move and frame";
+        contest.Run = [&] { drag.Step(); };
+        contest.Check = [&] { return drag.IsMoving(); };
+        contest.Peers.push_back({"ours, one among 100", [&] { fewDrag.Step(); }, {}, {}});
+        contest.AtMost = count <= 10000 ? 1.5 : 0.0;    // beyond, more lie beneath it than are drawn of 100
+        peers.Compare(contest);
+    }
+}
+
 // By the allocator's own count: polygons of five nodes on a canvas, and as items of a scene whose index is
 // made.
 void CompareMemory(bench::PeerBench& peers)
@@ -572,6 +634,7 @@ int main(int argc, char** argv)
     ComparePaints(peers);
     CompareMoves(peers);
     CompareCrowds(peers);
+    CompareDrags(peers);
     CompareMemory(peers);
     return peers.Finish();
 }

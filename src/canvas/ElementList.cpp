@@ -1,5 +1,7 @@
 #include "canvas/ElementList.h"
 
+#include "base/Truncate.h"
+
 #include <algorithm>
 #include <cmath>
 #include <new>
@@ -62,6 +64,7 @@ void ElementList::Insert(std::size_t index, VostelObj* object)
     All.insert(at, object);
     object->Entry = ElementEntry();
     object->Entry.Listed = true;
+    ++RestStamp;
     object->Entry.WokenIn = Call;
     Renumber(index);
 }
@@ -69,6 +72,7 @@ void ElementList::Insert(std::size_t index, VostelObj* object)
 VostelObj* ElementList::TakeOut(std::size_t index)
 {
     VostelObj* const object = All[index];
+    ++RestStamp;
     if (IndexStamp != 0 && object->Entry.IndexStamp == IndexStamp) {
         try {
             Index.Remove({object->Entry.Box, object});
@@ -89,6 +93,7 @@ VostelObj* ElementList::TakeOut(std::size_t index)
 
 std::vector<VostelObj*> ElementList::TakeAll()
 {
+    ++RestStamp;
     for (VostelObj* const object : All)
         object->Entry = ElementEntry();
     std::vector<VostelObj*>().swap(Restless);    // an assigned empty list would keep the storage
@@ -103,6 +108,8 @@ std::vector<VostelObj*> ElementList::TakeAll()
 
 void ElementList::Exchange(ElementList& other) noexcept
 {
+    ++RestStamp;
+    ++other.RestStamp;
     All.swap(other.All);
     Restless.swap(other.Restless);
     Awake.swap(other.Awake);
@@ -119,6 +126,7 @@ VostelObj& ElementList::Wake(VostelObj& object)
         Settle(object);
         Awake.push_back(&object);
         entry.Resting = false;
+        ++RestStamp;
     }
     entry.ViewStamp = entry.PaintStamp = 0;
     entry.WokenIn = Call;
@@ -238,6 +246,7 @@ bool ElementList::PutToRest(VostelObj& object) noexcept
         return false;
     }
     object.Entry.Resting = true;
+    ++RestStamp;
     SelectedRest = SelectedRest || object.Selected;
     return true;
 }
@@ -245,6 +254,7 @@ bool ElementList::PutToRest(VostelObj& object) noexcept
 void ElementList::Deselect()
 {
     if (SelectedRest) {
+        ++RestStamp;
         for (VostelObj* const object : All)
             object->Selected = false;
         SelectedRest = false;
@@ -339,9 +349,44 @@ const std::vector<VostelObj*>& ElementList::NearArea(int width, int height)
     }
 }
 
+const std::vector<VostelObj*>* ElementList::NearAreas(std::span<const CRect> areas)
+{
+    if (!IndexHolds(View))
+        return nullptr;
+    Near.clear();
+    for (const CRect& area : areas)
+        FindResting(View, area);
+    return &MergeNear();
+}
+
+double ElementList::PxBeside(const CanvasView& view) const
+{
+    return (Reach + 1.0) * std::max(1.0, view.Settings.PixelRatio) + Rounding;
+}
+
+CRect ElementList::ClientBoxOf(const VostelObj& object) const
+{
+    const Bounds& box = object.Entry.Box;
+    const double  reach = PxBeside(View);
+    const auto    toClient = [&](double image, double beside, LONG origin) {
+        return TruncToInt(std::floor(image * View.Scale + beside) + origin);
+    };
+    return CRect(
+        toClient(box.Left, -reach, View.DisplayRect.left), toClient(box.Top, -reach, View.DisplayRect.top),
+        toClient(box.Right, reach, View.DisplayRect.left), toClient(box.Bottom, reach, View.DisplayRect.top));
+}
+
+std::size_t ElementList::LowestMoving() const
+{
+    std::size_t lowest = Restless.empty() ? All.size() : Restless.front()->Entry.Place;
+    for (const VostelObj* const object : Awake)
+        lowest = std::min(lowest, object->Entry.Place);
+    return lowest;
+}
+
 void ElementList::FindResting(const CanvasView& view, const CRect& clientBox)
 {
-    const double reach = (Reach + 1.0) * std::max(1.0, view.Settings.PixelRatio) + Rounding;
+    const double reach = PxBeside(view);
     const auto   toImage = [&](double client, LONG origin) { return (client - origin) / view.Scale; };
     Index.Find({toImage(clientBox.left - reach, view.DisplayRect.left),
                 toImage(clientBox.top - reach, view.DisplayRect.top),

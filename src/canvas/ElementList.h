@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
+#include <span>
 #include <vector>
 
 namespace vostel {
@@ -125,6 +126,18 @@ public:
     // list.
     const std::vector<VostelObj*>& NearPoint(CPoint point);
     const std::vector<VostelObj*>& NearArea(int width, int height);
+    // The objects that may show in any of the areas, all that do not rest among them; null if that is
+    // unknown.
+    const std::vector<VostelObj*>* NearAreas(std::span<const CRect> areas);
+    // Of a resting object the px of the client area that it draws on at most.
+    CRect       ClientBoxOf(const VostelObj& object) const;
+    std::size_t RestingCount() const { return All.size() - Awake.size() - Restless.size(); }
+    // The place of the lowest object that does not rest, size() if all do.
+    std::size_t LowestMoving() const;
+    // Another one whenever, in the same view, the resting objects may be others or look otherwise.
+    std::uint64_t RestingStamp() const { return RestStamp; }
+    // For whoever is about to tell resting objects whether they are hit: they note it.
+    void NoteRestChanges() { ++RestStamp; }
     // At the beginning of an outermost call, when nobody has an object in hand: those rest that can.
     void BeginCall();
     void Deselect();
@@ -149,6 +162,7 @@ private:
     std::uint64_t           ViewStamp = 1;
     std::uint64_t           PaintStamp = 1;
     std::uint64_t           Call = 1;
+    std::uint64_t           RestStamp = 1;
     BoxIndex                Index;             // of objects that rest, and of some that have rested
     std::uint64_t           IndexStamp = 0;    // 0: there is none
     std::uint64_t           LastIndexStamp = 0;
@@ -174,7 +188,8 @@ private:
     void           BuildIndex();
     void           DropIndex() noexcept;
     // Whether the index answers for objects that were derived from the view.
-    bool IndexHolds(const CanvasView& view) const;
+    bool   IndexHolds(const CanvasView& view) const;
+    double PxBeside(const CanvasView& view) const;    // a box, that drawing and hits may take
     // Appends what rests and lies about the client box.
     void                           FindResting(const CanvasView& view, const CRect& clientBox);
     const std::vector<VostelObj*>& MergeNear();

@@ -3,6 +3,7 @@
 #include "base/PixelFill.h"
 #include "base/Truncate.h"
 #include "canvas/view/CanvasView.h"
+#include "canvas/view/SelectedObject.h"
 #include "output/PlaneUploads.h"
 
 #include <algorithm>
@@ -105,6 +106,7 @@ PixelSurface::~PixelSurface()
 
 void PixelSurface::Rebuild(HDC dc, int width, int height, bool cleared)
 {
+    ++Changes;
     // A bitmap of the same size serves again: touching fresh memory costs more than the upload.
     const bool kept = Bitmap && width == Width && height == Height;
     if (!kept)
@@ -131,11 +133,16 @@ void PixelSurface::Exchange(PixelSurface& other)
     std::swap(Pixels, other.Pixels);
     std::swap(Width, other.Width);
     std::swap(Height, other.Height);
+    std::swap(IsHandedOut, other.IsHandedOut);
+    ++Changes;
+    ++other.Changes;
 }
 
 bool PixelSurface::CreateCanvasBitmap()
 {
     DropBitmap();
+    ++Changes;
+    IsHandedOut = false;
     void* bits = nullptr;
     if (Width >= 1 && Height >= 1) {
         const BITMAPINFO info = CanvasHeader(Width, Height);
@@ -164,6 +171,7 @@ void PixelSurface::FreeRowTable()
 // Calls upload(memory row, source row, columns, streaming) for every row that lies on the surface.
 void PixelSurface::ForEachUploadRow(int width, int height, auto&& upload)
 {
+    ++Changes;
     const int columns = std::min(width, Width);
     const int rows = std::min(height, Height);
     if (!Pixels || columns < 1 || rows < 1)
@@ -214,6 +222,7 @@ void PixelSurface::Fill(unsigned int pixel)
 {
     if (!Pixels)
         return;
+    ++Changes;
     const std::size_t count = static_cast<std::size_t>(Width) * static_cast<std::size_t>(Height);
     const bool        streaming = UsesStreamingStores(count * sizeof *Pixels);
     FillPixels(Pixels, count, pixel, streaming);
@@ -257,18 +266,20 @@ void PixelSurface::BlitTo(HDC target)
     if (!Bitmap)
         return;    // MemDC then holds the one pixel that a new context comes with
     const CRect& all = ViewRef->DisplayRect;
+    BOOL         isDrawn = TRUE;
     if (StretchMode == COLORONCOLOR) {
         // Only what is visible is stretched, at the cost of source positions rounded to whole pixels.
         const Visible nearest = Nearest(visible);
         const CRect&  from = nearest.Source;
         const CRect&  to = nearest.Target;
-        StretchBlt(target, to.left, to.top, WrapSub(to.right, to.left), WrapSub(to.bottom, to.top), MemDC,
-                   from.left, from.top, WrapSub(from.right, from.left), WrapSub(from.bottom, from.top),
-                   SRCCOPY);
+        isDrawn = StretchBlt(target, to.left, to.top, WrapSub(to.right, to.left), WrapSub(to.bottom, to.top),
+                             MemDC, from.left, from.top, WrapSub(from.right, from.left),
+                             WrapSub(from.bottom, from.top), SRCCOPY);
     } else if (StretchMode == HALFTONE) {
-        StretchBlt(target, all.left, all.top, WrapSub(all.right, all.left), WrapSub(all.bottom, all.top),
-                   MemDC, 0, 0, Width, Height, SRCCOPY);
+        isDrawn = StretchBlt(target, all.left, all.top, WrapSub(all.right, all.left),
+                             WrapSub(all.bottom, all.top), MemDC, 0, 0, Width, Height, SRCCOPY);
     }
+    MissedDrawings += !isDrawn;
 }
 
 CRect PixelSurface::CoveredClient() const

@@ -3,6 +3,7 @@
 #include "vostel/platform.h"
 
 #include <cstddef>
+#include <cstdint>
 
 namespace vostel {
 
@@ -39,6 +40,8 @@ public:
     int            Height = 0;                    // rows
     int            StretchMode = COLORONCOLOR;    // or HALFTONE
     CanvasView*    ViewRef = nullptr;             // borrowed from the canvas
+    std::uint64_t  Changes = 0;                   // counts what may have changed the pixels
+    bool           IsHandedOut = false;           // hosts may change them too, at any time
 
     PixelSurface() = default;
     ~PixelSurface();
@@ -72,6 +75,13 @@ public:
                       int width, int height);
 
     void Fill(unsigned int pixel);
+
+    // The pixels, for whoever is about to change them.
+    unsigned int* PixelsToChange()
+    {
+        ++Changes;
+        return Pixels;
+    }
 
     // Write the surface as an 8-bit gray bitmap, and as a 24-bit picture in the format of the extension.
     // Always true: a failed write is not reported.

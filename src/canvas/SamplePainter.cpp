@@ -79,6 +79,7 @@ void SamplePainter::Prepare(const ContrastState& state)
 
 void SamplePainter::Draw(const PlaneView& plane, PixelSurface& surface) const
 {
+    surface.PixelsToChange();
     const std::size_t pixels = static_cast<std::size_t>(plane.Width) * static_cast<std::size_t>(plane.Height);
     const bool        streaming = UsesStreamingStores(pixels * sizeof(unsigned));
     const auto        drawRows = [&](RowRun rows) {
@@ -101,6 +102,7 @@ void SamplePainter::Draw(const PlaneView& plane, PixelSurface& surface) const
 
 void SamplePainter::Draw(const PlaneView& plane, std::span<const PixelRun> runs, PixelSurface& surface) const
 {
+    surface.PixelsToChange();
     for (const PixelRun& run : runs)
         DrawRun(plane, run, SurfaceRow(surface, run.Row), false);
 }

@@ -1,7 +1,6 @@
 #include "canvas/VostelDC.h"
 
 #include "base/Truncate.h"
-#include "canvas/view/Colors.h"
 #include "canvas/view/ViewPlacing.h"
 #include "platform/HostServices.h"
 
@@ -42,56 +41,6 @@ VostelDC::~VostelDC()
         delete element;
     DestroyRemoved();
 }
-
-void VostelDC::PaintAll()
-{
-    const CallScope scope(*this);
-    if (!UseDirect)
-        ComposeFrame();
-    const CRect& client = View.ClientRect;
-    BitBlt(ClientDC, 0, 0, WrapSub(client.right, client.left), WrapSub(client.bottom, client.top),
-           ClientMemDC, 0, 0, SRCCOPY);
-}
-
-void VostelDC::ComposeFrame()
-{
-    if (ClientMemDC)
-        PaintBackground(ClientMemDC);
-    CanvasSurface.BlitTo(ClientMemDC);
-    if (ShowContrastCtrl)
-        ContrastCtrl.OnDraw(ClientMemDC);
-    if (ShowProgress)
-        ProgressCtrl.OnDraw(ClientMemDC);
-    Elements.BeginPaint();
-    // Without a surface every object says so.
-    const std::vector<VostelObj*>& shown =
-        ClientMemDC ? Elements.NearArea(WrapSub(View.ClientRect.right, View.ClientRect.left),
-                                        WrapSub(View.ClientRect.bottom, View.ClientRect.top))
-                    : Elements.AsTheyLie();
-    for (std::size_t i = 0; i < shown.size(); ++i) {
-        VostelObj& object = *shown[i];
-        if (object.Hidden)
-            continue;
-        Elements.SettleForPaint(object).OnDraw(ClientMemDC);
-        Elements.NotePaint(object);
-    }
-}
-
-void VostelDC::PaintBackground(HDC dc)
-{
-    PaintBackgroundTo(dc);
-}
-
-void VostelDC::PaintBackgroundTo(HDC dc)
-{
-    Kit.Dc = dc;
-    // The image is copied over the background next, so the background is skipped where the image hides it.
-    Kit.DrawHatchBackground(View.ClientRect, CanvasSurface.CoveredClient());
-    Kit.DrawRectOutline(View.DisplayRect, Blue);
-    AfterBackground();
-}
-
-void VostelDC::AfterBackground() {}
 
 void VostelDC::SetLutPara(float, float) {}
 
@@ -203,6 +152,7 @@ void VostelDC::OnLButtonDown(unsigned int flags, CPoint p)
     const bool sticks = (flags & MK_SHIFT) != 0 && SelIndex != -1;
     if (!sticks) {
         SelIndex = -1;
+        Elements.NoteRestChanges();
         const std::vector<VostelObj*>& asked = Elements.NearPoint(p);
         for (std::size_t i = asked.size(); i-- > 0 && i < asked.size();) {
             VostelObj& object = Elements.Settle(*asked[i]);
@@ -304,8 +254,21 @@ void VostelDC::OnKeyDown(unsigned int key, unsigned int repeat, unsigned int key
     }
 }
 
+HDC VostelDC::HandOutClient()
+{
+    ClientIsHandedOut = true;
+    return ClientMemDC;
+}
+
+unsigned int* VostelDC::HandOutClientPixels()
+{
+    ClientPixelsAreHandedOut = true;
+    return ClientPixels;
+}
+
 unsigned int** VostelDC::CreateClientRowTable()
 {
+    ClientPixelsAreHandedOut = true;
     FreeClientRowTable();
     const CRect&      client = View.ClientRect;
     const std::size_t rows = ClientPixels ? static_cast<std::size_t>(WrapSub(client.bottom, client.top)) : 0;
@@ -370,6 +333,8 @@ void VostelDC::DropClientSurface()
     ClientBitmap = nullptr;
     ClientOldBitmap = nullptr;
     ClientPixels = nullptr;
+    ClientIsHandedOut = ClientPixelsAreHandedOut = false;
+    Kept.Free();
     ContrastCtrl.SurfacePixels = nullptr;
 }
 

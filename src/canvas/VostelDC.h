@@ -3,6 +3,7 @@
 #include "canvas/CanvasObserver.h"
 #include "canvas/ElementCounts.h"
 #include "canvas/ElementList.h"
+#include "canvas/KeptFrame.h"
 #include "canvas/PixelSurface.h"
 #include "canvas/view/CanvasView.h"
 #include "canvas/view/PaintKit.h"
@@ -26,12 +27,15 @@ public:
     HDC             ClientDC = nullptr;    // borrowed: the host's context; null before the first SetClient
     PaintKit        Kit;                   // of the background
     HDC             OwnDC = nullptr;       // owned: in the place of a host's context; null until it is used
-    HDC             ClientMemDC = nullptr;        // owned; null without a client surface
-    unsigned int*   ClientPixels = nullptr;       // the client bitmap's bits, rows bottom-up
-    unsigned int**  ClientRows = nullptr;         // owned; built on request
-    HBITMAP         ClientBitmap = nullptr;       // owned
-    HGDIOBJ         ClientOldBitmap = nullptr;    // what ClientBitmap displaced
-    int             OverlayAlpha = 255;           // 0..255, by wheel with S held; no drawing reads it
+    HDC             ClientMemDC = nullptr;               // owned; null without a client surface
+    unsigned int*   ClientPixels = nullptr;              // the client bitmap's bits, rows bottom-up
+    unsigned int**  ClientRows = nullptr;                // owned; built on request
+    HBITMAP         ClientBitmap = nullptr;              // owned
+    HGDIOBJ         ClientOldBitmap = nullptr;           // what ClientBitmap displaced
+    bool            ClientIsHandedOut = false;           // hosts may change how ClientMemDC draws
+    bool            ClientPixelsAreHandedOut = false;    // hosts may write there, at any time
+    KeptFrame       Kept;                                // of what ClientBitmap shows
+    int             OverlayAlpha = 255;                  // 0..255, by wheel with S held; no drawing reads it
     PixelSurface    CanvasSurface;
     CanvasView      View;
     bool            ShowContrastCtrl = false;
@@ -62,8 +66,9 @@ public:
         VostelDC& Canvas;
     };
 
-    virtual void PaintAll();        // composes a frame and shows it
-    void         ComposeFrame();    // into the client surface
+    virtual void PaintAll();            // composes a frame and shows it
+    void         ComposeFrame();        // into the client surface
+    virtual void PrepareSurface() {}    // brings the pixels of the image up to date; each frame does
     virtual void PaintBackground(HDC dc);
     virtual void PaintBackgroundTo(HDC dc);    // hatched background and image outline
     virtual void AfterBackground();
@@ -115,6 +120,8 @@ public:
     VostelObj* Detach(std::size_t index);    // the caller owns it
     void       Erase(std::size_t index);     // within a CallScope, at whose end it is destroyed
 
+    HDC            HandOutClient();    // ClientMemDC
+    unsigned int*  HandOutClientPixels();
     unsigned int** CreateClientRowTable();
     void           FreeClientRowTable();
 
@@ -141,6 +148,17 @@ private:
     void DeleteUnlocked();
     void DestroyRemoved();
     void DropClientSurface();
+    void ComposeBackground();
+    void ComposeWholly();
+    void PaintObject(VostelObj& object);    // unless it is hidden
+    // Whether nothing but objects that do not rest can change unseen, and enough of the others rest.
+    bool       CanKeepFrame() const;
+    FrameStamp StampOfFrame() const;
+    void       TakeKeptFrame();
+    // False if there is no memory to find out what is to be drawn.
+    bool ComposeFromKept();
+    // Where objects that do not rest will draw, as the kept frame wants it.
+    std::vector<CRect> AreasInMotion();
     // Hands the view to whatever stands on it, in a client area.
     void PlaceView(CRect clientRect);
     // With refreshAgain for a new client area.

@@ -143,7 +143,7 @@ void VostelImage::DrawData(const float* data, std::size_t count, const RemapRule
     if (wholeImage && HasSurfacePixels()) {
         SizeForOverwriting(LabelIma, CanvasWidth, CanvasHeight);
         ContrastShowRemapped(ShownTable, rule, data, Raw.Ptr1D, CanvasWidth, CanvasHeight,
-                             CanvasSurface.Pixels, LabelIma.Ptr1D);
+                             CanvasSurface.PixelsToChange(), LabelIma.Ptr1D);
         return;
     }
     RemapFloats(rule, data, Raw.Ptr1D, count);
@@ -190,13 +190,13 @@ void VostelImage::RedrawRaw()
     const bool drawable = HasSurfacePixels() && IsPlaneOf(Raw, CanvasWidth, CanvasHeight);
     if (drawable && LabelsWholeImage()) {
         SizeForOverwriting(LabelIma, CanvasWidth, CanvasHeight);
-        ContrastShowAll(ShownTable, Raw.Ptr1D, CanvasWidth, CanvasHeight, CanvasSurface.Pixels,
+        ContrastShowAll(ShownTable, Raw.Ptr1D, CanvasWidth, CanvasHeight, CanvasSurface.PixelsToChange(),
                         LabelIma.Ptr1D);
         return;
     }
     GenerateLabel(true);
     if (drawable && IsPlaneOf(LabelIma, CanvasWidth, CanvasHeight))
-        ContrastShowLabelled(ShownTable, Raw.Ptr1D, CanvasWidth, CanvasHeight, CanvasSurface.Pixels,
+        ContrastShowLabelled(ShownTable, Raw.Ptr1D, CanvasWidth, CanvasHeight, CanvasSurface.PixelsToChange(),
                              LabelIma.Ptr1D);
 }
 

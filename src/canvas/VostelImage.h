@@ -86,7 +86,7 @@ public:
     void RedrawRegions();
 
     void SetLutPara(float low, float high) override;
-    void PaintBackground(HDC dc) override;
+    void PrepareSurface() override;
 
     // Containers and pixels as hosts get them: they may read and change them from then on.
     ClassData2DIO<float>& HandOutRaw();

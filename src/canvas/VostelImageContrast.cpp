@@ -65,7 +65,8 @@ void VostelImage::ApplyContrast(const ContrastState& state)
     if (Samples.IsEmpty() && Window && state == ContrastOfMap()) {
         // Back to what the classic calls draw.
         if (HasSurfacePixels() && IsPlaneOf(Raw, CanvasWidth, CanvasHeight))
-            ContrastShowAll(ShownTable, Raw.Ptr1D, CanvasWidth, CanvasHeight, CanvasSurface.Pixels, nullptr);
+            ContrastShowAll(ShownTable, Raw.Ptr1D, CanvasWidth, CanvasHeight, CanvasSurface.PixelsToChange(),
+                            nullptr);
         Window.reset();
         DrawnRegions.clear();
         DrawnRuns.clear();
@@ -144,10 +145,9 @@ void VostelImage::RedrawRegions()
     DrawnRuns = std::move(drawn);
 }
 
-void VostelImage::PaintBackground(HDC dc)
+void VostelImage::PrepareSurface()
 {
     RedrawRegions();
-    VostelDC::PaintBackground(dc);
 }
 
 }

@@ -248,6 +248,7 @@ PixelSurface& VostelImage::HandOutSurface()
     if (!Window)
         DropSamples();
     GrayOnSurface = false;
+    CanvasSurface.IsHandedOut = true;
     return CanvasSurface;
 }
 

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace vostel {
 
@@ -66,6 +67,40 @@ bool VostelObj::HitTest(CPoint point)
 }
 
 void VostelObj::DerivePainted() {}
+
+Bounds VostelObj::DrawnBox() const
+{
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    Bounds           box{infinity, infinity, -infinity, -infinity};
+    for (const CPoint& point : ClientPoints)
+        Cover(box, point.x, point.y);
+    for (const CRect& handle : HandleRects) {
+        Cover(box, handle.left, handle.top);
+        Cover(box, handle.right, handle.bottom);
+    }
+    const std::optional<Outline> outline =
+        View && (OpenMade || FillColor >> 24 != 0) ? RegionOutline() : std::nullopt;
+    for (std::size_t i = 0; outline && i < outline->Points.size(); ++i)
+        Cover(box, outline->Points[i].x * View->Scale + View->DisplayRect.left,
+              outline->Points[i].y * View->Scale + View->DisplayRect.top);
+    return box;
+}
+
+void VostelObj::Cover(Bounds& box, double x, double y) const
+{
+    constexpr double farthest = 1e7;    // client px of a point that counts
+    constexpr double everywhere = 1e9;
+    constexpr double beside = 4.0;    // client px, of rounding and of the ends of lines
+    if (!(std::fabs(x) < farthest && std::fabs(y) < farthest)) {
+        box = {-everywhere, -everywhere, everywhere, everywhere};
+        return;
+    }
+    const double reach = std::max(1.0, LineWidth) * std::max(1.0, PixelRatio()) + beside;
+    box.Left = std::min(box.Left, x - reach);
+    box.Top = std::min(box.Top, y - reach);
+    box.Right = std::max(box.Right, x + reach);
+    box.Bottom = std::max(box.Bottom, y + reach);
+}
 
 void VostelObj::SetPlacement(float, float, float, float) {}
 

@@ -137,8 +137,11 @@ public:
     virtual bool HitTest(CPoint point);
     // Derives from view and image points what a paint derives, for an object that was not painted yet.
     virtual void DerivePainted();
-    virtual void SetPlacement(float x, float y, float w, float h);
-    virtual void OnDraw(HDC dc);
+    // Of a kind that rests, once that is done: the box in client px that the next drawing stays within, for
+    // points beyond all measure as wide as any. Turned inside out where nothing is drawn.
+    virtual Bounds DrawnBox() const;
+    virtual void   SetPlacement(float x, float y, float w, float h);
+    virtual void   OnDraw(HDC dc);
 
     virtual void SetHandleColors(COLORREF selected, COLORREF second);
     virtual void SetHandleShape(int shape);
@@ -204,6 +207,9 @@ protected:
     double PixelRatio() const { return View ? View->Settings.PixelRatio : 1.0; }
     int    Scaled(double px) const;
     bool   ShowsCaptions() const { return !View || View->Settings.Captions; }
+
+    // Extends a box by all that may be drawn about a point in client px.
+    void Cover(Bounds& box, double x, double y) const;
 
     void EndMove();
     // Target of the next drawing; every OnDraw starts with it.

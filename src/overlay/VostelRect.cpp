@@ -2,6 +2,8 @@
 
 #include "canvas/view/HitTests.h"
 
+#include <cmath>
+
 namespace vostel {
 
 VostelRect::VostelRect()
@@ -26,6 +28,16 @@ void VostelRect::OnMouseMove(unsigned int flags, CPoint point)
 std::optional<Bounds> VostelRect::PlaceOnImage() const
 {
     return ImagePoints.size() == 2 ? VostelSingleLine::PlaceOnImage() : std::nullopt;
+}
+
+Bounds VostelRect::DrawnBox() const
+{
+    Bounds box = VostelSingleLine::DrawnBox();
+    if (ClientPoints.size() != 2)
+        Cover(box, HUGE_VAL, HUGE_VAL);    // what was derived before is drawn
+    Cover(box, MidRect.left, MidRect.top);
+    Cover(box, MidRect.right, MidRect.bottom);
+    return box;
 }
 
 bool VostelRect::Covers(CPoint point) const

@@ -19,6 +19,7 @@ public:
     void                  OnDraw(HDC dc) override;
     DerivedFrom           PlacedBy() const override { return DerivedFrom::Paint; }
     std::optional<Bounds> PlaceOnImage() const override;
+    Bounds                DrawnBox() const override;
 
     std::optional<Outline> RegionOutline() const override;
 };

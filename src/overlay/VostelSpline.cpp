@@ -82,6 +82,14 @@ std::optional<Bounds> VostelSpline::PlaceOnImage() const
     return curve ? std::optional(curve->BoundingBox()) : std::nullopt;
 }
 
+Bounds VostelSpline::DrawnBox() const
+{
+    Bounds box = VostelPolygon::DrawnBox();
+    for (const PointTemplateBase<int>& point : CurvePoints)
+        Cover(box, point.x, point.y);
+    return box;
+}
+
 bool VostelSpline::GetLabelOutline(std::vector<PointTemplateBase<int>>& out)
 {
     if (CurvePoints.size() < 3)

@@ -18,6 +18,7 @@ public:
     DerivedFrom           PlacedBy() const override { return DerivedFrom::Paint; }
     std::optional<Bounds> PlaceOnImage() const override;    // the curve's, which passes through all nodes
     void                  DerivePainted() override;         // the curve
+    Bounds                DrawnBox() const override;
     // The curve of the last paint, thinned to steps of at least 4 client px, in image px. False for fewer
     // than 3 curve points: a spline that was never painted has no outline.
     bool GetLabelOutline(std::vector<PointTemplateBase<int>>& out) override;

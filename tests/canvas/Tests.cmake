@@ -13,7 +13,11 @@ vostel_inner_test(canvas/RestingElementsTest)
 set_property(SOURCE ${CMAKE_CURRENT_SOURCE_DIR}/canvas/RestingElementsTest.cpp APPEND PROPERTY
     COMPILE_DEFINITIONS VOSTEL_RESTING_SEEDS=$<IF:$<BOOL:${WIN32}>,2,6>)    # what rests is the same code there, slower to draw
 vostel_inner_test(canvas/RestingObjectsTest)
-vostel_apart(VostelInnerTests canvas/RestingElementsTest.cpp canvas/RestingObjectsTest.cpp)    # beside others with sizes of theirs
+vostel_inner_test(canvas/KeptFrameTest)
+set_property(SOURCE ${CMAKE_CURRENT_SOURCE_DIR}/canvas/KeptFrameTest.cpp APPEND PROPERTY
+    COMPILE_DEFINITIONS VOSTEL_KEPT_SEEDS=$<IF:$<BOOL:${WIN32}>,2,6>)
+vostel_test_source(VostelAllocationTests canvas/KeptFrameMemoryTest)
+vostel_apart(VostelInnerTests canvas/KeptFrameTest.cpp canvas/RestingElementsTest.cpp canvas/RestingObjectsTest.cpp)    # beside others with sizes of theirs
 vostel_inner_test(canvas/view/CanvasViewTest)
 vostel_inner_test(canvas/view/HitTestsTest)
 vostel_inner_test(canvas/PixelSurfaceTest)

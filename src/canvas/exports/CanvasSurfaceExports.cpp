@@ -52,12 +52,12 @@ void gCVSSetCanvasFastDisplayMode(int canvas, bool fast)
 
 HDC gCVSGetClientMemDC(int canvas)
 {
-    return CanvasToRead(canvas).ClientMemDC;
+    return CanvasToRead(canvas).HandOutClient();
 }
 
 unsigned int* gCVSGetClientPixelPtr(int canvas)
 {
-    return CanvasToRead(canvas).ClientPixels;
+    return CanvasToRead(canvas).HandOutClientPixels();
 }
 
 unsigned int** gCVSCreateClientPixelPtr2D(int canvas)

@@ -180,7 +180,8 @@ void PaintKit::DrawCurve(StructData2D<unsigned short>& data, int x0, int y0)
 void PaintKit::DrawHatchBackground(const CRect& r, const CRect& covered)
 {
     // Opaque hatching lays ground and lines in one pass.
-    const HBRUSH   hatch = CreateHatchBrush(HS_DIAGCROSS, HatchColor);
+    const HBRUSH hatch = CreateHatchBrush(HS_DIAGCROSS, HatchColor);
+    MissedDrawings += hatch == nullptr;
     const COLORREF groundBefore = SetBkColor(Dc, BackgroundColor);
     ::SetBkMode(Dc, OPAQUE);
     ForEachUncovered(r, covered, [&](const CRect& band) {
@@ -188,13 +189,18 @@ void PaintKit::DrawHatchBackground(const CRect& r, const CRect& covered)
             FillRect(Dc, &band, hatch);
     });
     SetBkColor(Dc, groundBefore);
-    ::SetBkMode(Dc, TRANSPARENT);
     DeleteObject(hatch);
     {
         const SelectedObject pen(Dc, CreatePen(PS_SOLID, 1, HatchColor));
         SelectObject(Dc, GetStockObject(NULL_BRUSH));
         Rectangle(Dc, r.left, r.top, r.right, r.bottom);
     }
+    SelectStock();
+}
+
+void PaintKit::SelectStock()
+{
+    ::SetBkMode(Dc, TRANSPARENT);
     SelectObject(Dc, GetStockObject(BLACK_PEN));
     SelectObject(Dc, GetStockObject(WHITE_BRUSH));
     SelectObject(Dc, GetStockObject(DEFAULT_GUI_FONT));
@@ -323,6 +329,7 @@ void PaintKit::FillSolid(const CRect& r, COLORREF color)
         return;
     }
     const HBRUSH brush = CreateSolidBrush(color);
+    MissedDrawings += brush == nullptr;
     FillRect(Dc, &r, brush);
     DeleteObject(brush);
 }

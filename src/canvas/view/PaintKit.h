@@ -65,6 +65,8 @@ public:
     void DrawCurve(StructData2D<unsigned short>& data, int x0, int y0);
     // Background around the image. covered may be skipped; the image is blitted over it next.
     void DrawHatchBackground(const CRect& r, const CRect& covered = CRect());
+    // Selects what drawing begins with; DrawHatchBackground leaves it so.
+    void SelectStock();
     // Notes the surface that Dc draws on, and its size, or that of what is recorded; shows "No bmp" if there
     // is none.
     void BindSurface(unsigned int* pixels);
