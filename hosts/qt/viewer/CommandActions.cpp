@@ -1,8 +1,8 @@
 #include "CommandActions.h"
 
-#include "CommandIcons.h"
 #include "Translations.h"
 #include "commands/ViewerSession.h"
+#include "icons/CommandIcons.h"
 
 #include <QAction>
 #include <QActionGroup>

@@ -216,12 +216,12 @@ void XScreen::Move(Place to)
     Send();
 }
 
-void XScreen::Click(Place at)
+void XScreen::Click(Place at, unsigned button)
 {
     Move(at);
-    XTestFakeButtonEvent(Server, 1, True, CurrentTime);
+    XTestFakeButtonEvent(Server, button, True, CurrentTime);
     Send();
-    XTestFakeButtonEvent(Server, 1, False, CurrentTime);
+    XTestFakeButtonEvent(Server, button, False, CurrentTime);
     Send();
 }
 
@@ -230,18 +230,18 @@ void XScreen::Drag(Place from, Place to)
     DragAlong({from, to});
 }
 
-void XScreen::DragAlong(const std::vector<Place>& path)
+void XScreen::DragAlong(const std::vector<Place>& path, unsigned button)
 {
     constexpr int Steps = 6;
     Move(path.front());
-    XTestFakeButtonEvent(Server, 1, True, CurrentTime);
+    XTestFakeButtonEvent(Server, button, True, CurrentTime);
     Send();
     for (std::size_t i = 1; i < path.size(); ++i) {
         const Place from = path[i - 1], to = path[i];
         for (int step = 1; step <= Steps; ++step)
             Move({from.X + (to.X - from.X) * step / Steps, from.Y + (to.Y - from.Y) * step / Steps});
     }
-    XTestFakeButtonEvent(Server, 1, False, CurrentTime);
+    XTestFakeButtonEvent(Server, button, False, CurrentTime);
     Send();
 }
 

@@ -34,14 +34,16 @@ public:
     void    Watch(int process) { Watched = process; }
 
     void Move(Place to);
-    void Click(Place at);
+    // Buttons: 1 left, 2 middle, 3 right.
+    void Click(Place at, unsigned button = 1);
     void Drag(Place from, Place to);
-    void DragAlong(const std::vector<Place>& path);    // in steps from place to place
-    void Wheel(int steps);                             // up is positive
+    void DragAlong(const std::vector<Place>& path, unsigned button = 1);    // in steps from place to place
+    void Wheel(int steps);                                                  // up is positive
     void Hold(const char* key);
     void Release(const char* key);
     void Key(std::string_view chord);    // "Return", "ctrl+shift+s", "alt+f"
     void Type(std::string_view text);    // ASCII
+    void FocusTop();                     // gives the topmost window the keys, as Key and Type do before
 
     // Drags a file from another program over the topmost window and drops it; false when it is not taken.
     bool Drop(const std::string& path, Place at);
@@ -54,7 +56,6 @@ private:
 
     bool WatchedSleeps() const;
 
-    void FocusTop();
     void Send();
 
     _XDisplay* Server = nullptr;

@@ -1,6 +1,6 @@
-#include "CommandIcons.h"
+#include "icons/CommandIcons.h"
 
-#include "IconDrawings.h"
+#include "icons/IconDrawings.h"
 
 #include <QGuiApplication>
 #include <QIconEngine>

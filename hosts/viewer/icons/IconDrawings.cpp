@@ -1,4 +1,4 @@
-#include "IconDrawings.h"
+#include "icons/IconDrawings.h"
 
 #include <QPainter>
 #include <QPainterPath>
@@ -452,6 +452,74 @@ void Help(QPainter& p, const IconInks& inks)
     Letter(p, QRectF(0, 0, 24, 24), 13, "?");
 }
 
+void Select(QPainter& p, const IconInks& inks)
+{
+    UseFill(p, inks.Fill);
+    p.drawPolygon(QPolygonF({{6, 3}, {6, 19}, {10, 15}, {13, 21}, {15.5, 19.8}, {12.6, 14}, {18, 13.6}}));
+}
+
+void Ellipse(QPainter& p, const IconInks& inks)
+{
+    p.drawEllipse(QPointF(12, 12), 8.5, 6.0);
+    Handles(p, inks, {{3.5, 6}, {20.5, 18}});
+}
+
+void Polyline(QPainter& p, const IconInks& inks)
+{
+    const QPolygonF line = {{3.5, 18}, {9, 7}, {14, 15}, {20.5, 5}};
+    p.drawPolyline(line);
+    Handles(p, inks, line);
+}
+
+void ArrowShape(QPainter& p, const IconInks& inks)
+{
+    p.drawLine(QPointF(4, 20), QPointF(18, 6));
+    UseFill(p, inks.Fill);
+    p.drawPolygon(QPolygonF({{20.5, 3.5}, {18.6, 11}, {13, 5.4}}));
+}
+
+void Count(QPainter& p, const IconInks& inks)
+{
+    for (const QPointF at : {QPointF(6, 8), QPointF(16, 6), QPointF(10, 16)}) {
+        p.drawLine(at - QPointF(3, 0), at + QPointF(3, 0));
+        p.drawLine(at - QPointF(0, 3), at + QPointF(0, 3));
+    }
+    p.setPen(inks.Fill);
+    Letter(p, QRectF(14, 12, 10, 12), 10, "3");
+}
+
+void Redo(QPainter& p, const IconInks& inks)
+{
+    p.translate(IconSide, 0);
+    p.scale(-1, 1);
+    Undo(p, inks);
+}
+
+void ZoomIn(QPainter& p, const IconInks& inks)
+{
+    Magnifier(p);
+    UseLine(p, inks.Fill, 2.0);
+    p.drawLine(QPointF(7, 10), QPointF(13, 10));
+    p.drawLine(QPointF(10, 7), QPointF(10, 13));
+}
+
+void ZoomOut(QPainter& p, const IconInks& inks)
+{
+    Magnifier(p);
+    UseLine(p, inks.Fill, 2.0);
+    p.drawLine(QPointF(7, 10), QPointF(13, 10));
+}
+
+void ZoomBox(QPainter& p, const IconInks& inks)
+{
+    p.save();
+    UseLine(p, inks.Fill, 1.4);
+    p.drawRect(QRectF(2.5, 2.5, 13, 10));
+    p.restore();
+    p.drawEllipse(QPointF(13.5, 13.5), 5.0, 5.0);
+    p.drawLine(QPointF(17.2, 17.2), QPointF(21.5, 21.5));
+}
+
 struct NamedDrawing {
     const char* Name;
     IconDrawing Drawing;
@@ -499,7 +567,37 @@ constexpr NamedDrawing Drawings[] = {{"open", Open},
                                      {"angle3", Angle3},
                                      {"angle4", Angle4},
                                      {"scale", Scale},
-                                     {"help", Help}};
+                                     {"help", Help},
+                                     {"file.open", Open},
+                                     {"file.save", Save},
+                                     {"edit.undo", Undo},
+                                     {"edit.redo", Redo},
+                                     {"edit.delete", Delete},
+                                     {"view.fit", Fit},
+                                     {"view.actual", One},
+                                     {"view.zoomIn", ZoomIn},
+                                     {"view.zoomOut", ZoomOut},
+                                     {"view.zoomBox", ZoomBox},
+                                     {"draw.select", Select},
+                                     {"draw.rectangle", RectangleShape},
+                                     {"draw.ellipse", Ellipse},
+                                     {"draw.polygon", Polygon},
+                                     {"draw.spline", Spline},
+                                     {"draw.freeRegion", FreeRegion},
+                                     {"draw.strokes", FreeStroke},
+                                     {"draw.polyline", Polyline},
+                                     {"draw.arrow", ArrowShape},
+                                     {"draw.text", Text},
+                                     {"measure.length", Length},
+                                     {"measure.angle", Angle3},
+                                     {"measure.angleOfLines", Angle4},
+                                     {"measure.profile", Profile},
+                                     {"measure.points", Count},
+                                     {"measure.panel", Info},
+                                     {"measure.neighbours", Neighbours},
+                                     {"measure.calibrate", Scale},
+                                     {"window.tiles", Tile},
+                                     {"help.keys", Help}};
 
 }
 
