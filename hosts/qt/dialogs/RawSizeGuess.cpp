@@ -86,24 +86,28 @@ int RawElementBytes(int dataType)
 
 std::vector<RawSize> GuessRawSizes(qint64 fileBytes, int dataType, int most)
 {
-    const int            element = RawElementBytes(dataType);
+    return GuessSizes(fileBytes, RawElementBytes(dataType), dataType != UnsignedByte, most);
+}
+
+std::vector<RawSize> GuessSizes(qint64 fileBytes, int pixelBytes, bool headers, int most)
+{
     const auto           wanted = static_cast<std::size_t>(std::max(most, 0));
     std::vector<RawSize> sizes;
-    if (element == 0 || fileBytes < element || fileBytes > LongestGuess * LongestGuess * element)
+    if (pixelBytes <= 0 || fileBytes < pixelBytes || fileBytes > LongestGuess * LongestGuess * pixelBytes)
         return sizes;
-    AddSquare(sizes, fileBytes, element, 0);
+    AddSquare(sizes, fileBytes, pixelBytes, 0);
     for (const Sides& sides : CommonSides)
-        if (qint64{sides.Width} * sides.Height * element == fileBytes)
+        if (qint64{sides.Width} * sides.Height * pixelBytes == fileBytes)
             Add(sizes, sides.Width, sides.Height, 0);
-    if (dataType != UnsignedByte) {
+    if (headers) {
         for (const qint64 header : CommonHeaders)
             for (const Sides& sides : CommonSides)
-                if (qint64{sides.Width} * sides.Height * element + header == fileBytes)
+                if (qint64{sides.Width} * sides.Height * pixelBytes + header == fileBytes)
                     Add(sizes, sides.Width, sides.Height, header);
         for (const qint64 header : CommonHeaders)
-            AddSquare(sizes, fileBytes - header, element, header);
+            AddSquare(sizes, fileBytes - header, pixelBytes, header);
     }
-    AddRectangles(sizes, fileBytes, element, wanted);
+    AddRectangles(sizes, fileBytes, pixelBytes, wanted);
     if (sizes.size() > wanted)
         sizes.resize(wanted);
     return sizes;

@@ -24,4 +24,7 @@ struct RawSize {
 // not too long. Empty when nothing fits. A type whose header is not skipped gets sizes without one only.
 std::vector<RawSize> GuessRawSizes(qint64 fileBytes, int dataType, int most = 12);
 
+// The same by the bytes of a pixel, with sizes behind a header or without.
+std::vector<RawSize> GuessSizes(qint64 fileBytes, int pixelBytes, bool headers = true, int most = 12);
+
 }

@@ -1,14 +1,22 @@
 # Parts of the viewer on the open interface, in real windows under Xvfb, moved by events of the window system.
 if(TARGET vostel-viewer-parts)
     set(viewerTests ${CMAKE_CURRENT_SOURCE_DIR}/hosts/viewer)
-    vostel_test_program(ViewerTests ${viewerTests}/ViewerTestMain.cpp ${viewerTests}/Hand.cpp)
+    vostel_test_program(ViewerTests ${viewerTests}/ViewerTestMain.cpp ${viewerTests}/Hand.cpp
+        ${CMAKE_CURRENT_SOURCE_DIR}/saves/SmallDisk.cpp)
     target_link_libraries(ViewerTests PRIVATE VostelTestScreen vostel-viewer-parts)
     set_target_properties(ViewerTests PROPERTIES AUTOMOC OFF)
     target_compile_definitions(ViewerTests PRIVATE QT_NO_KEYWORDS VOSTEL_SAMPLES="${PROJECT_SOURCE_DIR}/samples")
     foreach(name IN ITEMS
             canvas/CanvasModelTest
             canvas/DrawToolsTest
-            canvas/SelectToolTest)
+            canvas/SelectToolTest
+            documents/CalibrationTest
+            documents/ClipboardTest
+            documents/DocumentTest
+            documents/RawLayoutDialogTest
+            documents/SavesTest
+            documents/SessionKeeperTest
+            documents/StackTest)
         vostel_test_source(ViewerTests hosts/viewer/${name})
         set_tests_properties(${VOSTEL_TEST_PREFIX}hosts/viewer/${name} PROPERTIES
             ENVIRONMENT "${VOSTEL_TEST_ENVIRONMENT};LSAN_OPTIONS=suppressions=${CMAKE_CURRENT_SOURCE_DIR}/hosts/qt/leaks-of-others.txt:print_suppressions=0;TMPDIR=${CMAKE_CURRENT_BINARY_DIR}/work/hosts/viewer/${name}")
