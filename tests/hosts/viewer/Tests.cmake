@@ -10,6 +10,12 @@ if(TARGET vostel-viewer-parts)
             canvas/CanvasModelTest
             canvas/DrawToolsTest
             canvas/SelectToolTest
+            docks/HistogramPanelTest
+            docks/HistoryPanelTest
+            docks/MeasuresPanelTest
+            docks/ObjectsPanelTest
+            docks/OverviewPanelTest
+            docks/ProfilePanelTest
             documents/CalibrationTest
             documents/ClipboardTest
             documents/DocumentTest
