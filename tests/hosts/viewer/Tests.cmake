@@ -22,7 +22,8 @@ if(TARGET vostel-viewer-parts)
             documents/RawLayoutDialogTest
             documents/SavesTest
             documents/SessionKeeperTest
-            documents/StackTest)
+            documents/StackTest
+            window/MainWindowTest)
         vostel_test_source(ViewerTests hosts/viewer/${name})
         set_tests_properties(${VOSTEL_TEST_PREFIX}hosts/viewer/${name} PROPERTIES
             ENVIRONMENT "${VOSTEL_TEST_ENVIRONMENT};LSAN_OPTIONS=suppressions=${CMAKE_CURRENT_SOURCE_DIR}/hosts/qt/leaks-of-others.txt:print_suppressions=0;TMPDIR=${CMAKE_CURRENT_BINARY_DIR}/work/hosts/viewer/${name}")
