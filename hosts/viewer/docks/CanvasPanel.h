@@ -1,6 +1,7 @@
 #pragma once
 
 #include "canvas/CanvasModel.h"
+#include "documents/Outcome.h"
 
 #include <QElapsedTimer>
 #include <QWidget>
@@ -19,7 +20,7 @@ public:
     CanvasModel* Shown() const { return Model; }
 
 Q_SIGNALS:
-    void reported(const QString& message);    // to be told the user, such as of a file that was written
+    void reported(const Outcome& outcome);    // to be told the user, such as of a file that was written
 
 protected:
     // Hears of another canvas, which may be null; Refresh() follows.

@@ -292,7 +292,7 @@ void MeasuresPanel::CopyAll()
 void MeasuresPanel::Copy(const std::vector<int>& rows)
 {
     QApplication::clipboard()->setText(Model.Table(rows, QLatin1Char('\t')));
-    Q_EMIT reported(rows.size() == 1 ? tr("Copied 1 row") : tr("Copied %1 rows").arg(rows.size()));
+    Q_EMIT reported(Done(rows.size() == 1 ? tr("Copied 1 row") : tr("Copied %1 rows").arg(rows.size())));
 }
 
 void MeasuresPanel::AskToSave()
@@ -338,7 +338,7 @@ void MeasuresPanel::Save(const QString& path, const QString& format)
     if (!made)
         return;
     const Outcome saved = WriteFile(path, [&](QIODevice& file) { return file.write(text) == text.size(); });
-    Q_EMIT reported(saved.Text);
+    Q_EMIT reported(saved);
 }
 
 bool MeasuresPanel::eventFilter(QObject* watched, QEvent* event)

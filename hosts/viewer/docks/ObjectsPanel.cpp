@@ -291,7 +291,8 @@ void ObjectsPanel::Remove()
             object.remove();
     });
     if (locked > 0)
-        Q_EMIT reported(locked == 1 ? tr("1 locked object stays") : tr("%1 locked objects stay").arg(locked));
+        Q_EMIT reported(
+            Done(locked == 1 ? tr("1 locked object stays") : tr("%1 locked objects stay").arg(locked)));
 }
 
 void ObjectsPanel::Rename()

@@ -165,7 +165,7 @@ void ProfilePanel::Save(const QString& path)
     const Outcome saved = WriteFile(path, [&](QIODevice& file) {
         return drawing ? Plot->WriteSvg(file, QSize(720, 420), title) : WriteTable(file);
     });
-    Q_EMIT reported(saved.Text);
+    Q_EMIT reported(saved);
 }
 
 // Columns as in the tables of measures: their titles, CR LF, all digits.

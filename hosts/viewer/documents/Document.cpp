@@ -214,6 +214,9 @@ Outcome Document::OpenStack(std::vector<PageSource> sources, int first, const QS
 
 Outcome Document::OpenRaw(const QString& path)
 {
+    const QString unreadable = WhyUnreadable(path);
+    if (!unreadable.isEmpty())
+        return Failed(unreadable);
     std::optional<RawVolume> volume = LayoutBeside(path);
     if (!volume)
         volume = AskRawLayout(path, QApplication::activeWindow());

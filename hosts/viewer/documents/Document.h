@@ -45,6 +45,8 @@ public:
 
     // Shows a picture file with all files of its folder that are numbered like it, as a stack.
     Outcome OpenSeries(const QString& path);
+    // Shows any file as data without a header, whose layout is asked for.
+    Outcome OpenRaw(const QString& path);
     // Shows a picture from memory, of the clipboard, in the place of what was there.
     Outcome ShowPicture(const QImage& picture);
     // Whether a file adds to what is shown, as region files do.
@@ -75,7 +77,6 @@ private:
     void    ReadApart(const QString& file, std::function<void(const Outcome&)> ended);
     Outcome TakeRead(ReadPicture& read, const QString& file);
     Outcome OpenSession(const QString& path);
-    Outcome OpenRaw(const QString& path);
     bool    ShowKeptImage(const QString& file, const RawVolume& image);
     Outcome ImportRegions(const QString& path, const FileKind& kind);
     void    TakeOpened(const QString& session);

@@ -4,6 +4,7 @@
 #include "documents/SessionKeeper.h"
 #include "window/CanvasPane.h"
 #include "window/CommandList.h"
+#include "window/DockSet.h"
 #include "window/StatusLine.h"
 #include "window/StyleDialog.h"
 #include "window/Theme.h"
@@ -33,13 +34,13 @@ const QString WindowKey = QStringLiteral("Window/Geometry");
 const QString BarsKey = QStringLiteral("Window/Bars");
 const QString ClassicKey = QStringLiteral("ClassicGestures");
 
-constexpr int BarsVersion = 2;    // another arrangement of the bars gets another number
+constexpr int BarsVersion = 3;    // another arrangement of the bars gets another number
 
 }
 
 MainWindow::MainWindow()
     : Keeper(new SessionKeeper(this)), Look(new ThemeKeeper(this)), Panes(new Workspace(this)),
-      Entries(new CommandList(this)), Status(new StatusLine(*statusBar()))
+      Entries(new CommandList(this)), Status(new StatusLine(*statusBar())), Panels(new DockSet(*this))
 {
     setObjectName(QStringLiteral("MainWindow"));
     setCentralWidget(Panes);
@@ -51,8 +52,11 @@ MainWindow::MainWindow()
     AddFileCommands(*this);
     AddEditCommands(*this);
     AddViewCommands(*this);
+    Panels->AddCommands();
     AddDrawCommands(*this);
     AddMeasureCommands(*this);
+    AddCalibrationCommands(*this);
+    AddImageCommands(*this);
     AddWindowCommands(*this);
     AddHelpCommands(*this);
     BuildBars();
@@ -68,6 +72,7 @@ MainWindow::MainWindow()
 MainWindow::~MainWindow()
 {
     // Canvases end after the window, and what they tell then must not reach it.
+    Panels->Detach();
     Panes->disconnect(this);
     for (CanvasPane* const pane : Panes->All()) {
         pane->disconnect(this);
@@ -147,10 +152,13 @@ void MainWindow::ConnectPane(CanvasPane& pane)
         Report({Outcome::Kind::Failed, reason});
     });
     connect(&pane, &CanvasPane::titleChanged, this, ifCurrent([this] { ShowTitle(); }));
+    connect(&pane.Shown(), &Document::stackChanged, this, ifCurrent([this] { Entries->Update(); }),
+            Qt::QueuedConnection);
 }
 
 void MainWindow::ShowCurrent()
 {
+    Panels->ShowCurrent();
     Status->ShowCanvas(Shown().Model());
     Status->ShowNoCursor();
     View().TellHint();
@@ -186,6 +194,19 @@ void MainWindow::OpenFiles(const QStringList& paths)
             Report(outcome);
         });
     }
+}
+
+void MainWindow::OpenAs(const QString& path, Outcome (Document::*open)(const QString&))
+{
+    const qsizetype count = Panes->All().size();
+    CanvasPane&     pane = Panes->PaneForOpening();
+    const Outcome   outcome = (pane.Shown().*open)(path);
+    if (outcome.IsDone())
+        pane.View().Fit();
+    else if (Panes->All().size() > count)
+        Panes->Remove(Panes->CurrentIndex());
+    ShowCurrent();
+    Report(outcome);
 }
 
 void MainWindow::Report(const Outcome& outcome)

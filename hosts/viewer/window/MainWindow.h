@@ -10,6 +10,7 @@ namespace vostel::viewer {
 class CanvasPane;
 class CanvasView;
 class CommandList;
+class DockSet;
 class Document;
 class SessionKeeper;
 class StatusLine;
@@ -25,10 +26,13 @@ public:
     ~MainWindow() override;
 
     void OpenFiles(const QStringList& paths);    // each in a document of its own
+    // One file in a document of its own, in a way that is not told by the file.
+    void OpenAs(const QString& path, Outcome (Document::*open)(const QString&));
 
     Workspace&   Area() const { return *Panes; }
     CommandList& Commands() const { return *Entries; }
     ThemeKeeper& Themes() const { return *Look; }
+    DockSet&     Docks() const { return *Panels; }
     Document&    Shown() const;    // the current document
     CanvasView&  View() const;     // its canvas
 
@@ -60,6 +64,7 @@ private:
     Workspace*     Panes;
     CommandList*   Entries;
     StatusLine*    Status;
+    DockSet*       Panels;
 };
 
 }

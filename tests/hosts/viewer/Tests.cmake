@@ -23,6 +23,7 @@ if(TARGET vostel-viewer-parts)
             documents/SavesTest
             documents/SessionKeeperTest
             documents/StackTest
+            window/DocksTest
             window/MainWindowTest)
         vostel_test_source(ViewerTests hosts/viewer/${name})
         set_tests_properties(${VOSTEL_TEST_PREFIX}hosts/viewer/${name} PROPERTIES

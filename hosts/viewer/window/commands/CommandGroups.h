@@ -11,6 +11,8 @@ void AddEditCommands(MainWindow& window);
 void AddViewCommands(MainWindow& window);
 void AddDrawCommands(MainWindow& window);
 void AddMeasureCommands(MainWindow& window);
+void AddCalibrationCommands(MainWindow& window);    // of the menu of measures
+void AddImageCommands(MainWindow& window);
 void AddWindowCommands(MainWindow& window);
 void AddHelpCommands(MainWindow& window);
 

@@ -20,6 +20,12 @@ constexpr CommandText Open = {
 constexpr CommandText OpenFolder = {"file.openFolder", QT_TRANSLATE_NOOP("Commands", "Open &folder..."),
                                     "Ctrl+Shift+O",
                                     QT_TRANSLATE_NOOP("Commands", "The pictures of a folder as one stack")};
+constexpr CommandText OpenSeries = {
+    "file.openSeries", QT_TRANSLATE_NOOP("Commands", "Open s&eries..."), nullptr,
+    QT_TRANSLATE_NOOP("Commands", "A picture and all that are numbered like it, as one stack")};
+constexpr CommandText OpenRaw = {
+    "file.openRaw", QT_TRANSLATE_NOOP("Commands", "Open ra&w data..."), nullptr,
+    QT_TRANSLATE_NOOP("Commands", "Any file as values without a header, one picture or a volume")};
 constexpr CommandText Save = {"file.save", QT_TRANSLATE_NOOP("Commands", "&Save session"), "Ctrl+S",
                               QT_TRANSLATE_NOOP("Commands",
                                                 "Objects, names, contrast, scale and view, with the "
@@ -58,6 +64,16 @@ void AskAndOpenFolder(MainWindow& window)
         return;
     QSettings().setValue(FolderKey, path);
     window.OpenFiles({path});
+}
+
+// Of one file, in the current document if that is empty.
+void AskAndOpenAs(MainWindow& window, const QString& title, Outcome (Document::*open)(const QString&))
+{
+    const QString path = QFileDialog::getOpenFileName(&window, title, LastFolder());
+    if (path.isEmpty())
+        return;
+    KeepFolder(path);
+    window.OpenAs(path, open);
 }
 
 // A menu of paths, made anew each time when it opens.
@@ -106,6 +122,11 @@ void AddFileCommands(MainWindow& window)
     const auto   hasImage = [&window] { return window.Shown().Model().HasImage(); };
     commands.Add(Menu::File, Open, [&window] { AskAndOpen(window); });
     commands.Add(Menu::File, OpenFolder, [&window] { AskAndOpenFolder(window); });
+    commands.Add(Menu::File, OpenSeries, [&window] {
+        AskAndOpenAs(window, CommandList::tr("Open a picture of a series"), &Document::OpenSeries);
+    });
+    commands.Add(Menu::File, OpenRaw,
+                 [&window] { AskAndOpenAs(window, CommandList::tr("Open raw data"), &Document::OpenRaw); });
     AddRecent(window, QT_TRANSLATE_NOOP("Commands", "Open &recent"), RecentPaths::Files);
     AddRecent(window, QT_TRANSLATE_NOOP("Commands", "Recent sess&ions"), RecentPaths::Sessions);
     commands.AddSeparator(Menu::File);

@@ -36,7 +36,7 @@ struct ShownMeasures : ForgottenColumns, ShownPanel<MeasuresPanel> {
         Open().select({});
         hand::Settle();
         QObject::connect(&Window, &CanvasPanel::reported,
-                         [this](const QString& message) { Reports << message; });
+                         [this](const Outcome& outcome) { Reports << outcome.Text; });
     }
     int ColumnOf(const char* title)
     {

@@ -95,7 +95,8 @@ TEST_CASE("a profile is saved as table and as drawing")
     ShownProfile        at;
     QString             report;
     const QTemporaryDir folder;
-    QObject::connect(&at.Window, &CanvasPanel::reported, [&](const QString& text) { report = text; });
+    QObject::connect(&at.Window, &CanvasPanel::reported,
+                     [&](const Outcome& outcome) { report = outcome.Text; });
     at.Open().set_scale(0.25, "mm");
     hand::Settle();
     const QByteArray table = at.Saved(folder.filePath(QStringLiteral("edge.csv")));
