@@ -78,6 +78,8 @@ public:
     // The image's values as they came, borrowed until the next image; Data is null without an image. Float
     // data whose original was not kept gives Raw, colors of a byte image the pixels of the surface.
     PlaneView ShownPlane() const override;
+    // The range of its values, kept until the next image where nobody else may change them.
+    SampleRange ShownRange() const;
 
     // How the values of ShownPlane are shown. Without an image, what the next one starts with.
     ContrastState Contrast() const;
@@ -131,8 +133,9 @@ private:
 
     // As they came, empty while surface and containers are all there is. Gray bytes that are on the surface
     // alone become samples when ShownPlane is asked for them.
-    mutable ImageSamples Samples;
-    bool                 GrayOnSurface = false;
+    mutable ImageSamples               Samples;
+    mutable std::optional<SampleRange> SamplesRange;    // none: not looked for yet
+    bool                               GrayOnSurface = false;
     // What the surface shows of the samples. Without samples, of float data once a window was chosen in its
     // own values; until then, and from the next image on, Map counts.
     std::optional<ContrastState> Window;

@@ -44,7 +44,7 @@ ContrastState VostelImage::ContrastOfMap() const
         low = static_cast<double>(DataRange.Low) + 0.0;
         high = static_cast<double>(DataRange.High) + 0.0;
         if (!std::isfinite(low) || !std::isfinite(high)) {
-            const SampleRange range = RangeOf(ShownPlane());
+            const SampleRange range = ShownRange();
             low = range.Min;
             high = range.Max;
         }
@@ -93,7 +93,7 @@ void VostelImage::SetWindowShares(float low, float high)
     double least = DataRange.Min;
     double most = DataRange.Max;
     if (Samples.IsEmpty()) {
-        const SampleRange range = RangeOf(ShownPlane());
+        const SampleRange range = ShownRange();
         least = range.Min;
         most = range.Max;
     }

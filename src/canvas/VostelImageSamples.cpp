@@ -122,6 +122,7 @@ void VostelImage::FinishSamples(SamplePainter& painter, PixelSurface& made, cons
     CanvasWidth = Samples.Width;
     CanvasHeight = Samples.Height;
     DataRange = range;
+    SamplesRange.reset();
     Stretch = MakeRemapRule(range.Low, range.High, 0.0f, RawTop);
     if (!keeps.View || !sameSize)
         ShowSurface(made.Pixels ? &made : nullptr);
@@ -142,6 +143,7 @@ ImageSamples VostelImage::DropSamples()
     RawIsOld = RawOriIsOld = LabelsAreOld = false;
     DrawnRegions.clear();
     DrawnRuns.clear();
+    SamplesRange.reset();
     return std::exchange(Samples, ImageSamples());
 }
 
@@ -181,6 +183,17 @@ void VostelImage::TakeSurfaceAsSamples() const
             std::memcpy(taken.Row<unsigned char>(y), pixels, taken.RowBytes());
     }
     Samples = std::move(taken);
+    SamplesRange.reset();
+}
+
+SampleRange VostelImage::ShownRange() const
+{
+    const PlaneView plane = ShownPlane();
+    if (Samples.IsEmpty())
+        return RangeOf(plane);
+    if (!SamplesRange)
+        SamplesRange = RangeOf(plane);
+    return *SamplesRange;
 }
 
 bool VostelImage::IsOnImage(int x, int y) const

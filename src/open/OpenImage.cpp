@@ -1,4 +1,3 @@
-#include "canvas/SampleRange.h"
 #include "fileio/FilePaths.h"
 #include "open/OpenPlanes.h"
 
@@ -134,7 +133,7 @@ VostelStatus vostel_image_info(int32_t canvas, VostelImageInfo* info)
     return OnCanvas(canvas, [&](VostelImage& image, Document&) {
         NeedRecord(info, "info");
         const PlaneView   plane = NeedImage(image);
-        const SampleRange range = RangeOf(plane);
+        const SampleRange range = image.ShownRange();
         GiveRecord(info,
                    VostelImageInfo{0, PixelOf(plane.Type), plane.Width, plane.Height, range.Min, range.Max,
                                    range.NotFinite},

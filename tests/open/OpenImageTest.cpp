@@ -366,3 +366,46 @@ TEST_CASE("the limits hold for samples and files")
     REQUIRE(vostel_set_limits(&limits) == VOSTEL_OK);
     CHECK(vostel_image_open(canvas.Number, folder.Path("wide.png").c_str(), 0) == VOSTEL_OK);
 }
+
+TEST_CASE("the range is that of the image that is shown, however often it was asked for before")
+{
+    const OpenCanvas canvas;
+    const auto       checkRange = [&](double min, double max, int64_t notFinite) {
+        for (int again = 0; again < 2; ++again) {
+            const VostelImageInfo info = InfoOf(canvas.Number);
+            CHECK(info.min == min);
+            CHECK(info.max == max);
+            CHECK(info.not_finite == notFinite);
+        }
+    };
+    Show<float>(canvas.Number, VOSTEL_F32, {1.0f, 2.0f, NaN, 4.0f}, 2, 2);
+    checkRange(1.0, 4.0, 1);
+    Show<float>(canvas.Number, VOSTEL_F32, {-3.0f, 2.0f, 5.5f, 4.0f}, 2, 2);    // into the same memory
+    checkRange(-3.0, 5.5, 0);
+    REQUIRE(vostel_contrast_set(canvas.Number, 0.0, 1.0) == VOSTEL_OK);
+    checkRange(-3.0, 5.5, 0);
+    Show<uint16_t>(canvas.Number, VOSTEL_U16, {7, 8, 9, 65535}, 2, 2);
+    checkRange(7.0, 65535.0, 0);
+}
+
+TEST_CASE("the range follows what a host writes into planes and pixels of the classic calls")
+{
+    const OpenCanvas     canvas;
+    ClassData2DIO<float> data;
+    data.Allocate(2, 1);
+    data.Ptr1D[0] = 10.0f;
+    data.Ptr1D[1] = 20.0f;
+    gCVSShowRawFloat(canvas.Number, data, true, true);
+    CHECK(InfoOf(canvas.Number).max == 20.0);
+    gCVSGetRawOri(canvas.Number).Ptr1D[1] = 30.0f;
+    CHECK(InfoOf(canvas.Number).max == 30.0);
+
+    unsigned char gray[] = {5, 6};
+    gCVSShowUCGray(canvas.Number, gray, 2, 1, true);
+    CHECK(InfoOf(canvas.Number).max == 6.0);
+    gCVSGetCanvasPixelPtr(canvas.Number)[1] = 0x00C8C8C8;
+    CHECK(InfoOf(canvas.Number).max == 200.0);
+    unsigned char darker[] = {1, 2};
+    gCVSShowUCGray(canvas.Number, darker, 2, 1, true);
+    CHECK(InfoOf(canvas.Number).max == 2.0);
+}
