@@ -15,7 +15,7 @@ packages_toolkits=(libgtk-3-dev libgtk-4-dev libimgui-dev libsdl2-dev libwxgtk3.
 packages_windows=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev wine64)
 packages_long=(gdal-bin golang-1.19-src golang-golang-x-image-dev imagej imagemagick jbigkit-testdata libjxl-testdata
                librust-jpeg-decoder-dev librust-tiff-dev mmdebstrap python3-pil python3-shapely python3-skimage)
-packages_bench=(libbenchmark-dev libcairo2-dev libfftw3-dev libkissfft-dev libopenblas-pthread-dev libopencv-dev libpixman-1-dev)
+packages_bench=(gnuplot-nox libbenchmark-dev libcairo2-dev libfftw3-dev libkissfft-dev libopenblas-pthread-dev libopencv-dev libpixman-1-dev)
 
 # Prints what the script's first comment says.
 print_help()

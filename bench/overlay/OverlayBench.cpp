@@ -318,6 +318,7 @@ void CompareLabelImage(bench::PeerBench& peers)
 
 constexpr int ViewWidth = 1920;
 constexpr int ViewHeight = 1080;
+constexpr int Counts[] = {10, 100, 1000, 10000, 100000};    // of the rows of growth
 
 // Rings in rows and columns.
 struct Crowd {
@@ -411,8 +412,35 @@ public:
         QApplication::sendEvent(View.viewport(), &event);
     }
     QGraphicsItem* ItemAt(QPoint at) { return View.itemAt(at); }
+    // The topmost item there follows the mouse, and what is spoilt of the window is painted at each step.
+    void BeginDragInScene(QPointF at)
+    {
+        View.show();
+        QApplication::processEvents();
+        Dragged = View.itemAt(at.toPoint());
+        Dragged->setFlag(QGraphicsItem::ItemIsMovable);
+        SendToScene(QEvent::MouseButtonPress, at);
+        DragAt = at;
+    }
+    void DragStepInScene()
+    {
+        DragAt += ++DragSteps % 20 < 10 ? QPointF(2, 2) : QPointF(-2, -2);
+        SendToScene(QEvent::MouseMove, DragAt);
+        QApplication::processEvents();
+    }
+    bool SceneFollows() const { return Dragged && Dragged->pos() != QPointF(); }
 
 private:
+    void SendToScene(QEvent::Type type, QPointF at)
+    {
+        const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+        QMouseEvent event(type, at, View.viewport()->mapToGlobal(at), button, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(View.viewport(), &event);
+    }
+
+    QGraphicsItem* Dragged = nullptr;
+    QPointF        DragAt;
+    int            DragSteps = 0;
     QGraphicsScene Scene;
     QGraphicsView  View;
     QImage         Target;
@@ -427,11 +455,16 @@ void PressAndRelease(int number, CPoint at)
 
 void ComparePaints(bench::PeerBench& peers)
 {
-    const auto paint = [&](const std::string& title, const Crowd& crowd) {
+    const auto paint = [&](const std::string& title, const Crowd& crowd, bool growth = false) {
         Shapes shapes(crowd);
         gCanvasTable[shapes.Number].Kept.Fewest = SIZE_MAX;    // the peer keeps nothing either
         bench::Contest contest;
         contest.Title = title;
+        if (growth) {
+            contest.Curve = "paint";
+            contest.Count = crowd.Count;
+        }
+        contest.Rounds = crowd.Count > 10000 ? 5 : 0;    // they take a fifth of a second each
         contest.Run = [&] { gCVSOnDraw(shapes.Number, nullptr); };
         contest.Peers.push_back({"qt graphics view",
                                  [&] { shapes.PaintScene(); },
@@ -442,16 +475,18 @@ void ComparePaints(bench::PeerBench& peers)
     };
     paint("paint of 1,000 polygons of 50 nodes", {.Count = 1000});
     paint("paint of 200 splines of 60 nodes", {.Count = 200, .Nodes = 60, .Splines = true});
-    for (const int count : {10, 100, 1000, 10000})
-        paint("growth: paint of " + std::to_string(count) + " polygons", {.Count = count});
+    for (const int count : Counts)
+        paint("growth: paint of " + std::to_string(count) + " polygons", {.Count = count}, true);
 }
 
 void CompareMoves(bench::PeerBench& peers)
 {
-    for (const int count : {10, 100, 1000, 10000, 100000}) {
+    for (const int count : Counts) {
         Shapes         shapes({.Count = count});
         bench::Contest contest;
         contest.Title = "growth: mouse move over " + std::to_string(count) + " polygons";
+        contest.Curve = "mouse move";
+        contest.Count = count;
         int at = 0;
         int theirs = 0;
         contest.Run = [&] {
@@ -467,10 +502,12 @@ void CompareMoves(bench::PeerBench& peers)
                                  {}});
         peers.Compare(contest);
     }
-    for (const int count : {10, 100, 1000, 10000, 100000}) {
+    for (const int count : Counts) {
         Shapes         shapes({.Count = count});
         bench::Contest contest;
         contest.Title = "growth: press beside " + std::to_string(count) + " polygons";
+        contest.Curve = "press beside all";
+        contest.Count = count;
         contest.Run = [&] { PressAndRelease(shapes.Number, CPoint(-100, -100)); };
         QGraphicsItem* found = nullptr;
         contest.Peers.push_back({"qt itemAt", [&] { found = shapes.ItemAt(QPoint(-100, -100)); }, {}, {}});
@@ -537,6 +574,7 @@ public:
         gCVSOnMouseMove(Number, MK_LBUTTON, At);
         gCVSOnDraw(Number, nullptr);
     }
+    CPoint Place() const { return At; }
     // The shape or a node of it.
     bool IsMoving() const
     {
@@ -555,6 +593,22 @@ private:
 
 void CompareDrags(bench::PeerBench& peers)
 {
+    for (const int count : Counts) {
+        Shapes         shapes({.Count = count});
+        Drag           drag(shapes.Number, static_cast<std::size_t>(count) / 2);
+        bench::Contest contest;
+        contest.Title = "growth: drag of one among " + std::to_string(count) + " polygons, move and frame";
+        contest.Curve = "drag of one";
+        contest.Count = count;
+        contest.Run = [&] { drag.Step(); };
+        contest.Check = [&] { return drag.IsMoving(); };
+        shapes.BeginDragInScene(QPointF(drag.Place().x, drag.Place().y));
+        contest.Peers.push_back({"qt graphics view",
+                                 [&] { shapes.DragStepInScene(); },
+                                 {},
+                                 [&] { return shapes.SceneFollows(); }});
+        peers.Compare(contest);
+    }
     constexpr int Few = 100;
     Shapes        few({.Count = Few}, 2);
     Drag          fewDrag(few.Number, Few / 2);

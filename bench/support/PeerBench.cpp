@@ -113,6 +113,8 @@ PeerBench::PeerBench(int& argc, char** argv) : Program(argv[0])
             Rounds = std::max(1, std::atoi(argument.c_str() + 9));
         else if (argument.rfind("--markdown=", 0) == 0)
             MarkdownFile = argument.substr(11);
+        else if (argument.rfind("--growth=", 0) == 0)
+            GrowthFile = argument.substr(9);
         else if (argument == "--strict")
             Strict = true;
         else {
@@ -237,6 +239,8 @@ bool PeerBench::Compare(const Contest& contest)
                     row.Spread * 100.0);
         Rows.push_back(row);
     }
+    if (!contest.Curve.empty())
+        Growth.push_back({contest.Curve, contest.Count, Rows.back().Ours, Rows.back().Theirs});
     for (const Runner& runner : runners)
         if (!runner.Ours)
             std::printf("%-28s   peer  %9.3f ms   %s\n", "", Quantile(runner.Seconds, 0.5) * 1e3,
@@ -275,7 +279,40 @@ std::string PeerBench::Table() const
         out << "\n";
     for (const std::string& note : Notes)
         out << "- " << note << "\n";
+    out << GrowthTable();
     return out.str();
+}
+
+std::string PeerBench::GrowthTable() const
+{
+    std::ostringstream out;
+    for (std::size_t i = 0; i < Growth.size();) {
+        std::size_t end = i;
+        while (end < Growth.size() && Growth[end].Curve == Growth[i].Curve)
+            ++end;
+        std::string counts, line, ours, theirs;
+        for (; i < end; ++i) {
+            counts += " | " + std::to_string(Growth[i].Count);
+            line += "|---";
+            ours += " | " + Formatted("%.4g", Growth[i].Ours * 1e3);
+            theirs += " | " + Formatted("%.4g", Growth[i].Theirs * 1e3);
+        }
+        out << "\n| " << Growth[end - 1].Curve << ", microseconds" << counts << " |\n|---" << line
+            << "|\n| ours" << ours << " |\n| peer" << theirs << " |\n";
+    }
+    return out.str();
+}
+
+// A block a curve as gnuplot reads them: count, ours in microseconds, the best peer's.
+void PeerBench::WriteGrowth() const
+{
+    std::ofstream file(GrowthFile);
+    for (std::size_t i = 0; i < Growth.size(); ++i) {
+        const Point& point = Growth[i];
+        if (i == 0 || point.Curve != Growth[i - 1].Curve)
+            file << (i == 0 ? "" : "\n\n") << "# " << point.Curve << '\n';
+        file << point.Count << ' ' << point.Ours * 1e3 << ' ' << point.Theirs * 1e3 << '\n';
+    }
 }
 
 int PeerBench::Finish()
@@ -300,6 +337,8 @@ int PeerBench::Finish()
     std::fputs(table.c_str(), stdout);
     if (!MarkdownFile.empty())
         std::ofstream(MarkdownFile, std::ios::app) << table;
+    if (!GrowthFile.empty() && !Growth.empty())
+        WriteGrowth();
     bool over = false;
     for (const Row& row : Rows)
         over = over || (row.AtMost > 0.0 && row.Ours > row.AtMost * row.Theirs);

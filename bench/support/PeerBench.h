@@ -17,8 +17,9 @@
 //     }
 //
 // Flags: --only=TEXT (titles that contain it), --rounds=N (default 21), --markdown=FILE (appends the table),
-// --strict (a ratio over its bound counts as failure), and those of Google Benchmark, whose reporters list
-// every sample set too (--benchmark_out=FILE --benchmark_out_format=json).
+// --growth=FILE (writes the curves for growth.gnuplot), --strict (a ratio over its bound counts as failure),
+// and those of Google Benchmark, whose reporters list every sample set too (--benchmark_out=FILE
+// --benchmark_out_format=json).
 
 #include "base/CpuVariants.h"
 
@@ -47,6 +48,8 @@ struct Contest {
     bool                  ColdCaches = false;     // before each run other memory sweeps the caches, untimed
     bool                  PlainIsSlow = false;    // the plain variant is checked but not timed
     int                   Rounds = 0;             // samples of each; 0: as the flag says
+    std::string           Curve;                  // of which this is the point at Count; empty: of none
+    int                   Count = 0;
 };
 
 class PeerBench {
@@ -73,20 +76,31 @@ private:
         double      AtMost = 0.0;
         double      Quietest = 0.0;    // ratio of the fastest samples; 0 without peers
     };
+    // A point of a curve of growth.
+    struct Point {
+        std::string Curve;
+        int         Count = 0;
+        double      Ours = 0.0;      // ms, of the best variant of this processor
+        double      Theirs = 0.0;    // ms
+    };
     struct Samples {
         std::string         Name;
         std::vector<double> Seconds;
     };
 
     std::string Table() const;
+    std::string GrowthTable() const;
+    void        WriteGrowth() const;
 
     std::string              OnlyTitle;
     std::string              MarkdownFile;
+    std::string              GrowthFile;
     std::string              Program;
     int                      Rounds = 21;
     bool                     Strict = false;
     bool                     Failed = false;
     std::vector<Row>         Rows;
+    std::vector<Point>       Growth;        // a curve after the other, each by its counts
     std::vector<Samples>     AllSamples;    // replayed to Google Benchmark's reporters
     std::vector<std::string> Notes;
 };
