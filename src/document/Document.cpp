@@ -45,6 +45,12 @@ VostelObj* Document::Find(std::uint64_t id) const
     return found == Entries.end() ? nullptr : &Canvas.Elements.Wake(*found->second.Object);
 }
 
+const VostelObj* Document::FindToRead(std::uint64_t id) const
+{
+    const auto found = Entries.find(id);
+    return found == Entries.end() ? nullptr : &Canvas.Elements.Settle(*found->second.Object);
+}
+
 std::size_t Document::IndexOf(const VostelObj& object) const
 {
     return object.Entry.Place;

@@ -44,6 +44,7 @@ public:
 
     // Null for an identity that is not on the canvas.
     VostelObj*         Find(std::uint64_t id) const;
+    const VostelObj*   FindToRead(std::uint64_t id) const;        // leaves what is kept as drawn
     std::size_t        IndexOf(const VostelObj& object) const;    // of one on the canvas
     const ObjectNotes& NotesOf(const VostelObj& object) const { return Entries.at(object.Identity).Notes; }
 

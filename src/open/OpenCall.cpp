@@ -53,12 +53,34 @@ void FailNoCanvas(int32_t canvas)
     Fail(VOSTEL_NOT_FOUND, "there is no canvas " + std::to_string(canvas));
 }
 
-VostelObj& ObjectOf(const Document& notes, VostelObject object)
+namespace {
+
+template <typename Object>
+Object& Needed(Object* found, VostelObject object)
 {
-    VostelObj* const found = notes.Find(object);
     if (!found)
         Fail(VOSTEL_NOT_FOUND, "there is no object " + std::to_string(object) + " on the canvas");
     return *found;
+}
+
+template <typename Object>
+Object& NeededRegion(Object& found, VostelObject object)
+{
+    if (!IsRegion(found.TypeCode))
+        Fail(VOSTEL_INVALID_ARGUMENT, "object " + std::to_string(object) + " is not a region");
+    return found;
+}
+
+}
+
+VostelObj& ObjectOf(const Document& notes, VostelObject object)
+{
+    return Needed(notes.Find(object), object);
+}
+
+const VostelObj& ObjectToRead(const Document& notes, VostelObject object)
+{
+    return Needed(notes.FindToRead(object), object);
 }
 
 std::vector<VostelObj*> ObjectsFrom(const VostelImage& image, const Document& notes, const VostelObject* list,
@@ -79,10 +101,12 @@ std::vector<VostelObj*> ObjectsFrom(const VostelImage& image, const Document& no
 
 VostelObj& RegionOf(const Document& notes, VostelObject object)
 {
-    VostelObj& found = ObjectOf(notes, object);
-    if (!IsRegion(found.TypeCode))
-        Fail(VOSTEL_INVALID_ARGUMENT, "object " + std::to_string(object) + " is not a region");
-    return found;
+    return NeededRegion(ObjectOf(notes, object), object);
+}
+
+const VostelObj& RegionToRead(const Document& notes, VostelObject object)
+{
+    return NeededRegion(ObjectToRead(notes, object), object);
 }
 
 void NeedFlags(std::uint32_t flags, std::uint32_t known)

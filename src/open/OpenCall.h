@@ -53,11 +53,14 @@ VostelStatus OnCanvas(int32_t canvas, Body&& body) noexcept
 
 // The object of an identity; fails if it is not on the canvas.
 VostelObj& ObjectOf(const Document& notes, VostelObject object);
+// For calls that only look, which cost the next frame nothing.
+const VostelObj& ObjectToRead(const Document& notes, VostelObject object);
 // Those of a list of the caller, which has no more than the canvas.
 std::vector<VostelObj*> ObjectsFrom(const VostelImage& image, const Document& notes, const VostelObject* list,
                                     std::size_t count);
 // One that is a region, with points enough or not; fails with VOSTEL_INVALID_ARGUMENT for others.
-VostelObj& RegionOf(const Document& notes, VostelObject object);
+VostelObj&       RegionOf(const Document& notes, VostelObject object);
+const VostelObj& RegionToRead(const Document& notes, VostelObject object);
 
 // Fails with VOSTEL_INVALID_ARGUMENT.
 void NeedFlags(std::uint32_t flags, std::uint32_t known);

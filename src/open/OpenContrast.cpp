@@ -154,7 +154,7 @@ VostelStatus vostel_contrast_map_name(int32_t canvas, char* buffer, size_t capac
 VostelStatus vostel_contrast_window_of_object(int32_t canvas, VostelObject region, double* low, double* high)
 {
     return OnCanvas(canvas, [&](VostelImage&, Document& notes) {
-        const VostelObj& object = RegionOf(notes, region);
+        const VostelObj& object = RegionToRead(notes, region);
         NeedPointer(low, "low");
         NeedPointer(high, "high");
         Give(low, object.WindowLow);
@@ -166,7 +166,7 @@ VostelStatus vostel_histogram(int32_t canvas, VostelObject region_or_0, int32_t 
                               double high, int32_t bins, uint64_t* counts)
 {
     return OnCanvas(canvas, [&](VostelImage& image, Document& notes) {
-        const VostelObj* const region = region_or_0 != 0 ? &RegionOf(notes, region_or_0) : nullptr;
+        const VostelObj* const region = region_or_0 != 0 ? &RegionToRead(notes, region_or_0) : nullptr;
         NeedPointer(counts, "counts");
         NeedWindow(low, high);
         NeedRange(bins, 1, MostBins, "bins");

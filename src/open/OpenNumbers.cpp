@@ -95,7 +95,7 @@ VostelStatus vostel_get_scale(int32_t canvas, double* units_per_pixel, char* uni
 VostelStatus vostel_measure(int32_t canvas, VostelObject object, int32_t channel, VostelMeasures* measures)
 {
     return OnCanvas(canvas, [&](VostelImage& image, Document& notes) {
-        const VostelObj& found = ObjectOf(notes, object);
+        const VostelObj& found = ObjectToRead(notes, object);
         NeedRecord(measures, "measures");
         const PlaneView plane = image.ShownPlane();
         NeedChannel(plane, channel);
@@ -108,7 +108,7 @@ VostelStatus vostel_profile(int32_t canvas, VostelObject line, int32_t channel, 
 {
     return OnCanvas(canvas, [&](VostelImage& image, Document& notes) {
         constexpr double              Widest = 65536.0;
-        const VostelObj&              found = ObjectOf(notes, line);
+        const VostelObj&              found = ObjectToRead(notes, line);
         const std::vector<ImagePoint> points = found.GivePoints();
         if (!IsLine(found.TypeCode) || points.size() < 2)
             Fail(VOSTEL_INVALID_ARGUMENT, "the object is not a line of two points or more");
@@ -132,7 +132,7 @@ VostelStatus vostel_profile(int32_t canvas, VostelObject line, int32_t channel, 
 VostelStatus vostel_mask(int32_t canvas, VostelObject region, uint8_t* mask, ptrdiff_t row_bytes)
 {
     return OnCanvas(canvas, [&](VostelImage& image, Document& notes) {
-        const VostelObj& found = RegionOf(notes, region);
+        const VostelObj& found = RegionToRead(notes, region);
         NeedPointer(mask, "mask");
         const PlaneView      plane = NeedImage(image);
         const std::ptrdiff_t distance = RowDistance(row_bytes, plane.Width, 1);

@@ -73,7 +73,7 @@ VostelStatus vostel_object_list(int32_t canvas, VostelObject* list, size_t capac
 VostelStatus vostel_object_get(int32_t canvas, VostelObject object, VostelObjectInfo* info)
 {
     return OnCanvas(canvas, [&](VostelImage&, Document& notes) {
-        const VostelObj& found = ObjectOf(notes, object);
+        const VostelObj& found = ObjectToRead(notes, object);
         const Bounds     bounds = BoundsOfObject(found);
         VostelObjectInfo all = {};
         all.kind = found.TypeCode;
@@ -105,7 +105,7 @@ VostelStatus vostel_object_points(int32_t canvas, VostelObject object, VostelPoi
                                   size_t* count)
 {
     return OnCanvas(canvas, [&](VostelImage&, Document& notes) {
-        GiveList<VostelPoint>(ToPoints(ObjectOf(notes, object).GivePoints()), points, capacity, count);
+        GiveList<VostelPoint>(ToPoints(ObjectToRead(notes, object).GivePoints()), points, capacity, count);
     });
 }
 
@@ -127,7 +127,7 @@ VostelStatus vostel_object_outline(int32_t canvas, VostelObject object, VostelPo
                                    size_t* count)
 {
     return OnCanvas(canvas, [&](VostelImage&, Document& notes) {
-        const std::optional<Outline> outline = ObjectOf(notes, object).RegionOutline();
+        const std::optional<Outline> outline = ObjectToRead(notes, object).RegionOutline();
         if (!outline)
             Fail(VOSTEL_INVALID_ARGUMENT, "the object is not a region with points enough");
         std::vector<VostelPoint> given;

@@ -9,7 +9,7 @@ VostelStatus vostel_object_name(int32_t canvas, VostelObject object, char* buffe
                                 size_t* length)
 {
     return OnCanvas(canvas, [&](VostelImage&, Document& notes) {
-        GiveText(notes.NotesOf(ObjectOf(notes, object)).Name, buffer, capacity, length);
+        GiveText(notes.NotesOf(ObjectToRead(notes, object)).Name, buffer, capacity, length);
     });
 }
 
@@ -27,7 +27,7 @@ VostelStatus vostel_object_text(int32_t canvas, VostelObject object, char* buffe
                                 size_t* length)
 {
     return OnCanvas(canvas, [&](VostelImage&, Document& notes) {
-        const CString text = ObjectOf(notes, object).CaptionText();
+        const CString text = ObjectToRead(notes, object).CaptionText();
         GiveText(Utf8Of(std::wstring_view(text, static_cast<std::size_t>(text.GetLength()))), buffer,
                  capacity, length);
     });
@@ -48,7 +48,7 @@ VostelStatus vostel_object_set_text(int32_t canvas, VostelObject object, const c
 VostelStatus vostel_object_style(int32_t canvas, VostelObject object, VostelStyle* style)
 {
     return OnCanvas(canvas, [&](VostelImage&, Document& notes) {
-        GiveRecord(style, StyleOf(ObjectOf(notes, object)), "style");
+        GiveRecord(style, StyleOf(ObjectToRead(notes, object)), "style");
     });
 }
 
