@@ -5,6 +5,7 @@
 #include "canvas/SelectTool.h"
 
 #include <QContextMenuEvent>
+#include <QElapsedTimer>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWheelEvent>
@@ -32,6 +33,7 @@ CanvasView::CanvasView(CanvasModel& model, QWidget* parent)
         tr("The image and the objects on it; the list of objects tells them one by one"));
     connect(&model, &CanvasModel::frameStale, this, qOverload<>(&QWidget::update));
     connect(&model, &CanvasModel::imageChanged, this, qOverload<>(&QWidget::update));
+    FollowChanges();
 }
 
 CanvasView::~CanvasView() = default;
@@ -96,7 +98,30 @@ void CanvasView::SetWaiting(bool waiting)
     Waiting = waiting;
     setEnabled(!waiting);
     setCursor(waiting ? Qt::BusyCursor : Qt::ArrowCursor);
+    Preview = QImage();
     update();
+}
+
+void CanvasView::ShowPreview(const QImage& picture)
+{
+    Preview = picture;
+    update();
+}
+
+void CanvasView::PaintWithoutImage(QPainter& painter)
+{
+    painter.fillRect(rect(), palette().window());
+    if (!Preview.isNull()) {
+        const QSize shown = Preview.size().scaled(size(), Qt::KeepAspectRatio);
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter.drawImage(
+            QRect(QPoint((width() - shown.width()) / 2, (height() - shown.height()) / 2), shown), Preview);
+        return;
+    }
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap,
+                     Waiting ? tr("Opening ...")
+                             : tr("Drop a picture, raw data or a session here,\nor open one by Ctrl+O"));
 }
 
 void CanvasView::Dress(Object object) const
@@ -293,12 +318,61 @@ void CanvasView::GiveArea()
     if (area == Frame.size())
         return;
     Frame = QImage(area, QImage::Format_RGB32);
+    StandsIn = false;
     Frame.setDevicePixelRatio(ratio);
     Open().set_pixel_ratio(ratio);
     Open().resize(area.width(), area.height());
     if (Fitted)
         Fit();
     update();
+}
+
+void CanvasView::FollowChanges()
+{
+    connect(&Shown, &CanvasModel::viewChanged, this, [this] {
+        constexpr qint64 MostCost = 12;     // ms, of the 16 between two frames of a screen
+        constexpr int    RestTime = 100;    // ms
+        if (FrameCost < MostCost)
+            return;
+        StandsIn = true;
+        Rest.start(RestTime, this);
+    });
+    const auto end = [this] { StandsIn = false; };
+    connect(&Shown, &CanvasModel::selectionChanged, this, end);
+    connect(&Shown, &CanvasModel::imageChanged, this, end);
+    connect(&Shown, &CanvasModel::contrastChanged, this, end);
+    for (const auto change : {&CanvasModel::objectAdded, &CanvasModel::objectChanging,
+                              &CanvasModel::objectChanged, &CanvasModel::objectRemoved})
+        connect(&Shown, change, this, end);
+}
+
+void CanvasView::timerEvent(QTimerEvent* event)
+{
+    if (event->timerId() != Rest.timerId())
+        return QWidget::timerEvent(event);
+    Rest.stop();
+    StandsIn = false;
+    update();
+}
+
+void CanvasView::Render()
+{
+    QElapsedTimer time;
+    time.start();
+    Open().frame_render_to(Frame.bits(), Frame.width(), Frame.height(), Frame.bytesPerLine());
+    FrameCost = time.elapsed();
+    FrameView = Open().view_get();
+}
+
+void CanvasView::PaintStandIn(QPainter& painter) const
+{
+    const View   now = Open().view_get();
+    const double zoom = now.scale / FrameView.scale, ratio = devicePixelRatioF();
+    painter.fillRect(rect(), palette().window());
+    painter.drawImage(QRectF((now.left - FrameView.left * zoom) / ratio,
+                             (now.top - FrameView.top * zoom) / ratio, Frame.width() * zoom / ratio,
+                             Frame.height() * zoom / ratio),
+                      Frame);
 }
 
 void CanvasView::resizeEvent(QResizeEvent*)
@@ -310,16 +384,15 @@ void CanvasView::paintEvent(QPaintEvent*)
 {
     GiveArea();    // a window that moved to another screen
     QPainter painter(this);
-    if (!Shown.HasImage() && Open().object_list().empty()) {
-        painter.fillRect(rect(), palette().window());
-        painter.setPen(palette().color(QPalette::PlaceholderText));
-        painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap,
-                         Waiting ? tr("Opening ...")
-                                 : tr("Drop a picture, raw data or a session here,\nor open one by Ctrl+O"));
-        return;
+    PictureSeen = Shown.HasImage() || !Preview.isNull();
+    if (!Shown.HasImage() && Open().object_list().empty())
+        return PaintWithoutImage(painter);
+    if (StandsIn) {
+        PaintStandIn(painter);
+    } else {
+        Render();
+        painter.drawImage(QPointF(0, 0), Frame);
     }
-    Open().frame_render_to(Frame.bits(), Frame.width(), Frame.height(), Frame.bytesPerLine());
-    painter.drawImage(QPointF(0, 0), Frame);
     painter.setRenderHint(QPainter::Antialiasing);
     if (Grid)
         PaintGrid(painter, *this);

@@ -3,6 +3,7 @@
 #include "canvas/CanvasModel.h"
 #include "canvas/Tool.h"
 
+#include <QBasicTimer>
 #include <QImage>
 #include <QPointF>
 #include <QWidget>
@@ -63,6 +64,8 @@ public:
 
     // While a picture is on its way: says so, and takes no input.
     void SetWaiting(bool waiting);
+    void ShowPreview(const QImage& picture);             // while it waits
+    bool ShowsPicture() const { return PictureSeen; }    // the last frame had the image or its preview
 
     // The view. A fitted one stays so when the widget takes another size.
     void   Fit();
@@ -101,6 +104,7 @@ Q_SIGNALS:
 protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -114,14 +118,24 @@ protected:
 
 private:
     void    GiveArea();
+    void    PaintWithoutImage(QPainter& painter);
+    void    FollowChanges();
+    void    Render();
+    void    PaintStandIn(QPainter& painter) const;
     Pointer PointerOf(QPointF position, Qt::KeyboardModifiers modifiers, bool down) const;
     Point   SnappedTo(Point image) const;
     bool    MoveByArrow(int key, Qt::KeyboardModifiers modifiers);
 
-    CanvasModel&           Shown;
-    std::unique_ptr<Tool>  Selecting;
-    std::unique_ptr<Tool>  Armed;    // null: select
-    QImage                 Frame;
+    CanvasModel&          Shown;
+    std::unique_ptr<Tool> Selecting;
+    std::unique_ptr<Tool> Armed;    // null: select
+    QImage                Frame;
+    View                  FrameView = {};    // that Frame shows
+    qint64                FrameCost = 0;     // ms
+    // While a view moves whose frames take longer than the screen waits, the last one is shown where it would
+    // lie, and the next one comes when the hand rests.
+    bool                   StandsIn = false;
+    QBasicTimer            Rest;
     DrawingStyle           Look;
     Snap                   Snapping = Snap::None;
     bool                   Classic = false;
@@ -129,6 +143,8 @@ private:
     bool                   ScaleBar = false;
     bool                   Fitted = true;
     bool                   Waiting = false;
+    bool                   PictureSeen = false;
+    QImage                 Preview;    // of the picture that it waits for
     std::optional<QPointF> Cross;      // image px
     std::optional<QPointF> PanFrom;    // layout px, while the middle button is down
 };

@@ -196,7 +196,7 @@ void MeasuresPanel::Attach(CanvasModel* canvas)
 
 void MeasuresPanel::Refresh()
 {
-    constexpr int Slice = 6;    // ms of measuring at once
+    constexpr int Slice = 3;    // ms of measuring at once
     if (Shown()) {
         const auto [units, name] = Shown()->Open().scale();
         const QString unit = QString::fromStdString(name);

@@ -4,6 +4,7 @@
 #include "documents/FileKinds.h"
 #include "documents/FileReasons.h"
 #include "documents/FileWriting.h"
+#include "documents/Preview.h"
 #include "documents/RawFiles.h"
 #include "documents/ReadPicture.h"
 #include "documents/RecentPaths.h"
@@ -133,6 +134,16 @@ void Document::ReadApart(const QString& file, std::function<void(const Outcome&)
     const CanvasInfo         now = Shown.Open().info();
     const std::string        language = Shown.Open().language();
     const QPointer<Document> self = this;
+    QThreadPool::globalInstance()->start([=] {
+        const QImage preview = PreviewOf(file, QSize(now.width, now.height));
+        QMetaObject::invokeMethod(
+            QCoreApplication::instance(),
+            [=] {
+                if (self && self->Reading && !preview.isNull())
+                    Q_EMIT self->previewRead(preview);
+            },
+            Qt::QueuedConnection);
+    });
     QThreadPool::globalInstance()->start([=] {
         const auto read = std::make_shared<ReadPicture>(file, now, language);
         QMetaObject::invokeMethod(

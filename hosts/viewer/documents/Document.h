@@ -68,7 +68,8 @@ Q_SIGNALS:
     void modifiedChanged();
     void stackChanged();
     void readingChanged();
-    void changed();    // anything that a session holds beside the view
+    void previewRead(const QImage& picture);    // of what is being read
+    void changed();                             // anything that a session holds beside the view
     void sessionSaved();
     void closed();
 

@@ -4,11 +4,14 @@
 #include "documents/FileWriting.h"
 
 #include <QDateTime>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QIODevice>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QThreadPool>
+
+#include <algorithm>
 
 namespace vostel::viewer {
 
@@ -30,7 +33,7 @@ QByteArray TightBytes(const VostelPlane& plane)
 }
 
 KeptDocument::KeptDocument(Document& document, const QString& stem, int delay, QThreadPool& writers)
-    : Content(document), Stem(stem), Writers(writers)
+    : Content(document), Stem(stem), Delay(delay), Writers(writers)
 {
     Timer.setSingleShot(true);
     Timer.setInterval(delay);
@@ -56,6 +59,8 @@ void KeptDocument::Keep()
     Timer.stop();
     if (!Content.IsModified())
         return;
+    QElapsedTimer time;
+    time.start();
     Outcome outcome;
     try {
         Content.WriteSession(SessionFile(Stem));
@@ -67,6 +72,8 @@ void KeptDocument::Keep()
     if (!outcome.IsDone() && !HasFailed)
         Q_EMIT failed(outcome.Text);
     HasFailed = !outcome.IsDone();
+    constexpr int Rests = 50;    // of many objects less often, or the window would do little else
+    Timer.setInterval(std::max(Delay, static_cast<int>(time.elapsed()) * Rests));
 }
 
 void KeptDocument::KeepImage()

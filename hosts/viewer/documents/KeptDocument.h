@@ -35,6 +35,7 @@ private:
 
     Document&    Content;
     QString      Stem;
+    int          Delay;    // ms from a change, at least
     QTimer       Timer;
     QThreadPool& Writers;
     bool         ImageIsKept = false;    // of a picture that is in no file

@@ -31,6 +31,7 @@ CanvasPane::CanvasPane(QWidget* parent)
     SetCaption(false);
     connect(&Content, &Document::titleChanged, this, &CanvasPane::ShowTitle);
     connect(&Content, &Document::readingChanged, this, [this] { Canvas->SetWaiting(Content.IsReading()); });
+    connect(&Content, &Document::previewRead, Canvas, &CanvasView::ShowPreview);
     connect(&Content, &Document::modifiedChanged, this, &CanvasPane::ShowTitle);
     ShowTitle();
 }

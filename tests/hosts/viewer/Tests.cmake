@@ -9,6 +9,7 @@ if(TARGET vostel-viewer-parts)
     foreach(name IN ITEMS
             canvas/CanvasModelTest
             canvas/DrawToolsTest
+            canvas/MovingViewTest
             canvas/SelectToolTest
             docks/HistogramPanelTest
             docks/HistoryPanelTest
@@ -19,6 +20,7 @@ if(TARGET vostel-viewer-parts)
             documents/CalibrationTest
             documents/ClipboardTest
             documents/DocumentTest
+            documents/PreviewTest
             documents/RawLayoutDialogTest
             documents/SavesTest
             documents/SessionKeeperTest
