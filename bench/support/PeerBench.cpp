@@ -1,12 +1,13 @@
 #include "support/PeerBench.h"
 
+#include "support/Machine.h"
+
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
 #include <fstream>
 #include <numeric>
 #include <random>
@@ -56,21 +57,6 @@ std::string Formatted(const char* format, double value)
     char text[64];
     std::snprintf(text, sizeof text, format, value);
     return text;
-}
-
-std::string Machine()
-{
-    std::ifstream cpuInfo("/proc/cpuinfo");
-    std::string   line;
-    std::string   model = "unknown processor";
-    int           processors = 0;
-    while (std::getline(cpuInfo, line)) {
-        if (line.rfind("model name", 0) == 0) {
-            model = line.substr(line.find(':') + 2);
-            ++processors;
-        }
-    }
-    return model + ", " + std::to_string(processors) + " processors";
 }
 
 // One who takes part: ours in a variant, or a peer.
@@ -257,11 +243,8 @@ void PeerBench::Note(const std::string& line)
 
 std::string PeerBench::Table() const
 {
-    char              date[32] = "";
-    const std::time_t now = std::time(nullptr);
-    std::strftime(date, sizeof date, "%Y-%m-%d", std::gmtime(&now));
     std::ostringstream out;
-    out << "\n### " << Program << ", " << Machine() << ", " << date << "\n\n"
+    out << "\n### " << Program << ", " << MachineAndDate() << "\n\n"
         << "Medians of runs in turns, one machine, same run. Ratio: our time over the best peer's.\n\n"
         << "| Work | Variant | Ours | Best peer | Ratio | At most | Ratio of minima "
            "|\n|---|---|---|---|---|---|---|\n";
