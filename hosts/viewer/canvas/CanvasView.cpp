@@ -494,7 +494,9 @@ void CanvasView::keyPressEvent(QKeyEvent* event)
 {
     switch (event->key()) {
     case Qt::Key_Escape:
-        return StepOut();
+        if (!TakesEscape || !TakesEscape())
+            StepOut();
+        return;
     case Qt::Key_Return:
     case Qt::Key_Enter:
         Current().Finish();

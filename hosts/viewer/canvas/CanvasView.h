@@ -8,6 +8,7 @@
 #include <QPointF>
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -63,6 +64,8 @@ public:
     void                Dress(Object object) const;    // gives it the look of drawn objects
 
     // While a picture is on its way: says so, and takes no input.
+    // Who is asked first when Esc is pressed, and returns whether it was meant for him.
+    void SetEscapeFirst(std::function<bool()> takes) { TakesEscape = std::move(takes); }
     void SetWaiting(bool waiting);
     void ShowPreview(const QImage& picture);             // while it waits
     bool ShowsPicture() const { return PictureSeen; }    // the last frame had the image or its preview
@@ -145,6 +148,7 @@ private:
     bool                   Waiting = false;
     bool                   PictureSeen = false;
     QImage                 Preview;    // of the picture that it waits for
+    std::function<bool()>  TakesEscape;
     std::optional<QPointF> Cross;      // image px
     std::optional<QPointF> PanFrom;    // layout px, while the middle button is down
 };

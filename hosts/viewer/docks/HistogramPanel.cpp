@@ -3,6 +3,7 @@
 #include "docks/ColourMenu.h"
 #include "docks/FlowLayout.h"
 #include "docks/KindNames.h"
+#include "documents/RawVolume.h"
 #include "plots/HistogramPlot.h"
 #include "plots/MapColours.h"
 
@@ -21,14 +22,9 @@ namespace vostel::viewer {
 
 namespace {
 
-bool IsColour(VostelPixel type)
-{
-    return type == VOSTEL_RGB8 || type == VOSTEL_BGR8 || type == VOSTEL_BGRA8;
-}
-
 bool IsByte(VostelPixel type)
 {
-    return type == VOSTEL_U8 || IsColour(type);
+    return type == VOSTEL_U8 || IsColor(type);
 }
 
 // Bytes are not looked at for their range, which large pictures take long for.
@@ -312,7 +308,7 @@ void HistogramPanel::ReadImage()
         spin->setSingleStep(step);
         spin->setRange(std::min(0.0, Image->min) - 10.0 * range, std::max(0.0, Image->max) + 10.0 * range);
     }
-    Channel->setVisible(IsColour(Image->type));
+    Channel->setVisible(IsColor(Image->type));
     Plot->SetLeastWidth(Whole ? 1.0 : 0.0);
 }
 
@@ -336,7 +332,7 @@ void HistogramPanel::Count()
     } else if (!(high > low)) {
         high = low + 1.0;
     }
-    const int channel = IsColour(Image->type) ? Channel->currentIndex() : 0;
+    const int channel = IsColor(Image->type) ? Channel->currentIndex() : 0;
     try {
         Plot->SetCounts(Shown()->Open().histogram(low, high, static_cast<int>(bins), Region(), channel), low,
                         high);

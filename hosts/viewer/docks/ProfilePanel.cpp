@@ -4,6 +4,7 @@
 #include "docks/KindNames.h"
 #include "docks/MeasureColumns.h"
 #include "documents/FileWriting.h"
+#include "documents/RawVolume.h"
 #include "plots/CurvePlot.h"
 
 #include <QComboBox>
@@ -101,7 +102,7 @@ void ProfilePanel::Refresh()
             const VostelPixel type = Shown()->Open().image_plane().type;
             const auto [units, name] = Shown()->Open().scale();
             const std::vector<Point> points = line->points();
-            colored = type == VOSTEL_RGB8 || type == VOSTEL_BGR8 || type == VOSTEL_BGRA8;
+            colored = IsColor(type);
             const Profile profile = line->profile(Width->value(), colored ? Channel->currentIndex() : 0);
             From = points.front();
             To = points.back();

@@ -54,12 +54,20 @@ Document::Document(QObject* parent) : QObject(parent)
 QString Document::Title() const
 {
     const PageSource* const page = FromMemory ? nullptr : PagesShown.Current();
+    if (!page && !Session.isEmpty())
+        return QFileInfo(Session).fileName();
     if (!page)
-        return Session.isEmpty() ? tr("Untitled") : QFileInfo(Session).fileName();
+        return Given.isEmpty() ? tr("Untitled") : Given;
     const QString name = QFileInfo(page->Path).fileName();
     if (PagesShown.Count() < 2)
         return name;
     return tr("%1, page %2 of %3").arg(name).arg(PagesShown.Index() + 1).arg(PagesShown.Count());
+}
+
+void Document::Name(const QString& title)
+{
+    Given = title;
+    Q_EMIT titleChanged();
 }
 
 QString Document::PicturePath() const

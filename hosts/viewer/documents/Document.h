@@ -28,7 +28,10 @@ public:
     Stack&             Pages() { return PagesShown; }
     const Stack&       Pages() const { return PagesShown; }
 
-    QString Title() const;    // name of the file, with the page of a stack; "Untitled" of what has no file
+    // Name of the file, with the page of a stack; of what has no file the name that it was given, or
+    // "Untitled".
+    QString Title() const;
+    void    Name(const QString& title);
     QString PicturePath() const;                       // empty: from memory or none
     QString SessionPath() const { return Session; }    // empty: never saved
     bool    IsModified() const;    // objects, contrast, scale or a picture from memory are in no session
@@ -88,6 +91,7 @@ private:
     CanvasModel Shown;
     Stack       PagesShown{Shown};
     QString     Session;
+    QString     Given;    // name of what is in no file
     SavedState  Saved;
     bool        Reading = false;
     bool        IsOpening = false;     // what comes meanwhile is not an image of somebody else

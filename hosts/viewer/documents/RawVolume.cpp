@@ -11,6 +11,11 @@ const QString RawPurpose = QStringLiteral("RawLayout");
 
 }
 
+bool IsColor(VostelPixel type)
+{
+    return type == VOSTEL_RGB8 || type == VOSTEL_BGR8 || type == VOSTEL_BGRA8;
+}
+
 int BytesOfPixel(VostelPixel type)
 {
     switch (type) {

@@ -20,6 +20,7 @@ struct RawVolume {
     RawLayout LayoutOf(int slice) const;
 };
 
+bool IsColor(VostelPixel type);    // of several values a pixel
 // Bytes of a pixel; 0 for other numbers.
 int BytesOfPixel(VostelPixel type);
 

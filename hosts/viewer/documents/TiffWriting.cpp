@@ -103,11 +103,6 @@ private:
     }
 };
 
-bool IsColorPlane(VostelPixel type)
-{
-    return type == VOSTEL_RGB8 || type == VOSTEL_BGR8 || type == VOSTEL_BGRA8;
-}
-
 // A row as the file holds it: little-endian, red before blue.
 void PutRow(const char* row, const VostelPlane& plane, char* target)
 {
@@ -118,7 +113,7 @@ void PutRow(const char* row, const VostelPlane& plane, char* target)
         for (char* pixel = target; pixel != target + bytes; pixel += pixelBytes)
             std::swap(pixel[0], pixel[2]);
     if constexpr (Q_BYTE_ORDER == Q_BIG_ENDIAN)
-        if (!IsColorPlane(plane.type))
+        if (!IsColor(plane.type))
             for (char* sample = target; sample != target + bytes; sample += pixelBytes)
                 std::reverse(sample, sample + pixelBytes);
 }
@@ -126,7 +121,7 @@ void PutRow(const char* row, const VostelPlane& plane, char* target)
 Directory DirectoryOf(const VostelPlane& plane, double pixelsPerCentimetre, qint64 rowsPerStrip,
                       qint64 dataAt)
 {
-    const bool           color = IsColorPlane(plane.type);
+    const bool           color = IsColor(plane.type);
     const auto           samples = static_cast<std::size_t>(color ? BytesOfPixel(plane.type) : 1);
     const auto           bits = static_cast<quint32>(color ? 8 : 8 * BytesOfPixel(plane.type));
     const auto           format = plane.type == VOSTEL_F32 ? 3U : plane.type == VOSTEL_I16 ? 2U : 1U;

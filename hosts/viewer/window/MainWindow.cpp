@@ -5,6 +5,7 @@
 #include "window/CanvasPane.h"
 #include "window/CommandList.h"
 #include "window/DockSet.h"
+#include "window/Processing.h"
 #include "window/StatusLine.h"
 #include "window/StyleDialog.h"
 #include "window/Theme.h"
@@ -40,7 +41,8 @@ constexpr int BarsVersion = 3;    // another arrangement of the bars gets anothe
 
 MainWindow::MainWindow()
     : Keeper(new SessionKeeper(this)), Look(new ThemeKeeper(this)), Panes(new Workspace(this)),
-      Entries(new CommandList(this)), Status(new StatusLine(*statusBar())), Panels(new DockSet(*this))
+      Entries(new CommandList(this)), Line(new StatusLine(*statusBar())), Panels(new DockSet(*this)),
+      Routines(new Processing(*this))
 {
     setObjectName(QStringLiteral("MainWindow"));
     setCentralWidget(Panes);
@@ -57,6 +59,7 @@ MainWindow::MainWindow()
     AddMeasureCommands(*this);
     AddCalibrationCommands(*this);
     AddImageCommands(*this);
+    AddProcessCommands(*this);
     AddWindowCommands(*this);
     AddHelpCommands(*this);
     BuildBars();
@@ -116,6 +119,7 @@ void MainWindow::ConnectPane(CanvasPane& pane)
     CanvasView&  view = pane.View();
     CanvasModel& model = pane.Shown().Model();
     view.SetDrawingStyle(StyleDialog::Kept());
+    view.SetEscapeFirst([this] { return Routines->Stop(); });
     view.SetClassic(QSettings().value(ClassicKey, false).toBool());
     model.Open().set_language(QLocale().language() == QLocale::Chinese ? "zh" : "en");
     const auto isCurrent = [this, &pane] { return &Panes->Current() == &pane; };
@@ -126,11 +130,11 @@ void MainWindow::ConnectPane(CanvasPane& pane)
         };
     };
     connect(&view, &CanvasView::cursorMoved, this,
-            [this, &model](QPointF image) { Status->ShowCursor(model, image); });
-    connect(&view, &CanvasView::cursorLeft, Status, &StatusLine::ShowNoCursor);
+            [this, &model](QPointF image) { Line->ShowCursor(model, image); });
+    connect(&view, &CanvasView::cursorLeft, Line, &StatusLine::ShowNoCursor);
     connect(&view, &CanvasView::hintChanged, this, [this, isCurrent](const QString& hint) {
         if (isCurrent())
-            Status->ShowHint(hint);
+            Line->ShowHint(hint);
     });
     connect(&view, &CanvasView::toolChanged, this, ifCurrent([this] { Entries->Update(); }));
     connect(&view, &CanvasView::menuWanted, this, [this](QPoint at) {
@@ -144,7 +148,7 @@ void MainWindow::ConnectPane(CanvasPane& pane)
         menu.exec(at);
     });
     for (auto change : {&CanvasModel::viewChanged, &CanvasModel::imageChanged, &CanvasModel::historyChanged})
-        connect(&model, change, this, ifCurrent([this] { Status->ShowCanvas(Shown().Model()); }));
+        connect(&model, change, this, ifCurrent([this] { Line->ShowCanvas(Shown().Model()); }));
     for (auto change :
          {&CanvasModel::selectionChanged, &CanvasModel::historyChanged, &CanvasModel::imageChanged})
         connect(&model, change, this, ifCurrent([this] { Entries->Update(); }), Qt::QueuedConnection);
@@ -159,8 +163,8 @@ void MainWindow::ConnectPane(CanvasPane& pane)
 void MainWindow::ShowCurrent()
 {
     Panels->ShowCurrent();
-    Status->ShowCanvas(Shown().Model());
-    Status->ShowNoCursor();
+    Line->ShowCanvas(Shown().Model());
+    Line->ShowNoCursor();
     View().TellHint();
     Entries->Update();
     ShowTitle();
@@ -212,7 +216,7 @@ void MainWindow::OpenAs(const QString& path, Outcome (Document::*open)(const QSt
 void MainWindow::Report(const Outcome& outcome)
 {
     if (outcome.IsDone() && !outcome.Text.isEmpty())
-        Status->ShowResult(outcome.Text);
+        Line->ShowResult(outcome.Text);
     if (outcome.Result != Outcome::Kind::Failed)
         return;
     auto* const box = new QMessageBox(QMessageBox::Warning, QApplication::applicationDisplayName(),

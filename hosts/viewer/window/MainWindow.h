@@ -12,6 +12,7 @@ class CanvasView;
 class CommandList;
 class DockSet;
 class Document;
+class Processing;
 class SessionKeeper;
 class StatusLine;
 class ThemeKeeper;
@@ -33,6 +34,8 @@ public:
     CommandList& Commands() const { return *Entries; }
     ThemeKeeper& Themes() const { return *Look; }
     DockSet&     Docks() const { return *Panels; }
+    Processing&  Runs() const { return *Routines; }
+    StatusLine&  Status() const { return *Line; }
     Document&    Shown() const;    // the current document
     CanvasView&  View() const;     // its canvas
 
@@ -63,8 +66,9 @@ private:
     ThemeKeeper*   Look;
     Workspace*     Panes;
     CommandList*   Entries;
-    StatusLine*    Status;
+    StatusLine*    Line;
     DockSet*       Panels;
+    Processing*    Routines;
 };
 
 }

@@ -1,6 +1,7 @@
 #include "window/StatusLine.h"
 
 #include "canvas/CanvasModel.h"
+#include "documents/RawVolume.h"
 
 #include <QLocale>
 #include <QStatusBar>
@@ -14,11 +15,6 @@ namespace {
 QString Number(double value, int digits = 7)
 {
     return std::isnan(value) ? QStringLiteral("NaN") : QLocale::c().toString(value, 'g', digits);
-}
-
-bool IsColor(VostelPixel type)
-{
-    return type == VOSTEL_RGB8 || type == VOSTEL_BGR8 || type == VOSTEL_BGRA8;
 }
 
 const char* TypeName(VostelPixel type)

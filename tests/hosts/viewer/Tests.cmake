@@ -25,6 +25,8 @@ if(TARGET vostel-viewer-parts)
             documents/SavesTest
             documents/SessionKeeperTest
             documents/StackTest
+            process/ProcessingTest
+            process/RoutinesTest
             window/DocksTest
             window/MainWindowTest)
         vostel_test_source(ViewerTests hosts/viewer/${name})

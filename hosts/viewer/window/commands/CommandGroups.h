@@ -13,6 +13,7 @@ void AddDrawCommands(MainWindow& window);
 void AddMeasureCommands(MainWindow& window);
 void AddCalibrationCommands(MainWindow& window);    // of the menu of measures
 void AddImageCommands(MainWindow& window);
+void AddProcessCommands(MainWindow& window);
 void AddWindowCommands(MainWindow& window);
 void AddHelpCommands(MainWindow& window);
 
