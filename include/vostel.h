@@ -783,6 +783,15 @@ VOSTEL_CALL VostelStatus vostel_stitch(const VostelPlane* left, const VostelPlan
 VOSTEL_CALL VostelStatus vostel_ramp_filter(const VostelPlane* rows, int32_t kernel_length, double spacing,
                                             VostelPlane* result);
 
+/// Reads gray samples of a file without a header into the result, which has the size of the layout and gives
+/// the memory, so that one plane serves for many files. VOSTEL_BAD_FORMAT if the file is shorter than the
+/// layout says. A file that breaks off while it is read is VOSTEL_NOT_READ; the result then holds its first
+/// rows.
+/// @param path UTF-8
+/// @param layout of type VOSTEL_U8, VOSTEL_U16, VOSTEL_I16 or VOSTEL_F32
+VOSTEL_CALL VostelStatus vostel_read_raw(const char* path, const VostelRawLayout* layout,
+                                         VostelPlane* result);
+
 /// Transforms in place; the length is a power of two and the inverse is scaled by 1 / length.
 VOSTEL_CALL VostelStatus vostel_fft(double* real, double* imaginary, size_t length, int32_t inverse);
 /// @}

@@ -4,17 +4,15 @@
 #include "support/PeerBench.h"
 
 #include <VostelObj.h>
+#include <vostel.h>
 
 #include <opencv2/core.hpp>
 #include <opencv2/imgcodecs.hpp>
 #include <opencv2/imgproc.hpp>
 
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
-#include <functional>
 #include <random>
 #include <string>
 
@@ -34,19 +32,6 @@ cv::Mat ReadMat(const std::string& path, int type)
     if (file)
         std::fclose(file);
     return mat;
-}
-
-double QuietestMs(const std::function<void()>& run)
-{
-    double quietest = 0.0;
-    for (int i = 0; i < 11; ++i) {
-        const auto begin = std::chrono::steady_clock::now();
-        run();
-        const double ms =
-            std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - begin).count();
-        quietest = i == 0 ? ms : std::min(quietest, ms);
-    }
-    return quietest;
 }
 
 }
@@ -103,12 +88,22 @@ int main(int argc, char** argv)
         contest.Peers.push_back({"opencv convertTo", theirs, {}, {}});
         contest.AtMost = 1.0;
         peers.Compare(contest);
-        if (kind.Type != CV_32FC1)
-            peers.Note(contest.Title +
-                       ": opencv into a target that it keeps, which these routines may not, " +
-                       std::to_string(QuietestMs(
-                           [&] { ReadMat(path, kind.Type).convertTo(words, CV_16U, 1.0, kind.Offset); })) +
-                       " ms; ours " + std::to_string(QuietestMs(contest.Run)) + " ms");
+    }
+    for (const bool bytes : {true, false}) {
+        // Both keep their target from file to file.
+        const VostelRawLayout layout = {sizeof layout, bytes ? VOSTEL_U8 : VOSTEL_U16, Size, Size, 0, 0};
+        VostelPlane           plane = {sizeof plane, VOSTEL_U16, Size, Size, 0, image.Ptr1D};
+        const auto     theirs = [&] { ReadMat(path, bytes ? CV_8UC1 : CV_16UC1).convertTo(words, CV_16U); };
+        bench::Contest contest;
+        contest.Title = std::string("vostel_read_raw ") + (bytes ? "bytes" : "words") + " into kept words";
+        contest.Run = [&] { vostel_read_raw(path.c_str(), &layout, &plane); };
+        contest.Check = [&] {
+            theirs();
+            return std::memcmp(words.data, image.Ptr1D, 2 * Pixels) == 0;
+        };
+        contest.Peers.push_back({"opencv convertTo, kept target", theirs, {}, {}});
+        contest.AtMost = 1.0;
+        peers.Compare(contest);
     }
     {
         ClassData2DIO<unsigned char> gray;

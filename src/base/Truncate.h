@@ -1,11 +1,13 @@
 #pragma once
 
-// Conversions to integers. All truncate towards zero and none saturates. Out of range, and for NaN, they
-// give what the x86-64 conversion gives, the lowest integer, on every processor: a bare cast is undefined
-// there.
+// Conversions to integers. All truncate towards zero and none but TruncWithin saturates. Out of range, and
+// for NaN, the others give what the x86-64 conversion gives, the lowest integer, on every processor: a bare
+// cast is undefined there.
 
 #include <climits>
 #include <cstdint>
+#include <limits>
+#include <type_traits>
 
 namespace vostel {
 
@@ -35,6 +37,19 @@ inline unsigned char TruncToByte(float v)
 inline unsigned char TruncToByte(double v)
 {
     return static_cast<unsigned char>(TruncToInt(v));
+}
+
+// Held within the range of the type, of at most 16 bits and without a sign; 0 for what is not a number.
+template <typename Sample>
+Sample TruncWithin(float v)
+{
+    if constexpr (std::is_same_v<Sample, float>) {
+        return v;
+    } else {
+        static_assert(std::is_unsigned_v<Sample> && sizeof(Sample) <= 2);
+        constexpr float most = static_cast<float>(std::numeric_limits<Sample>::max());
+        return v > 0.0f ? static_cast<Sample>(v < most ? v : most) : Sample(0);
+    }
 }
 
 // 32-bit sums that wrap instead of overflowing: client coordinates of a far zoomed view come close to the

@@ -36,15 +36,6 @@ void NeedTaken(PictureOutcome outcome, const std::string& path, int page)
     }
 }
 
-void TurnByteOrder(ImageSamples& samples)
-{
-    const std::size_t bytes = IsColor(samples.Type) ? 1 : PixelBytes(samples.Type);
-    if (bytes == 1)
-        return;
-    for (unsigned char* at = samples.Data(); at != samples.Data() + samples.Bytes(); at += bytes)
-        std::reverse(at, at + bytes);
-}
-
 }
 
 ImageSamples ReadImagePage(const std::string& path, int page, PaletteUse palettes)
@@ -61,13 +52,13 @@ int CountImagePages(const std::string& path)
     return count;
 }
 
-ImageSamples ReadRawImage(const std::string& path, const RawLayout& layout)
+OwnedFile OpenRawFile(const std::string& path, const RawLayout& layout)
 {
     const Limits limits = LimitsInForce();
     if (layout.Width > limits.MaxSide || layout.Height > limits.MaxSide ||
         layout.Width > limits.MaxPixels / layout.Height)
         Fail(VOSTEL_TOO_LARGE, "layout->width and layout->height are beyond the limits");
-    const OwnedFile file = OpenUtf8File(path.c_str(), "rb");
+    OwnedFile       file = OpenUtf8File(path.c_str(), "rb");
     const long long length = file ? FileLength(file.get()) : -1;
     if (length < 0)
         Fail(VOSTEL_NOT_READ, "\"" + path + "\" cannot be read");
@@ -76,12 +67,30 @@ ImageSamples ReadRawImage(const std::string& path, const RawLayout& layout)
     const long long bytes = static_cast<long long>(PixelBytes(layout.Type)) * layout.Width * layout.Height;
     if (layout.Offset > length - bytes)
         Fail(VOSTEL_BAD_FORMAT, "\"" + path + "\" is shorter than its layout");
-    ImageSamples samples(layout.Type, layout.Width, layout.Height);
-    if (!SeekFile(file.get(), layout.Offset) ||
-        std::fread(samples.Data(), 1, samples.Bytes(), file.get()) != samples.Bytes())
+    // All reads are large, so that the stream's own buffer would only be one more copy.
+    std::setvbuf(file.get(), nullptr, _IONBF, 0);
+    if (!SeekFile(file.get(), layout.Offset))
         Fail(VOSTEL_NOT_READ, "\"" + path + "\" cannot be read");
-    if (layout.BigEndian != (std::endian::native == std::endian::big))
-        TurnByteOrder(samples);
+    return file;
+}
+
+void ReadRawBytes(std::FILE* file, const std::string& path, const RawLayout& layout, unsigned char* samples,
+                  std::size_t bytes)
+{
+    if (std::fread(samples, 1, bytes, file) != bytes)
+        Fail(VOSTEL_NOT_READ, "\"" + path + "\" cannot be read");
+    const std::size_t sampleBytes = IsColor(layout.Type) ? 1 : PixelBytes(layout.Type);
+    if (sampleBytes == 1 || layout.BigEndian == (std::endian::native == std::endian::big))
+        return;
+    for (unsigned char* at = samples; at != samples + bytes; at += sampleBytes)
+        std::reverse(at, at + sampleBytes);
+}
+
+ImageSamples ReadRawImage(const std::string& path, const RawLayout& layout)
+{
+    const OwnedFile file = OpenRawFile(path, layout);
+    ImageSamples    samples(layout.Type, layout.Width, layout.Height);
+    ReadRawBytes(file.get(), path, layout, samples.Data(), samples.Bytes());
     return samples;
 }
 

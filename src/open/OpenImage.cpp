@@ -1,4 +1,5 @@
 #include "fileio/FilePaths.h"
+#include "fileio/RawRows.h"
 #include "open/OpenPlanes.h"
 
 #include <cmath>
@@ -125,6 +126,20 @@ VostelStatus vostel_image_open_raw(int32_t canvas, const char* path, const Voste
         ImageSource       source{AbsolutePath(name), 0, raw, false};
         image.ShowSamples(ReadRawImage(name, raw), keeps);
         image.Source = std::move(source);
+    });
+}
+
+VostelStatus vostel_read_raw(const char* path, const VostelRawLayout* layout, VostelPlane* result)
+{
+    return Run([&] {
+        const std::string name = TextFrom(path, "path");
+        const RawLayout   raw = LayoutFrom(layout);
+        const CallerPlane to = RoutinePlane(result, "result");
+        if (IsColor(raw.Type))
+            Fail(VOSTEL_INVALID_ARGUMENT, "layout->type is one of colors");
+        if (to.Width != raw.Width || to.Height != raw.Height)
+            Fail(VOSTEL_INVALID_ARGUMENT, "result is not of the size of the layout");
+        ReadRawRows(name, raw, {to.Type, to.Data, to.RowBytes});
     });
 }
 

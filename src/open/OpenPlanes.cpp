@@ -60,6 +60,14 @@ CallerPlane CallerPlaneFrom(const VostelPlane* plane, const char* name)
     return {view.Type, view.Width, view.Height, view.RowBytes, given.data};
 }
 
+CallerPlane RoutinePlane(const VostelPlane* plane, const char* name)
+{
+    const CallerPlane rows = CallerPlaneFrom(plane, name);
+    if (rows.Type != SampleType::U8 && rows.Type != SampleType::U16 && rows.Type != SampleType::F32)
+        Fail(VOSTEL_INVALID_ARGUMENT, std::string(name) + ".type is not VOSTEL_U8, VOSTEL_U16 or VOSTEL_F32");
+    return rows;
+}
+
 PlaneView NeedImage(const VostelImage& image)
 {
     const PlaneView plane = image.ShownPlane();

@@ -34,6 +34,8 @@ struct CallerPlane {
 
 // Fails as PlaneFrom does.
 CallerPlane CallerPlaneFrom(const VostelPlane* plane, const char* name);
+// Of a type that routines take.
+CallerPlane RoutinePlane(const VostelPlane* plane, const char* name);
 
 // The values that a canvas shows; fails with VOSTEL_NO_IMAGE.
 PlaneView NeedImage(const VostelImage& image);

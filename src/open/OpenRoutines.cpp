@@ -1,3 +1,4 @@
+#include "base/Truncate.h"
 #include "foundation/Limits.h"
 #include "imaging/ThresholdByShare.h"
 #include "open/OpenCall.h"
@@ -11,7 +12,6 @@
 #include <algorithm>
 #include <bit>
 #include <cmath>
-#include <limits>
 
 using namespace vostel;
 using namespace vostel::open;
@@ -19,26 +19,6 @@ using namespace vostel::open;
 namespace {
 
 using FloatPlane = ClassData2DIO<float>;
-
-// Towards zero, and held within the range of the type; 0 for what is not a number.
-template <typename Sample>
-Sample SampleOf(float value)
-{
-    if constexpr (std::is_same_v<Sample, float>) {
-        return value;
-    } else {
-        constexpr float most = static_cast<float>(std::numeric_limits<Sample>::max());
-        return value > 0.0f ? static_cast<Sample>(std::min(value, most)) : Sample(0);
-    }
-}
-
-CallerPlane RoutinePlane(const VostelPlane* plane, const char* name)
-{
-    const CallerPlane rows = CallerPlaneFrom(plane, name);
-    if (rows.Type != SampleType::U8 && rows.Type != SampleType::U16 && rows.Type != SampleType::F32)
-        Fail(VOSTEL_INVALID_ARGUMENT, std::string(name) + ".type is not VOSTEL_U8, VOSTEL_U16 or VOSTEL_F32");
-    return rows;
-}
 
 // Calls action with a sample of the type of the rows.
 template <typename Action>
@@ -62,7 +42,7 @@ void Read(const CallerPlane& rows, ClassData2DIO<Target>& plane)
         for (int y = 0; y < rows.Height; ++y) {
             std::memcpy(line.data(), rows.Row(y), line.size() * sizeof zero);
             std::transform(line.begin(), line.end(), plane.Ptr2D[y],
-                           [](auto sample) { return SampleOf<Target>(static_cast<float>(sample)); });
+                           [](auto sample) { return TruncWithin<Target>(static_cast<float>(sample)); });
         }
     });
 }
@@ -74,7 +54,7 @@ void Write(const ClassData2DIO<Source>& plane, const CallerPlane& rows)
         std::vector<decltype(zero)> line(static_cast<std::size_t>(rows.Width));
         for (int y = 0; y < rows.Height; ++y) {
             std::transform(plane.Ptr2D[y], plane.Ptr2D[y] + rows.Width, line.begin(),
-                           [](Source v) { return SampleOf<decltype(zero)>(static_cast<float>(v)); });
+                           [](Source v) { return TruncWithin<decltype(zero)>(static_cast<float>(v)); });
             std::memcpy(rows.Row(y), line.data(), line.size() * sizeof zero);
         }
     });

@@ -165,6 +165,8 @@ std::vector<unsigned char> BadInputWorld::RecordOf(const std::string& kind, std:
         return BytesOf(PlaneOf(VOSTEL_U8, 3, 3, samples));
     if (kind == "result-plane")
         return BytesOf(PlaneOf(VOSTEL_U16, 32, 16, samples));
+    if (kind == "layout-plane")
+        return BytesOf(PlaneOf(VOSTEL_U8, Width, Height, samples));
     if (kind == "joined-plane")
         return BytesOf(PlaneOf(VOSTEL_F32, 56, 16, samples));
     return {};

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstdint>
+#include <fstream>
 #include <list>
 #include <optional>
 #include <string>
@@ -309,6 +310,21 @@ TEST_CASE("what was set is read back")
     std::vector<std::uint32_t> pixels(static_cast<std::size_t>(image.width * image.height));
     canvas.picture_render_to(pixels.data(), image.width, image.height);
     CHECK((pixels.front() & 0xFF000000u) == 0xFF000000u);
+}
+
+TEST_CASE("raw samples come into a container that stays")
+{
+    TempFolder folder;
+    std::ofstream(folder.Path("a.raw"), std::ios::binary) << "\x01\x02\x03\x04";
+    vostel::RawLayout layout = {};
+    layout.type = VOSTEL_U8;
+    layout.width = layout.height = 2;
+    std::vector<float> kept(4);
+    vostel::read_raw(folder.Path("a.raw"), layout, vostel::Plane<float>(kept, 2, 2));
+    CHECK(kept == std::vector<float>{1, 2, 3, 4});
+    layout.offset = 1;
+    CHECK_THROWS_AS(vostel::read_raw(folder.Path("a.raw"), layout, vostel::Plane<float>(kept, 2, 2)),
+                    vostel::Error);
 }
 
 TEST_CASE("sessions and regions leave and return")

@@ -145,6 +145,7 @@ std::vector<Function> AllFunctions()
         ROW(vostel_adaptive_threshold, "image-plane side=3 finite=0.9 result-plane"),
         ROW(vostel_stitch, "image-plane image-plane whole=8 joined-plane"),
         ROW(vostel_ramp_filter, "image-plane side=9 positive=1 result-plane"),
+        ROW(vostel_read_raw, "raw layout layout-plane"),
         ROW(vostel_fft, "reals reals length whole=0"),
     };
 }

@@ -7,10 +7,14 @@
 
 #include <VostelObj.h>
 
+#include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <cstring>
 #include <filesystem>
+#include <fstream>
 #include <limits>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -332,6 +336,116 @@ TEST_CASE("raw files are read by a layout")
     CHECK(ValueOf(canvas.Number, 3, 0.5, 0.5) == 0x12);
     CHECK(vostel_image_open_raw(canvas.Number, folder.Path("none").c_str(), &layout, 0) == VOSTEL_NOT_READ);
     CHECK(vostel_image_open_raw(canvas.Number, path.c_str(), nullptr, 0) == VOSTEL_INVALID_ARGUMENT);
+}
+
+TEST_CASE("raw samples come into the caller's rows, truncated and held within their range")
+{
+    const TempFolder   folder;
+    const std::string  path = folder.Path("raw");
+    std::vector<float> floats = {0.5f, 255.9f, 256.0f, 70000.0f, -3.0f, std::nanf(""), 65535.5f, 7.0f};
+    std::string        bytes(floats.size() * 4 + 1, '!');
+    std::memcpy(bytes.data() + 1, floats.data(), bytes.size() - 1);
+    std::ofstream(path, std::ios::binary) << bytes;
+    VostelRawLayout layout = {sizeof layout, VOSTEL_F32, 4, 2, 1, 0};
+
+    // Rows of 4, 13 bytes apart from an odd place on; what lies between them stays.
+    std::vector<unsigned char> memory(40, 0xAB);
+    VostelPlane                plane = {sizeof plane, VOSTEL_U16, 4, 2, 13, memory.data() + 1};
+    REQUIRE(vostel_read_raw(path.c_str(), &layout, &plane) == VOSTEL_OK);
+    const unsigned short words[2][4] = {{0, 255, 256, 65535}, {0, 0, 65535, 7}};
+    CHECK(std::memcmp(memory.data() + 1, words[0], 8) == 0);
+    CHECK(std::memcmp(memory.data() + 14, words[1], 8) == 0);
+    CHECK(memory[0] == 0xAB);
+    CHECK(std::count(memory.begin() + 9, memory.begin() + 14, 0xAB) == 5);
+    CHECK(std::count(memory.begin() + 22, memory.end(), 0xAB) == 18);
+
+    plane = {sizeof plane, VOSTEL_U8, 4, 2, -4, memory.data() + 4};    // the lower row first
+    REQUIRE(vostel_read_raw(path.c_str(), &layout, &plane) == VOSTEL_OK);
+    CHECK(std::vector<unsigned char>(memory.begin(), memory.begin() + 8) ==
+          std::vector<unsigned char>{0, 0, 255, 7, 0, 255, 255, 255});
+
+    std::vector<float> back(8);
+    plane = {sizeof plane, VOSTEL_F32, 4, 2, 0, back.data()};
+    REQUIRE(vostel_read_raw(path.c_str(), &layout, &plane) == VOSTEL_OK);
+    CHECK(std::memcmp(back.data(), floats.data(), 32) == 0);
+
+    layout = {sizeof layout, VOSTEL_I16, 4, 2, 1, 1};
+    REQUIRE(vostel_read_raw(path.c_str(), &layout, &plane) == VOSTEL_OK);
+    const auto turned = [&](std::size_t at) {
+        return static_cast<float>(
+            static_cast<std::int16_t>((bytes[at] & 0xFF) << 8 | (bytes[at + 1] & 0xFF)));
+    };
+    for (std::size_t i = 0; i < 8; ++i)
+        CHECK(back[i] == turned(1 + 2 * i));
+}
+
+TEST_CASE("raw samples of every type come into rows of every type")
+{
+    const TempFolder          folder;
+    const std::string         path = folder.Path("raw");
+    constexpr int             Wide = 701, High = 403;    // several blocks, the last one in part
+    const std::size_t         count = static_cast<std::size_t>(Wide) * High;
+    std::vector<std::int16_t> signedWords(count);
+    std::mt19937              random(5);
+    for (std::int16_t& word : signedWords)
+        word = static_cast<std::int16_t>(random() % 66000 - 33000);
+    const std::string bytes(reinterpret_cast<const char*>(signedWords.data()), 2 * count);
+    std::ofstream(path, std::ios::binary) << bytes;
+    const auto valueAt = [&](VostelPixel type, std::size_t i) {
+        if (type == VOSTEL_U8)
+            return static_cast<double>(static_cast<unsigned char>(bytes[i]));
+        return type == VOSTEL_I16 ? static_cast<double>(signedWords[i])
+                                  : static_cast<double>(static_cast<std::uint16_t>(signedWords[i]));
+    };
+    for (const VostelPixel type : {VOSTEL_U8, VOSTEL_U16, VOSTEL_I16}) {
+        CAPTURE(type);
+        const VostelRawLayout      layout = {sizeof layout, type, Wide, High, 0, 0};
+        std::vector<unsigned char> small(count);
+        std::vector<std::uint16_t> middle(count);
+        std::vector<float>         large(count);
+        VostelPlane                plane = {sizeof plane, VOSTEL_U8, Wide, High, 0, small.data()};
+        REQUIRE(vostel_read_raw(path.c_str(), &layout, &plane) == VOSTEL_OK);
+        plane = {sizeof plane, VOSTEL_U16, Wide, High, 0, middle.data()};
+        REQUIRE(vostel_read_raw(path.c_str(), &layout, &plane) == VOSTEL_OK);
+        plane = {sizeof plane, VOSTEL_F32, Wide, High, 0, large.data()};
+        REQUIRE(vostel_read_raw(path.c_str(), &layout, &plane) == VOSTEL_OK);
+        std::size_t wrong = 0;
+        for (std::size_t i = 0; i < count; ++i) {
+            const double value = valueAt(type, i);
+            wrong += small[i] != std::clamp(value, 0.0, 255.0) || middle[i] != std::max(value, 0.0) ||
+                     static_cast<double>(large[i]) != value;
+        }
+        CHECK(wrong == 0);
+    }
+}
+
+TEST_CASE("raw samples that do not fit are refused and the rows stay")
+{
+    const TempFolder  folder;
+    const std::string path = folder.Path("raw");
+    REQUIRE(WriteBytes(path, {1, 2, 3, 4, 5, 6}));
+    std::vector<unsigned char> memory(6, 9);
+    VostelRawLayout            layout = {sizeof layout, VOSTEL_U8, 3, 2, 0, 0};
+    VostelPlane                plane = {sizeof plane, VOSTEL_U8, 3, 2, 0, memory.data()};
+    const auto                 read = [&] { return vostel_read_raw(path.c_str(), &layout, &plane); };
+    layout.offset = 1;
+    CHECK(read() == VOSTEL_BAD_FORMAT);
+    layout = {sizeof layout, VOSTEL_U8, 2, 2, 0, 0};
+    CHECK(read() == VOSTEL_INVALID_ARGUMENT);
+    layout = {sizeof layout, VOSTEL_U8, 3, 1, 0, 0};
+    CHECK(read() == VOSTEL_INVALID_ARGUMENT);
+    for (const VostelPixel type : {VOSTEL_RGB8, VOSTEL_BGR8, VOSTEL_BGRA8}) {
+        layout = {sizeof layout, type, 3, 2, 0, 0};
+        CHECK(read() == VOSTEL_INVALID_ARGUMENT);
+    }
+    layout = {sizeof layout, VOSTEL_U8, 3, 2, 0, 0};
+    plane.type = VOSTEL_I16;
+    CHECK(read() == VOSTEL_INVALID_ARGUMENT);
+    plane.type = VOSTEL_U8;
+    CHECK(vostel_read_raw(folder.Path("none").c_str(), &layout, &plane) == VOSTEL_NOT_READ);
+    CHECK(memory == std::vector<unsigned char>(6, 9));
+    CHECK(read() == VOSTEL_OK);
+    CHECK(memory == std::vector<unsigned char>{1, 2, 3, 4, 5, 6});
 }
 
 TEST_CASE("the limits hold for samples and files")

@@ -76,6 +76,15 @@ std::string OpenRaw(ReadScene& scene, const std::string& path)
     return Ask(scene, [&](int canvas) { return vostel_image_open_raw(canvas, path.c_str(), &layout, 0); });
 }
 
+std::string ReadRaw(ReadScene& scene, const std::string& path)
+{
+    const VostelRawLayout     layout = {sizeof layout, VOSTEL_U8, Width, Height, 0, 0};
+    std::vector<std::uint8_t> samples(static_cast<std::size_t>(Width) * Height);
+    VostelPlane               plane = {sizeof plane, VOSTEL_U8, Width, Height, 0, samples.data()};
+    std::string text = Ask(scene, [&](int) { return vostel_read_raw(path.c_str(), &layout, &plane); });
+    return text == Refused ? text : text + std::string(samples.begin(), samples.end());
+}
+
 std::string CountPages(ReadScene& scene, const std::string& path)
 {
     int32_t     pages = 0;
@@ -377,6 +386,7 @@ const std::vector<ReadCall>& ReadCalls()
         {"vostel_image_open_page", "image.tif", "", false, OpenPage},
         {"vostel_image_pages", "image.tif", "", false, CountPages},
         {"vostel_image_open_raw", "data.raw", "", false, OpenRaw},
+        {"vostel_read_raw", "data.raw", "", false, ReadRaw},
         {"vostel_session_open", "session.vostel.json", "", false, OpenSession},
         {"vostel_session_open", "session.vostel.json", "image.png", false, OpenSession},
         {"vostel_regions_import", "regions.json", "", false, ImportRegions},

@@ -341,6 +341,9 @@ namespace Vostel
             ref NativePlane result);
 
         [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
+        internal static extern Status vostel_read_raw(byte[] path, ref RawLayout layout, ref NativePlane result);
+
+        [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
         internal static extern Status vostel_fft(double* real, double* imaginary, UIntPtr length, int inverse);
     }
 

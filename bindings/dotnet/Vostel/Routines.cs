@@ -62,6 +62,23 @@ namespace Vostel
                 Native.vostel_ramp_filter(ref from, kernelLength, spacing, ref to));
         }
 
+        /// <summary>
+        /// Reads gray samples of a file without a header into the result, which has the size of the layout and may
+        /// serve for the next file too.
+        /// </summary>
+        public static void ReadRaw<TResult>(string path, RawLayout layout, Plane<TResult> result)
+            where TResult : struct
+        {
+            byte[] name = Utf8.Encoded(path, nameof(path));
+            Given(result, nameof(result));
+            layout.Size = Sizes<RawLayout>.Bytes;
+            fixed (byte* results = &MemoryMarshal.GetReference(result.Bytes))
+            {
+                NativePlane to = result.Native((IntPtr)results);
+                VostelException.Check(Native.vostel_read_raw(name, ref layout, ref to));
+            }
+        }
+
         /// <summary>Transforms in place; both have the same length, a power of two. The inverse is scaled.</summary>
         public static void Fft(Span<double> real, Span<double> imaginary, bool inverse = false)
         {

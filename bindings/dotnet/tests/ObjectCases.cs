@@ -231,6 +231,12 @@ internal static class ObjectCases
         Check.Fails(Status.InvalidArgument, () => Routines.Resize(image, new Plane<float>(0, 0)));
         Check.Fails(Status.InvalidArgument, () => Routines.Correlate(image, one, doubled));
         Check.Throws<ArgumentNullException>(() => Routines.Resize<float, float>(image, null));
+        System.IO.File.WriteAllBytes("words.raw", new byte[] { 9, 1, 0, 2, 0 });
+        RawLayout layout = new RawLayout { Type = PixelType.U16, Width = 2, Height = 1, Offset = 1 };
+        Plane<float> kept = new Plane<float>(2, 1);
+        Routines.ReadRaw("words.raw", layout, kept);
+        Check.Equal(kept.Samples, 1f, 2f);
+        Check.Fails(Status.InvalidArgument, () => Routines.ReadRaw("words.raw", layout, same));
         double[] real = { 1, 0, 0, 0 }, imaginary = new double[4];
         Routines.Fft(real, imaginary);
         Check.Equal(real, 1.0, 1.0, 1.0, 1.0);

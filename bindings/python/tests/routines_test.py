@@ -1,6 +1,8 @@
 #!/usr/bin/env python3
 """Routines on arrays give what their definitions say."""
 
+import pathlib
+import tempfile
 import unittest
 
 import numpy as np
@@ -53,6 +55,20 @@ class Routines(unittest.TestCase):
         transformed = vostel.fft(values)
         self.assertTrue(np.allclose(transformed, np.fft.fft(values), atol=1e-4))
         self.assertTrue(np.allclose(vostel.fft(transformed, inverse=True), values, atol=1e-5))
+
+    def test_raw_samples_come_into_the_caller_s_rows(self):
+        image = ramp(30, 20)
+        with tempfile.TemporaryDirectory() as folder:
+            path = pathlib.Path(folder) / "part.raw"
+            path.write_bytes(b"1234" + image.astype(">u2").tobytes())
+            self.assertTrue(np.array_equal(vostel.read_raw(path, ">u2", 30, 20, offset=4), image))
+            out = np.zeros((20, 30), np.float32)
+            self.assertIs(vostel.read_raw(path, np.uint16, 30, 20, 4, True, out=out), out)
+            self.assertTrue(np.array_equal(out, image))
+            self.assertEqual(vostel.read_raw(path, np.int16, 30, 20).dtype, np.float32)
+            for wrong in ({"dtype": "rgb8"}, {"offset": 5}, {"width": -1}, {"out": np.zeros((5, 5), np.uint8)}):
+                with self.assertRaises(vostel.Error):
+                    vostel.read_raw(**{"path": path, "dtype": "uint16", "width": 30, "height": 20, **wrong})
 
     def test_limits_hold_and_go_back(self):
         defaults = vostel.limits()

@@ -15,14 +15,14 @@ from ._library import ArgumentError, ArgumentTypeError, Error, version
 from ._listening import Event, Subscription
 from ._object import Object
 from ._records import ALL, Bounds, Contrast, Events, History, ImageInfo, Limits, Measures, Scale, Style, View
-from ._routines import (adaptive_threshold, correlate, fft, gaussian, limits, ramp_filter, resize, set_limits,
-                        stitch)
+from ._routines import (adaptive_threshold, correlate, fft, gaussian, limits, ramp_filter, read_raw, resize,
+                        set_limits, stitch)
 
 __version__ = version
 
 __all__ = [
     "ALL", "ArgumentError", "ArgumentTypeError", "Bounds", "Canvas", "Contrast", "Error", "Event", "Events", "History",
     "ImageInfo", "Limits", "Measures", "Object", "Scale", "Style", "Subscription", "View", "adaptive_threshold",
-    "colormaps", "correlate", "fft", "gaussian", "limits", "pages", "ramp_filter", "resize", "set_limits", "stitch",
-    "version",
+    "colormaps", "correlate", "fft", "gaussian", "limits", "pages", "ramp_filter", "read_raw", "resize", "set_limits",
+    "stitch", "version",
 ]

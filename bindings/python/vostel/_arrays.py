@@ -22,6 +22,8 @@ else:
 TYPES: Dict[int, np.dtype[Any]] = {c.U8: np.dtype(np.uint8), c.U16: np.dtype(np.uint16), c.I16: np.dtype(np.int16),
                                    c.F32: np.dtype(np.float32)}
 PIXELS = {dtype: pixel for pixel, dtype in TYPES.items()}
+TYPE_NAMES = {c.U8: "uint8", c.U16: "uint16", c.I16: "int16", c.F32: "float32", c.RGB8: "rgb8", c.BGR8: "bgr8",
+              c.BGRA8: "bgra8"}
 TAKEN = "uint8, uint16, int16 or float32, or height x width x 3 of uint8"
 
 
@@ -131,6 +133,23 @@ def samples_of(value: Any, name: str = "array") -> Samples:
     if pixel is None:
         raise ArgumentTypeError(f"{name} is {array.dtype}; taken are {TAKEN}: convert it with array.astype()")
     return rows_of(array, pixel, name)
+
+
+def layout_of(dtype: Any, width: int, height: int, offset: int, big_endian: bool) -> c.RawLayout:
+    """Samples of a file without a header; `dtype` may be one of NumPy's or a name."""
+    names = {name: pixel for pixel, name in TYPE_NAMES.items()}
+    pixel = names.get(dtype) if isinstance(dtype, str) else None
+    if pixel is None:
+        try:
+            wanted = np.dtype(dtype)
+        except TypeError:
+            raise ArgumentTypeError(f"dtype is {dtype!r}, not a type of samples") from None
+        big_endian = big_endian or wanted.str.startswith(">")
+        pixel = names.get(wanted.newbyteorder("=").name)
+        if pixel is None:
+            raise ArgumentTypeError(f"dtype is {wanted}; taken are {', '.join(names)}")
+    return c.RawLayout(type=pixel, width=whole(width, "width"), height=whole(height, "height"),
+                       offset=whole(offset, "offset", -2**63, 2**63 - 1), big_endian=bool(big_endian))
 
 
 def plane_of(value: Any, name: str) -> Samples:

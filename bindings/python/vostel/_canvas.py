@@ -13,7 +13,8 @@ import numpy as np
 
 from . import _declarations as c
 from ._adding import Adding
-from ._arrays import Array, frame_of, image_of, numbers_of, pointer, real, samples_of, whole
+from ._arrays import (TYPE_NAMES, Array, frame_of, image_of, layout_of, numbers_of, pointer, real, samples_of,
+                      whole)
 from ._handle import CanvasHandle, create
 from ._library import ArgumentError, ArgumentTypeError, Error, encoded, encoded_path, last_note, library, text_of
 from ._listening import Callback, Callbacks, Event, Subscription, canvases, new_key, trampoline
@@ -24,8 +25,6 @@ from ._records import ALL, Contrast, Events, History, ImageInfo, Measures, Scale
 if TYPE_CHECKING:
     import numpy.typing as npt
 
-_TYPE_NAMES = {c.U8: "uint8", c.U16: "uint16", c.I16: "int16", c.F32: "float32", c.RGB8: "rgb8", c.BGR8: "bgr8",
-               c.BGRA8: "bgra8"}
 _MOST_PIXELS = 2**28    # of a picture
 _COLUMNS = ("object", "name", "kind", "label", "unit", *Measures._fields)
 
@@ -168,19 +167,7 @@ class Canvas(Adding, CanvasHandle):
 
         `dtype` is uint8, uint16, int16, float32 or "rgb8"; of ">u2" and its like the higher byte comes first too.
         """
-        names = {name: pixel for pixel, name in _TYPE_NAMES.items()}
-        pixel = names.get(dtype) if isinstance(dtype, str) else None
-        if pixel is None:
-            try:
-                wanted = np.dtype(dtype)
-            except TypeError:
-                raise ArgumentTypeError(f"dtype is {dtype!r}, not a type of samples") from None
-            big_endian = big_endian or wanted.str.startswith(">")
-            pixel = names.get(wanted.newbyteorder("=").name)
-            if pixel is None:
-                raise ArgumentTypeError(f"dtype is {wanted}; taken are {', '.join(names)}")
-        layout = c.RawLayout(type=pixel, width=whole(width, "width"), height=whole(height, "height"),
-                             offset=whole(offset, "offset", -2**63, 2**63 - 1), big_endian=bool(big_endian))
+        layout = layout_of(dtype, width, height, offset, big_endian)
         self._call(library.vostel_image_open_raw, encoded_path(path), layout,
                    _keeps(keep_objects, keep_view, keep_contrast))
 
@@ -189,7 +176,7 @@ class Canvas(Adding, CanvasHandle):
         """Size, type and finite range of the image."""
         info = c.ImageInfo()
         self._call(library.vostel_image_info, info)
-        return ImageInfo(info.width, info.height, _TYPE_NAMES[info.type], info.min, info.max, info.not_finite)
+        return ImageInfo(info.width, info.height, TYPE_NAMES[info.type], info.min, info.max, info.not_finite)
 
     @property
     def size(self) -> Tuple[int, int]:

@@ -287,5 +287,6 @@ FUNCTIONS: Dict[str, Tuple[Any, ...]] = {
     "vostel_adaptive_threshold": (POINTER(Plane), c_int32, c_double, POINTER(Plane)),
     "vostel_stitch": (*_planes, c_int32, POINTER(Plane)),
     "vostel_ramp_filter": (POINTER(Plane), c_int32, c_double, POINTER(Plane)),
+    "vostel_read_raw": (c_char_p, POINTER(RawLayout), POINTER(Plane)),
     "vostel_fft": (_numbers, _numbers, c_size_t, c_int32),
 }

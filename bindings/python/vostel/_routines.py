@@ -8,13 +8,14 @@ the caller's instead.
 from __future__ import annotations
 
 import ctypes
-from typing import TYPE_CHECKING, Any, Optional, Tuple
+import os
+from typing import TYPE_CHECKING, Any, Optional, Tuple, Union
 
 import numpy as np
 
 from . import _declarations as c
-from ._arrays import Array, Samples, as_array, plane_of, pointer, real, result_of, whole
-from ._library import ArgumentError, library
+from ._arrays import TYPES, Array, Samples, as_array, layout_of, plane_of, pointer, real, result_of, whole
+from ._library import ArgumentError, encoded_path, library
 from ._records import Limits
 
 if TYPE_CHECKING:
@@ -79,6 +80,20 @@ def ramp_filter(rows: Any, kernel_length: int, spacing: float, dtype: Any = np.f
     result = _result(source, source.array.shape, dtype, out)
     library.vostel_ramp_filter(source.plane(), whole(kernel_length, "kernel_length"), real(spacing, "spacing"),
                                result.plane())
+    return result.array
+
+
+def read_raw(path: Union[str, os.PathLike[str]], dtype: Any, width: int, height: int, offset: int = 0,
+             big_endian: bool = False, out: Optional[Array] = None) -> Array:
+    """The gray samples of a file without a header, `offset` bytes after its beginning.
+
+    `dtype` is uint8, uint16, int16 or float32, or ">u2" and its like; int16 become float32. `out` takes an array of the
+    caller's, which may serve for the next file too: values are then truncated and held within its range.
+    """
+    layout = layout_of(dtype, width, height, offset, big_endian)
+    result = result_of((layout.height, layout.width), TYPES.get(layout.type) if layout.type in (c.U8, c.U16) else np.float32,
+                       out)
+    library.vostel_read_raw(encoded_path(path), layout, result.plane())
     return result.array
 
 

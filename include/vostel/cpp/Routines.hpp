@@ -115,6 +115,14 @@ void ramp_filter(const Plane<I>& rows, std::int32_t kernel_length, double spacin
     VostelPlane       to = result.c();
     detail::check(vostel_ramp_filter(&from, kernel_length, spacing, &to));
 }
+/// The gray samples of a file without a header, into memory that may serve for the next file too.
+template <typename R>
+void read_raw(const std::string& path, RawLayout layout, const Plane<R>& result)
+{
+    layout.size = static_cast<std::uint32_t>(sizeof layout);
+    VostelPlane to = result.c();
+    detail::check(vostel_read_raw(path.c_str(), &layout, &to));
+}
 /// In place; both have the same length, a power of two.
 inline void fft(std::vector<double>& real, std::vector<double>& imaginary, bool inverse = false)
 {
