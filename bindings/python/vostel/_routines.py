@@ -91,8 +91,8 @@ def read_raw(path: Union[str, os.PathLike[str]], dtype: Any, width: int, height:
     caller's, which may serve for the next file too: values are then truncated and held within its range.
     """
     layout = layout_of(dtype, width, height, offset, big_endian)
-    result = result_of((layout.height, layout.width), TYPES.get(layout.type) if layout.type in (c.U8, c.U16) else np.float32,
-                       out)
+    own = TYPES[layout.type] if layout.type in (c.U8, c.U16) else np.float32
+    result = result_of((layout.height, layout.width), own, out)
     library.vostel_read_raw(encoded_path(path), layout, result.plane())
     return result.array
 
