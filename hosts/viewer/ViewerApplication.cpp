@@ -1,5 +1,7 @@
 #include "ViewerApplication.h"
 
+#include "window/Language.h"
+
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QMessageBox>
@@ -18,11 +20,13 @@ void LoadTranslations(QApplication& application, const QString& language)
     if (!language.isEmpty())
         QLocale::setDefault(locale);
     auto* const own = new QTranslator(&application);
-    if (!own->load(locale, QStringLiteral("viewer"), QStringLiteral("_"), QStringLiteral(":/translations"))) {
-        delete own;    // English, and the toolkit's texts should not be of another language
-        return;
-    }
+    const bool  isKnown =
+        own->load(locale, QStringLiteral("viewer"), QStringLiteral("_"), QStringLiteral(":/translations"));
+    if (!isKnown && !own->load(QStringLiteral(":/translations/viewer_en")))
+        qWarning("the texts of what is counted are missing");
     QApplication::installTranslator(own);
+    if (!isKnown)
+        return;    // English, and the toolkit's texts should not be of another language
     auto* const toolkit = new QTranslator(&application);
     if (toolkit->load(locale, QStringLiteral("qtbase"), QStringLiteral("_"),
                       QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
@@ -39,7 +43,7 @@ ViewerApplication::ViewerApplication(int& argc, char** argv, const QString& lang
     setOrganizationName(QStringLiteral("Vostel"));
     setApplicationName(QStringLiteral("vostel-viewer"));
     setApplicationVersion(QStringLiteral(VOSTEL_VERSION));
-    LoadTranslations(*this, language);
+    LoadTranslations(*this, language.isEmpty() ? KeptLanguage() : language);
     setApplicationDisplayName(QCoreApplication::translate("Main", "Vostel Viewer"));
 }
 

@@ -7,6 +7,8 @@ namespace vostel::viewer {
 // The library's own gestures: a press selects, a drag moves, Shift draws what was asked for, Control pans
 // and, with the wheel, zooms.
 class ClassicTool : public Tool {
+    Q_DECLARE_TR_FUNCTIONS(ClassicTool)
+
 public:
     using Tool::Tool;
 

@@ -52,15 +52,18 @@ Outcome Calibration::Set(CanvasModel& model, const PixelScale& scale)
 {
     const QString unit = scale.Unit.trimmed();
     if (!std::isfinite(scale.UnitsPerPixel) || scale.UnitsPerPixel <= 0.0)
-        return Failed(ScaleText("The length of a pixel has to be above zero."));
+        return Failed(
+            ScaleText(QT_TRANSLATE_NOOP("Calibration", "The length of a pixel has to be above zero.")));
     if (unit.isEmpty())
-        return Failed(ScaleText("The unit is missing, such as mm or px."));
+        return Failed(ScaleText(QT_TRANSLATE_NOOP("Calibration", "The unit is missing, such as mm or px.")));
     try {
         model.Open().set_scale(scale.UnitsPerPixel, unit.toStdString());
     } catch (const Error& error) {
         return Failed(QString::fromStdString(error.message()));
     }
-    return Done(ScaleText("A pixel is %1 %2").arg(scale.UnitsPerPixel, 0, 'g', 6).arg(unit));
+    return Done(ScaleText(QT_TRANSLATE_NOOP("Calibration", "A pixel is %1 %2"))
+                    .arg(scale.UnitsPerPixel, 0, 'g', 6)
+                    .arg(unit));
 }
 
 Outcome Calibration::ByLength(CanvasModel& model, const Object& line, double trueLength, const QString& unit)
@@ -68,12 +71,15 @@ Outcome Calibration::ByLength(CanvasModel& model, const Object& line, double tru
     try {
         const std::optional<double> pixels = PixelsOf(model, line);
         if (!pixels)
-            return Failed(
-                ScaleText("The object has no length: choose a length, a polyline, a profile or an arrow."));
+            return Failed(ScaleText(QT_TRANSLATE_NOOP(
+                "Calibration",
+                "The object has no length: choose a length, a polyline, a profile or an arrow.")));
         if (!(*pixels > 0.0))
-            return Failed(ScaleText("The line has no length in the picture."));
+            return Failed(
+                ScaleText(QT_TRANSLATE_NOOP("Calibration", "The line has no length in the picture.")));
         if (!std::isfinite(trueLength) || trueLength <= 0.0)
-            return Failed(ScaleText("The true length has to be above zero."));
+            return Failed(
+                ScaleText(QT_TRANSLATE_NOOP("Calibration", "The true length has to be above zero.")));
         return Set(model, {trueLength / *pixels, unit});
     } catch (const Error& error) {
         return Failed(QString::fromStdString(error.message()));

@@ -187,7 +187,7 @@ Outcome PasteObjects(Canvas& canvas, const std::string& text)
     const auto   count = AddMoved(canvas, text, move);
     if (move != 0.0)
         CountPaste(canvas);
-    return Done(CountText("Pasted %n objects", count));
+    return Done(CountText(QT_TRANSLATE_N_NOOP("Clipboard", "Pasted %n objects"), count));
 }
 
 template <typename Change>
@@ -195,7 +195,8 @@ Outcome OnSelection(CanvasModel& model, Change change)
 {
     try {
         const std::vector<Object> selected = model.Open().selection();
-        return selected.empty() ? Failed(ClipText("No object is selected.")) : change(model.Open(), selected);
+        return selected.empty() ? Failed(ClipText(QT_TRANSLATE_NOOP("Clipboard", "No object is selected.")))
+                                : change(model.Open(), selected);
     } catch (const Error& error) {
         return Failed(QString::fromStdString(error.message()));
     }
@@ -218,14 +219,16 @@ Outcome Clipboard::Copy(CanvasModel& model)
     if (!model.Open().selection().empty())
         return OnSelection(model, [](Canvas& canvas, const std::vector<Object>& selected) {
             CopyObjects(canvas, selected);
-            return Done(CountText("Copied %n objects", selected.size()));
+            return Done(CountText(QT_TRANSLATE_N_NOOP("Clipboard", "Copied %n objects"), selected.size()));
         });
     const QImage picture = PictureOf(model.Open(), 0);
     if (picture.isNull())
-        return Failed(model.HasImage() ? ClipText("The picture is too large for the clipboard.")
-                                       : ClipText("There is nothing to copy."));
+        return Failed(
+            model.HasImage()
+                ? ClipText(QT_TRANSLATE_NOOP("Clipboard", "The picture is too large for the clipboard."))
+                : ClipText(QT_TRANSLATE_NOOP("Clipboard", "There is nothing to copy.")));
     QApplication::clipboard()->setImage(picture);
-    return Done(ClipText("Copied the picture"));
+    return Done(ClipText(QT_TRANSLATE_NOOP("Clipboard", "Copied the picture")));
 }
 
 Outcome Clipboard::Cut(CanvasModel& model)
@@ -235,7 +238,7 @@ Outcome Clipboard::Cut(CanvasModel& model)
         const Step one = canvas.step("Cut objects");
         for (const Object& object : selected)
             canvas.object_remove(object);
-        return Done(CountText("Cut %n objects", selected.size()));
+        return Done(CountText(QT_TRANSLATE_N_NOOP("Clipboard", "Cut %n objects"), selected.size()));
     });
 }
 
@@ -251,7 +254,8 @@ Outcome Clipboard::Paste(Document& document)
         case Content::Picture:
             return document.ShowPicture(QApplication::clipboard()->image());
         default:
-            return Failed(ClipText("The clipboard holds neither objects nor a picture."));
+            return Failed(ClipText(
+                QT_TRANSLATE_NOOP("Clipboard", "The clipboard holds neither objects nor a picture.")));
         }
     } catch (const Error& error) {
         return Failed(QString::fromStdString(error.message()));
@@ -263,7 +267,7 @@ Outcome Clipboard::Duplicate(CanvasModel& model)
     return OnSelection(model, [](Canvas& canvas, const std::vector<Object>& selected) {
         const Step one = canvas.step("Duplicate objects");
         const auto count = AddMoved(canvas, canvas.regions_text(selected), MoveAt(canvas));
-        return Done(CountText("Duplicated %n objects", count));
+        return Done(CountText(QT_TRANSLATE_N_NOOP("Clipboard", "Duplicated %n objects"), count));
     });
 }
 

@@ -82,7 +82,7 @@ FileKind KindOfJson(const QString& path)
 {
     const QByteArray text = HeadOf(path, LongestText);
     if (text.contains("\"vostel-session\""))
-        return {FileKind::Type::Session, KindText("session"), {}};
+        return {FileKind::Type::Session, KindText(QT_TRANSLATE_NOOP("Files", "session")), {}};
     if (text.contains("\"vostel-regions\""))
         return {FileKind::Type::Regions, QStringLiteral("JSON"), "json"};
     if (text.contains("\"annotations\""))
@@ -103,7 +103,7 @@ FileKind KindOfFile(const QString& path)
         if (head.mid(one.At, one.Length) == QByteArrayView(one.Bytes, one.Length))
             return {one.IsRead ? Type::Picture : Type::Other, QString::fromLatin1(one.Name), {}};
     if (name.endsWith(QStringLiteral(".labels.raw")) || name.endsWith(QStringLiteral(".labels.json")))
-        return {Type::Regions, KindText("label image"), "labels"};
+        return {Type::Regions, KindText(QT_TRANSLATE_NOOP("Files", "label image")), "labels"};
     if (name.endsWith(QStringLiteral(".roi")) || name.endsWith(QStringLiteral(".zip")))
         return {Type::Regions, QStringLiteral("ImageJ"), "imagej"};
     if (name.endsWith(QStringLiteral(".csv")) || name.endsWith(QStringLiteral(".tsv")))
@@ -122,18 +122,22 @@ QString WhyUnreadable(const QString& path)
     const QFileInfo file(path);
     const QString   shown = QDir::toNativeSeparators(path);
     if (!file.exists())
-        return (file.isSymLink() ? KindText("\"%1\" is a link to a file that does not exist.")
-                                 : KindText("\"%1\" does not exist."))
+        return (file.isSymLink()
+                    ? KindText(QT_TRANSLATE_NOOP("Files", "\"%1\" is a link to a file that does not exist."))
+                    : KindText(QT_TRANSLATE_NOOP("Files", "\"%1\" does not exist.")))
             .arg(shown);
     if (!file.isFile())
-        return KindText("\"%1\" is not a file but a pipe or a device.").arg(shown);
+        return KindText(QT_TRANSLATE_NOOP("Files", "\"%1\" is not a file but a pipe or a device."))
+            .arg(shown);
     if (!file.isReadable())
-        return KindText("\"%1\" may not be read: you have no permission.").arg(shown);
+        return KindText(QT_TRANSLATE_NOOP("Files", "\"%1\" may not be read: you have no permission."))
+            .arg(shown);
     if (file.size() == 0)
-        return KindText("\"%1\" is empty.").arg(shown);
+        return KindText(QT_TRANSLATE_NOOP("Files", "\"%1\" is empty.")).arg(shown);
     QFile opened(path);
     if (!opened.open(QIODevice::ReadOnly))
-        return KindText("\"%1\" cannot be read: %2.").arg(shown, opened.errorString());
+        return KindText(QT_TRANSLATE_NOOP("Files", "\"%1\" cannot be read: %2."))
+            .arg(shown, opened.errorString());
     return {};
 }
 

@@ -1,6 +1,7 @@
 #include "documents/RawLayoutDialog.h"
 
 #include "dialogs/RawSizeGuess.h"
+#include "documents/Mnemonics.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -125,7 +126,7 @@ QSpinBox* RawLayoutDialog::AddNumber(QFormLayout& form, const QString& text, con
     box->setRange(low, high);
     box->setAccelerated(true);
     form.addRow(text, box);
-    box->setAccessibleName(QString(text).remove(QLatin1Char('&')).remove(QLatin1Char(':')));
+    box->setAccessibleName(TitleOf(text));
     return box;
 }
 

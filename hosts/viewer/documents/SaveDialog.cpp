@@ -1,6 +1,7 @@
 #include "documents/SaveDialog.h"
 
 #include "documents/Document.h"
+#include "documents/Mnemonics.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -32,8 +33,7 @@ SaveDialog::SaveDialog(const SaveKind& kind, const Document& document, QWidget* 
     : QFileDialog(parent), Kind(kind)
 {
     setObjectName(QStringLiteral("Save"));
-    QString title = QCoreApplication::translate("Saves", kind.Title);
-    setWindowTitle(title.remove(QLatin1Char('&')).remove(QStringLiteral("...")));
+    setWindowTitle(TitleOf(QCoreApplication::translate("Saves", kind.Title)));
     setAcceptMode(AcceptSave);
     if (kind.HasScale)
         AddScale(document);

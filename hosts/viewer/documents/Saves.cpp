@@ -48,7 +48,9 @@ Outcome SaveData(Document& document, const SaveRequest& request)
         return SaveRaw(plane, request.Path);
     if (!FitsTiff(plane))
         return Failed(
-            SavesText("\"%1\" cannot be written: a TIFF holds at most 4 GiB. Save raw data instead.")
+            SavesText(
+                QT_TRANSLATE_NOOP(
+                    "Saves", "\"%1\" cannot be written: a TIFF holds at most 4 GiB. Save raw data instead."))
                 .arg(QDir::toNativeSeparators(request.Path)));
     const auto scale = canvas.scale();
     return WriteFile(request.Path, [&](QIODevice& file) {
@@ -91,7 +93,8 @@ Outcome SaveMask(Document& document, const SaveRequest& request)
 {
     const QImage mask = MaskOf(document.Model().Open());
     if (mask.isNull())
-        return Failed(SavesText("\"%1\" is not written: there is no region to make a mask of.")
+        return Failed(SavesText(QT_TRANSLATE_NOOP(
+                                    "Saves", "\"%1\" is not written: there is no region to make a mask of."))
                           .arg(QDir::toNativeSeparators(request.Path)));
     return WriteFile(request.Path, [&](QIODevice& file) {
         if (std::strcmp(request.Format, "png") == 0)
@@ -161,63 +164,63 @@ const SaveFormat& ChosenBy(const SaveKind& kind, const QString& filter)
     return kind.Formats.front();
 }
 
-#define SAVES(text) QT_TRANSLATE_NOOP("Saves", text)
-
 std::vector<SaveKind> MakeKinds()
 {
-    const std::vector<SaveFormat> pictures = {
-        {SAVES("PNG"), "png", "png"},         {SAVES("TIFF"), "tif tiff", "tif"},
-        {SAVES("JPEG"), "jpg jpeg", "jpg"},   {SAVES("Bitmap"), "bmp", "bmp"},
-        {SAVES("SVG drawing"), "svg", "svg"}, {SAVES("PDF page"), "pdf", "pdf"}};
-    return {{"picture", SAVES("Picture with &objects..."), "-objects", true, pictures, ShowsImage,
-             SaveWithObjects},
-            {"shown", SAVES("Picture as &shown, without objects..."), "-shown", true, pictures, ShowsImage,
-             SaveShown},
+    const std::vector<SaveFormat> pictures = {{QT_TRANSLATE_NOOP("Saves", "PNG"), "png", "png"},
+                                              {QT_TRANSLATE_NOOP("Saves", "TIFF"), "tif tiff", "tif"},
+                                              {QT_TRANSLATE_NOOP("Saves", "JPEG"), "jpg jpeg", "jpg"},
+                                              {QT_TRANSLATE_NOOP("Saves", "Bitmap"), "bmp", "bmp"},
+                                              {QT_TRANSLATE_NOOP("Saves", "SVG drawing"), "svg", "svg"},
+                                              {QT_TRANSLATE_NOOP("Saves", "PDF page"), "pdf", "pdf"}};
+    return {{"picture", QT_TRANSLATE_NOOP("Saves", "&Picture with objects..."), "-objects", true, pictures,
+             ShowsImage, SaveWithObjects},
+            {"shown", QT_TRANSLATE_NOOP("Saves", "Picture as show&n, without objects..."), "-shown", true,
+             pictures, ShowsImage, SaveShown},
             {"data",
-             SAVES("&Data, unscaled..."),
+             QT_TRANSLATE_NOOP("Saves", "&Data, unscaled..."),
              "-data",
              false,
-             {{SAVES("TIFF"), "tif tiff", "tif"}, {SAVES("Raw data"), "raw", "raw"}},
+             {{QT_TRANSLATE_NOOP("Saves", "TIFF"), "tif tiff", "tif"},
+              {QT_TRANSLATE_NOOP("Saves", "Raw data"), "raw", "raw"}},
              ShowsImage,
              SaveData},
             {"labels",
-             SAVES("&Label image..."),
+             QT_TRANSLATE_NOOP("Saves", "&Label image..."),
              "",
              false,
-             {{SAVES("Label image, PNG of 16 bits"), "labels.png png", "labels"}},
+             {{QT_TRANSLATE_NOOP("Saves", "Label image, PNG of 16 bits"), "labels.png png", "labels"}},
              ShowsRegions,
              SaveRegions},
             {"mask",
-             SAVES("&Mask of the regions..."),
+             QT_TRANSLATE_NOOP("Saves", "Mask of the re&gions..."),
              "-mask",
              false,
-             {{SAVES("PNG"), "png", "png"}, {SAVES("TIFF"), "tif tiff", "tif"}},
+             {{QT_TRANSLATE_NOOP("Saves", "PNG"), "png", "png"},
+              {QT_TRANSLATE_NOOP("Saves", "TIFF"), "tif tiff", "tif"}},
              ShowsRegions,
              SaveMask},
             {"regions",
-             SAVES("&Objects and regions..."),
+             QT_TRANSLATE_NOOP("Saves", "O&bjects and regions..."),
              "-regions",
              false,
-             {{SAVES("Objects"), "json", "json"},
-              {SAVES("GeoJSON"), "geojson", "geojson"},
-              {SAVES("COCO annotations"), "coco.json json", "coco"},
-              {SAVES("ImageJ selections"), "zip", "imagej"},
-              {SAVES("ImageJ selection"), "roi", "imagej"},
-              {SAVES("Table of points"), "csv", "csv"}},
+             {{QT_TRANSLATE_NOOP("Saves", "Objects"), "json", "json"},
+              {QT_TRANSLATE_NOOP("Saves", "GeoJSON"), "geojson", "geojson"},
+              {QT_TRANSLATE_NOOP("Saves", "COCO annotations"), "coco.json json", "coco"},
+              {QT_TRANSLATE_NOOP("Saves", "ImageJ selections"), "zip", "imagej"},
+              {QT_TRANSLATE_NOOP("Saves", "ImageJ selection"), "roi", "imagej"},
+              {QT_TRANSLATE_NOOP("Saves", "Table of points"), "csv", "csv"}},
              ShowsObjects,
              SaveRegions},
             {"measures",
-             SAVES("Table of &measures..."),
+             QT_TRANSLATE_NOOP("Saves", "&Table of measures..."),
              "-measures",
              false,
-             {{SAVES("CSV"), "csv", "csv"},
-              {SAVES("Table with tabs"), "tsv txt", "tsv"},
-              {SAVES("JSON"), "json", "json"}},
+             {{QT_TRANSLATE_NOOP("Saves", "CSV"), "csv", "csv"},
+              {QT_TRANSLATE_NOOP("Saves", "Table with tabs"), "tsv txt", "tsv"},
+              {QT_TRANSLATE_NOOP("Saves", "JSON"), "json", "json"}},
              ShowsObjects,
              SaveTable}};
 }
-
-#undef SAVES
 
 }
 

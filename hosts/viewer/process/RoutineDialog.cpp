@@ -1,5 +1,6 @@
 #include "process/RoutineDialog.h"
 
+#include "documents/Mnemonics.h"
 #include "process/RoutineRun.h"
 
 #include <QComboBox>
@@ -50,7 +51,7 @@ RoutineDialog::RoutineDialog(const Routine& routine, PreviewSource source, QWidg
     : QDialog(parent), Line(routine), Source(std::move(source))
 {
     setObjectName(QStringLiteral("Routine"));
-    setWindowTitle(Translated(routine.Title).remove(QLatin1Char('&')).remove(QStringLiteral("...")));
+    setWindowTitle(TitleOf(Translated(routine.Title)));
     auto* const form = new QFormLayout;
     auto* const tip = new QLabel(Translated(routine.Tip));
     tip->setWordWrap(true);

@@ -51,7 +51,7 @@ constexpr Routine Routines[] = {
     {"process.edges", QT_TRANSLATE_NOOP("Routines", "&Edges..."),
      QT_TRANSLATE_NOOP("Routines", "Shows how steeply values change"), EdgeParameters, true, false, false,
      Edges},
-    {"process.range", QT_TRANSLATE_NOOP("Routines", "&Threshold by value..."),
+    {"process.range", QT_TRANSLATE_NOOP("Routines", "Threshold by &value..."),
      QT_TRANSLATE_NOOP("Routines", "White where the value lies in a range"), RangeParameters, true, true,
      false, ThresholdRange},
     {"process.otsu",

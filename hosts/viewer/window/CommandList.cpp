@@ -1,11 +1,11 @@
 #include "window/CommandList.h"
 
+#include "documents/Mnemonics.h"
 #include "icons/CommandIcons.h"
 
 #include <QCoreApplication>
 #include <QMenu>
 #include <QMenuBar>
-#include <QRegularExpression>
 #include <QSettings>
 #include <QToolBar>
 
@@ -28,16 +28,6 @@ constexpr char PathProperty[] = "menuPath";
 QString KeySetting(const QAction& action)
 {
     return QStringLiteral("Keys/") + action.objectName();
-}
-
-// "&Open..." as a person says it. Two mnemonic signs stand for one letter.
-QString Plain(QString text)
-{
-    text.remove(QRegularExpression(QStringLiteral("\\(&.\\)")));    // of Chinese menus
-    text.replace(QStringLiteral("&&"), QStringLiteral("\x01"));
-    text.remove(QLatin1Char('&'));
-    text.replace(QStringLiteral("\x01"), QStringLiteral("&"));
-    return text;
 }
 
 }
@@ -64,16 +54,16 @@ QAction& CommandList::Append(Menu menu, const CommandText& text, std::function<b
     action->setObjectName(QLatin1String(text.Id));
     action->setIcon(CommandIcon(QLatin1String(text.Id)));
     action->setShortcutContext(Qt::WindowShortcut);
-    const QString tip = text.Tip ? Translated(text.Tip, text.Context) : Plain(action->text());
+    const QString tip = text.Tip ? Translated(text.Tip, text.Context) : WithoutMnemonic(action->text());
     action->setStatusTip(tip);
     const QKeySequence first = text.Key ? QKeySequence(QLatin1String(text.Key)) : QKeySequence();
     action->setProperty(FirstKeyProperty, QVariant::fromValue(first));
     const QVariant kept = QSettings().value(KeySetting(*action));
     action->setShortcut(kept.isValid() ? QKeySequence(kept.toString()) : first);
-    QString path = Plain(MenuOf(menu).title());
+    QString path = WithoutMnemonic(MenuOf(menu).title());
     if (Submenu)
-        path += QStringLiteral(", ") + Plain(Submenu->title());
-    action->setProperty(PathProperty, path + QStringLiteral(", ") + Plain(action->text()));
+        path += QStringLiteral(", ") + WithoutMnemonic(Submenu->title());
+    action->setProperty(PathProperty, path + QStringLiteral(", ") + WithoutMnemonic(action->text()));
     (Submenu ? *Submenu : MenuOf(menu)).addAction(action);
     Window->addAction(action);
     Actions.append(action);

@@ -7,6 +7,7 @@
 #include "docks/ObjectsPanel.h"
 #include "docks/OverviewPanel.h"
 #include "docks/ProfilePanel.h"
+#include "documents/Mnemonics.h"
 #include "window/CommandList.h"
 #include "window/MainWindow.h"
 
@@ -51,12 +52,6 @@ constexpr CommandText Standard = {"dock.standard", QT_TRANSLATE_NOOP("Commands",
 
 constexpr int RightWidth = 300, MeasuresHeight = 170;    // layout px
 
-// What the menu says, without the mark of its mnemonic.
-QString TitleOf(const CommandText& text)
-{
-    return CommandList::Translated(text.Text).remove(QLatin1Char('&'));
-}
-
 // For a panel of many controls: a small dock hides none for good.
 QWidget* InScrollArea(QWidget& panel)
 {
@@ -76,7 +71,7 @@ DockSet::DockSet(MainWindow& window) : QObject(&window), Window(window)
                                                            new MeasuresPanel,  profile,
                                                            new HistoryPanel,   new OverviewPanel};
     for (std::size_t i = 0; i < Texts.size(); ++i)
-        Add(*panels[i], Texts[i].Name, TitleOf(Texts[i].Command), i == 0);
+        Add(*panels[i], Texts[i].Name, TitleOf(CommandList::Translated(Texts[i].Command.Text)), i == 0);
     connect(profile, &ProfilePanel::pointed, this,
             [this](std::optional<QPointF> image) { Window.View().ShowCross(image); });
     ArrangeAtFirst();

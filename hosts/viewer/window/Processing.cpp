@@ -3,6 +3,7 @@
 #include "canvas/CanvasView.h"
 #include "documents/Document.h"
 #include "documents/FirstContrast.h"
+#include "documents/Mnemonics.h"
 #include "documents/RawVolume.h"
 #include "process/RoutineDialog.h"
 #include "process/RoutineRun.h"
@@ -23,9 +24,7 @@ constexpr int PreviewSide = 240;    // px
 
 QString NameOf(const Routine& routine)
 {
-    return QCoreApplication::translate("Routines", routine.Title)
-        .remove(QLatin1Char('&'))
-        .remove(QStringLiteral("..."));
+    return TitleOf(QCoreApplication::translate("Routines", routine.Title));
 }
 
 Samples SamplesOf(const Canvas& canvas)

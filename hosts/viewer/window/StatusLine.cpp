@@ -21,15 +21,15 @@ const char* TypeName(VostelPixel type)
 {
     switch (type) {
     case VOSTEL_U8:
-        return QT_TRANSLATE_NOOP("StatusLine", "8 bits");
+        return QT_TRANSLATE_NOOP("vostel::viewer::StatusLine", "8 bits");
     case VOSTEL_U16:
-        return QT_TRANSLATE_NOOP("StatusLine", "16 bits");
+        return QT_TRANSLATE_NOOP("vostel::viewer::StatusLine", "16 bits");
     case VOSTEL_I16:
-        return QT_TRANSLATE_NOOP("StatusLine", "16 bits, signed");
+        return QT_TRANSLATE_NOOP("vostel::viewer::StatusLine", "16 bits, signed");
     case VOSTEL_F32:
-        return QT_TRANSLATE_NOOP("StatusLine", "float");
+        return QT_TRANSLATE_NOOP("vostel::viewer::StatusLine", "float");
     default:
-        return QT_TRANSLATE_NOOP("StatusLine", "color");
+        return QT_TRANSLATE_NOOP("vostel::viewer::StatusLine", "color");
     }
 }
 

@@ -51,6 +51,7 @@ if(TARGET vostel-viewer)
     # Every text of the interface has its Chinese one.
     set(test ${VOSTEL_TEST_PREFIX}hosts/qt/Translation)
     add_test(NAME ${test} COMMAND ${qtTests}/check-translation $<TARGET_FILE:Qt6::lupdate>
-        ${PROJECT_SOURCE_DIR}/hosts)
+        ${PROJECT_SOURCE_DIR}/hosts/qt/viewer/translations/vostel_zh_CN.ts
+        ${PROJECT_SOURCE_DIR}/hosts/qt ${PROJECT_SOURCE_DIR}/hosts/commands)
     set_tests_properties(${test} PROPERTIES TIMEOUT 60)
 endif()

@@ -27,6 +27,7 @@ if(TARGET vostel-viewer-parts)
             documents/StackTest
             process/ProcessingTest
             process/RoutinesTest
+            window/ChineseTest
             window/DocksTest
             window/MainWindowTest)
         vostel_test_source(ViewerTests hosts/viewer/${name})
@@ -40,4 +41,11 @@ if(TARGET vostel-viewer-parts)
         get_test_property(${VOSTEL_TEST_PREFIX}hosts/viewer/canvas/DrawToolsTest ENVIRONMENT environment)
         set_tests_properties(${test} PROPERTIES TIMEOUT 300 ENVIRONMENT "${environment};QT_SCALE_FACTOR=${ratio}")
     endforeach()
+
+    # Every text of the interface has its Chinese one.
+    set(test ${VOSTEL_TEST_PREFIX}hosts/viewer/Translation)
+    set(sources ${PROJECT_SOURCE_DIR}/hosts/viewer)
+    add_test(NAME ${test} COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/hosts/qt/check-translation
+        $<TARGET_FILE:Qt6::lupdate> ${sources}/translations/viewer_zh_CN.ts ${sources} -I ${sources})
+    set_tests_properties(${test} PROPERTIES TIMEOUT 60)
 endif()

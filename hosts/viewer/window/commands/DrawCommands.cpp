@@ -44,7 +44,7 @@ constexpr ShapeCommand Measures[] = {
      {"measure.neighbours", QT_TRANSLATE_NOOP("Commands", "&Neighbour values"), nullptr, nullptr}}};
 
 constexpr CommandText Select = {
-    "draw.select", QT_TRANSLATE_NOOP("Commands", "&Select and move"), "V",
+    "draw.select", QT_TRANSLATE_NOOP("Commands", "Select and &move"), "V",
     QT_TRANSLATE_NOOP("Commands", "Puts the tool away: presses select, drags move")};
 constexpr CommandText NoSnap = {"draw.snapNone", QT_TRANSLATE_NOOP("Commands", "&Nowhere"), nullptr, nullptr};
 constexpr CommandText Centres = {"draw.snapCentres", QT_TRANSLATE_NOOP("Commands", "To pixel &centres"),
@@ -52,7 +52,7 @@ constexpr CommandText Centres = {"draw.snapCentres", QT_TRANSLATE_NOOP("Commands
 constexpr CommandText Edges = {"draw.snapEdges", QT_TRANSLATE_NOOP("Commands", "To pixel &edges"), nullptr,
                                nullptr};
 constexpr CommandText Look = {
-    "draw.style", QT_TRANSLATE_NOOP("Commands", "&Look of drawn objects..."), nullptr,
+    "draw.style", QT_TRANSLATE_NOOP("Commands", "Look of &drawn objects..."), nullptr,
     QT_TRANSLATE_NOOP("Commands", "Colors, width and text height, also given to the selected objects")};
 constexpr CommandText Classic = {
     "draw.classic", QT_TRANSLATE_NOOP("Commands", "&Classic gestures"), nullptr,

@@ -2,6 +2,7 @@
 #include "canvas/ZoomTool.h"
 #include "window/CanvasPane.h"
 #include "window/CommandList.h"
+#include "window/Language.h"
 #include "window/MainWindow.h"
 #include "window/Theme.h"
 #include "window/Workspace.h"
@@ -29,7 +30,7 @@ constexpr CommandText Smooth = {
 constexpr CommandText Rulers = {"view.rulers", QT_TRANSLATE_NOOP("Commands", "&Rulers"), "Ctrl+R", nullptr};
 constexpr CommandText Grid = {"view.grid", QT_TRANSLATE_NOOP("Commands", "&Grid"), "Ctrl+G",
                               QT_TRANSLATE_NOOP("Commands", "Lines along the edges of pixels")};
-constexpr CommandText Bar = {"view.scaleBar", QT_TRANSLATE_NOOP("Commands", "Scale &bar"), "Ctrl+B", nullptr};
+constexpr CommandText Bar = {"view.scaleBar", QT_TRANSLATE_NOOP("Commands", "Sc&ale bar"), "Ctrl+B", nullptr};
 constexpr CommandText Full = {"view.fullScreen", QT_TRANSLATE_NOOP("Commands", "&Full screen"), "F11",
                               nullptr};
 
@@ -39,10 +40,15 @@ constexpr CommandText LightTheme = {"view.themeLight", QT_TRANSLATE_NOOP("Comman
                                     nullptr};
 constexpr CommandText DarkTheme = {"view.themeDark", QT_TRANSLATE_NOOP("Commands", "&Dark"), nullptr,
                                    nullptr};
-constexpr CommandText LargerText = {"view.textLarger", QT_TRANSLATE_NOOP("Commands", "&Larger text"),
+constexpr CommandText LargerText = {"view.textLarger", QT_TRANSLATE_NOOP("Commands", "Lar&ger text"),
                                     "Ctrl+Alt+=", nullptr};
 constexpr CommandText SmallerText = {"view.textSmaller", QT_TRANSLATE_NOOP("Commands", "S&maller text"),
                                      "Ctrl+Alt+-", nullptr};
+
+constexpr CommandText SystemLanguage = {"view.languageSystem",
+                                        QT_TRANSLATE_NOOP("Commands", "As the &system"), nullptr, nullptr};
+constexpr CommandText English = {"view.english", QT_TRANSLATE_NOOP("Commands", "&English"), nullptr, nullptr};
+constexpr CommandText Chinese = {"view.chinese", QT_TRANSLATE_NOOP("Commands", "&Chinese"), nullptr, nullptr};
 
 constexpr double ZoomFactor = 1.25;
 
@@ -100,6 +106,21 @@ void AddViewCommands(MainWindow& window)
     commands.AddSeparator(Menu::View);
     commands.Add(Menu::View, LargerText, [&themes] { themes.SetTextStep(themes.TextStep() + 1); });
     commands.Add(Menu::View, SmallerText, [&themes] { themes.SetTextStep(themes.TextStep() - 1); });
+    commands.EndSubmenu();
+
+    commands.BeginSubmenu(Menu::View, QT_TRANSLATE_NOOP("Commands", "&Language"));
+    const auto addLanguage = [&](const CommandText& text, const QString& language) {
+        commands.AddSwitch(
+            Menu::View, text,
+            [&window, language](bool) {
+                KeepLanguage(language);
+                window.Report(Done(CommandList::tr("The language changes at the next start.")));
+            },
+            [language] { return KeptLanguage() == language; });
+    };
+    addLanguage(SystemLanguage, QString());
+    addLanguage(English, QStringLiteral("en"));
+    addLanguage(Chinese, QStringLiteral("zh_CN"));
     commands.EndSubmenu();
 }
 
