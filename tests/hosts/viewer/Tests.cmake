@@ -29,7 +29,8 @@ if(TARGET vostel-viewer-parts)
             process/RoutinesTest
             window/ChineseTest
             window/DocksTest
-            window/MainWindowTest)
+            window/MainWindowTest
+            window/PicturesTest)
         vostel_test_source(ViewerTests hosts/viewer/${name})
         set_tests_properties(${VOSTEL_TEST_PREFIX}hosts/viewer/${name} PROPERTIES
             ENVIRONMENT "${VOSTEL_TEST_ENVIRONMENT};LSAN_OPTIONS=suppressions=${CMAKE_CURRENT_SOURCE_DIR}/hosts/qt/leaks-of-others.txt:print_suppressions=0;TMPDIR=${CMAKE_CURRENT_BINARY_DIR}/work/hosts/viewer/${name}")

@@ -1,4 +1,5 @@
 #include "hosts/viewer/window/ShownWindow.h"
+#include "hosts/viewer/window/Speaking.h"
 
 #include "documents/Clipboard.h"
 #include "window/DockSet.h"
@@ -7,37 +8,14 @@
 
 #include <QApplication>
 #include <QDockWidget>
-#include <QLocale>
 #include <QMenu>
 #include <QMenuBar>
-#include <QTranslator>
 
 #include <map>
 
 using namespace vostel::viewer;
 
 namespace {
-
-// The texts of a language while it lives.
-class Speaking {
-public:
-    explicit Speaking(const char* language)
-    {
-        REQUIRE(Texts.load(QStringLiteral(":/translations/viewer_") + QLatin1String(language)));
-        QLocale::setDefault(QLocale(QLatin1String(language)));
-        QApplication::installTranslator(&Texts);
-    }
-    ~Speaking()
-    {
-        QApplication::removeTranslator(&Texts);
-        QLocale::setDefault(QLocale::c());
-    }
-    Speaking(const Speaking&) = delete;
-    Speaking& operator=(const Speaking&) = delete;
-
-private:
-    QTranslator Texts;
-};
 
 bool IsChinese(const QString& text)
 {
