@@ -2,6 +2,7 @@
 
 #include "base/LittleEndian.h"
 #include "fileio/InterleaveRows.h"
+#include "foundation/RowThreads.h"
 #include "platform/FileSaving.h"
 #include "platform/Files.h"
 #include "platform/PictureLimits.h"
@@ -23,6 +24,7 @@ constexpr int HeaderBytes = 54;    // file header and information header
 constexpr int PaletteBytes = 1024;
 // Pixels pass between planes and file through a block that stays in the processor's cache.
 constexpr std::size_t BlockBytes = 128 * 1024;
+constexpr std::size_t BytesForThreads = 1024 * 1024;
 
 // All transfers are large, so that the stream's own buffer would only be one more copy.
 std::FILE* Unbuffered(std::FILE* file)
@@ -52,6 +54,7 @@ struct Layout {
     // The only depths whose pixels are read.
     bool         HasPixels() const { return Bits == 8 || Bits == 24 || Bits == 32; }
     std::int64_t RowBytes() const { return FileRowBytes(Bits, Width); }
+    std::int64_t PixelsAt() const { return HeaderBytes + (Bits == 8 ? PaletteBytes : 0); }
     std::size_t  PixelCount() const
     {
         return static_cast<std::size_t>(Width) * static_cast<std::size_t>(Height);
@@ -69,8 +72,7 @@ bool IsPlausible(const Layout& layout, std::int64_t fileBytes)
     const std::int64_t width = layout.Width, height = layout.Height;
     if (width * height > INT_MAX || !IsWithinLimitsOfPlanes(fileBytes, width * height))
         return false;
-    const std::int64_t pixelsAt = HeaderBytes + (layout.Bits == 8 ? PaletteBytes : 0);
-    const std::int64_t held = std::max<std::int64_t>(fileBytes - pixelsAt, 0);
+    const std::int64_t held = std::max<std::int64_t>(fileBytes - layout.PixelsAt(), 0);
     const std::int64_t rowBytes = layout.RowBytes();
     const std::int64_t rowsHeld = rowBytes > 0 ? std::min(held / rowBytes, height) : 0;
     const std::int64_t rowsLost = height - rowsHeld;
@@ -96,7 +98,8 @@ bool ReadLayout(std::FILE* file, Layout& layout)
 }
 
 // Calls take(filePixels, first, pixels) for runs of pixels that are contiguous in the file as in a plane,
-// first being the place in the plane. Pixels that the file has lost are zero.
+// first being the place in the plane. Pixels that the file has lost are zero. Of a large file several threads
+// read and take at once: a copy by the system takes longer than what is done with it.
 template <typename Take>
 void ForEachRun(std::FILE* file, const Layout& layout, Take take)
 {
@@ -107,18 +110,33 @@ void ForEachRun(std::FILE* file, const Layout& layout, Take take)
     const std::size_t rowBytes = static_cast<std::size_t>(layout.RowBytes());
     const std::size_t pixelBytes = static_cast<std::size_t>(layout.Bits / 8);
     const std::size_t blockRows = std::min(std::max<std::size_t>(BlockBytes / rowBytes, 1), height);
-    const auto        block = std::make_unique_for_overwrite<unsigned char[]>(blockRows * rowBytes);
-    for (std::size_t y = 0; y < height; y += blockRows) {
-        const std::size_t rows = std::min(blockRows, height - y);
-        const std::size_t got = std::fread(block.get(), 1, rows * rowBytes, file);
-        std::memset(block.get() + got, 0, rows * rowBytes - got);
-        if (rowBytes == width * pixelBytes) {
-            take(block.get(), y * width, rows * width);
-            continue;
+    const auto        forEachBlock = [&](RowRun blocks, auto read) {
+        const auto block = std::make_unique_for_overwrite<unsigned char[]>(blockRows * rowBytes);
+        for (int i = blocks.First; i < blocks.End; ++i) {
+            const std::size_t y = static_cast<std::size_t>(i) * blockRows;
+            const std::size_t rows = std::min(blockRows, height - y);
+            const std::size_t got = read(y, block.get(), rows * rowBytes);
+            std::memset(block.get() + got, 0, rows * rowBytes - got);
+            if (rowBytes == width * pixelBytes) {
+                take(block.get(), y * width, rows * width);
+                continue;
+            }
+            for (std::size_t row = 0; row < rows; ++row)
+                take(block.get() + row * rowBytes, (y + row) * width, width);
         }
-        for (std::size_t row = 0; row < rows; ++row)
-            take(block.get() + row * rowBytes, (y + row) * width, width);
+    };
+    const int blocks = static_cast<int>((height + blockRows - 1) / blockRows);
+    if (height * rowBytes < BytesForThreads || FileLength(file) < 0) {
+        forEachBlock({0, blocks}, [&](std::size_t, unsigned char* to, std::size_t bytes) {
+            return std::fread(to, 1, bytes, file);
+        });
+        return;
     }
+    ForEachRowRun(blocks, [&](RowRun run) {
+        forEachBlock(run, [&](std::size_t y, unsigned char* to, std::size_t bytes) {
+            return ReadFileAt(file, layout.PixelsAt() + static_cast<long long>(y * rowBytes), to, bytes);
+        });
+    });
 }
 
 void Clear(BytePlane& plane, std::size_t pixels)

@@ -5,6 +5,8 @@
 #include "base/OwnedFile.h"
 #include "vostel/platform.h"
 
+#include <cstddef>
+#include <cstdio>
 #include <ios>
 #include <iosfwd>
 #include <string>
@@ -20,6 +22,9 @@ OwnedFile OpenUtf8File(const char* path, const char* mode);    // the same for a
 // The same for a stream that is closed; a file that is neither read nor added to is cut.
 bool OpenStream(std::filebuf& stream, const char* path, std::ios_base::openmode mode);
 bool SeekFile(std::FILE* file, long long place);    // counted from the beginning
+// Reads from a place of a regular file, whatever its position, which may change; several threads may do so at
+// once. Returns how many bytes came, fewer at its end.
+std::size_t ReadFileAt(std::FILE* file, long long place, void* bytes, std::size_t count);
 // Bytes of an open regular file whatever its size, -1 if it is unknown; the position is kept.
 long long FileLength(std::FILE* file);
 // Has all that was written to a file stand on the disk; false if it does not.

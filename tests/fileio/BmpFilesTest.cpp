@@ -1,6 +1,7 @@
 #include "fileio/BmpTestFiles.h"
 
 #include <doctest/doctest.h>
+#include <vostel.h>
 
 using namespace bmp_test;
 
@@ -166,6 +167,42 @@ TEST_CASE("images larger than one transfer read and write every row")
             CHECK(HoldsChannel(color.Green, savedGray, 0));
         }
     }
+}
+
+TEST_CASE("a large file gives its pixels whatever number of threads reads it, cut short too")
+{
+    const TempFolder   folder;
+    std::string        path = folder.Path("large.bmp");
+    std::mt19937       random(8);
+    const VostelLimits defaults = {sizeof defaults, 0, 0, 0, 0, 0};
+    VostelLimits       limits = defaults;
+    for (const int bits : {8, 24, 32}) {
+        Bytes bytes = NoisyFile(random, 1021, 1500, bits);
+        for (const std::size_t lost : {0, 1234567}) {
+            bytes.resize(bytes.size() - lost);
+            REQUIRE(WriteBytes(path, bytes));
+            Plane first;
+            for (const int threads : {1, 0}) {    // 0: as many as there are processors
+                CAPTURE(bits);
+                CAPTURE(lost);
+                CAPTURE(threads);
+                limits.max_threads = threads;
+                REQUIRE(vostel_set_limits(&limits) == VOSTEL_OK);
+                Color color;
+                Plane gray;
+                REQUIRE(color.Read(path));
+                CHECK(ZEKReadGrayBmp(Narrow(path), &gray));
+                REQUIRE(color.HasSizes(1021, 1500));
+                CHECK(color.Holds(bytes));
+                REQUIRE(gray.Width == 1021);
+                REQUIRE(gray.Height == 1500);
+                if (threads == 1)
+                    first = gray;
+                CHECK(std::memcmp(gray.Ptr1D, first.Ptr1D, 1021 * 1500) == 0);
+            }
+        }
+    }
+    REQUIRE(vostel_set_limits(&defaults) == VOSTEL_OK);
 }
 
 TEST_CASE("a row longer than one transfer reads and writes whole")

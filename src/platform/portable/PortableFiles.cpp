@@ -107,6 +107,21 @@ bool SeekFile(std::FILE* file, long long place)
     return fseeko(file, static_cast<off_t>(place), SEEK_SET) == 0;
 }
 
+std::size_t ReadFileAt(std::FILE* file, long long place, void* bytes, std::size_t count)
+{
+    std::size_t done = 0;
+    while (done < count) {
+        const ssize_t got = pread(fileno(file), static_cast<char*>(bytes) + done, count - done,
+                                  static_cast<off_t>(place + static_cast<long long>(done)));
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got <= 0)
+            break;
+        done += static_cast<std::size_t>(got);
+    }
+    return done;
+}
+
 long long FileLength(std::FILE* file)
 {
     struct stat facts;

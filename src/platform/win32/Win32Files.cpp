@@ -89,6 +89,25 @@ bool SeekFile(std::FILE* file, long long place)
     return _fseeki64(file, place, SEEK_SET) == 0;
 }
 
+std::size_t ReadFileAt(std::FILE* file, long long place, void* bytes, std::size_t count)
+{
+    const HANDLE handle = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(file)));
+    std::size_t  done = 0;
+    while (done < count) {
+        // With a place given, a read does not begin at the position that all threads share.
+        const unsigned long long from = static_cast<unsigned long long>(place) + done;
+        OVERLAPPED               at = {};
+        at.Offset = static_cast<DWORD>(from);
+        at.OffsetHigh = static_cast<DWORD>(from >> 32);
+        const DWORD wanted = static_cast<DWORD>(std::min<std::size_t>(count - done, 1 << 30));
+        DWORD       got = 0;
+        if (!ReadFile(handle, static_cast<char*>(bytes) + done, wanted, &got, &at) || got == 0)
+            break;
+        done += got;
+    }
+    return done;
+}
+
 long long FileLength(std::FILE* file)
 {
     struct _stat64 facts;
