@@ -20,15 +20,6 @@ constexpr int RunsPerThread = 4;
 
 std::atomic<int> ForcedThreads{0};
 
-int ThreadsInForce()
-{
-    const int forced = ForcedThreads.load(std::memory_order_relaxed);
-    if (forced > 0)
-        return forced;
-    const int most = MaxThreadsInForce();
-    return most > 0 ? std::min(most, ProcessorCount()) : ProcessorCount();
-}
-
 // The runs of one call. Each thread takes the next one until none is left.
 class Division {
 public:
@@ -78,11 +69,20 @@ private:
 
 }
 
+int RowThreadsInForce()
+{
+    const int forced = ForcedThreads.load(std::memory_order_relaxed);
+    if (forced > 0)
+        return forced;
+    const int most = MaxThreadsInForce();
+    return most > 0 ? std::min(most, ProcessorCount()) : ProcessorCount();
+}
+
 void ForEachRowRun(int rows, const std::function<void(RowRun)>& work)
 {
     if (rows <= 0)
         return;
-    const int threads = ThreadsInForce();
+    const int threads = RowThreadsInForce();
     // Nothing would be done beside it.
     if (threads == 1 || rows < threads) {
         work({0, rows});

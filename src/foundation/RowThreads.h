@@ -18,6 +18,9 @@ struct RowRun {
 // run throws reaches the caller after the last one ended: the exception of the first such run.
 void ForEachRowRun(int rows, const std::function<void(RowRun)>& work);
 
+// How many threads that is: for work that needs memory for each, made before the first of them starts.
+int RowThreadsInForce();
+
 // Splits for this many threads from now on; 0: one per processor again. For tests, since results must not
 // depend on it.
 void ForceRowThreads(int threads);

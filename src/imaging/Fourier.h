@@ -23,6 +23,9 @@ struct FourierRun {
     // With factors, each input element is multiplied by its factor first.
     const float* FactorRe = nullptr;
     const float* FactorIm = nullptr;
+    // Arrays of Length elements for a filter to work in.
+    float* SpareRe = nullptr;
+    float* SpareIm = nullptr;
     // Of the result, only the first half of the real part is wanted; the rest may be anything.
     bool RealHalf = false;
 };
@@ -44,9 +47,9 @@ constexpr long long FourierTableStage(long long length, int stage)
 
 struct FourierVariant {
     void (*Transform)(const FourierRun& run);
-    // A row forward and back: the first run takes the row, the second takes its result with factors and ends
-    // where the first began.
-    void (*Filter)(const FourierRun& forward, const FourierRun& inverse);
+    // A row forward and back: the first run takes the row and has spare arrays, the second takes its result
+    // with factors. Returns where its real part lies.
+    const float* (*Filter)(const FourierRun& forward, const FourierRun& inverse);
 };
 
 const FourierVariant& ActiveFourierVariant();

@@ -50,12 +50,10 @@ void Transform(const FourierRun& run)
         TransformInPasses<FourierSimd, 4>(run);
 }
 
-void Filter(const FourierRun& forward, const FourierRun& inverse)
+const float* Filter(const FourierRun& forward, const FourierRun& inverse)
 {
-    if (forward.Length < 256)
-        FourierAvx2.Filter(forward, inverse);
-    else
-        FilterInPasses<FourierSimd, 4>(forward, inverse);
+    return forward.Length < 256 ? FourierAvx2.Filter(forward, inverse)
+                                : FilterInPasses<FourierSimd, 4>(forward, inverse);
 }
 
 }

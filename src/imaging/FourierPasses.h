@@ -113,9 +113,32 @@ VOSTEL_INLINE void Multiply(typename Simd::Floats& re, typename Simd::Floats& im
     im = Simd::Add(Simd::Mul(a, d), Simd::Mul(im, c));
 }
 
-// The first K stages, s being 1, for the lanes from p on. The R results of one p are neighbours, so squares
-// are transposed on their way out.
-template <typename Simd, int K, typename Source>
+// After K stages value q of a group meets only values q of others. Lanes of them at a time make a strip: what
+// is left of the transform, on its own a transform of Length / strips, whose table has every second, fourth
+// ... entry. A strip of a length that filters have fits the first-level cache, the whole does not.
+enum class Sinks { Whole, Strips };
+
+template <typename Simd, int K>
+constexpr int StripCount = (1 << K) / Simd::Lanes;
+
+template <typename Simd, int K>
+FourierRun StripOf(const FourierRun& run)
+{
+    int doublings = 0;
+    while (1 << doublings < StripCount<Simd, K>)
+        ++doublings;
+    const long long entries = FourierTableStage(run.Length, doublings);
+    FourierRun      strip = run;
+    strip.Cos += entries;
+    strip.Sin += entries;
+    strip.Length >>= doublings;
+    strip.Stages -= doublings;
+    return strip;
+}
+
+// The first K stages, s being 1, for the lanes from p on. The R results of one p are neighbours, or R / Lanes
+// strips have a vector each, so squares are transposed on their way out.
+template <typename Simd, int K, Sinks To, typename Source>
 VOSTEL_INLINE void StagesToSquares(const FourierRun& run, std::ptrdiff_t p, Source source, float* outRe,
                                    float* outIm)
 {
@@ -137,19 +160,21 @@ VOSTEL_INLINE void StagesToSquares(const FourierRun& run, std::ptrdiff_t p, Sour
         });
     VOSTEL_UNROLL
     for (int part = 0; part < R; part += Simd::Lanes) {
-        Simd::StoreTransposed(outRe + p * R + part, R, toRe + part);
-        Simd::StoreTransposed(outIm + p * R + part, R, toIm + part);
+        const std::ptrdiff_t to = To == Sinks::Whole ? p * R + part : p * Simd::Lanes + part * step;
+        const std::ptrdiff_t apart = To == Sinks::Whole ? R : Simd::Lanes;
+        Simd::StoreTransposed(outRe + to, apart, toRe + part);
+        Simd::StoreTransposed(outIm + to, apart, toIm + part);
     }
 }
 
-template <typename Simd, int K, Input From>
+template <typename Simd, int K, Input From, Sinks To = Sinks::Whole>
 VOSTEL_NOINLINE void FirstPass(const FourierRun& run, float* outRe, float* outIm)
 {
     using V = typename Simd::Floats;
     constexpr int        R = 1 << K;
     const std::ptrdiff_t step = run.Length / R;
     for (std::ptrdiff_t p = 0; p < step; p += Simd::Lanes)
-        StagesToSquares<Simd, K>(
+        StagesToSquares<Simd, K, To>(
             run, p,
             [&](int j, V& a, V& b) VOSTEL_INLINE_LAMBDA {
                 const std::ptrdiff_t at = j * step + p;
@@ -193,7 +218,8 @@ struct Factors {
 };
 
 // K further stages from s on: lanes along q.
-template <typename Simd, int K, Output To>
+// The vectors that it writes lie Spread vectors apart, the first of their place being the first.
+template <typename Simd, int K, Output To, int Spread = 1>
 VOSTEL_NOINLINE void Pass(const FourierRun& run, std::ptrdiff_t s, const float* inRe, const float* inIm,
                           float* outRe, float* outIm)
 {
@@ -217,7 +243,7 @@ VOSTEL_NOINLINE void Pass(const FourierRun& run, std::ptrdiff_t s, const float* 
                     n = factors.Sin[t][low];
                 },
                 [&](int j, const V& a, const V& b) VOSTEL_INLINE_LAMBDA {
-                    const std::ptrdiff_t to = R * sp + Reversed<K>(j) * s + q;
+                    const std::ptrdiff_t to = Spread * (R * sp + Reversed<K>(j) * s + q);
                     if constexpr (To == Output::RealHalf) {
                         // What leads to no output is not computed.
                         if (Reversed<K>(j) < R / 2)
@@ -231,16 +257,16 @@ VOSTEL_NOINLINE void Pass(const FourierRun& run, std::ptrdiff_t s, const float* 
     }
 }
 
-template <typename Simd, Output To>
+template <typename Simd, Output To, int Spread = 1>
 void AnyPass(int k, const FourierRun& run, std::ptrdiff_t s, const float* inRe, const float* inIm,
              float* outRe, float* outIm)
 {
     if (k == 1)
-        Pass<Simd, 1, To>(run, s, inRe, inIm, outRe, outIm);
+        Pass<Simd, 1, To, Spread>(run, s, inRe, inIm, outRe, outIm);
     else if (k == 2)
-        Pass<Simd, 2, To>(run, s, inRe, inIm, outRe, outIm);
+        Pass<Simd, 2, To, Spread>(run, s, inRe, inIm, outRe, outIm);
     else if constexpr (Simd::PassStages == 3)
-        Pass<Simd, 3, To>(run, s, inRe, inIm, outRe, outIm);
+        Pass<Simd, 3, To, Spread>(run, s, inRe, inIm, outRe, outIm);
 }
 
 // Two pairs of arrays in turns; pair At holds the values.
@@ -267,17 +293,17 @@ void Between(const FourierRun& run, Pairs& pairs, int done, int end)
 
 // The stages that are left. The last pass reads and writes the same places, so that it can end in either
 // pair.
-template <typename Simd>
-void Finish(const FourierRun& run, Pairs& pairs, int done, int to)
+template <typename Simd, int Spread = 1>
+void Finish(const FourierRun& run, Pairs& pairs, int done, float* outRe, float* outIm)
 {
     const int left = run.Stages - done;
     const int last = left / ((left + Simd::PassStages - 1) / Simd::PassStages);
     Between<Simd>(run, pairs, done, run.Stages - last);
     const std::ptrdiff_t s = std::ptrdiff_t{1} << (run.Stages - last);
-    const auto           pass = run.RealHalf ? AnyPass<Simd, Output::RealHalf>
-                                : run.Scaled ? AnyPass<Simd, Output::Scaled>
-                                             : AnyPass<Simd, Output::Last>;
-    pass(last, run, s, pairs.Re[pairs.At], pairs.Im[pairs.At], pairs.Re[to], pairs.Im[to]);
+    const auto           pass = run.RealHalf ? AnyPass<Simd, Output::RealHalf, Spread>
+                                : run.Scaled ? AnyPass<Simd, Output::Scaled, Spread>
+                                             : AnyPass<Simd, Output::Last, Spread>;
+    pass(last, run, s, pairs.Re[pairs.At], pairs.Im[pairs.At], outRe, outIm);
 }
 
 // For lengths from Lanes << K on.
@@ -289,22 +315,24 @@ void TransformInPasses(const FourierRun& run)
                        : run.FactorRe ? FirstPass<Simd, K, Input::Product>
                                       : FirstPass<Simd, K, Input::Plain>;
     first(run, pairs.Re[1], pairs.Im[1]);
-    Finish<Simd>(run, pairs, K, run.Stages % 2);
+    const int to = run.Stages % 2;
+    Finish<Simd>(run, pairs, K, pairs.Re[to], pairs.Im[to]);
 }
 
-// The last K stages of a transform, the product and the first K stages of the way back: all take the same
-// rows, a step apart.
+// The last K stages of a strip, the product and the first K stages of the way back, to strips of it: all take
+// the same rows, a step apart.
 template <typename Simd, int K>
-VOSTEL_NOINLINE void MiddlePass(const FourierRun& forward, const FourierRun& inverse, const float* inRe,
+VOSTEL_NOINLINE void MiddlePass(const FourierRun& strip, int at, const FourierRun& inverse, const float* inRe,
                                 const float* inIm, float* outRe, float* outIm)
 {
     using V = typename Simd::Floats;
     constexpr int        R = 1 << K;
-    const std::ptrdiff_t step = forward.Length / R;
+    const std::ptrdiff_t step = strip.Length / R, whole = inverse.Length / R;
     Factors<Simd, K>     factors;
-    factors.Fetch(forward, 0, true);
+    factors.Fetch(strip, 0, true);
     for (std::ptrdiff_t p = 0; p < step; p += Simd::Lanes) {
-        V re[R], im[R], toRe[R], toIm[R];
+        V                    re[R], im[R], toRe[R], toIm[R];
+        const std::ptrdiff_t place = p * StripCount<Simd, K> + at * Simd::Lanes;    // in the whole
         Stages<Simd, K, 0, 0>(
             re, im,
             [&](int j, V& a, V& b) VOSTEL_INLINE_LAMBDA {
@@ -319,13 +347,14 @@ VOSTEL_NOINLINE void MiddlePass(const FourierRun& forward, const FourierRun& inv
                 toRe[Reversed<K>(j)] = a;
                 toIm[Reversed<K>(j)] = b;
             });
-        StagesToSquares<Simd, K>(
-            inverse, p,
+        StagesToSquares<Simd, K, Sinks::Strips>(
+            inverse, place,
             [&](int j, V& a, V& b) VOSTEL_INLINE_LAMBDA {
-                const std::ptrdiff_t at = j * step + p;
+                const std::ptrdiff_t factor = j * whole + place;
                 a = toRe[j];
                 b = toIm[j];
-                Multiply<Simd>(a, b, Simd::Load(inverse.FactorRe + at), Simd::Load(inverse.FactorIm + at));
+                Multiply<Simd>(a, b, Simd::Load(inverse.FactorRe + factor),
+                               Simd::Load(inverse.FactorIm + factor));
             },
             outRe, outIm);
     }
@@ -333,15 +362,27 @@ VOSTEL_NOINLINE void MiddlePass(const FourierRun& forward, const FourierRun& inv
 
 // For lengths from Lanes << K and 1 << 2 * K on.
 template <typename Simd, int K>
-void FilterInPasses(const FourierRun& forward, const FourierRun& inverse)
+const float* FilterInPasses(const FourierRun& forward, const FourierRun& inverse)
 {
-    Pairs pairs = {{forward.Re, forward.OtherRe}, {forward.Im, forward.OtherIm}, 1};
-    FirstPass<Simd, K, Input::Row>(forward, pairs.Re[1], pairs.Im[1]);
-    Between<Simd>(forward, pairs, K, forward.Stages - K);
-    const int to = 1 - pairs.At;
-    MiddlePass<Simd, K>(forward, inverse, pairs.Re[pairs.At], pairs.Im[pairs.At], pairs.Re[to], pairs.Im[to]);
-    pairs.At = to;
-    Finish<Simd>(inverse, pairs, K, 0);
+    constexpr int    Strips = StripCount<Simd, K>;
+    const FourierRun there = StripOf<Simd, K>(forward), back = StripOf<Simd, K>(inverse);
+    const int        done = K - (forward.Stages - there.Stages);
+    FirstPass<Simd, K, Input::Row, Sinks::Strips>(forward, forward.OtherRe, forward.OtherIm);
+    for (int i = 0; i < Strips; ++i) {
+        const std::ptrdiff_t from = static_cast<std::ptrdiff_t>(i) * there.Length;
+        Pairs                pairs = {
+                           {forward.SpareRe, forward.OtherRe + from}, {forward.SpareIm, forward.OtherIm + from}, 1};
+        Between<Simd>(there, pairs, done, there.Stages - K);
+        MiddlePass<Simd, K>(there, i, inverse, pairs.Re[pairs.At], pairs.Im[pairs.At], forward.Re,
+                            forward.Im);
+    }
+    for (int i = 0; i < Strips; ++i) {
+        const std::ptrdiff_t from = static_cast<std::ptrdiff_t>(i) * back.Length;
+        Pairs pairs = {{forward.SpareRe, forward.Re + from}, {forward.SpareIm, forward.Im + from}, 1};
+        Finish<Simd, Strips>(back, pairs, done, forward.OtherRe + i * Simd::Lanes,
+                             forward.OtherIm + i * Simd::Lanes);
+    }
+    return forward.OtherRe;
 }
 
 }

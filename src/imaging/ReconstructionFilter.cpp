@@ -3,11 +3,15 @@
 #include "base/Compiler.h"
 #include "foundation/ArrayLength.h"
 #include "foundation/Planes.h"
+#include "foundation/RowThreads.h"
 #include "imaging/Fourier.h"
 #include "imaging/FourierArrays.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <utility>
+#include <vector>
 
 using namespace vostel;
 
@@ -15,12 +19,66 @@ namespace {
 
 constexpr double TwoPiSquared = 19.73920812874952;    // 2 * 3.1415926^2
 
+// What one thread works in. The spectrum goes to and fro between two pairs of arrays and a spare one.
+class RowFilter {
+public:
+    RowFilter(const ZEKPP1DFFT& kernel, int width)
+    {
+        constexpr int places[ArrayCount] = {0, 2, 4, 6, 1, 3};    // pairs that one pass walks are far apart
+        for (int i = 0; i < ArrayCount; ++i)
+            Arrays[i].reset(NewFourierArray(static_cast<std::size_t>(kernel.Length), places[i]));
+        Forward.Re = Arrays[0].get();
+        Forward.Im = Arrays[1].get();
+        Forward.OtherRe = Arrays[2].get();
+        Forward.OtherIm = Arrays[3].get();
+        Forward.SpareRe = Arrays[4].get();
+        Forward.SpareIm = Arrays[5].get();
+        Forward.Cos = kernel.CosForward;
+        Forward.Sin = kernel.SinForward;
+        Forward.Length = kernel.Length;
+        Forward.Stages = kernel.Stages;
+        Forward.RowLength = width;
+        // Takes the spectrum from where the forward one leaves it.
+        Inverse = Forward;
+        if (kernel.EvenStages == 0) {
+            std::swap(Inverse.Re, Inverse.OtherRe);
+            std::swap(Inverse.Im, Inverse.OtherIm);
+        }
+        Inverse.Sin = kernel.SinInverse;
+        Inverse.Scaled = true;
+        Inverse.Scale = kernel.Scale;
+        Inverse.FactorRe = kernel.Re;
+        Inverse.FactorIm = kernel.Im;
+        Inverse.RealHalf = 2LL * width - 1 <= kernel.Length / 2;
+    }
+
+    void Run(float* row)
+    {
+        Forward.Row = row;
+        const float* const result = ActiveFourierVariant().Filter(Forward, Inverse);
+        const int          width = Forward.RowLength;
+        std::memcpy(row, result + width - 1, static_cast<std::size_t>(width) * sizeof(float));
+    }
+
+private:
+    static constexpr int ArrayCount = 6;
+    FourierArray         Arrays[ArrayCount];
+    FourierRun           Forward;
+    FourierRun           Inverse;
+};
+
 // A row is read in several places at a time, too short a while for the processor to see it coming.
 void FetchAhead(const float* row, int width)
 {
     const int line = 64 / sizeof(float);
     for (int x = 0; x < width; x += line)
         VOSTEL_PREFETCH_FOR_WRITE(row + x);
+}
+
+// Where the rows of a thread begin.
+int RowsBefore(int thread, int threads, int rows)
+{
+    return static_cast<int>(static_cast<long long>(rows) * thread / threads);
 }
 
 }
@@ -69,41 +127,20 @@ void ZEKFilter1DForRec(ClassData2DIO<float>* image, float spacing)
         FailArrayLength();
     ZEKPP1DFFT kernel;
     GetKernerlFFT(kernel, static_cast<int>(length), 2 * width - 1, spacing);
-    // The rows go to and fro between this pair and the kernel's work arrays; the tables are the kernel's too.
-    const FourierArray re(NewFourierArray(static_cast<std::size_t>(length), 0));
-    const FourierArray im(NewFourierArray(static_cast<std::size_t>(length), 2));
-
-    FourierRun forward;
-    forward.Re = re.get();
-    forward.Im = im.get();
-    forward.OtherRe = kernel.WorkRe;
-    forward.OtherIm = kernel.WorkIm;
-    forward.Cos = kernel.CosForward;
-    forward.Sin = kernel.SinForward;
-    forward.Length = kernel.Length;
-    forward.Stages = kernel.Stages;
-    forward.RowLength = width;
-    // Takes the spectrum from where the forward one leaves it.
-    FourierRun inverse = forward;
-    if (kernel.EvenStages == 0) {
-        inverse.Re = forward.OtherRe;
-        inverse.Im = forward.OtherIm;
-        inverse.OtherRe = forward.Re;
-        inverse.OtherIm = forward.Im;
-    }
-    inverse.Sin = kernel.SinInverse;
-    inverse.Scaled = true;
-    inverse.Scale = kernel.Scale;
-    inverse.FactorRe = kernel.Re;
-    inverse.FactorIm = kernel.Im;
-    inverse.RealHalf = 2LL * width - 1 <= length / 2;
-    const float* const result = re.get();    // two runs: an even number of exchanges
-    const auto         filter = ActiveFourierVariant().Filter;
-    for (int y = 0; y < image->Height; ++y) {
-        forward.Row = image->Ptr2D[y];
-        if (y + 1 < image->Height)
-            FetchAhead(image->Ptr2D[y + 1], width);
-        filter(forward, inverse);
-        std::memcpy(image->Ptr2D[y], result + width - 1, static_cast<std::size_t>(width) * sizeof(float));
-    }
+    // All memory is there before the first row changes.
+    const int              threads = image->Height < RowThreadsInForce() ? 1 : RowThreadsInForce();
+    std::vector<RowFilter> filters;
+    filters.reserve(static_cast<std::size_t>(threads));
+    for (int i = 0; i < threads; ++i)
+        filters.emplace_back(kernel, width);
+    ForEachRowRun(threads, [&](RowRun run) {
+        for (int i = run.First; i < run.End; ++i) {
+            const int end = RowsBefore(i + 1, threads, image->Height);
+            for (int y = RowsBefore(i, threads, image->Height); y < end; ++y) {
+                if (y + 1 < end)
+                    FetchAhead(image->Ptr2D[y + 1], width);
+                filters[static_cast<std::size_t>(i)].Run(image->Ptr2D[y]);
+            }
+        }
+    });
 }

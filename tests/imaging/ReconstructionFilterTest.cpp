@@ -1,3 +1,4 @@
+#include "foundation/RowThreads.h"
 #include "support/EveryVariant.h"
 
 #include <VostelObj.h>
@@ -186,6 +187,24 @@ TEST_CASE(
                 CHECK(SameFloats(image.Ptr1D, expected.data(), expected.size()));
             }
     });
+}
+
+TEST_CASE("rows are filtered to the same bits by any number of threads")
+{
+    for (const int height : {1, 2, 7, 40}) {
+        CAPTURE(height);
+        Plane image;
+        FillRandom(image, 300, height, 13);
+        const std::vector<float> expected = FilteredByHand(image, 0.7f);
+        for (const int threads : {1, 2, 3, 8}) {
+            CAPTURE(threads);
+            Plane filtered = image;
+            ForceRowThreads(threads);
+            ZEKFilter1DForRec(&filtered, 0.7f);
+            ForceRowThreads(0);
+            CHECK(SameFloats(filtered.Ptr1D, expected.data(), expected.size()));
+        }
+    }
 }
 
 TEST_CASE("rows of 683 use 2048 points and rows of 684 use 4096")
