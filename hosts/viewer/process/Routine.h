@@ -29,13 +29,29 @@ public:
     std::atomic<bool> StopWanted = false;
     std::atomic<int>  Permille = 0;    // of the work
 
+    // What runs waits at the next place that it reaches.
+    void Pause(bool wanted)
+    {
+        PauseWanted = wanted;
+        PauseWanted.notify_all();
+    }
+    void Stop()    // also what is paused
+    {
+        StopWanted = true;
+        Pause(false);
+    }
+
     // Of what has been done; throws Stopped.
     void Reach(int done, int all)
     {
+        PauseWanted.wait(true);
         if (StopWanted)
             throw Stopped();
         Permille = static_cast<int>(1000LL * done / all);
     }
+
+private:
+    std::atomic<bool> PauseWanted = false;
 };
 
 struct Parameter {

@@ -20,11 +20,6 @@ namespace vostel::viewer {
 
 namespace {
 
-QString Translated(const char* english)
-{
-    return QCoreApplication::translate("Routines", english);
-}
-
 QString KeyOf(const Routine& routine, const Parameter& parameter)
 {
     return QStringLiteral("Process/%1/%2").arg(QLatin1String(routine.Id), QLatin1String(parameter.Id));
@@ -39,6 +34,11 @@ double KeptValue(const Routine& routine, const Parameter& parameter)
 
 }
 
+QString RoutineText(const char* english)
+{
+    return QCoreApplication::translate("Routines", english);
+}
+
 std::vector<double> KeptValues(const Routine& routine)
 {
     std::vector<double> values;
@@ -51,13 +51,13 @@ RoutineDialog::RoutineDialog(const Routine& routine, PreviewSource source, QWidg
     : QDialog(parent), Line(routine), Source(std::move(source))
 {
     setObjectName(QStringLiteral("Routine"));
-    setWindowTitle(TitleOf(Translated(routine.Title)));
+    setWindowTitle(TitleOf(RoutineText(routine.Title)));
     auto* const form = new QFormLayout;
-    auto* const tip = new QLabel(Translated(routine.Tip));
+    auto* const tip = new QLabel(RoutineText(routine.Tip));
     tip->setWordWrap(true);
     form->addRow(tip);
     for (const Parameter& parameter : routine.Parameters)
-        form->addRow(Translated(parameter.Name) + QLatin1Char(':'), MakeField(parameter));
+        form->addRow(RoutineText(parameter.Name) + QLatin1Char(':'), MakeField(parameter));
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     connect(buttons, &QDialogButtonBox::accepted, this, &RoutineDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -86,7 +86,7 @@ QWidget* RoutineDialog::MakeField(const Parameter& parameter)
     if (!parameter.Choices.empty()) {
         auto* const box = new QComboBox;
         for (const char* const choice : parameter.Choices)
-            box->addItem(Translated(choice));
+            box->addItem(RoutineText(choice));
         box->setCurrentIndex(static_cast<int>(KeptValue(Line, parameter)));
         connect(box, &QComboBox::currentIndexChanged, &Rest, qOverload<>(&QTimer::start));
         Fields.push_back([box] { return static_cast<double>(box->currentIndex()); });
@@ -103,7 +103,7 @@ QWidget* RoutineDialog::MakeField(const Parameter& parameter)
         made = box;
     }
     made->setObjectName(QLatin1String(parameter.Id));
-    made->setAccessibleName(Translated(parameter.Name));
+    made->setAccessibleName(RoutineText(parameter.Name));
     return made;
 }
 

@@ -47,6 +47,9 @@ private:
     std::unique_ptr<RoutineRun>          Run;     // of the preview
 };
 
+// A text of the table of routines in the language of the interface.
+QString RoutineText(const char* english);
+
 // The values that were chosen last, or the first ones.
 std::vector<double> KeptValues(const Routine& routine);
 

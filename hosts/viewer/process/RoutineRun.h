@@ -23,7 +23,7 @@ public:
 
     const Routine& What() const { return Line; }
     int            Permille() const { return State->Permille; }
-    void           Stop() { State->StopWanted = true; }
+    void           Stop() { State->Stop(); }
     bool           IsStopping() const { return State->StopWanted; }
 
 Q_SIGNALS:

@@ -2,6 +2,17 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
+    <name>Batch</name>
+    <message>
+        <source>The result for %1 is too large for a TIFF.</source>
+        <translation>%1 的结果太大，无法写入 TIFF。</translation>
+    </message>
+    <message>
+        <source>There is not enough memory for %1.</source>
+        <translation>内存不足，无法处理 %1。</translation>
+    </message>
+</context>
+<context>
     <name>Calibration</name>
     <message>
         <source>The length of a pixel has to be above zero.</source>
@@ -651,6 +662,14 @@
     <message>
         <source>Lar&amp;ger text</source>
         <translation>放大文字(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Batch over a folder...</source>
+        <translation>批量处理文件夹(&amp;B)...</translation>
+    </message>
+    <message>
+        <source>Runs routines and measures on every picture of a folder</source>
+        <translation>对文件夹中的每幅图像运行处理并测量</translation>
     </message>
 </context>
 <context>
@@ -1484,6 +1503,161 @@
     <message>
         <source>Drag a box to fill the window with it, click to zoom in, Alt+click to zoom out</source>
         <translation>拖出方框使其充满窗口，单击放大，Alt+单击缩小</translation>
+    </message>
+</context>
+<context>
+    <name>vostel::viewer::BatchDialog</name>
+    <message>
+        <source>Batch over a folder</source>
+        <translation>批量处理文件夹</translation>
+    </message>
+    <message>
+        <source>Folder of pictures:</source>
+        <translation>图像文件夹：</translation>
+    </message>
+    <message>
+        <source>Folder of pictures</source>
+        <translation>图像文件夹</translation>
+    </message>
+    <message>
+        <source>Which names, such as *.png;*.tif</source>
+        <translation>文件名模式，例如 *.png;*.tif</translation>
+    </message>
+    <message>
+        <source>Names:</source>
+        <translation>文件名：</translation>
+    </message>
+    <message>
+        <source>Routines:</source>
+        <translation>处理：</translation>
+    </message>
+    <message>
+        <source>Folder of results:</source>
+        <translation>结果文件夹：</translation>
+    </message>
+    <message>
+        <source>Folder of results</source>
+        <translation>结果文件夹</translation>
+    </message>
+    <message>
+        <source>None: results are measured only</source>
+        <translation>不填：只测量结果，不保存</translation>
+    </message>
+    <message>
+        <source>Measure objects of:</source>
+        <translation>测量其中的对象：</translation>
+    </message>
+    <message>
+        <source>Measure objects of</source>
+        <translation>测量其中的对象</translation>
+    </message>
+    <message>
+        <source>Sessions (*.vostel.json)</source>
+        <translation>会话 (*.vostel.json)</translation>
+    </message>
+    <message>
+        <source>A session; none: nothing is measured</source>
+        <translation>一个会话；不填：不测量</translation>
+    </message>
+    <message>
+        <source>Table of measures:</source>
+        <translation>测量表：</translation>
+    </message>
+    <message>
+        <source>Table of measures</source>
+        <translation>测量表</translation>
+    </message>
+    <message>
+        <source>Results are gray. No file is written over: where a name is taken, a number is added.</source>
+        <translation>结果为灰度图像。不会覆盖任何文件：文件名已存在时会加上编号。</translation>
+    </message>
+    <message>
+        <source>What failed</source>
+        <translation>失败列表</translation>
+    </message>
+    <message>
+        <source>&amp;Start</source>
+        <translation>开始(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Pause</source>
+        <translation>暂停(&amp;P)</translation>
+    </message>
+    <message>
+        <source>S&amp;top</source>
+        <translation>停止(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>关闭(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Choose: %1</source>
+        <translation>选择：%1</translation>
+    </message>
+    <message>
+        <source>Routines in their order</source>
+        <translation>按顺序的处理</translation>
+    </message>
+    <message>
+        <source>One after the other; a drag changes the order</source>
+        <translation>依次进行；拖动可改变顺序</translation>
+    </message>
+    <message>
+        <source>&amp;Add</source>
+        <translation>添加(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>移除(&amp;R)</translation>
+    </message>
+    <message>
+        <source>The folder holds no pictures of such names.</source>
+        <translation>文件夹中没有符合文件名的图像。</translation>
+    </message>
+    <message>
+        <source>The folder of results is missing.</source>
+        <translation>结果文件夹不存在。</translation>
+    </message>
+    <message>
+        <source>No routine is chosen that makes results.</source>
+        <translation>没有选择产生结果的处理。</translation>
+    </message>
+    <message>
+        <source>Neither a folder of results nor a session to measure is chosen.</source>
+        <translation>既没有选择结果文件夹，也没有选择要测量的会话。</translation>
+    </message>
+    <message>
+        <source>The session is missing.</source>
+        <translation>会话不存在。</translation>
+    </message>
+    <message>
+        <source>Measures want both a session and a table.</source>
+        <translation>测量需要同时选择会话和表。</translation>
+    </message>
+    <message>
+        <source>Picture %1 of %2</source>
+        <translation>第 %1 幅图像，共 %2 幅</translation>
+    </message>
+    <message>
+        <source>Stopping ...</source>
+        <translation>正在停止 ...</translation>
+    </message>
+    <message>
+        <source>%1, paused</source>
+        <translation>%1，已暂停</translation>
+    </message>
+    <message>
+        <source>%1 of %2 pictures done</source>
+        <translation>%2 幅图像中已完成 %1 幅</translation>
+    </message>
+    <message>
+        <source>Stopped</source>
+        <translation>已停止</translation>
+    </message>
+    <message>
+        <source>failures: %1</source>
+        <translation>失败：%1</translation>
     </message>
 </context>
 <context>

@@ -25,6 +25,8 @@ if(TARGET vostel-viewer-parts)
             documents/SavesTest
             documents/SessionKeeperTest
             documents/StackTest
+            process/BatchDialogTest
+            process/BatchTest
             process/ProcessingTest
             process/RoutinesTest
             window/ChineseTest

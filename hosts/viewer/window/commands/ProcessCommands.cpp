@@ -1,5 +1,6 @@
 #include "canvas/CanvasView.h"
 #include "documents/Document.h"
+#include "process/BatchDialog.h"
 #include "process/Routine.h"
 #include "window/CanvasPane.h"
 #include "window/CommandList.h"
@@ -17,6 +18,9 @@ namespace {
 constexpr CommandText Labels = {
     "process.labels", QT_TRANSLATE_NOOP("Commands", "Image of re&gions"), nullptr,
     QT_TRANSLATE_NOOP("Commands", "An image whose values are the labels of the regions, 0 outside")};
+constexpr CommandText Batch = {
+    "process.batch", QT_TRANSLATE_NOOP("Commands", "&Batch over a folder..."), "Ctrl+Shift+B",
+    QT_TRANSLATE_NOOP("Commands", "Runs routines and measures on every picture of a folder")};
 constexpr CommandText Stop = {"process.stop", QT_TRANSLATE_NOOP("Commands", "S&top"), "Ctrl+.",
                               QT_TRANSLATE_NOOP("Commands", "Ends the routine that is running")};
 
@@ -35,6 +39,17 @@ void ShowLabels(MainWindow& window)
     pane.View().Fit();
 }
 
+// There is one; it stays beside the window while it works.
+void ShowBatch(MainWindow& window)
+{
+    auto* dialog = window.findChild<BatchDialog*>();
+    if (!dialog)
+        dialog = new BatchDialog(&window);
+    dialog->show();
+    dialog->raise();
+    dialog->activateWindow();
+}
+
 }
 
 void AddProcessCommands(MainWindow& window)
@@ -48,6 +63,7 @@ void AddProcessCommands(MainWindow& window)
             [&runs, &routine] { runs.Ask(routine); }, isFree);
     commands.Add(
         Menu::Process, Labels, [&window] { ShowLabels(window); }, isFree);
+    commands.Add(Menu::Process, Batch, [&window] { ShowBatch(window); });
     commands.AddSeparator(Menu::Process);
     QAction& stop = commands.Add(
         Menu::Process, Stop, [&runs] { runs.Stop(); }, [&runs] { return runs.IsRunning(); });
