@@ -14,6 +14,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QCursor>
 #include <QDragEnterEvent>
 #include <QMenu>
 #include <QMenuBar>
@@ -148,7 +149,10 @@ void MainWindow::ConnectPane(CanvasPane& pane)
         menu.exec(at);
     });
     for (auto change : {&CanvasModel::viewChanged, &CanvasModel::imageChanged, &CanvasModel::historyChanged})
-        connect(&model, change, this, ifCurrent([this] { Line->ShowCanvas(Shown().Model()); }));
+        connect(&model, change, this, ifCurrent([this] {
+            Line->ShowCanvas(Shown().Model());
+            ShowCursor();
+        }));
     for (auto change :
          {&CanvasModel::selectionChanged, &CanvasModel::historyChanged, &CanvasModel::imageChanged})
         connect(&model, change, this, ifCurrent([this] { Entries->Update(); }), Qt::QueuedConnection);
@@ -169,6 +173,14 @@ void MainWindow::ShowCurrent()
     Entries->Update();
     ShowTitle();
     Q_EMIT currentChanged();
+}
+
+// Of a pointer that rests while another page comes or the view moves under it.
+void MainWindow::ShowCursor()
+{
+    const CanvasView& view = View();
+    if (view.underMouse())
+        Line->ShowCursor(view.Model(), view.ImageAt(view.mapFromGlobal(QCursor::pos(screen()))));
 }
 
 void MainWindow::ShowTitle()

@@ -59,6 +59,7 @@ private:
     void BuildBars();
     void ConnectPane(CanvasPane& pane);
     void ShowCurrent();
+    void ShowCursor();
     void ShowTitle();
     bool MayDrop(Document& document);    // asks whether to save
 

@@ -29,6 +29,8 @@ if(TARGET vostel-viewer-parts)
             process/BatchTest
             process/ProcessingTest
             process/RoutinesTest
+            users/DrawingInARowTest
+            users/PicturesOfOthersTest
             window/ChineseTest
             window/DocksTest
             window/MainWindowTest
