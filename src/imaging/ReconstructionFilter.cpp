@@ -8,6 +8,7 @@
 #include "imaging/FourierArrays.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <utility>
@@ -75,6 +76,18 @@ void FetchAhead(const float* row, int width)
         VOSTEL_PREFETCH_FOR_WRITE(row + x);
 }
 
+// Whether no row of a host's table is another one or reaches into it: those come one after the other.
+bool RowsLieApart(const ClassData2DIO<float>& image)
+{
+    const auto place = [&](int y) { return reinterpret_cast<std::intptr_t>(image.Ptr2D[y]); };
+    const auto bytes = static_cast<std::intptr_t>(image.Width) * static_cast<std::intptr_t>(sizeof(float));
+    const bool down = image.Height > 1 && place(1) < place(0);
+    for (int y = 1; y < image.Height; ++y)
+        if ((down ? place(y - 1) - place(y) : place(y) - place(y - 1)) < bytes)
+            return false;
+    return true;
+}
+
 // Where the rows of a thread begin.
 int RowsBefore(int thread, int threads, int rows)
 {
@@ -128,7 +141,8 @@ void ZEKFilter1DForRec(ClassData2DIO<float>* image, float spacing)
     ZEKPP1DFFT kernel;
     GetKernerlFFT(kernel, static_cast<int>(length), 2 * width - 1, spacing);
     // All memory is there before the first row changes.
-    const int              threads = image->Height < RowThreadsInForce() ? 1 : RowThreadsInForce();
+    const bool             single = image->Height < RowThreadsInForce() || !RowsLieApart(*image);
+    const int              threads = single ? 1 : RowThreadsInForce();
     std::vector<RowFilter> filters;
     filters.reserve(static_cast<std::size_t>(threads));
     for (int i = 0; i < threads; ++i)

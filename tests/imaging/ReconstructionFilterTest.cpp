@@ -256,6 +256,21 @@ TEST_CASE("a row of zeros stays zero, a constant one does not and differs at its
     CHECK(image.Ptr2D[1][0] > 2.0f * image.Ptr2D[1][16]);
 }
 
+TEST_CASE("a row that the table names twice is filtered twice, by however many threads")
+{
+    constexpr int Width = 300, Height = 64;
+    Plane         image;
+    FillRandom(image, Width, Height, 3);
+    Plane twice = image;
+    for (int y = Height / 2; y < Height; ++y)
+        image.Ptr2D[y] = image.Ptr2D[y - Height / 2];
+    ZEKFilter1DForRec(&image, 1.0f);
+    ZEKFilter1DForRec(&twice, 1.0f);
+    ZEKFilter1DForRec(&twice, 1.0f);
+    for (int y = 0; y < Height / 2; ++y)
+        CHECK(SameFloats(image.Ptr2D[y], twice.Ptr2D[y], Width));
+}
+
 TEST_CASE("a sample that is not a number spoils its row only")
 {
     Plane image;
