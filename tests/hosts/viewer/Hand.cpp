@@ -157,6 +157,24 @@ bool Wait(const std::function<bool()>& condition, int milliseconds)
     return true;
 }
 
+void InDialog(const std::function<void(QDialog&)>& act)
+{
+    constexpr int Look = 10, Patience = 20000;    // ms
+    auto* const   clock = new QTimer(qApp);
+    QObject::connect(clock, &QTimer::timeout, clock, [clock, act, looks = 0]() mutable {
+        auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (!dialog && ++looks < Patience / Look)
+            return;
+        clock->stop();
+        clock->deleteLater();
+        if (!dialog)
+            return;
+        Settle();
+        act(*dialog);
+    });
+    clock->start(Look);
+}
+
 void Keep(QWidget& window, const char* name)
 {
     const QString folder = qEnvironmentVariable("VOSTEL_TEST_PICTURES");

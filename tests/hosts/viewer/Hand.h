@@ -2,6 +2,7 @@
 
 #include "hosts/screen/XScreen.h"
 
+#include <QDialog>
 #include <QPoint>
 #include <QRect>
 #include <QString>
@@ -36,6 +37,10 @@ void With(const char* key, const std::function<void()>& act);    // while it is 
 
 // Waits until it is so; false when it takes too long.
 bool Wait(const std::function<bool()>& condition, int milliseconds = 10000);
+
+// Does something in the dialog that comes up while it keeps the program waiting, however long it takes to
+// come.
+void InDialog(const std::function<void(QDialog&)>& act);
 
 // A part of a window by the name of its object.
 template <typename Part>

@@ -9,7 +9,6 @@
 #include <QDoubleSpinBox>
 #include <QElapsedTimer>
 #include <QPixmap>
-#include <QTimer>
 
 using namespace vostel::viewer;
 
@@ -29,15 +28,13 @@ struct ShownRuns : ShownWindow {
     // What to do with the dialog of a routine, once its preview is there.
     static void InDialog(const std::function<void(QDialog&)>& act)
     {
-        QTimer::singleShot(0, qApp, [act] {
-            auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-            REQUIRE(dialog != nullptr);
-            REQUIRE(dialog->objectName() == "Routine");
+        hand::InDialog([act](QDialog& dialog) {
+            REQUIRE(dialog.objectName() == "Routine");
             hand::Wait([&] {
-                auto* const preview = dialog->findChild<QLabel*>(QStringLiteral("RoutinePreview"));
+                auto* const preview = dialog.findChild<QLabel*>(QStringLiteral("RoutinePreview"));
                 return !preview || !preview->pixmap(Qt::ReturnByValue).isNull();
             });
-            act(*dialog);
+            act(dialog);
         });
     }
 };
@@ -151,9 +148,12 @@ TEST_CASE("a window that closes while a routine runs goes at once")
 TEST_CASE("the image of regions wants a region")
 {
     ShownRuns at;
-    QTimer::singleShot(200, qApp, [] { hand::Key("Return"); });
+    hand::InDialog([](QDialog& box) {
+        CHECK(box.objectName() == "Failure");
+        hand::Key("Return");
+    });
     at.Choose("process.labels");
-    hand::Settle();
+    CHECK(hand::Wait([] { return QApplication::activeModalWidget() == nullptr; }));
     CHECK(at.Window.Area().All().size() == 1);
     at.Open().add_rectangle(10, 10, 20, 20);
     at.Choose("process.labels");

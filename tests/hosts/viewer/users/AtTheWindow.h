@@ -6,37 +6,12 @@
 #include <doctest/doctest.h>
 
 #include <QApplication>
-#include <QFileDialog>
-#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
-#include <QTimer>
-
-#include <functional>
 
 // What a person does at the viewer's window beyond the canvas: menus, dialogs, messages.
 namespace hand {
-
-// Does something in the dialog of that kind that comes up while it keeps the program waiting.
-template <typename Dialog = QDialog>
-void InDialog(std::function<void(Dialog&)> act)
-{
-    constexpr int Look = 10, Patience = 10000;    // ms
-    auto* const   clock = new QTimer(qApp);
-    QObject::connect(clock, &QTimer::timeout, clock, [clock, act, looks = 0]() mutable {
-        auto* const dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
-        if (!dialog && ++looks < Patience / Look)
-            return;
-        clock->stop();
-        clock->deleteLater();
-        if (!dialog)
-            return;
-        Settle();
-        act(*dialog);
-    });
-    clock->start(Look);
-}
 
 // Opens the menu of a command by a click on its title, and clicks on the command.
 inline void Choose(vostel::viewer::MainWindow& window, const char* command)

@@ -14,7 +14,6 @@
 #include <QPushButton>
 #include <QTabBar>
 #include <QTextBrowser>
-#include <QTimer>
 
 using namespace vostel::viewer;
 
@@ -266,11 +265,9 @@ TEST_CASE("what is not saved is asked about before it goes")
     CHECK(at.Window.windowTitle().contains(QStringLiteral("[*]")));
     CHECK(at.Window.isWindowModified());
     const auto answer = [&](QMessageBox::StandardButton button) {
-        constexpr int Look = 300;    // ms
-        QTimer::singleShot(Look, &at.Window, [button] {
-            auto* const box = qobject_cast<QMessageBox*>(Dialog("NotSaved"));
-            REQUIRE(box);
-            box->button(button)->click();
+        hand::InDialog([button](QDialog& dialog) {
+            CHECK(dialog.objectName() == "NotSaved");
+            static_cast<QMessageBox&>(dialog).button(button)->click();
         });
         hand::Key("ctrl+w");
     };
