@@ -1,13 +1,11 @@
 // vostel-viewer-tour FOLDER FILE: leaves pictures of the viewer at work on a file, on a screen or without
 // one.
 
-#include "MainWindow.h"
 #include "ViewerApplication.h"
 #include "ViewerTour.h"
+#include "window/MainWindow.h"
 
-#include <QApplication>
 #include <QCommandLineParser>
-#include <QSettings>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -20,11 +18,11 @@ int main(int argc, char** argv)
 {
     if (!HasScreen())
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    PrepareApplication(application, QStringLiteral("vostel-viewer-tour"), QString());
     // Like a first run, whatever the person's own viewer looks like, which is left as it is.
-    const QTemporaryDir settings;
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
+    const QTemporaryDir home;
+    for (const char* const folder : {"XDG_CONFIG_HOME", "XDG_DATA_HOME"})
+        qputenv(folder, home.path().toLocal8Bit());
+    ViewerApplication application(argc, argv, QString());
 
     QCommandLineParser parser;
     parser.addHelpOption();
@@ -37,14 +35,13 @@ int main(int argc, char** argv)
         parser.showHelp(EXIT_FAILURE);
 
     MainWindow window;
+    window.resize(1280, 840);
     window.show();
     bool complete = false;
     // The canvases have their sizes once the window is on the screen.
     QTimer::singleShot(0, &window, [&] {
-        ViewerTour tour(window, arguments[0]);
-        window.OpenFiles({arguments[1]});
-        complete = tour.Run();
-        window.close();
+        complete = ViewerTour(window, arguments[0]).Run(arguments[1]);
+        QApplication::exit();    // without the question what is to be saved
     });
     QApplication::exec();
     if (!complete)

@@ -1,19 +1,25 @@
 #include "ViewerTour.h"
 
-#include "CanvasArea.h"
-#include "MainWindow.h"
+#include "canvas/CanvasView.h"
+#include "documents/Document.h"
+#include "help/HelpWindow.h"
+#include "window/CommandList.h"
+#include "window/MainWindow.h"
+#include "window/Processing.h"
+#include "window/Workspace.h"
 
+#include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
 #include <QDialog>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPixmap>
 #include <QTextStream>
-#include <QWheelEvent>
 
 #include <cmath>
-#include <cstdlib>
 
 namespace vostel::viewer {
 
@@ -23,16 +29,16 @@ QList<QPointF> Ring(QPointF centre, double radius, int count)
 {
     constexpr double Turn = 6.283185307179586;
     QList<QPointF>   points;
-    for (int i = 0; i <= count; ++i)
+    for (int i = 0; i < count; ++i)
         points << centre + radius * QPointF(std::cos(Turn * i / count), std::sin(Turn * i / count));
     return points;
 }
 
-void SendMouse(QWidget& widget, QEvent::Type type, QPointF at, Qt::KeyboardModifiers modifiers)
+void SendMouse(QWidget& widget, QEvent::Type type, QPointF at)
 {
     const Qt::MouseButton  button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
     const Qt::MouseButtons held = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
-    QMouseEvent            event(type, at, widget.mapToGlobal(at), button, held, modifiers);
+    QMouseEvent            event(type, at, widget.mapToGlobal(at), button, held, Qt::NoModifier);
     QApplication::sendEvent(&widget, &event);
     QApplication::processEvents();
 }
@@ -41,7 +47,7 @@ void SendMouse(QWidget& widget, QEvent::Type type, QPointF at, Qt::KeyboardModif
 
 ViewerTour::ViewerTour(MainWindow& window, const QString& folder) : Window(window), Folder(folder)
 {
-    constexpr int Reaction = 150;    // ms; a dialog has then been laid out and painted
+    constexpr int Reaction = 600;    // ms; a dialog has then been laid out and shows its preview
     QDir().mkpath(Folder);
     QObject::connect(&Dialogs, &QTimer::timeout, &window, [this] { ConfirmDialog(); });
     Dialogs.start(Reaction);
@@ -58,57 +64,67 @@ void ViewerTour::ConfirmDialog()
     dialog->accept();
 }
 
-bool ViewerTour::Run()
+bool ViewerTour::Run(const QString& file)
 {
-    if (!Window.Area().Canvas().hasImage())
+    Window.OpenFiles({file});
+    WaitWhile([this] { return Window.Shown().IsReading(); });
+    if (!Window.Shown().Model().HasImage())
         return false;
-    QApplication::processEvents();
     Write("opened");
-    DrawShapes();
+    DrawRegions();
     Measure();
+    SetContrast();
     Process();
-    ShowPages();
+    ShowSideBySide();
+    ShowGuide();
     return !Failed;
 }
 
 QPointF ViewerTour::At(double x, double y) const
 {
-    const QSize size = Window.Area().Canvas().imageSize();
-    return QPointF(x * size.width(), y * size.height());
+    const std::optional<VostelPlane> image = Window.Shown().Model().Image();
+    return QPointF(x * image->width, y * image->height);
 }
 
-void ViewerTour::Press(QPointF image, Qt::KeyboardModifiers modifiers)
+void ViewerTour::Carry(const char* command)
 {
-    Drag({image}, modifiers);
+    Window.Commands().Of(command).trigger();
+    QApplication::processEvents();
 }
 
-void ViewerTour::Drag(const QList<QPointF>& image, Qt::KeyboardModifiers modifiers)
+void ViewerTour::Click(const QList<QPointF>& image)
 {
-    QList<QPointF> path;
     for (const QPointF& point : image)
-        path << Window.Area().Canvas().widgetPosition(point);
-    DragOnCanvas(path, modifiers);
+        Drag({point});
 }
 
-void ViewerTour::DragOnCanvas(const QList<QPointF>& path, Qt::KeyboardModifiers modifiers)
+void ViewerTour::Drag(const QList<QPointF>& image)
 {
-    VostelWidget& canvas = Window.Area().Canvas();
-    SendMouse(canvas, QEvent::MouseButtonPress, path.front(), modifiers);
-    for (qsizetype i = 1; i < path.size(); ++i)
-        SendMouse(canvas, QEvent::MouseMove, path[i], modifiers);
-    SendMouse(canvas, QEvent::MouseButtonRelease, path.back(), modifiers);
+    CanvasView& view = Window.View();
+    const auto  at = [&view](QPointF point) { return view.PositionOf({point.x(), point.y()}); };
+    SendMouse(view, QEvent::MouseButtonPress, at(image.front()));
+    for (const QPointF& point : image.mid(1))
+        SendMouse(view, QEvent::MouseMove, at(point));
+    SendMouse(view, QEvent::MouseButtonRelease, at(image.back()));
 }
 
-void ViewerTour::Zoom(int steps, QPointF image)
+void ViewerTour::Press(int key)
 {
-    VostelWidget& canvas = Window.Area().Canvas();
-    const QPointF at = canvas.widgetPosition(image);
-    for (int step = 0; step < std::abs(steps); ++step) {
-        QWheelEvent event(at, canvas.mapToGlobal(at), QPoint(), QPoint(0, steps > 0 ? 120 : -120),
-                          Qt::NoButton, Qt::ControlModifier, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(&canvas, &event);
-        QApplication::processEvents();
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent event(type, key, Qt::NoModifier);
+        QApplication::sendEvent(&Window.View(), &event);
     }
+    QApplication::processEvents();
+}
+
+void ViewerTour::WaitWhile(const std::function<bool()>& busy)
+{
+    constexpr qint64 Patience = 60000;    // ms
+    QElapsedTimer    waited;
+    waited.start();
+    while (busy() && waited.elapsed() < Patience)
+        QApplication::processEvents(QEventLoop::AllEvents, 20);
+    Failed = Failed || busy();
 }
 
 void ViewerTour::Write(const char* name)
@@ -118,7 +134,12 @@ void ViewerTour::Write(const char* name)
 
 void ViewerTour::Write(const char* name, QWidget& widget)
 {
-    QApplication::processEvents();
+    // Panels follow the canvas some time after it has changed.
+    constexpr qint64 Rest = 300;    // ms
+    QElapsedTimer    rested;
+    rested.start();
+    while (rested.elapsed() < Rest)
+        QApplication::processEvents(QEventLoop::AllEvents, 20);
     const QString path = QDir(Folder).filePath(
         QStringLiteral("%1-%2.png").arg(++Pictures, 2, 10, QLatin1Char('0')).arg(QLatin1String(name)));
     const bool written = widget.grab().save(path);
@@ -126,83 +147,70 @@ void ViewerTour::Write(const char* name, QWidget& widget)
     Failed = Failed || !written;
 }
 
-void ViewerTour::DrawShapes()
+void ViewerTour::DrawRegions()
 {
-    Window.Carry(Command::FitImage);
-    const double radius = Window.Area().Canvas().imageSize().height() * 0.09;
-    Window.Carry(Command::DrawPolygon);
-    for (const QPointF& corner : Ring(At(0.14, 0.2), radius, 6).mid(1))
-        Press(corner, Qt::ShiftModifier);
-    Window.Carry(Command::DrawSpline);
-    for (const QPointF& point : Ring(At(0.38, 0.2), radius, 5).mid(1))
-        Press(point, Qt::ShiftModifier);
-    Window.Carry(Command::DrawRectangle);
-    Drag({At(0.55, 0.1), At(0.6, 0.2), At(0.74, 0.33)}, Qt::ShiftModifier);
-    Window.Carry(Command::DrawFreeRegion);
-    Drag(Ring(At(0.14, 0.55), radius, 24), Qt::ShiftModifier);
-    Window.Carry(Command::DrawFreeStroke);
-    Drag({At(0.8, 0.15), At(0.86, 0.2), At(0.9, 0.12), At(0.95, 0.22)}, Qt::ShiftModifier);
-    Write("shapes");
+    const double radius = At(0, 0.1).y();
+    Carry("draw.rectangle");
+    Drag({At(0.51, 0.06), At(0.57, 0.15), At(0.63, 0.22)});
+    Drag({At(0.67, 0.07), At(0.7, 0.15), At(0.78, 0.24)});    // the tool is still armed
+    Carry("draw.ellipse");
+    Drag({At(0.8, 0.05), At(0.9, 0.15), At(0.95, 0.24)});
+    Carry("draw.polygon");
+    Click(Ring(At(0.12, 0.39), radius, 6));
+    Press(Qt::Key_Return);
+    Carry("draw.spline");
+    Click(Ring(At(0.12, 0.62), radius, 5));
+    Press(Qt::Key_Return);
+    Carry("draw.freeRegion");
+    Drag(Ring(At(0.9, 0.6), radius * 1.1, 24));
+    Write("regions");
 }
 
 void ViewerTour::Measure()
 {
-    Window.Carry(Command::MeasureLength);
-    Drag({At(0.3, 0.5), At(0.4, 0.48), At(0.5, 0.44)}, Qt::ShiftModifier);
-    Window.Carry(Command::MeasureAngle3);
-    Press(At(0.7, 0.62), Qt::ShiftModifier);
-    Window.Carry(Command::LineProfile);
-    Drag({At(0.08, 0.85), At(0.3, 0.85), At(0.6, 0.85)}, Qt::ShiftModifier);
-    Write("measures-and-profile");
-    Zoom(3, At(0.5, 0.5));
-    Write("zoomed");
-    Zoom(-3, At(0.5, 0.5));
-    Window.Carry(Command::DeleteAll);
+    Carry("measure.length");
+    Drag({At(0.24, 0.42), At(0.5, 0.42), At(0.7, 0.42)});
+    Carry("measure.angle");
+    Click({At(0.35, 0.85), At(0.25, 0.62), At(0.5, 0.68)});
+    Carry("measure.profile");
+    Drag({At(0.06, 0.85), At(0.3, 0.85), At(0.6, 0.85)});
+    Carry("draw.select");
+    Write("measures");
 }
 
-void ViewerTour::WaitForRoutine()
+void ViewerTour::SetContrast()
 {
-    constexpr qint64 Patience = 60000;    // ms
-    QElapsedTimer    waited;
-    waited.start();
-    while (Window.State().RoutineRuns() && waited.elapsed() < Patience)
-        QApplication::processEvents(QEventLoop::AllEvents, 20);
+    auto* const percent = Window.findChild<QAbstractButton*>(QStringLiteral("percent1"));
+    if (percent)
+        percent->click();
+    Failed = Failed || !percent;
+    Write("contrast");
 }
 
 void ViewerTour::Process()
 {
-    PictureOfDialog = "parameters-of-a-routine";
-    Window.Carry(Command::Gauss);
-    WaitForRoutine();
-    Window.Carry(Command::ContrastSlider);
-    // The dark thumb: the track begins 62 px into the slider, which stands 20 px from the corner.
-    VostelWidget& canvas = Window.Area().Canvas();
-    const double  ratio = canvas.devicePixelRatioF();
-    const QPointF thumb(87.0 / ratio, canvas.height() - 36.0 / ratio);
-    DragOnCanvas({thumb, thumb + QPointF(40, 0) / ratio, thumb + QPointF(90, 0) / ratio}, Qt::NoModifier);
-    Write("smoothed-with-contrast");
-    Window.Carry(Command::ContrastSlider);
+    PictureOfDialog = "values-of-a-routine";
+    Carry("process.gaussian");
+    WaitWhile([this] { return Window.Runs().IsRunning(); });
+    Write("smoothed");
 }
 
-void ViewerTour::ShowPages()
+void ViewerTour::ShowSideBySide()
 {
-    const QString file = Window.Area().Current().File();
-    Window.Carry(Command::TileCanvases);
-    Window.Carry(Command::FitImage);
-    for (const Command canvas : {Command::Canvas2, Command::Canvas3}) {
-        Window.Carry(canvas);
-        Window.OpenFiles({file});
-    }
-    Window.Carry(Command::FourierTransform);
-    WaitForRoutine();
+    Carry("window.link");
+    Carry("window.tiles");
+    Carry("view.fit");
     Write("side-by-side");
-    Window.Carry(Command::OneCanvas);
-    Window.Carry(Command::Canvas1);
-    Window.Carry(Command::HelpGestures);
-    QApplication::processEvents();
-    for (QWidget* const widget : QApplication::topLevelWidgets())
-        if (widget->isVisible() && widget->inherits("vostel::viewer::GesturePage"))
-            Write("gestures", *widget);
+    Carry("window.tiles");
+}
+
+void ViewerTour::ShowGuide()
+{
+    Carry("help.guide");
+    auto* const guide = Window.findChild<HelpWindow*>();
+    if (guide)
+        Write("guide", *guide);
+    Failed = Failed || !guide;
 }
 
 }

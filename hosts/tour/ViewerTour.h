@@ -1,40 +1,45 @@
 #pragma once
 
-#include "commands/Commands.h"
-
 #include <QList>
 #include <QPointF>
 #include <QString>
 #include <QTimer>
 
+#include <functional>
+
+class QWidget;
+
 namespace vostel::viewer {
 
 class MainWindow;
 
-// Works in the window as a person would, by events of the mouse and the keys, and leaves pictures of it in a
-// folder: shapes, measures, contrast, a routine, the canvases side by side, a dialog and the help page. As
-// long as it lives it confirms every dialog with the values that it starts with.
+// Works in the window as a person would, by commands and events of the mouse and the keys, and leaves
+// pictures of it in a folder: regions, measures with their table, contrast, a routine with its dialog, two
+// documents side by side and the guide. As long as it lives it confirms every dialog with the values that it
+// starts with.
 class ViewerTour {
 public:
     ViewerTour(MainWindow& window, const QString& folder);
 
-    // False when there is no image on the current canvas or a picture cannot be written.
-    bool Run();
+    // False when the file cannot be shown or a picture cannot be written.
+    bool Run(const QString& file);
 
 private:
-    void DrawShapes();
+    void DrawRegions();
     void Measure();
+    void SetContrast();
     void Process();
-    void ShowPages();
+    void ShowSideBySide();
+    void ShowGuide();
 
-    void    Press(QPointF image, Qt::KeyboardModifiers modifiers);
-    void    Drag(const QList<QPointF>& image, Qt::KeyboardModifiers modifiers);
-    void    DragOnCanvas(const QList<QPointF>& path, Qt::KeyboardModifiers modifiers);
-    void    Zoom(int steps, QPointF image);
+    void    Carry(const char* command);
+    void    Click(const QList<QPointF>& image);
+    void    Drag(const QList<QPointF>& image);    // pressed at the first, released at the last
+    void    Press(int key);
+    void    WaitWhile(const std::function<bool()>& busy);
     void    Write(const char* name);
-    void    Write(const char* name, class QWidget& widget);
+    void    Write(const char* name, QWidget& widget);
     void    ConfirmDialog();
-    void    WaitForRoutine();
     QPointF At(double x, double y) const;    // image px of fractions of the image
 
     MainWindow& Window;

@@ -1,12 +1,15 @@
-# Parts of the viewer on the open interface, in real windows under Xvfb, moved by events of the window system.
+# The viewer and its parts, in real windows under Xvfb, moved by events of the window system.
 if(TARGET vostel-viewer-parts)
     set(viewerTests ${CMAKE_CURRENT_SOURCE_DIR}/hosts/viewer)
     vostel_test_program(ViewerTests ${viewerTests}/ViewerTestMain.cpp ${viewerTests}/Hand.cpp
         ${CMAKE_CURRENT_SOURCE_DIR}/saves/SmallDisk.cpp)
     target_link_libraries(ViewerTests PRIVATE VostelTestScreen vostel-viewer-parts)
     set_target_properties(ViewerTests PROPERTIES AUTOMOC OFF)
-    target_compile_definitions(ViewerTests PRIVATE QT_NO_KEYWORDS VOSTEL_SAMPLES="${PROJECT_SOURCE_DIR}/samples")
+    target_compile_definitions(ViewerTests PRIVATE QT_NO_KEYWORDS VOSTEL_SAMPLES="${PROJECT_SOURCE_DIR}/samples"
+        VOSTEL_VIEWER="$<TARGET_FILE:vostel-viewer>" VOSTEL_VIEWER_TOUR="$<TARGET_FILE:vostel-viewer-tour>")
+    add_dependencies(ViewerTests vostel-viewer vostel-viewer-tour)
     foreach(name IN ITEMS
+            ProgramTest
             canvas/CanvasModelTest
             canvas/DrawToolsTest
             canvas/MovingViewTest
@@ -37,7 +40,7 @@ if(TARGET vostel-viewer-parts)
             window/PicturesTest)
         vostel_test_source(ViewerTests hosts/viewer/${name})
         set_tests_properties(${VOSTEL_TEST_PREFIX}hosts/viewer/${name} PROPERTIES
-            ENVIRONMENT "${VOSTEL_TEST_ENVIRONMENT};LSAN_OPTIONS=suppressions=${CMAKE_CURRENT_SOURCE_DIR}/hosts/qt/leaks-of-others.txt:print_suppressions=0;TMPDIR=${CMAKE_CURRENT_BINARY_DIR}/work/hosts/viewer/${name}")
+            ENVIRONMENT "${VOSTEL_TEST_ENVIRONMENT};LSAN_OPTIONS=suppressions=${CMAKE_CURRENT_SOURCE_DIR}/hosts/leaks-of-others.txt:print_suppressions=0;TMPDIR=${CMAKE_CURRENT_BINARY_DIR}/work/hosts/viewer/${name}")
     endforeach()
     # Drawing hits the same image points on screens of every density.
     foreach(ratio IN ITEMS 1.25 1.5 2 3)
@@ -50,7 +53,7 @@ if(TARGET vostel-viewer-parts)
     # Every text of the interface has its Chinese one.
     set(test ${VOSTEL_TEST_PREFIX}hosts/viewer/Translation)
     set(sources ${PROJECT_SOURCE_DIR}/hosts/viewer)
-    add_test(NAME ${test} COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/hosts/qt/check-translation
+    add_test(NAME ${test} COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/hosts/viewer/check-translation
         $<TARGET_FILE:Qt6::lupdate> ${sources}/translations/viewer_zh_CN.ts ${sources} -I ${sources})
     set_tests_properties(${test} PROPERTIES TIMEOUT 60)
 endif()
