@@ -4,6 +4,8 @@
 #include "support/EveryObject.h"
 #include "support/ObjectCanvas.h"
 
+#include <vostel.h>
+
 #include <random>
 #include <utility>
 
@@ -419,4 +421,66 @@ TEST_CASE("a host that holds the pixels of the image sees what it writes there")
     host.Paint();
     const CRect region = host.Region();
     CHECK(host.Pixel(region.left + 1, region.top + 1) == 0x102030);
+}
+
+TEST_CASE("looking at objects by number leaves the frame as it is kept, and a changed one is drawn as it is")
+{
+    ObjectCanvas keeping(3, Width, Height), plain(4, Width, Height);
+    plain.Canvas().Kept.Fewest = SIZE_MAX;
+    for (ObjectCanvas* const host : {&keeping, &plain}) {
+        host->ShowFlatGray(ImageWidth, ImageHeight, 0x40);
+        AddResting(*host, 300);
+    }
+    const auto objectsOf = [](const ObjectCanvas& host) {
+        std::vector<VostelObject> list(300);
+        std::size_t               count = 0;
+        REQUIRE(vostel_object_list(host.Number, list.data(), list.size(), &count) == VOSTEL_OK);
+        REQUIRE(count == list.size());
+        return list;
+    };
+    const auto look = [](const ObjectCanvas& host, VostelObject object) {
+        VostelObjectInfo info = {};
+        info.size = sizeof info;
+        VostelMeasures measures = {};
+        measures.size = sizeof measures;
+        VostelStyle style = {};
+        style.size = sizeof style;
+        VostelPoint points[3];
+        char        text[64];
+        std::size_t count = 0;
+        CHECK(vostel_object_get(host.Number, object, &info) == VOSTEL_OK);
+        CHECK(vostel_object_style(host.Number, object, &style) == VOSTEL_OK);
+        CHECK(vostel_object_points(host.Number, object, points, 3, &count) == VOSTEL_OK);
+        CHECK(vostel_object_name(host.Number, object, text, sizeof text, &count) == VOSTEL_OK);
+        CHECK(vostel_measure(host.Number, object, 0, &measures) == VOSTEL_OK);
+    };
+    const std::vector<VostelObject> kept = objectsOf(keeping), drawn = objectsOf(plain);
+    for (int i = 0; i < 3; ++i) {    // whoever first asks for numbers wakes all
+        keeping.Move(1, 1);
+        keeping.Paint();
+    }
+    REQUIRE(keeping.Canvas().Kept.IsTaken());
+    const std::uint64_t resting = keeping.Canvas().Elements.RestingStamp();
+    for (const VostelObject object : kept)
+        look(keeping, object);
+    keeping.Paint();
+    CHECK(keeping.Canvas().Elements.RestingStamp() == resting);
+    CHECK(keeping.Canvas().Kept.IsTaken());
+
+    Frame before = keeping.PaintAndCapture();
+    for (std::size_t i = 7; i < kept.size(); i += 41) {
+        CAPTURE(i);
+        const double      shift = static_cast<double>(i % 5);
+        const VostelPoint moved[] = {{shift + 60, 60}, {shift + 90, 65}, {shift + 70, 95}};
+        look(keeping, kept[i]);
+        REQUIRE(vostel_object_set_points(keeping.Number, kept[i], moved, 3) == VOSTEL_OK);
+        REQUIRE(vostel_object_set_points(plain.Number, drawn[i], moved, 3) == VOSTEL_OK);
+        look(keeping, kept[i]);
+        const Frame after = keeping.PaintAndCapture();
+        CHECK(FrameDifference(after, plain.PaintAndCapture()) == "");
+        CHECK(FrameDifference(after, before) != "");
+        before = after;
+    }
+    CHECK_FALSE(plain.Canvas().Kept.IsTaken());
+    plain.Canvas().Kept.Fewest = KeptFrame::FewResting;
 }
