@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <optional>
 
 namespace vostel {
 
@@ -35,6 +36,31 @@ int QuadrantOf(Offset at)
     return at.X < 0 ? 2 : 3;
 }
 
+int SideOf(CPoint point, CPoint origin)
+{
+    return static_cast<int>(point.x > origin.x) - static_cast<int>(point.x < origin.x);
+}
+
+// By an edge, counterclockwise as Y grows; none if the origin lies on it or is its end.
+std::optional<int> QuadrantsPassed(Offset from, Offset to)
+{
+    if (to.X == 0 && to.Y == 0)
+        return std::nullopt;
+    const std::int64_t cross = from.X * to.Y - from.Y * to.X;
+    if (cross == 0 && from.X * to.X < 1 && from.Y * to.Y < 1)
+        return std::nullopt;
+    switch ((QuadrantOf(to) - QuadrantOf(from) + 4) % 4) {
+    case 1:
+        return 1;
+    case 2:
+        return cross >= 1 ? 2 : -2;
+    case 3:
+        return -1;
+    default:
+        return 0;
+    }
+}
+
 }
 
 void CalcHandleRects(const std::vector<CPoint>& points, std::vector<CRect>& rects, int radius)
@@ -51,7 +77,8 @@ void CalcHandleRects(const std::vector<CPoint>& points, std::vector<CRect>& rect
 int HitRectList(const std::vector<CRect>& rects, CPoint p)
 {
     for (std::size_t i = 0; i < rects.size(); ++i) {
-        if (PtInRect(&rects[i], p))
+        const CRect& rect = rects[i];
+        if (p.x >= rect.left && p.x < rect.right && p.y >= rect.top && p.y < rect.bottom)
             return static_cast<int>(i);
     }
     return -1;
@@ -59,27 +86,32 @@ int HitRectList(const std::vector<CRect>& rects, CPoint p)
 
 bool PointInPolygon(const std::vector<CPoint>& points, CPoint p)
 {
-    if (points.size() < 3)
+    const std::size_t count = points.size();
+    if (count < 3)
         return false;
+    // Most edges lie wholly to the right or to the left. Such a run of edges passes by at most one half axis,
+    // which its two ends tell: they are counted where it ends and where the next one begins.
     int    winding = 0;
-    Offset previous = OffsetOf(points[0], p);
-    int    quadrant = QuadrantOf(previous);
-    for (std::size_t i = 1; i <= points.size(); ++i) {
-        const Offset current = OffsetOf(points[i < points.size() ? i : 0], p);
-        if (current.X == 0 && current.Y == 0)
-            return true;    // on a vertex
-        const std::int64_t cross = previous.X * current.Y - previous.Y * current.X;
-        if (cross == 0 && previous.X * current.X < 1 && previous.Y * current.Y < 1)
-            return true;    // on an edge
-        const int next = QuadrantOf(current);
-        if (next == (quadrant + 1) % 4)
-            winding += 1;
-        else if (next == (quadrant + 3) % 4)
-            winding -= 1;
-        else if (next == (quadrant + 2) % 4)
-            winding += cross >= 1 ? 2 : -2;
-        quadrant = next;
-        previous = current;
+    CPoint from = points.back();
+    for (std::size_t i = 0; i < count; ++i) {
+        const int side = SideOf(from, p);
+        if (side > 0)
+            while (i < count && points[i].x > p.x)
+                ++i;
+        else if (side < 0)
+            while (i < count && points[i].x < p.x)
+                ++i;
+        if (i == count)
+            break;
+        if (i > 0)
+            from = points[i - 1];
+        const CPoint             to = points[i];
+        const std::optional<int> passed = QuadrantsPassed(OffsetOf(from, p), OffsetOf(to, p));
+        if (!passed)
+            return true;
+        winding +=
+            *passed + side * static_cast<int>(from.y >= p.y) - SideOf(to, p) * static_cast<int>(to.y >= p.y);
+        from = to;
     }
     return winding != 0;
 }
