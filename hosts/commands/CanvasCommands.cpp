@@ -230,17 +230,16 @@ bool RunCommand(Command id, int canvas)
 
 const char* OpenFile(int canvas, const CString& path)
 {
-    constexpr const char* NoPicture =
-        QT_TRANSLATE_NOOP("Commands", "This file is not a picture that can be read.");
-    CanvasState* const state = StateOf(canvas);
+    constexpr const char* NoPicture = Words("This file is not a picture that can be read.");
+    CanvasState* const    state = StateOf(canvas);
     if (!state)
-        return QT_TRANSLATE_NOOP("Commands", "There is no such canvas.");
+        return Words("There is no such canvas.");
     std::error_code             failed;
     const std::filesystem::path file = PathOf(path);
     if (!std::filesystem::exists(file, failed))
-        return QT_TRANSLATE_NOOP("Commands", "The file does not exist.");
+        return Words("The file does not exist.");
     if (!std::filesystem::is_regular_file(file, failed))
-        return QT_TRANSLATE_NOOP("Commands", "This is a folder, not a file.");
+        return Words("This is a folder, not a file.");
     const bool isRaw = IsRawFile(path);
     if (!isRaw && gCVSGetFileType(canvas) != FileTypeNone && !IsPictureFile(path))
         return NoPicture;
@@ -298,10 +297,11 @@ float GrayOr(float value, int canvas, double x, double y)
     return value;
 }
 
-const char* OpenFilter()
+std::wstring OpenFilter(Language language)
 {
-    return "Pictures and raw data|*.png;*.bmp;*.jpg;*.jpeg;*.tif;*.tiff;*.gif;*.raw;*.hraw;*.his|"
-           "All files|*.*||";
+    return TextIn(language, Words("Pictures and raw data")) +
+           L"|*.png;*.bmp;*.jpg;*.jpeg;*.tif;*.tiff;*.gif;*.raw;*.hraw;*.his|" +
+           TextIn(language, Words("All files")) + L"|*.*||";
 }
 
 }

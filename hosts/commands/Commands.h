@@ -3,20 +3,17 @@
 // The one table of what a viewer offers. Each viewer builds its menus from it, so that they cannot drift
 // apart, and carries out itself only what needs its windows.
 
+#include "commands/Texts.h"
+
 #include <VostelObj.h>
 
 #include <span>
-
-// Marks an English text for the translation tools; each viewer looks the text up when it shows it, in the
-// context "Commands".
-#if !defined(QT_TRANSLATE_NOOP)
-#    define QT_TRANSLATE_NOOP(context, text) text
-#endif
+#include <string>
 
 namespace vostel::viewer {
 
 inline constexpr int         CanvasCount = 5;
-inline constexpr const char* ViewerName = QT_TRANSLATE_NOOP("Commands", "Vostel Viewer");
+inline constexpr const char* ViewerName = Words("Vostel Viewer");
 
 enum class Menu : int { File, View, Draw, Process, Measure, Help };
 
@@ -46,6 +43,8 @@ enum class Command : int {
     Canvas3,
     Canvas4,
     Canvas5,
+    SpeakEnglish,
+    SpeakChinese,
     // Draw
     DrawRectangle,
     DrawRectangleByNumbers,
@@ -96,7 +95,7 @@ enum class CommandKind : int {
     Routine     // FindRoutine of Routines.h has it: parameters, then work on a thread
 };
 
-enum class ChoiceGroup : int { None, Mouse, Arrangement, Canvas };
+enum class ChoiceGroup : int { None, Mouse, Arrangement, Canvas, Language };
 
 enum class Needs : int { Nothing, Image, FloatImage };    // what the canvas must show
 
@@ -148,7 +147,7 @@ float ValueUnder(int canvas, CPoint client);
 float GrayOr(float value, int canvas, double x, double y);
 
 // The filter of a file dialog for OpenFile: "text|pattern|text|pattern||".
-const char* OpenFilter();
+std::wstring OpenFilter(Language language);
 
 // How the mouse and the keys work, as lines "gesture\tmeaning"; a line without tab is a heading.
 std::span<const char* const> GestureHelp();

@@ -81,9 +81,9 @@ Image KernelOf(KernelKind kind, int size)
 const char* CheckKernelSize(int size, const Image& image)
 {
     if (size % 2 == 0)
-        return QT_TRANSLATE_NOOP("Commands", "The size of a kernel is an odd number.");
+        return Words("The size of a kernel is an odd number.");
     if (size > image.Width || size > image.Height)
-        return QT_TRANSLATE_NOOP("Commands", "The kernel is larger than the image.");
+        return Words("The kernel is larger than the image.");
     return nullptr;
 }
 

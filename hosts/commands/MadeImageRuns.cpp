@@ -34,7 +34,7 @@ const char* TooLarge(int width, int height)
 {
     if (static_cast<long long>(width) * height <= MaxPixels)
         return nullptr;
-    return QT_TRANSLATE_NOOP("Commands", "The image would have more than 134 million pixels.");
+    return Words("The image would have more than 134 million pixels.");
 }
 
 RoutineResult RunLabelImage(RoutineImages inputs, RoutineValues, const RoutineProgress& progress)
@@ -54,7 +54,7 @@ RoutineResult RunFilledShape(RoutineImages, RoutineValues values, const RoutineP
     if (const char* const problem = TooLarge(width, height))
         return Problem(problem);
     if (2 * margin >= std::min(width, height))
-        return Problem(QT_TRANSLATE_NOOP("Commands", "The margin leaves no room for the shape."));
+        return Problem(Words("The margin leaves no room for the shape."));
     RoutineSteps steps(progress, 2);
     if (!steps.Next())
         return Cancelled();

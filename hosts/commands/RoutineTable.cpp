@@ -15,127 +15,96 @@ using enum ParameterKind;
 
 constexpr double MaxSide = 32768.0;    // px
 
-constexpr const char* KernelNames[] = {
-    QT_TRANSLATE_NOOP("Commands", "Box mean"), QT_TRANSLATE_NOOP("Commands", "Sharpen"),
-    QT_TRANSLATE_NOOP("Commands", "Sobel x"), QT_TRANSLATE_NOOP("Commands", "Sobel y"),
-    QT_TRANSLATE_NOOP("Commands", "Laplace")};
-constexpr const char* ConvolutionForms[] = {QT_TRANSLATE_NOOP("Commands", "All processors"),
-                                            QT_TRANSLATE_NOOP("Commands", "One processor"),
-                                            QT_TRANSLATE_NOOP("Commands", "One row without side borders"),
-                                            QT_TRANSLATE_NOOP("Commands", "Inner pixels only")};
-constexpr const char* ResizeForms[] = {
-    QT_TRANSLATE_NOOP("Commands", "All processors"), QT_TRANSLATE_NOOP("Commands", "One processor"),
-    QT_TRANSLATE_NOOP("Commands", "In place"), QT_TRANSLATE_NOOP("Commands", "16-bit whole numbers")};
-constexpr const char* Directions[] = {QT_TRANSLATE_NOOP("Commands", "Rows and columns"),
-                                      QT_TRANSLATE_NOOP("Commands", "Rows"),
-                                      QT_TRANSLATE_NOOP("Commands", "Columns")};
-constexpr const char* SpectrumParts[] = {
-    QT_TRANSLATE_NOOP("Commands", "Logarithm of the magnitude"), QT_TRANSLATE_NOOP("Commands", "Magnitude"),
-    QT_TRANSLATE_NOOP("Commands", "Real part"), QT_TRANSLATE_NOOP("Commands", "Imaginary part")};
-constexpr const char* NoYes[] = {QT_TRANSLATE_NOOP("Commands", "No"), QT_TRANSLATE_NOOP("Commands", "Yes")};
-constexpr const char* Shapes[] = {QT_TRANSLATE_NOOP("Commands", "Ellipse"),
-                                  QT_TRANSLATE_NOOP("Commands", "Polygon"),
-                                  QT_TRANSLATE_NOOP("Commands", "Spline")};
-constexpr const char* RampShows[] = {QT_TRANSLATE_NOOP("Commands", "Taps"),
-                                     QT_TRANSLATE_NOOP("Commands", "Magnitude of the spectrum")};
+constexpr const char* KernelNames[] = {Words("Box mean"), Words("Sharpen"), Words("Sobel x"),
+                                       Words("Sobel y"), Words("Laplace")};
+constexpr const char* ConvolutionForms[] = {Words("All processors"), Words("One processor"),
+                                            Words("One row without side borders"),
+                                            Words("Inner pixels only")};
+constexpr const char* ResizeForms[] = {Words("All processors"), Words("One processor"), Words("In place"),
+                                       Words("16-bit whole numbers")};
+constexpr const char* Directions[] = {Words("Rows and columns"), Words("Rows"), Words("Columns")};
+constexpr const char* SpectrumParts[] = {Words("Logarithm of the magnitude"), Words("Magnitude"),
+                                         Words("Real part"), Words("Imaginary part")};
+constexpr const char* NoYes[] = {Words("No"), Words("Yes")};
+constexpr const char* Shapes[] = {Words("Ellipse"), Words("Polygon"), Words("Spline")};
+constexpr const char* RampShows[] = {Words("Taps"), Words("Magnitude of the spectrum")};
 
-constexpr RoutineParameter ConvolveParameters[] = {
-    {QT_TRANSLATE_NOOP("Commands", "Kernel"), Choice, 0, 0, 4, KernelNames},
-    {QT_TRANSLATE_NOOP("Commands", "Size of the kernel (odd, px)"), Whole, 3, 3, 63},
-    {QT_TRANSLATE_NOOP("Commands", "Passes"), Whole, 1, 1, 50}};
+constexpr RoutineParameter ConvolveParameters[] = {{Words("Kernel"), Choice, 0, 0, 4, KernelNames},
+                                                   {Words("Size of the kernel (odd, px)"), Whole, 3, 3, 63},
+                                                   {Words("Passes"), Whole, 1, 1, 50}};
 constexpr RoutineParameter ConvolveByFormParameters[] = {
-    {QT_TRANSLATE_NOOP("Commands", "Form"), Choice, 0, 0, 3, ConvolutionForms},
-    {QT_TRANSLATE_NOOP("Commands", "Kernel"), Choice, 0, 0, 4, KernelNames},
-    {QT_TRANSLATE_NOOP("Commands", "Size of the kernel (odd, px)"), Whole, 3, 3, 63}};
-constexpr RoutineParameter GaussParameters[] = {
-    {QT_TRANSLATE_NOOP("Commands", "Size of the kernel (odd, px)"), Whole, 9, 1, 63},
-    {QT_TRANSLATE_NOOP("Commands", "Sigma (px)"), Real, 1.5, 0.05, 100},
-    {QT_TRANSLATE_NOOP("Commands", "Passes"), Whole, 1, 1, 50}};
+    {Words("Form"), Choice, 0, 0, 3, ConvolutionForms},
+    {Words("Kernel"), Choice, 0, 0, 4, KernelNames},
+    {Words("Size of the kernel (odd, px)"), Whole, 3, 3, 63}};
+constexpr RoutineParameter GaussParameters[] = {{Words("Size of the kernel (odd, px)"), Whole, 9, 1, 63},
+                                                {Words("Sigma (px)"), Real, 1.5, 0.05, 100},
+                                                {Words("Passes"), Whole, 1, 1, 50}};
 constexpr RoutineParameter ThresholdParameters[] = {
-    {QT_TRANSLATE_NOOP("Commands", "Side of the neighbourhood (px)"), Whole, 31, 1, 9999}};
+    {Words("Side of the neighbourhood (px)"), Whole, 31, 1, 9999}};
 constexpr RoutineParameter ResizeParameters[] = {
-    {QT_TRANSLATE_NOOP("Commands", "Width (px)"), Whole, 0.5, 1, MaxSide, {}, StartFrom::ImageWidth},
-    {QT_TRANSLATE_NOOP("Commands", "Height (px)"), Whole, 0.5, 1, MaxSide, {}, StartFrom::ImageHeight},
-    {QT_TRANSLATE_NOOP("Commands", "Form"), Choice, 0, 0, 3, ResizeForms}};
+    {Words("Width (px)"), Whole, 0.5, 1, MaxSide, {}, StartFrom::ImageWidth},
+    {Words("Height (px)"), Whole, 0.5, 1, MaxSide, {}, StartFrom::ImageHeight},
+    {Words("Form"), Choice, 0, 0, 3, ResizeForms}};
 constexpr RoutineParameter FourierParameters[] = {
-    {QT_TRANSLATE_NOOP("Commands", "Direction"), Choice, 0, 0, 2, Directions},
-    {QT_TRANSLATE_NOOP("Commands", "Show"), Choice, 0, 0, 3, SpectrumParts},
-    {QT_TRANSLATE_NOOP("Commands", "Frequency zero in the middle"), Choice, 1, 0, 1, NoYes}};
-constexpr RoutineParameter RampFilterParameters[] = {
-    {QT_TRANSLATE_NOOP("Commands", "Sampling distance"), Real, 1, 0.001, 1000}};
+    {Words("Direction"), Choice, 0, 0, 2, Directions},
+    {Words("Show"), Choice, 0, 0, 3, SpectrumParts},
+    {Words("Frequency zero in the middle"), Choice, 1, 0, 1, NoYes}};
+constexpr RoutineParameter RampFilterParameters[] = {{Words("Sampling distance"), Real, 1, 0.001, 1000}};
 constexpr RoutineParameter ConcatenateParameters[] = {
-    {QT_TRANSLATE_NOOP("Commands", "Overlap (px)"), Whole, 0, 0, MaxSide},
-    {QT_TRANSLATE_NOOP("Commands", "Trim at each side of the overlap (px)"), Whole, 0, 0, MaxSide},
-    {QT_TRANSLATE_NOOP("Commands", "Make rows equally bright"), Choice, 0, 0, 1, NoYes}};
+    {Words("Overlap (px)"), Whole, 0, 0, MaxSide},
+    {Words("Trim at each side of the overlap (px)"), Whole, 0, 0, MaxSide},
+    {Words("Make rows equally bright"), Choice, 0, 0, 1, NoYes}};
 constexpr RoutineParameter FilledShapeParameters[] = {
-    {QT_TRANSLATE_NOOP("Commands", "Shape"), Choice, 0, 0, 2, Shapes},
-    {QT_TRANSLATE_NOOP("Commands", "Width of the plane (px)"), Whole, 512, 1, MaxSide},
-    {QT_TRANSLATE_NOOP("Commands", "Height of the plane (px)"), Whole, 512, 1, MaxSide},
-    {QT_TRANSLATE_NOOP("Commands", "Margin (px)"), Whole, 20, 0, MaxSide},
-    {QT_TRANSLATE_NOOP("Commands", "Corners of a polygon, points of a spline"), Whole, 5, 3, 198},
-    {QT_TRANSLATE_NOOP("Commands", "Value"), Whole, 255, 1, 65535}};
-constexpr RoutineParameter GaussCurveParameters[] = {
-    {QT_TRANSLATE_NOOP("Commands", "Samples"), Whole, 256, 1, MaxSide},
-    {QT_TRANSLATE_NOOP("Commands", "Sigma (px)"), Real, 32, 0.05, 10000},
-    {QT_TRANSLATE_NOOP("Commands", "Rows"), Whole, 64, 1, MaxSide}};
+    {Words("Shape"), Choice, 0, 0, 2, Shapes},
+    {Words("Width of the plane (px)"), Whole, 512, 1, MaxSide},
+    {Words("Height of the plane (px)"), Whole, 512, 1, MaxSide},
+    {Words("Margin (px)"), Whole, 20, 0, MaxSide},
+    {Words("Corners of a polygon, points of a spline"), Whole, 5, 3, 198},
+    {Words("Value"), Whole, 255, 1, 65535}};
+constexpr RoutineParameter GaussCurveParameters[] = {{Words("Samples"), Whole, 256, 1, MaxSide},
+                                                     {Words("Sigma (px)"), Real, 32, 0.05, 10000},
+                                                     {Words("Rows"), Whole, 64, 1, MaxSide}};
 constexpr RoutineParameter GaussKernelParameters[] = {
-    {QT_TRANSLATE_NOOP("Commands", "Width (px)"), Whole, 63, 1, MaxSide},
-    {QT_TRANSLATE_NOOP("Commands", "Height (px)"), Whole, 63, 1, MaxSide},
-    {QT_TRANSLATE_NOOP("Commands", "Sigma along the first axis (px)"), Real, 12, 0.05, 10000},
-    {QT_TRANSLATE_NOOP("Commands", "Sigma along the second axis (px)"), Real, 6, 0.05, 10000},
-    {QT_TRANSLATE_NOOP("Commands", "Angle (degrees)"), Real, 30, -360, 360}};
-constexpr RoutineParameter RampKernelParameters[] = {
-    {QT_TRANSLATE_NOOP("Commands", "Taps"), Whole, 63, 1, 16384},
-    {QT_TRANSLATE_NOOP("Commands", "Sampling distance"), Real, 1, 0.001, 1000},
-    {QT_TRANSLATE_NOOP("Commands", "Show"), Choice, 0, 0, 1, RampShows},
-    {QT_TRANSLATE_NOOP("Commands", "Rows"), Whole, 64, 1, MaxSide}};
+    {Words("Width (px)"), Whole, 63, 1, MaxSide},
+    {Words("Height (px)"), Whole, 63, 1, MaxSide},
+    {Words("Sigma along the first axis (px)"), Real, 12, 0.05, 10000},
+    {Words("Sigma along the second axis (px)"), Real, 6, 0.05, 10000},
+    {Words("Angle (degrees)"), Real, 30, -360, 360}};
+constexpr RoutineParameter RampKernelParameters[] = {{Words("Taps"), Whole, 63, 1, 16384},
+                                                     {Words("Sampling distance"), Real, 1, 0.001, 1000},
+                                                     {Words("Show"), Choice, 0, 0, 1, RampShows},
+                                                     {Words("Rows"), Whole, 64, 1, MaxSide}};
 
 constexpr Routine Routines[] = {
-    {Command::Convolve, QT_TRANSLATE_NOOP("Commands", "Convolution"), RoutineInput::Image, ConvolveParameters,
-     RunConvolve},
-    {Command::ConvolveByForm, QT_TRANSLATE_NOOP("Commands", "Convolution by form"), RoutineInput::Image,
-     ConvolveByFormParameters, RunConvolveByForm},
-    {Command::Gauss, QT_TRANSLATE_NOOP("Commands", "Gaussian smoothing"), RoutineInput::Image,
-     GaussParameters, RunGauss},
-    {Command::Threshold, QT_TRANSLATE_NOOP("Commands", "Threshold"), RoutineInput::Image, ThresholdParameters,
-     RunThreshold},
-    {Command::Resize, QT_TRANSLATE_NOOP("Commands", "Resize"), RoutineInput::Image, ResizeParameters,
-     RunResize},
-    {Command::FourierTransform, QT_TRANSLATE_NOOP("Commands", "Fourier transform"), RoutineInput::Image,
-     FourierParameters, RunFourier},
-    {Command::RampFilter, QT_TRANSLATE_NOOP("Commands", "Ramp filter"), RoutineInput::Image,
-     RampFilterParameters, RunRampFilter},
-    {Command::Concatenate, QT_TRANSLATE_NOOP("Commands", "Join two canvases"), RoutineInput::Two,
-     ConcatenateParameters, RunConcatenate},
-    {Command::MatrixProduct,
-     QT_TRANSLATE_NOOP("Commands", "Matrix product"),
-     RoutineInput::Two,
-     {},
-     RunMatrixProduct},
-    {Command::LabelImage,
-     QT_TRANSLATE_NOOP("Commands", "Label image"),
-     RoutineInput::Labels,
-     {},
-     RunLabelImage},
-    {Command::FilledShape, QT_TRANSLATE_NOOP("Commands", "Filled shape"), RoutineInput::None,
-     FilledShapeParameters, RunFilledShape},
-    {Command::GaussCurve, QT_TRANSLATE_NOOP("Commands", "Gaussian curve"), RoutineInput::None,
-     GaussCurveParameters, RunGaussCurve},
-    {Command::GaussKernel, QT_TRANSLATE_NOOP("Commands", "Gaussian kernel"), RoutineInput::None,
-     GaussKernelParameters, RunGaussKernel},
-    {Command::RampKernel, QT_TRANSLATE_NOOP("Commands", "Ramp kernel"), RoutineInput::None,
-     RampKernelParameters, RunRampKernel}};
+    {Command::Convolve, Words("Convolution"), RoutineInput::Image, ConvolveParameters, RunConvolve},
+    {Command::ConvolveByForm, Words("Convolution by form"), RoutineInput::Image, ConvolveByFormParameters,
+     RunConvolveByForm},
+    {Command::Gauss, Words("Gaussian smoothing"), RoutineInput::Image, GaussParameters, RunGauss},
+    {Command::Threshold, Words("Threshold"), RoutineInput::Image, ThresholdParameters, RunThreshold},
+    {Command::Resize, Words("Resize"), RoutineInput::Image, ResizeParameters, RunResize},
+    {Command::FourierTransform, Words("Fourier transform"), RoutineInput::Image, FourierParameters,
+     RunFourier},
+    {Command::RampFilter, Words("Ramp filter"), RoutineInput::Image, RampFilterParameters, RunRampFilter},
+    {Command::Concatenate, Words("Join two canvases"), RoutineInput::Two, ConcatenateParameters,
+     RunConcatenate},
+    {Command::MatrixProduct, Words("Matrix product"), RoutineInput::Two, {}, RunMatrixProduct},
+    {Command::LabelImage, Words("Label image"), RoutineInput::Labels, {}, RunLabelImage},
+    {Command::FilledShape, Words("Filled shape"), RoutineInput::None, FilledShapeParameters, RunFilledShape},
+    {Command::GaussCurve, Words("Gaussian curve"), RoutineInput::None, GaussCurveParameters, RunGaussCurve},
+    {Command::GaussKernel, Words("Gaussian kernel"), RoutineInput::None, GaussKernelParameters,
+     RunGaussKernel},
+    {Command::RampKernel, Words("Ramp kernel"), RoutineInput::None, RampKernelParameters, RunRampKernel}};
 
 const char* CheckValue(const RoutineParameter& parameter, double value)
 {
     if (!std::isfinite(value))
-        return QT_TRANSLATE_NOOP("Commands", "This is not a number.");
+        return Words("This is not a number.");
     if (parameter.Kind != Real && value != std::floor(value))
-        return QT_TRANSLATE_NOOP("Commands", "A whole number is wanted.");
+        return Words("A whole number is wanted.");
     if (value < parameter.Low)
-        return QT_TRANSLATE_NOOP("Commands", "The value is below the least that is allowed.");
+        return Words("The value is below the least that is allowed.");
     if (value > parameter.High)
-        return QT_TRANSLATE_NOOP("Commands", "The value is above the most that is allowed.");
+        return Words("The value is above the most that is allowed.");
     return nullptr;
 }
 
@@ -184,7 +153,7 @@ const char* CheckValues(const Routine& routine, std::span<const double> values, 
     if (values.size() != routine.Parameters.size()) {
         if (wrong)
             *wrong = 0;
-        return QT_TRANSLATE_NOOP("Commands", "A value is missing.");
+        return Words("A value is missing.");
     }
     for (std::size_t i = 0; i < values.size(); ++i) {
         const char* const problem = CheckValue(routine.Parameters[i], values[i]);
@@ -201,17 +170,17 @@ RoutineResult RunRoutine(const Routine& routine, std::span<const ImagePointer> i
                          std::span<const double> values, const RoutineProgress& progress)
 {
     if (inputs.size() != static_cast<std::size_t>(InputCount(routine)))
-        return Problem(QT_TRANSLATE_NOOP("Commands", "An image is missing."));
+        return Problem(Words("An image is missing."));
     for (std::size_t i = 0; i < inputs.size(); ++i)
         if (!inputs[i] || inputs[i]->Width < 1 || inputs[i]->Height < 1)
-            return Problem(i == 0 ? QT_TRANSLATE_NOOP("Commands", "The canvas shows no image.")
-                                  : QT_TRANSLATE_NOOP("Commands", "The second canvas shows no image."));
+            return Problem(i == 0 ? Words("The canvas shows no image.")
+                                  : Words("The second canvas shows no image."));
     if (const char* const problem = CheckValues(routine, values))
         return Problem(problem);
     try {
         return routine.Run(inputs, values, progress);
     } catch (const std::exception&) {    // the allocator's, also for sizes that it refuses
-        return Problem(QT_TRANSLATE_NOOP("Commands", "There is not enough memory for this image."));
+        return Problem(Words("There is not enough memory for this image."));
     }
 }
 

@@ -140,8 +140,7 @@ RoutineResult RunMatrixProduct(RoutineImages inputs, RoutineValues, const Routin
 {
     Image &a = *inputs[0], &b = *inputs[1];
     if (a.Width != b.Height)
-        return Problem(QT_TRANSLATE_NOOP(
-            "Commands", "The first image must be as wide as the second is high to multiply them."));
+        return Problem(Words("The first image must be as wide as the second is high to multiply them."));
     if (const char* const problem = TooLarge(b.Width, a.Height))
         return Problem(problem);
     RoutineSteps       steps(progress, StepsFor(a.Height));
@@ -164,12 +163,11 @@ RoutineResult RunConcatenate(RoutineImages inputs, RoutineValues values, const R
     const Image &a = *inputs[0], &b = *inputs[1];
     const int    overlap = WholeOf(values[0]), trim = WholeOf(values[1]);
     if (overlap > std::min(a.Width, b.Width))
-        return Problem(QT_TRANSLATE_NOOP("Commands", "The overlap is wider than one of the images."));
+        return Problem(Words("The overlap is wider than one of the images."));
     if (overlap != 0 && overlap <= 2 * trim + 1)
-        return Problem(
-            QT_TRANSLATE_NOOP("Commands", "The overlap must be wider than twice the trim plus one."));
+        return Problem(Words("The overlap must be wider than twice the trim plus one."));
     if (b.Height < a.Height)
-        return Problem(QT_TRANSLATE_NOOP("Commands", "The second image is lower than the first."));
+        return Problem(Words("The second image is lower than the first."));
     if (const char* const problem = TooLarge(a.Width + b.Width - overlap, a.Height))
         return Problem(problem);
     RoutineSteps steps(progress, 2);

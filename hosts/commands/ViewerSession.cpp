@@ -3,9 +3,10 @@
 #include "commands/FilePaths.h"
 #include "common/CanvasFacts.h"
 
+#include <vostel.h>
+
 #include <algorithm>
 #include <cmath>
-#include <initializer_list>
 #include <new>
 #include <utility>
 
@@ -21,18 +22,6 @@ void Call(const Service& service, const Arguments&... arguments)
 {
     if (service)
         service(arguments...);
-}
-
-// The text with its marks %1, %2, ... replaced by the parts.
-std::wstring Filled(std::wstring text, std::initializer_list<std::wstring> parts)
-{
-    int number = 0;
-    for (const std::wstring& part : parts) {
-        const std::wstring mark = L'%' + std::to_wstring(++number);
-        if (const std::size_t at = text.find(mark); at != std::wstring::npos)
-            text.replace(at, mark.size(), part);
-    }
-    return text;
 }
 
 bool HasImage(int canvas)
@@ -56,8 +45,7 @@ bool IsOfImage(const RoutineParameter& parameter)
     return parameter.From != StartFrom::Number;
 }
 
-constexpr const char* NoMemoryForImage =
-    QT_TRANSLATE_NOOP("Commands", "There is not enough memory for this image.");
+constexpr const char* NoMemoryForImage = Words("There is not enough memory for this image.");
 
 }
 
@@ -69,9 +57,13 @@ ViewerSession::ViewerSession(ViewerWindow window, ViewerSettings settings)
 {
 }
 
-std::wstring ViewerSession::Text(const char* english) const
+void ViewerSession::Speak(Language language)
 {
-    return Window.Translate ? Window.Translate(english) : CString(english).GetString();
+    Spoken = language;
+    for (int canvas = 0; canvas < CanvasCount; ++canvas)
+        vostel_canvas_set_language(canvas, language == Language::Chinese ? "zh" : "en");
+    Call(Window.ShowTexts);
+    Call(Window.ShowState);
 }
 
 std::wstring ViewerSession::FileNameOf(int canvas) const
@@ -99,6 +91,8 @@ bool ViewerSession::IsChecked(Command id) const
         return CanvasOf(id) == CurrentCanvas;
     if (id == Command::KeysForAll)
         return KeysForAll;
+    if (id == Command::SpeakEnglish || id == Command::SpeakChinese)
+        return (id == Command::SpeakChinese) == (Spoken == Language::Chinese);
     return IsOn(id, CurrentCanvas);
 }
 
@@ -120,7 +114,7 @@ void ViewerSession::Carry(Command id)
     try {
         CarryOut(*entry);
     } catch (const std::bad_alloc&) {
-        Call(Window.Report, Text(QT_TRANSLATE_NOOP("Commands", "There is not enough memory for this.")));
+        Call(Window.Report, Text(Words("There is not enough memory for this.")));
     }
     Call(Window.Repaint, CurrentCanvas);
     Call(Window.ShowState);
@@ -151,6 +145,11 @@ void ViewerSession::CarryOut(const CommandEntry& entry)
         return;
     case Command::KeysForAll:
         KeysForAll = !KeysForAll;
+        return;
+    case Command::SpeakEnglish:
+    case Command::SpeakChinese:
+        Speak(id == Command::SpeakChinese ? Language::Chinese : Language::English);
+        Call(Settings.SaveLanguage, Spoken);
         return;
     case Command::CancelRoutine:
         CancelRoutine();
@@ -204,10 +203,9 @@ void ViewerSession::OpenFiles(const std::vector<std::wstring>& paths)
         SetTiled(true);    // before, so that each canvas has its size when its image comes
     int canvas = first;
     for (const std::wstring& path : paths) {
-        const std::wstring problem =
-            canvas < CanvasCount
-                ? OpenOn(canvas, AbsolutePath(path))
-                : Text(QT_TRANSLATE_NOOP("Commands", "There are no more than five canvases."));
+        const std::wstring problem = canvas < CanvasCount
+                                         ? OpenOn(canvas, AbsolutePath(path))
+                                         : Text(Words("There are no more than five canvases."));
         ++canvas;
         if (problem.empty())
             continue;
@@ -223,8 +221,7 @@ void ViewerSession::OpenFiles(const std::vector<std::wstring>& paths)
 std::wstring ViewerSession::OpenOn(int canvas, const std::wstring& path)
 {
     if (RoutineRuns() && canvas == RoutineCanvas)
-        return Text(
-            QT_TRANSLATE_NOOP("Commands", "A routine works on this canvas. Press Esc to stop it first."));
+        return Text(Words("A routine works on this canvas. Press Esc to stop it first."));
     const char* problem = nullptr;
     const auto  read = [&] { problem = OpenFile(canvas, path.c_str()); };
     try {
@@ -272,7 +269,7 @@ void ViewerSession::StartRoutine(const Routine& routine)
     RoutineCanvas = canvas;
     RoutineTitle = Text(routine.Title);
     ShowRoutineProgress(canvas, true);
-    Call(Window.ShowStatus, Filled(Text(QT_TRANSLATE_NOOP("Commands", "%1 ...")), {RoutineTitle}));
+    Call(Window.ShowStatus, Filled(Text(Words("%1 ...")), {RoutineTitle}));
     Runner.Start(
         routine, std::move(inputs), std::move(question.Values),
         [this](int done, int total) { ShowRoutineStep(done, total); },
@@ -312,8 +309,8 @@ void ViewerSession::OfferSources(RoutineQuestion& question) const
     for (int canvas = CanvasCount; canvas-- > 0;) {
         if (!HasImage(canvas))
             continue;
-        const std::wstring name = Filled(Text(QT_TRANSLATE_NOOP("Commands", "Canvas %1  %2")),
-                                         {std::to_wstring(canvas + 1), FileNameOf(canvas)});
+        const std::wstring name =
+            Filled(Text(Words("Canvas %1  %2")), {std::to_wstring(canvas + 1), FileNameOf(canvas)});
         question.Sources.insert(question.Sources.begin(), {canvas, name});
         if (canvas != CurrentCanvas)
             question.Second = canvas;    // likelier than the image with itself
@@ -324,7 +321,7 @@ void ViewerSession::ShowRoutineStep(int done, int total)
 {
     SetRoutineProgress(RoutineCanvas, done, total);
     Call(Window.Repaint, RoutineCanvas);
-    Call(Window.ShowStatus, Filled(Text(QT_TRANSLATE_NOOP("Commands", "%1: step %2 of %3")),
+    Call(Window.ShowStatus, Filled(Text(Words("%1: step %2 of %3")),
                                    {RoutineTitle, std::to_wstring(done), std::to_wstring(total)}));
 }
 
@@ -335,11 +332,11 @@ void ViewerSession::FinishRoutine(const RoutineResult& result)
     const char* status = nullptr;
     ShowRoutineProgress(canvas, false);
     if (result.Cancelled)
-        status = QT_TRANSLATE_NOOP("Commands", "%1: cancelled");
+        status = Words("%1: cancelled");
     if (result.Result) {
         try {
             ShowFitting(canvas, result.Result);
-            status = QT_TRANSLATE_NOOP("Commands", "%1: done");
+            status = Words("%1: done");
         } catch (const std::bad_alloc&) {
             problem = NoMemoryForImage;
         }

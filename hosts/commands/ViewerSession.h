@@ -27,6 +27,11 @@ public:
     const std::vector<std::wstring>& RecentFiles() const { return Recent.Paths(); }
     void                             ClearRecentFiles() { Recent.Clear(); }
 
+    // Of all texts, those of the canvases too.
+    Language     Speaks() const { return Spoken; }
+    void         Speak(Language language);
+    std::wstring Text(const char* english) const { return TextIn(Spoken, english); }
+
     bool IsEnabled(Command id) const;
     bool IsChecked(Command id) const;
 
@@ -56,7 +61,6 @@ private:
 
     CanvasFile&       At(int canvas) { return Canvases[static_cast<std::size_t>(canvas)]; }
     const CanvasFile& At(int canvas) const { return Canvases[static_cast<std::size_t>(canvas)]; }
-    std::wstring      Text(const char* english) const;
 
     void         CarryOut(const CommandEntry& entry);
     void         AskForTextLines();
@@ -74,6 +78,7 @@ private:
     int                                 CurrentCanvas = 0;
     bool                                Tiled = false;
     bool                                KeysForAll = false;
+    Language                            Spoken = Language::English;
     RecentFileList                      Recent;
     RoutineRunner                       Runner;
     int                                 RoutineCanvas = -1;    // where the routine under way began

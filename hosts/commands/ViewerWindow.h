@@ -29,12 +29,11 @@ struct ViewerWindow {
     // Makes a call later on the thread of the window. The one member that is called on other threads.
     std::function<void(std::function<void()> call)> Post;
 
-    std::function<std::wstring(const char* english)> Translate;    // empty: texts stay English
-
     // The window.
     std::function<void()>           Arrange;      // another canvas is current, or the tiling changed
     std::function<void(int canvas)> Repaint;      // the canvas shows something else
     std::function<void()>           ShowState;    // files, what is enabled and what is checked
+    std::function<void()>           ShowTexts;    // the texts are of another language
     std::function<void(const std::wstring& text)>      ShowStatus;    // in the status bar; empty clears it
     std::function<void(const std::wstring& sentences)> Report;        // problems, in a message
     std::function<void()>                              ShowHelp;
@@ -55,6 +54,7 @@ struct ViewerWindow {
 struct ViewerSettings {
     std::function<std::vector<std::wstring>()>                   LoadRecentFiles;
     std::function<void(const std::vector<std::wstring>& newest)> SaveRecentFiles;
+    std::function<void(Language language)>                       SaveLanguage;
     // Values of the routines' dialogs, by the names of the routine and the parameter, which outlive their
     // numbers.
     std::function<std::optional<double>(const Routine&, const RoutineParameter&)> LoadValue;

@@ -1,5 +1,7 @@
 #include "CommandMenu.h"
 
+#include "commands/Utf8Text.h"
+
 #include <cstdlib>
 #include <cstring>
 
@@ -31,11 +33,11 @@ bool ParseShortcut(std::string shortcut, ACCEL& accelerator)
     return accelerator.key != 0;
 }
 
-std::wstring MenuText(const CommandEntry& entry)
+std::wstring MenuText(const CommandEntry& entry, Language language)
 {
-    std::wstring text = Wide(entry.Text);
+    std::wstring text = TextIn(language, entry.Text);
     if (*entry.Shortcut != '\0')
-        text += L"\t" + Wide(entry.Shortcut);
+        text += L"\t" + WideOf(entry.Shortcut);
     return text;
 }
 
@@ -58,9 +60,9 @@ HMENU FindRecentFilesMenu(HMENU menuBar)
 }
 
 // A submenu that is found by the command's number.
-void AppendSubmenu(HMENU menu, const CommandEntry& entry)
+void AppendSubmenu(HMENU menu, const CommandEntry& entry, Language language)
 {
-    const std::wstring text = MenuText(entry);
+    const std::wstring text = MenuText(entry, language);
     AppendMenuW(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(CreatePopupMenu()), text.c_str());
     MENUITEMINFOW item = {};
     item.cbSize = sizeof item;
@@ -71,12 +73,7 @@ void AppendSubmenu(HMENU menu, const CommandEntry& entry)
 
 }
 
-std::wstring Wide(const char* text)
-{
-    return std::wstring(text, text + std::strlen(text));
-}
-
-HMENU MakeMenuBar()
+HMENU MakeMenuBar(Language language)
 {
     const HMENU bar = CreateMenu();
     for (Menu in : AllMenus()) {
@@ -87,11 +84,12 @@ HMENU MakeMenuBar()
             if (entry.SeparatorBefore)
                 AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
             if (entry.Kind == CommandKind::Submenu)
-                AppendSubmenu(menu, entry);
+                AppendSubmenu(menu, entry, language);
             else
-                AppendMenuW(menu, MF_STRING, static_cast<UINT_PTR>(entry.Id), MenuText(entry).c_str());
+                AppendMenuW(menu, MF_STRING, static_cast<UINT_PTR>(entry.Id),
+                            MenuText(entry, language).c_str());
         }
-        AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(menu), Wide(MenuTitle(in)).c_str());
+        AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(menu), TextIn(language, MenuTitle(in)).c_str());
     }
     return bar;
 }
@@ -125,7 +123,7 @@ void RefreshMenu(HMENU menu, const std::function<bool(Command)>& isEnabled,
     }
 }
 
-void ShowRecentFiles(HMENU menuBar, const std::vector<std::wstring>& files)
+void ShowRecentFiles(HMENU menuBar, const std::vector<std::wstring>& files, Language language)
 {
     const HMENU menu = FindRecentFilesMenu(menuBar);
     if (!menu)
@@ -143,7 +141,7 @@ void ShowRecentFiles(HMENU menuBar, const std::vector<std::wstring>& files)
         AppendMenuW(menu, MF_STRING, FirstRecentFile + number++, text.c_str());
     }
     if (files.empty())
-        AppendMenuW(menu, MF_STRING | MF_GRAYED, 0, L"No file yet");
+        AppendMenuW(menu, MF_STRING | MF_GRAYED, 0, TextIn(language, Words("No file yet")).c_str());
 }
 
 }

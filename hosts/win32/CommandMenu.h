@@ -13,9 +13,7 @@ namespace vostel::viewer {
 
 constexpr UINT FirstRecentFile = 1000;
 
-std::wstring Wide(const char* text);    // the table's texts are plain ASCII
-
-HMENU  MakeMenuBar();
+HMENU  MakeMenuBar(Language language);
 HACCEL MakeAccelerators();
 
 // Enables and checks the entries of a menu that is about to open.
@@ -23,6 +21,6 @@ void RefreshMenu(HMENU menu, const std::function<bool(Command)>& isEnabled,
                  const std::function<bool(Command)>& isOn);
 
 // Replaces the entries of the submenu of recent files.
-void ShowRecentFiles(HMENU menuBar, const std::vector<std::wstring>& files);
+void ShowRecentFiles(HMENU menuBar, const std::vector<std::wstring>& files, Language language);
 
 }

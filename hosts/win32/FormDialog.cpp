@@ -227,11 +227,11 @@ void FormDialog::MakeButtons(int right, int y)
 {
     const int width = 13 * CharWidth, height = LineHeight + 10, gap = LineHeight / 2;
     const int okX = JustToRead ? right - width : right - 2 * width - gap;
-    MakeControl(L"BUTTON", JustToRead ? L"Close" : L"OK", WS_TABSTOP | BS_DEFPUSHBUTTON,
-                {okX, y, okX + width, y + height}, IDOK);
+    MakeControl(L"BUTTON", Text(JustToRead ? Words("Close") : Words("OK")).c_str(),
+                WS_TABSTOP | BS_DEFPUSHBUTTON, {okX, y, okX + width, y + height}, IDOK);
     if (!JustToRead)
-        MakeControl(L"BUTTON", L"Cancel", WS_TABSTOP | BS_PUSHBUTTON, {right - width, y, right, y + height},
-                    IDCANCEL);
+        MakeControl(L"BUTTON", Text(Words("Cancel")).c_str(), WS_TABSTOP | BS_PUSHBUTTON,
+                    {right - width, y, right, y + height}, IDCANCEL);
 }
 
 HWND FormDialog::MakeControl(const wchar_t* kind, const wchar_t* text, DWORD style, const RECT& place, int id)

@@ -3,6 +3,8 @@
 // A modal dialog of rows, a caption and a field each, that measures its texts and is as large as they need.
 // A derived dialog adds its rows before Ask and reads the fields in Read.
 
+#include "commands/Texts.h"
+
 #include <VostelObj.h>
 
 #include <string>
@@ -12,7 +14,7 @@ namespace vostel::viewer {
 
 class FormDialog {
 public:
-    explicit FormDialog(const std::wstring& title) : Title(title) {}
+    FormDialog(const char* title, Language language) : Spoken(language), Title(Text(title)) {}
     virtual ~FormDialog() = default;
     FormDialog(const FormDialog&) = delete;
     FormDialog& operator=(const FormDialog&) = delete;
@@ -34,6 +36,8 @@ protected:
     // Shows what is wrong below the rows and puts the focus on the row.
     void ShowProblem(int row, const std::wstring& sentence);
 
+    std::wstring Text(const char* english) const { return TextIn(Spoken, english); }
+
     bool JustToRead = false;    // one button instead of two
 
 private:
@@ -47,6 +51,7 @@ private:
         HWND                      Field = nullptr;
     };
 
+    Language         Spoken;
     std::wstring     Title;
     std::vector<Row> Rows;
     HWND             Window = nullptr;

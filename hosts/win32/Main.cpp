@@ -1,5 +1,5 @@
-#include "CommandMenu.h"
 #include "MainWindow.h"
+#include "commands/Utf8Text.h"
 
 #include <shellapi.h>
 
@@ -25,7 +25,7 @@ void Print(const std::wstring& text)
     DWORD             written = 0;
     if (!output || output == INVALID_HANDLE_VALUE ||
         !WriteFile(output, narrow.data(), static_cast<DWORD>(narrow.size()), &written, nullptr))
-        MessageBoxW(nullptr, text.c_str(), Wide(ViewerName).c_str(), MB_OK);
+        MessageBoxW(nullptr, text.c_str(), WideOf(ViewerName).c_str(), MB_OK);
 }
 
 }

@@ -15,6 +15,11 @@ const wchar_t* const ClassName = L"VostelViewer";
 
 constexpr int FrameWidth = 3;    // px round a canvas when several show
 
+Language LanguageOfSystem()
+{
+    return PRIMARYLANGID(GetUserDefaultUILanguage()) == LANG_CHINESE ? Language::Chinese : Language::English;
+}
+
 bool RegisterWindowClass(WNDPROC procedure)
 {
     WNDCLASSEXW kind = {};
@@ -36,11 +41,10 @@ bool MainWindow::Create(int show)
     InitCommonControlsEx(&controls);
     if (!RegisterWindowClass(MessageHandler<MainWindow>) || !CanvasWindow::RegisterWindowClass())
         return false;
-    Bar = MakeMenuBar();
     Accelerators = MakeAccelerators();
-    if (!CreateWindowExW(WS_EX_ACCEPTFILES, ClassName, Wide(ViewerName).c_str(),
+    if (!CreateWindowExW(WS_EX_ACCEPTFILES, ClassName, Session.Text(ViewerName).c_str(),
                          WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT, 1100, 800,
-                         nullptr, Bar, GetModuleHandleW(nullptr), this))
+                         nullptr, nullptr, GetModuleHandleW(nullptr), this))
         return false;
     WINDOWPLACEMENT placement = {};
     if (show == SW_SHOWDEFAULT && Settings.LoadPlacement(placement))
@@ -122,9 +126,9 @@ void MainWindow::CreateParts()
         ConnectCanvas(CanvasAt(canvas));
         CanvasAt(canvas).Create(Window, canvas);
     }
-    ShowRecentFiles(Bar, Session.RecentFiles());
-    Status.ShowHint(L"Open a picture with Ctrl+O, or drop one here. F1 shows how the mouse works.");
-    ShowState();
+    Session.Speak(Settings.LoadLanguage().value_or(LanguageOfSystem()));
+    Status.ShowHint(
+        Session.Text(Words("Open a picture with Ctrl+O, or drop one here. F1 shows how the mouse works.")));
 }
 
 void MainWindow::ConnectCanvas(CanvasWindow& window)
@@ -216,7 +220,7 @@ void MainWindow::OnMenuSelect(WPARAM wParam)
 {
     const CommandEntry* const entry = FindCommand(static_cast<Command>(LOWORD(wParam)));
     const bool                isCommand = entry && !(HIWORD(wParam) & (MF_POPUP | MF_SEPARATOR));
-    Status.ShowHint(isCommand ? Wide(entry->Hint) : L"");
+    Status.ShowHint(isCommand ? Session.Text(entry->Hint) : std::wstring());
 }
 
 }

@@ -52,6 +52,7 @@ private:
 
     void                      Repaint(int canvas);
     void                      ShowState();
+    void                      ShowTexts();
     void                      Report(const std::wstring& sentences);
     void                      ShowAbout();
     std::vector<std::wstring> AskFiles();

@@ -61,9 +61,10 @@ ViewerWindow MainWindow::Services()
     };
     window.Repaint = [this](int canvas) { Repaint(canvas); };
     window.ShowState = [this] { ShowState(); };
+    window.ShowTexts = [this] { ShowTexts(); };
     window.ShowStatus = [this](const std::wstring& text) { Status.ShowHint(text); };
     window.Report = [this](const std::wstring& sentences) { Report(sentences); };
-    window.ShowHelp = [this] { GesturesDialog().Ask(Window); };
+    window.ShowHelp = [this] { GesturesDialog(Session.Speaks()).Ask(Window); };
     window.ShowAbout = [this] { ShowAbout(); };
     window.Close = [this] { PostMessageW(Window, WM_CLOSE, 0, 0); };
     window.AskFiles = [this] { return AskFiles(); };
@@ -81,8 +82,9 @@ ViewerSettings MainWindow::Kept()
     settings.LoadRecentFiles = [this] { return Settings.LoadRecentFiles(); };
     settings.SaveRecentFiles = [this](const std::vector<std::wstring>& newest) {
         Settings.SaveRecentFiles(newest);
-        ShowRecentFiles(Bar, newest);
+        ShowRecentFiles(Bar, newest, Session.Speaks());
     };
+    settings.SaveLanguage = [this](Language language) { Settings.SaveLanguage(language); };
     settings.LoadValue = [this](const Routine& routine, const RoutineParameter& parameter) {
         return Settings.LoadValue(routine, parameter);
     };
@@ -104,29 +106,42 @@ void MainWindow::ShowState()
     const int          canvas = Session.Current();
     const std::wstring file = Session.FileNameOf(canvas);
     Status.ShowCanvas(canvas, file);
-    std::wstring title = L"Canvas " + std::to_wstring(canvas + 1) + L" - " + Wide(ViewerName);
+    std::wstring title = Filled(Session.Text(Words("Canvas %1")), {std::to_wstring(canvas + 1)}) + L" - " +
+                         Session.Text(ViewerName);
     if (!file.empty())
         title = file + L" - " + title;
     SetWindowTextW(Window, title.c_str());
 }
 
+void MainWindow::ShowTexts()
+{
+    const HMENU before = std::exchange(Bar, MakeMenuBar(Session.Speaks()));
+    ShowRecentFiles(Bar, Session.RecentFiles(), Session.Speaks());
+    SetMenu(Window, Bar);
+    if (before)
+        DestroyMenu(before);
+    Status.SetLanguage(Session.Speaks());
+    for (const CanvasWindow& canvas : Canvases)
+        canvas.Repaint();    // captions
+}
+
 void MainWindow::Report(const std::wstring& sentences)
 {
-    MessageBoxW(Window, sentences.c_str(), Wide(ViewerName).c_str(), MB_OK | MB_ICONWARNING);
+    MessageBoxW(Window, sentences.c_str(), Session.Text(ViewerName).c_str(), MB_OK | MB_ICONWARNING);
 }
 
 void MainWindow::ShowAbout()
 {
-    const std::wstring text =
-        Wide(ViewerName) + L" " + VIEWER_VERSION + L"\n\nShows, marks and measures images.";
-    MessageBoxW(Window, text.c_str(), L"About", MB_OK | MB_ICONINFORMATION);
+    const std::wstring text = Session.Text(ViewerName) + L" " + VIEWER_VERSION + L"\n\n" +
+                              Session.Text(Words("Shows, marks and measures images."));
+    MessageBoxW(Window, text.c_str(), Session.Text(Words("About")).c_str(), MB_OK | MB_ICONINFORMATION);
 }
 
 std::vector<std::wstring> MainWindow::AskFiles()
 {
     VostelFileRequest request;
     request.Flags = OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_ALLOWMULTISELECT;
-    request.Filter = Wide(OpenFilter()).c_str();
+    request.Filter = OpenFilter(Session.Speaks()).c_str();
     std::vector<CString> chosen;
     if (!AskForFileNames(Window, request, chosen))
         return {};
@@ -135,16 +150,16 @@ std::vector<std::wstring> MainWindow::AskFiles()
 
 bool MainWindow::AskTextLines(std::wstring& lines)
 {
-    TextLinesDialog dialog(LastLines);
+    TextLinesDialog dialog(LastLines, Session.Speaks());
     if (!dialog.Ask(Window))
         return false;
-    lines = LastLines = dialog.Text;
+    lines = LastLines = dialog.Entered;
     return true;
 }
 
 bool MainWindow::AskRoutine(RoutineQuestion& question)
 {
-    RoutineDialog dialog(question);
+    RoutineDialog dialog(question, Session.Speaks());
     if (!dialog.Ask(Window))
         return false;
     question.Values = dialog.Values;

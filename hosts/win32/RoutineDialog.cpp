@@ -1,7 +1,5 @@
 #include "RoutineDialog.h"
 
-#include "CommandMenu.h"
-
 #include <cwchar>
 
 namespace vostel::viewer {
@@ -28,15 +26,10 @@ bool ParseNumber(const std::wstring& text, double& value)
     return end == digits.c_str() + digits.size();
 }
 
-std::wstring LimitsOf(const RoutineParameter& parameter)
-{
-    return L"From " + TextOfNumber(parameter.Low) + L" to " + TextOfNumber(parameter.High) + L".";
 }
 
-}
-
-RoutineDialog::RoutineDialog(const RoutineQuestion& question)
-    : FormDialog(Wide(question.Asked->Title)), Values(question.Values), Second(question.Second),
+RoutineDialog::RoutineDialog(const RoutineQuestion& question, Language language)
+    : FormDialog(question.Asked->Title, language), Values(question.Values), Second(question.Second),
       Question(question)
 {
     const Routine& routine = *question.Asked;
@@ -48,19 +41,25 @@ RoutineDialog::RoutineDialog(const RoutineQuestion& question)
                 chosen = static_cast<int>(names.size());
             names.push_back(source.Name);
         }
-        SecondRow = AddChoice(L"Second image", names, chosen);
+        SecondRow = AddChoice(Text(Words("Second image")), names, chosen);
     }
     for (std::size_t i = 0; i < Values.size(); ++i) {
         const RoutineParameter& parameter = routine.Parameters[i];
         if (parameter.Kind != ParameterKind::Choice) {
-            AddText(Wide(parameter.Name), TextOfNumber(Values[i]));
+            AddText(Text(parameter.Name), TextOfNumber(Values[i]));
             continue;
         }
         std::vector<std::wstring> choices;
         for (const char* choice : parameter.Choices)
-            choices.push_back(Wide(choice));
-        AddChoice(Wide(parameter.Name), choices, static_cast<int>(Values[i]));
+            choices.push_back(Text(choice));
+        AddChoice(Text(parameter.Name), choices, static_cast<int>(Values[i]));
     }
+}
+
+std::wstring RoutineDialog::LimitsOf(const RoutineParameter& parameter) const
+{
+    return L" " +
+           Filled(Text(Words("From %1 to %2.")), {TextOfNumber(parameter.Low), TextOfNumber(parameter.High)});
 }
 
 bool RoutineDialog::Read()
@@ -73,14 +72,13 @@ bool RoutineDialog::Read()
         if (routine.Parameters[i].Kind == ParameterKind::Choice) {
             read[i] = ChoiceOf(row);
         } else if (!ParseNumber(TextOf(row), read[i])) {
-            ShowProblem(row, L"This is not a number. " + LimitsOf(routine.Parameters[i]));
+            ShowProblem(row, Text(Words("This is not a number.")) + LimitsOf(routine.Parameters[i]));
             return false;
         }
     }
     std::size_t wrong = 0;
     if (const char* const problem = CheckValues(routine, read, &wrong)) {
-        ShowProblem(firstRow + static_cast<int>(wrong),
-                    Wide(problem) + L" " + LimitsOf(routine.Parameters[wrong]));
+        ShowProblem(firstRow + static_cast<int>(wrong), Text(problem) + LimitsOf(routine.Parameters[wrong]));
         return false;
     }
     Values = read;

@@ -9,7 +9,7 @@ namespace vostel::viewer {
 
 class RoutineDialog : public FormDialog {
 public:
-    explicit RoutineDialog(const RoutineQuestion& question);
+    RoutineDialog(const RoutineQuestion& question, Language language);
 
     // What was entered, after a confirmed Ask.
     std::vector<double> Values;
@@ -21,6 +21,8 @@ protected:
 private:
     const RoutineQuestion& Question;
     int                    SecondRow = -1;
+
+    std::wstring LimitsOf(const RoutineParameter& parameter) const;
 };
 
 }

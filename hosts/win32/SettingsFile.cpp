@@ -1,7 +1,7 @@
 #include "SettingsFile.h"
 
-#include "CommandMenu.h"
 #include "commands/RecentFileList.h"
+#include "commands/Utf8Text.h"
 
 #include <cwchar>
 
@@ -14,7 +14,7 @@ const wchar_t* const RecentFiles = L"RecentFiles";
 // The names of the routine and the parameter outlive their numbers.
 std::wstring SectionOf(const Routine& routine)
 {
-    return L"Routines/" + Wide(routine.Title);
+    return L"Routines/" + WideOf(routine.Title);
 }
 
 }
@@ -55,7 +55,7 @@ void SettingsFile::SaveRecentFiles(const std::vector<std::wstring>& newest) cons
 
 std::optional<double> SettingsFile::LoadValue(const Routine& routine, const RoutineParameter& parameter) const
 {
-    const std::wstring text = Read(SectionOf(routine), Wide(parameter.Name));
+    const std::wstring text = Read(SectionOf(routine), WideOf(parameter.Name));
     wchar_t*           end = nullptr;
     const double       value = std::wcstod(text.c_str(), &end);
     return text.empty() || *end != L'\0' ? std::nullopt : std::optional(value);
@@ -65,7 +65,20 @@ void SettingsFile::SaveValue(const Routine& routine, const RoutineParameter& par
 {
     wchar_t text[40];
     std::swprintf(text, 40, L"%.17g", value);
-    Write(SectionOf(routine), Wide(parameter.Name), text);
+    Write(SectionOf(routine), WideOf(parameter.Name), text);
+}
+
+std::optional<Language> SettingsFile::LoadLanguage() const
+{
+    const std::wstring name = Read(L"Window", L"Language");
+    return name == L"zh"   ? std::optional(Language::Chinese)
+           : name == L"en" ? std::optional(Language::English)
+                           : std::nullopt;
+}
+
+void SettingsFile::SaveLanguage(Language language) const
+{
+    Write(L"Window", L"Language", language == Language::Chinese ? L"zh" : L"en");
 }
 
 bool SettingsFile::LoadPlacement(WINDOWPLACEMENT& placement) const

@@ -66,6 +66,18 @@ int StatusBar::Height() const
     return rect.bottom - rect.top;
 }
 
+void StatusBar::SetLanguage(Language language)
+{
+    Spoken = language;
+    for (int part = 0; part < PartCount; ++part)    // of the other language
+        SetPart(static_cast<Part>(part), L"");
+}
+
+std::wstring StatusBar::ZoomOf(int canvas) const
+{
+    return Filled(TextIn(Spoken, Words("zoom %1 %")), {Format(L"%.1f", ScaleOf(canvas) * 100.0)});
+}
+
 void StatusBar::ShowHint(const std::wstring& hint)
 {
     SetPart(Hint, hint);
@@ -78,18 +90,21 @@ void StatusBar::ShowCursor(int canvas, CPoint client)
     const bool inside = gCVSGetFileType(canvas) != FileTypeNone && x >= 0.0 && y >= 0.0 &&
                         x < gCVSGetCanvasWidth(canvas) && y < gCVSGetCanvasHeight(canvas);
     SetPart(Position, inside ? Format(L"x %d  y %d", static_cast<int>(x), static_cast<int>(y)) : L"");
-    SetPart(Value, inside ? Format(L"value %.6g", static_cast<double>(ValueUnder(canvas, client))) : L"");
-    SetPart(Zoom, Format(L"zoom %.1f %%", ScaleOf(canvas) * 100.0));
+    SetPart(Value, inside ? Filled(TextIn(Spoken, Words("value %1")),
+                                   {Format(L"%.6g", static_cast<double>(ValueUnder(canvas, client)))})
+                          : std::wstring());
+    SetPart(Zoom, ZoomOf(canvas));
 }
 
 void StatusBar::ShowCanvas(int canvas, const std::wstring& file)
 {
-    const FileType type = gCVSGetFileType(canvas);
+    const FileType    type = gCVSGetFileType(canvas);
+    const char* const text = type == FileTypeByte ? Words("%1 x %2 8 bit") : Words("%1 x %2 float");
     SetPart(Size, type == FileTypeNone
-                      ? L""
-                      : Format(L"%d x %d %ls", gCVSGetCanvasWidth(canvas), gCVSGetCanvasHeight(canvas),
-                               type == FileTypeByte ? L"8 bit" : L"float"));
-    SetPart(Zoom, Format(L"zoom %.1f %%", ScaleOf(canvas) * 100.0));
+                      ? std::wstring()
+                      : Filled(TextIn(Spoken, text), {std::to_wstring(gCVSGetCanvasWidth(canvas)),
+                                                      std::to_wstring(gCVSGetCanvasHeight(canvas))}));
+    SetPart(Zoom, ZoomOf(canvas));
     SetPart(File, file.substr(file.find_last_of(L"\\/") + 1));
 }
 

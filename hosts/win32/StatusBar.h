@@ -3,6 +3,8 @@
 // The bar at the foot of the main window: hint, position and value under the cursor, zoom, size of the image
 // and file.
 
+#include "commands/Texts.h"
+
 #include <VostelObj.h>
 
 #include <string>
@@ -16,6 +18,8 @@ public:
 
     int Height() const;
 
+    void SetLanguage(Language language);
+
     void ShowHint(const std::wstring& hint);
     void ShowCursor(int canvas, CPoint client);    // what is under the cursor
     void ShowCanvas(int canvas, const std::wstring& file);
@@ -24,9 +28,11 @@ private:
     enum Part { Hint, Position, Value, Zoom, Size, File, PartCount };
 
     HWND         Window = nullptr;
+    Language     Spoken = Language::English;
     std::wstring Shown[PartCount];
 
-    void SetPart(Part part, const std::wstring& text);
+    std::wstring ZoomOf(int canvas) const;
+    void         SetPart(Part part, const std::wstring& text);
 };
 
 }

@@ -1,28 +1,29 @@
 #include "TextDialogs.h"
 
-#include "CommandMenu.h"
+#include "commands/Commands.h"
 
 namespace vostel::viewer {
 
-TextLinesDialog::TextLinesDialog(const std::wstring& start) : FormDialog(L"Text lines"), Text(start)
+TextLinesDialog::TextLinesDialog(const std::wstring& start, Language language)
+    : FormDialog(Words("Text lines"), language), Entered(start)
 {
-    AddLines(L"Lines", start);
+    AddLines(Text(Words("Lines")), start);
 }
 
 bool TextLinesDialog::Read()
 {
-    Text = TextOf(0);
-    if (Text.find_first_not_of(L" \t\r\n") != std::wstring::npos)
+    Entered = TextOf(0);
+    if (Entered.find_first_not_of(L" \t\r\n") != std::wstring::npos)
         return true;
-    ShowProblem(0, L"There is no text yet.");
+    ShowProblem(0, Text(Words("There is no text yet.")));
     return false;
 }
 
-GesturesDialog::GesturesDialog() : FormDialog(L"Gestures and keys")
+GesturesDialog::GesturesDialog(Language language) : FormDialog(Words("Gestures and keys"), language)
 {
     JustToRead = true;
     for (const char* line : GestureHelp()) {
-        const std::wstring text = Wide(line);
+        const std::wstring text = Text(line);
         const std::size_t  tab = text.find(L'\t');
         if (tab == std::wstring::npos)
             AddHeading(text);

@@ -8,9 +8,9 @@ namespace vostel::viewer {
 
 class TextLinesDialog : public FormDialog {
 public:
-    explicit TextLinesDialog(const std::wstring& start);
+    TextLinesDialog(const std::wstring& start, Language language);
 
-    std::wstring Text;    // what the field starts with; after a confirmed Ask, what was entered
+    std::wstring Entered;    // what the field starts with; after a confirmed Ask, what was entered
 
 protected:
     bool Read() override;
@@ -18,7 +18,7 @@ protected:
 
 class GesturesDialog : public FormDialog {
 public:
-    GesturesDialog();
+    explicit GesturesDialog(Language language);
 };
 
 }
