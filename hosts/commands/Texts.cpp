@@ -11,15 +11,20 @@ std::wstring TextIn(Language language, const char* english)
     return WideOf(english);
 }
 
-std::wstring Filled(std::wstring text, std::initializer_list<std::wstring> parts)
+std::wstring Filled(const std::wstring& text, std::initializer_list<std::wstring> parts)
 {
-    int number = 0;
-    for (const std::wstring& part : parts) {
-        const std::wstring mark = L'%' + std::to_wstring(++number);
-        if (const std::size_t at = text.find(mark); at != std::wstring::npos)
-            text.replace(at, mark.size(), part);
+    std::wstring filled;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool isMark = text[i] == L'%' && i + 1 < text.size() && text[i + 1] >= L'1';
+        const auto part = isMark ? static_cast<std::size_t>(text[i + 1] - L'1') : parts.size();
+        if (part < parts.size()) {
+            filled += parts.begin()[part];
+            ++i;
+        } else {
+            filled += text[i];
+        }
     }
-    return text;
+    return filled;
 }
 
 }

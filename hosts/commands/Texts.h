@@ -36,6 +36,6 @@ consteval const char* Words(const char* english)
 std::wstring TextIn(Language language, const char* english);
 
 // The text with its marks %1, %2, ... replaced by the parts.
-std::wstring Filled(std::wstring text, std::initializer_list<std::wstring> parts);
+std::wstring Filled(const std::wstring& text, std::initializer_list<std::wstring> parts);
 
 }

@@ -71,9 +71,11 @@ struct TestViewer {
     std::vector<int>          Repainted;
     int                       Arranged = 0;
     int                       Closed = 0;
+    int                       TextsShown = 0;
 
     // What is kept, and what the person does.
     std::vector<std::wstring>                                   RecentFiles;
+    std::vector<vostel::viewer::Language>                       Languages;    // that were saved
     std::map<std::pair<std::string, std::string>, double>       Values;
     std::vector<std::wstring>                                   Chosen;
     std::function<bool(vostel::viewer::RoutineQuestion&)>       Answer;
@@ -104,6 +106,7 @@ struct TestViewer {
         window.Repaint = [this](int canvas) { Repainted.push_back(canvas); };
         window.ShowStatus = [this](const std::wstring& text) { Statuses.push_back(text); };
         window.Report = [this](const std::wstring& sentences) { Reports.push_back(sentences); };
+        window.ShowTexts = [this] { ++TextsShown; };
         window.Close = [this] { ++Closed; };
         window.AskFiles = [this] { return Chosen; };
         window.AskRoutine = [this](vostel::viewer::RoutineQuestion& question) {
@@ -123,6 +126,7 @@ struct TestViewer {
         ViewerSettings settings;
         settings.LoadRecentFiles = [this] { return RecentFiles; };
         settings.SaveRecentFiles = [this](const std::vector<std::wstring>& files) { RecentFiles = files; };
+        settings.SaveLanguage = [this](Language language) { Languages.push_back(language); };
         settings.LoadValue = [this](const Routine& routine, const RoutineParameter& parameter) {
             const auto found = Values.find({routine.Title, parameter.Name});
             return found == Values.end() ? std::nullopt : std::optional(found->second);

@@ -1,5 +1,7 @@
 #include "hosts/commands/TestViewer.h"
 
+#include <vostel.h>
+
 #include <cmath>
 #include <fstream>
 #include <memory>
@@ -434,4 +436,27 @@ TEST_CASE("a window that brings nothing but Post can be driven")
     session.OpenFiles({L"none.bmp"});
     CHECK_FALSE(session.RoutineRuns());
     CHECK(session.RecentFiles().empty());
+}
+
+TEST_CASE("choosing a language gives the session, the canvases and the settings that language")
+{
+    TestViewer viewer;
+    viewer.Session.Speak(Language::English);
+    CHECK(viewer.Languages.empty());    // nobody has chosen it
+    CHECK(viewer.Session.IsChecked(Command::SpeakEnglish));
+    viewer.Session.Carry(Command::SpeakChinese);
+    CHECK(viewer.Session.IsChecked(Command::SpeakChinese));
+    CHECK_FALSE(viewer.Session.IsChecked(Command::SpeakEnglish));
+    CHECK(viewer.Languages == std::vector{Language::Chinese});
+    CHECK(viewer.TextsShown == 2);
+    char name[8] = "";
+    CHECK(vostel_canvas_language(3, name, sizeof name, nullptr) == VOSTEL_OK);
+    CHECK(std::string(name) == "zh");
+    viewer.Session.OpenFiles({viewer.NameIn("none.bmp")});
+    CHECK(viewer.Reports ==
+          std::vector{viewer.NameIn("none.bmp") + L"\n\u6587\u4ef6\u4e0d\u5b58\u5728\u3002"});
+    viewer.Session.Carry(Command::SpeakEnglish);
+    CHECK(vostel_canvas_language(3, name, sizeof name, nullptr) == VOSTEL_OK);
+    CHECK(std::string(name) == "en");
+    viewer.Session.Speak(Language::Chinese);    // as the canvases of other tests are
 }
