@@ -8,6 +8,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
@@ -151,6 +152,36 @@ void WineViewer::TypePath(const std::string& path)
         Desk().Type(WindowsPath(path));
     });
     Keys({"Return"});
+}
+
+std::vector<std::string> WineViewer::Texts()
+{
+    const TempFolder  folder;
+    const std::string path = folder.Path("texts.txt");
+    RunUnderWine({"explorer", "/desktop=vostel", Environment("VOSTEL_WINDOW_TEXTS"), "VostelViewer",
+                  WindowsPath(path)});
+    REQUIRE(XScreen::Wait([&] { return std::filesystem::exists(path); }));
+    std::vector<std::string> lines;
+    std::ifstream            stream(path);
+    for (std::string line; std::getline(stream, line);)
+        lines.push_back(line);
+    return lines;
+}
+
+bool WineViewer::Says(const std::string& kind, const std::string& words)
+{
+    std::vector<std::string> lines;
+    const bool               said = XScreen::Wait([&] {
+        lines = Texts();
+        return std::any_of(lines.begin(), lines.end(), [&](const std::string& line) {
+            return line.compare(0, kind.size() + 1, kind + ' ') == 0 &&
+                   line.find(words, kind.size() + 1) != std::string::npos;
+        });
+    });
+    if (!said)
+        for (const std::string& line : lines)
+            MESSAGE(line);
+    return said;
 }
 
 std::string WineViewer::Settings(const char* file)

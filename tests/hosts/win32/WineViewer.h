@@ -30,6 +30,11 @@ public:
     void Fill(std::initializer_list<std::string> fields);
     void TypePath(const std::string& path);    // into a file dialog, and confirms it
 
+    // What can be read in its windows now, as WindowTexts.cpp writes it.
+    static std::vector<std::string> Texts();
+    // Whether a line of the kind is there, with the words in its text, or comes.
+    static bool Says(const std::string& kind, const std::string& words);
+
     // What the viewer keeps between runs, as UTF-8.
     static std::string Settings(const char* file);
 
