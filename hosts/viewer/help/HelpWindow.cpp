@@ -49,6 +49,7 @@ HelpWindow::HelpWindow(QWidget* parent)
     Words->setClearButtonEnabled(true);
     Pages->setObjectName(QStringLiteral("Pages"));
     Pages->setAccessibleName(tr("Pages"));
+    Text->setAccessibleName(tr("Text of the page"));
     Text->setObjectName(QStringLiteral("Text"));
     Text->setOpenLinks(false);
     Text->setSearchPaths({Folder});

@@ -1939,6 +1939,10 @@ or open one by Ctrl+O</source>
         <source>No page has these words.</source>
         <translation>没有页面包含这些词。</translation>
     </message>
+    <message>
+        <source>Text of the page</source>
+        <translation>页面正文</translation>
+    </message>
 </context>
 <context>
     <name>vostel::viewer::HistogramPanel</name>
@@ -2181,6 +2185,18 @@ or open one by Ctrl+O</source>
     <message>
         <source>Objects or settings of &quot;%1&quot; are not saved.</source>
         <translation>“%1”的对象或设置尚未保存。</translation>
+    </message>
+    <message>
+        <source>More menus</source>
+        <translation>更多菜单</translation>
+    </message>
+    <message>
+        <source>More of: %1</source>
+        <translation>更多：%1</translation>
+    </message>
+    <message>
+        <source>Panels</source>
+        <translation>面板</translation>
     </message>
 </context>
 <context>
@@ -2907,6 +2923,10 @@ or open one by Ctrl+O</source>
     <message>
         <source>Open documents</source>
         <translation>打开的文档</translation>
+    </message>
+    <message>
+        <source>Close %1</source>
+        <translation>关闭 %1</translation>
     </message>
 </context>
 </TS>

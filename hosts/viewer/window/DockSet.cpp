@@ -53,9 +53,10 @@ constexpr CommandText Standard = {"dock.standard", QT_TRANSLATE_NOOP("Commands",
 constexpr int RightWidth = 300, MeasuresHeight = 170;    // layout px
 
 // For a panel of many controls: a small dock hides none for good.
-QWidget* InScrollArea(QWidget& panel)
+QWidget* InScrollArea(QWidget& panel, const QString& title)
 {
     auto* const area = new QScrollArea;
+    area->setAccessibleName(title);
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
     area->setWidget(&panel);
@@ -81,7 +82,7 @@ void DockSet::Add(CanvasPanel& panel, const char* name, const QString& title, bo
 {
     auto* const dock = new QDockWidget(title, &Window);
     dock->setObjectName(QLatin1String(name));
-    dock->setWidget(scrolls ? InScrollArea(panel) : &panel);
+    dock->setWidget(scrolls ? InScrollArea(panel, title) : &panel);
     panel.setAccessibleName(title);
     connect(&panel, &CanvasPanel::reported, this, [this](const Outcome& outcome) { Window.Report(outcome); });
     connect(

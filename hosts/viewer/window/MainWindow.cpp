@@ -25,7 +25,9 @@
 #include <QScreen>
 #include <QSettings>
 #include <QStatusBar>
+#include <QTabBar>
 #include <QToolBar>
+#include <QToolButton>
 #include <QUrl>
 
 namespace vostel::viewer {
@@ -37,6 +39,16 @@ const QString BarsKey = QStringLiteral("Window/Bars");
 const QString ClassicKey = QStringLiteral("ClassicGestures");
 
 constexpr int BarsVersion = 3;    // another arrangement of the bars gets another number
+
+// The button of the toolkit that brings what a narrow bar has no room for says nothing by itself.
+void NameButtons(QWidget& bar, const QString& name)
+{
+    for (QToolButton* const button : bar.findChildren<QToolButton*>())
+        if (!button->defaultAction()) {
+            button->setAccessibleName(name);
+            button->setToolTip(name);
+        }
+}
 
 }
 
@@ -98,12 +110,14 @@ CanvasView& MainWindow::View() const
 void MainWindow::BuildBars()
 {
     Entries->FillMenuBar(*menuBar());
+    NameButtons(*menuBar(), tr("More menus"));
     const auto add = [this](const QString& title, const char* name, Qt::ToolBarArea area,
                             const std::vector<const char*>& ids) {
         auto* const bar = new QToolBar(title, this);
         bar->setObjectName(QLatin1String(name));
         addToolBar(area, bar);
         Entries->FillToolBar(*bar, ids);
+        NameButtons(*bar, tr("More of: %1").arg(title));
     };
     add(tr("File, edit and view"), "TopBar", Qt::TopToolBarArea,
         {"file.open", "file.save", nullptr, "edit.undo", "edit.redo", nullptr, "view.fit", "view.actual",
@@ -315,6 +329,14 @@ void MainWindow::closeEvent(QCloseEvent* event)
     settings.setValue(WindowKey, saveGeometry());
     settings.setValue(BarsKey, saveState(BarsVersion));
     event->accept();
+}
+
+void MainWindow::childEvent(QChildEvent* event)
+{
+    QMainWindow::childEvent(event);
+    auto* const tabs = event->polished() ? qobject_cast<QTabBar*>(event->child()) : nullptr;
+    if (tabs)    // of docks that lie on one another
+        tabs->setAccessibleName(tr("Panels"));
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)

@@ -51,6 +51,7 @@ Q_SIGNALS:
     void currentChanged();
 
 protected:
+    void childEvent(QChildEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;

@@ -191,6 +191,9 @@ void Workspace::ShowTitles()
         QString       safe = title;
         Tabs->setTabText(i, safe.replace(QLatin1Char('&'), QStringLiteral("&&")));
         Tabs->setTabToolTip(i, shown.PicturePath());
+        for (const auto side : {QTabBar::LeftSide, QTabBar::RightSide})    // as the style has it
+            if (QWidget* const close = Tabs->tabButton(i, side))
+                close->setAccessibleName(tr("Close %1").arg(shown.Title()));
     }
 }
 

@@ -34,6 +34,7 @@ if(TARGET vostel-viewer-parts)
             process/RoutinesTest
             users/DrawingInARowTest
             users/PicturesOfOthersTest
+            window/AccessibleNamesTest
             window/ChineseTest
             window/DocksTest
             window/MainWindowTest
