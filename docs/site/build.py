@@ -30,8 +30,8 @@ ELSEWHERE = {
 # The table of contents. What is linked and has no place here comes last.
 CONTENTS = {
     "Five minutes": ["tutorials/cpp", "tutorials/c", "tutorials/python", "tutorials/csharp", "tutorials/qt"],
-    "Guides": ["guides/coordinates", "guides/drawing", "guides/measuring", "guides/contrast", "guides/history",
-               "guides/listeners", "events", "formats", "guides/threads", "guides/embedding"],
+    "Guides": ["guides/viewer", "guides/coordinates", "guides/drawing", "guides/measuring", "guides/contrast",
+               "guides/history", "guides/listeners", "events", "formats", "guides/threads", "guides/embedding"],
     "Reference": ["interface", "reference/c", "reference/cpp", "python", "hosting", "keys", "viewers",
                   "reference/headers"],
     "Gallery": ["gallery", "reconstruction"],

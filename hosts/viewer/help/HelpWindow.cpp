@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QRegularExpression>
 #include <QSplitter>
 #include <QTextBrowser>
 #include <QUrl>
@@ -16,18 +17,21 @@ namespace vostel::viewer {
 
 namespace {
 
-const QString Folder = QStringLiteral(":/help");
-
 constexpr int PathRole = Qt::UserRole;
 
 // In the order in which somebody who begins reads them.
-constexpr const char* Order[] = {"viewers.md", "measuring.md", "contrast.md",   "coordinates.md",
+constexpr const char* Order[] = {"viewer.md",  "measuring.md", "contrast.md",   "coordinates.md",
                                  "history.md", "formats.md",   "reliability.md"};
 
+// Without pictures, which the program does not carry along.
 QString Content(const QString& path)
 {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    static const QRegularExpression picture(QStringLiteral("^!\\[[^\\]]*\\]\\([^)]*\\)\\n\\n?"),
+                                            QRegularExpression::MultilineOption);
+    QFile                           file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    return QString::fromUtf8(file.readAll()).remove(picture);
 }
 
 QString Title(const QString& content)
@@ -52,7 +56,6 @@ HelpWindow::HelpWindow(QWidget* parent)
     Text->setAccessibleName(tr("Text of the page"));
     Text->setObjectName(QStringLiteral("Text"));
     Text->setOpenLinks(false);
-    Text->setSearchPaths({Folder});
 
     auto* const left = new QWidget;
     auto* const column = new QVBoxLayout(left);
@@ -78,11 +81,18 @@ HelpWindow::HelpWindow(QWidget* parent)
     Fill(QString());
 }
 
+QString HelpWindow::PathOf(const char* page)
+{
+    //: The folder of the help's pages in the language of the interface.
+    const QString own = QStringLiteral(":/help/%1/%2").arg(tr("en"), QLatin1String(page));
+    return QFile::exists(own) ? own : QStringLiteral(":/help/en/") + QLatin1String(page);
+}
+
 void HelpWindow::Fill(const QString& words)
 {
     Pages->clear();
     for (const char* const name : Order) {
-        const QString path = Folder + QLatin1Char('/') + QLatin1String(name);
+        const QString path = PathOf(name);
         const QString content = Content(path);
         if (!content.contains(words, Qt::CaseInsensitive))
             continue;

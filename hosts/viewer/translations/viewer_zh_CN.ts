@@ -1943,6 +1943,11 @@ or open one by Ctrl+O</source>
         <source>Text of the page</source>
         <translation>页面正文</translation>
     </message>
+    <message>
+        <source>en</source>
+        <extracomment>The folder of the help&apos;s pages in the language of the interface.</extracomment>
+        <translation>zh_CN</translation>
+    </message>
 </context>
 <context>
     <name>vostel::viewer::HistogramPanel</name>
