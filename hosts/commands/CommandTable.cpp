@@ -9,13 +9,14 @@ namespace {
 
 using enum Command;
 
-constexpr Menu Menus[] = {Menu::File, Menu::View, Menu::Draw, Menu::Process, Menu::Measure, Menu::Help};
+constexpr Menu Menus[] = {Menu::File,    Menu::Edit,    Menu::View, Menu::Draw,
+                          Menu::Process, Menu::Measure, Menu::Help};
 
 constexpr CommandEntry Commands[] = {
     {.Id = Open,
      .In = Menu::File,
      .Text = Words("&Open..."),
-     .Hint = Words("Open a picture or a raw file on the current canvas."),
+     .Hint = Words("Open a picture, a raw file or a session on the current canvas."),
      .Shortcut = "Ctrl+O",
      .Icon = "open",
      .ByViewer = true},
@@ -25,11 +26,26 @@ constexpr CommandEntry Commands[] = {
      .Text = Words("&Recent files"),
      .Hint = Words("Open a file that was open before."),
      .ByViewer = true},
+    {.Id = SaveSession,
+     .In = Menu::File,
+     .Text = Words("&Save session"),
+     .Hint = Words("Save the objects, and where their image is, to go on with later."),
+     .Shortcut = "Ctrl+S",
+     .Icon = "save",
+     .SeparatorBefore = true,
+     .Need = Needs::Image,
+     .ByViewer = true},
+    {.Id = SaveSessionAs,
+     .In = Menu::File,
+     .Text = Words("Save s&ession as..."),
+     .Hint = Words("Save the objects in another session file."),
+     .Need = Needs::Image,
+     .ByViewer = true},
     {.Id = SaveImageWithOverlays,
      .In = Menu::File,
      .Text = Words("Save image &with objects..."),
      .Hint = Words("Save the image at its size on the screen, with all objects."),
-     .Shortcut = "Ctrl+S",
+     .Shortcut = "Ctrl+W",
      .Icon = "save",
      .SeparatorBefore = true,
      .Need = Needs::Image},
@@ -70,6 +86,21 @@ constexpr CommandEntry Commands[] = {
      .Hint = Words("Close the viewer."),
      .Shortcut = "Ctrl+Q",
      .SeparatorBefore = true,
+     .ByViewer = true},
+
+    {.Id = Undo,
+     .In = Menu::Edit,
+     .Text = Words("&Undo"),
+     .Hint = Words("Take the last change of objects back."),
+     .Shortcut = "Ctrl+Z",
+     .Icon = "undo",
+     .ByViewer = true},
+    {.Id = Redo,
+     .In = Menu::Edit,
+     .Text = Words("&Redo"),
+     .Hint = Words("Bring again what was taken back."),
+     .Shortcut = "Ctrl+Y",
+     .Icon = "redo",
      .ByViewer = true},
 
     {.Id = MouseFixed,
@@ -390,7 +421,7 @@ constexpr CommandEntry Commands[] = {
      .In = Menu::Process,
      .Text = Words("&Undo the routine"),
      .Hint = Words("Show the image again that the last routine worked on."),
-     .Shortcut = "Ctrl+Z",
+     .Shortcut = "Ctrl+Shift+Z",
      .Icon = "undo"},
 
     {.Id = LineProfile,
@@ -443,6 +474,13 @@ constexpr CommandEntry Commands[] = {
      .Shortcut = "Ctrl+Shift+M",
      .Icon = "scale",
      .SeparatorBefore = true},
+    {.Id = Command::MeasureTable,
+     .In = Menu::Measure,
+     .Text = Words("&Table..."),
+     .Hint = Words("Show the measures of all objects, to be copied and saved."),
+     .Shortcut = "Ctrl+L",
+     .Need = Needs::Image,
+     .ByViewer = true},
 
     {.Id = HelpGestures,
      .In = Menu::Help,
@@ -475,6 +513,8 @@ const char* MenuTitle(Menu menu)
     switch (menu) {
     case Menu::File:
         return Words("&File");
+    case Menu::Edit:
+        return Words("&Edit");
     case Menu::View:
         return Words("&View");
     case Menu::Draw:

@@ -15,13 +15,15 @@ namespace vostel::viewer {
 inline constexpr int         CanvasCount = 5;
 inline constexpr const char* ViewerName = Words("Vostel Viewer");
 
-enum class Menu : int { File, View, Draw, Process, Measure, Help };
+enum class Menu : int { File, Edit, View, Draw, Process, Measure, Help };
 
 // Numbers are the viewers' own and fit a menu's: they may change between versions.
 enum class Command : int {
     // File
     Open = 1,
     RecentFiles,
+    SaveSession,
+    SaveSessionAs,
     SaveClient,
     SaveImageWithOverlays,
     SaveImageAsShown,
@@ -29,6 +31,9 @@ enum class Command : int {
     SaveFloat,
     SaveLabels,
     Quit,
+    // Edit
+    Undo,
+    Redo,
     // View
     MouseFixed,
     MouseZoomCentre,
@@ -82,6 +87,7 @@ enum class Command : int {
     MeasureAngle3,
     MeasureAngle4,
     MeasureScale,
+    MeasureTable,
     // Help
     HelpGestures,
     About

@@ -1,6 +1,9 @@
 #include "commands/ViewerSession.h"
 
+#include "commands/CanvasState.h"
+#include "commands/CanvasWork.h"
 #include "commands/FilePaths.h"
+#include "commands/Utf8Text.h"
 #include "common/CanvasFacts.h"
 
 #include <vostel.h>
@@ -39,10 +42,55 @@ int CanvasOf(Command id)
     return static_cast<int>(id) - static_cast<int>(Command::Canvas1);
 }
 
+Step StepOf(Command id)
+{
+    return id == Command::Undo ? Step::Undo : Step::Redo;
+}
+
 // Follows the size of the image, so that a value for another image is of no use.
 bool IsOfImage(const RoutineParameter& parameter)
 {
     return parameter.From != StartFrom::Number;
+}
+
+// The library's names of the columns of a table, and ours.
+constexpr std::pair<const wchar_t*, const char*> Titles[] = {
+    {L"object", Words("Number")},
+    {L"name", Words("Name")},
+    {L"kind", Words("Kind")},
+    {L"label", Words("Label")},
+    {L"unit", Words("Unit")},
+    {L"pixels", Words("Pixels")},
+    {L"not_finite", Words("Not finite")},
+    {L"area", Words("Area")},
+    {L"perimeter", Words("Perimeter")},
+    {L"length", Words("Length")},
+    {L"angle", Words("Angle")},
+    {L"centroid_x", Words("Centroid x")},
+    {L"centroid_y", Words("Centroid y")},
+    {L"left", Words("Left")},
+    {L"top", Words("Top")},
+    {L"right", Words("Right")},
+    {L"bottom", Words("Bottom")},
+    {L"mean", Words("Mean")},
+    {L"sd", Words("Deviation")},
+    {L"min", Words("Minimum")},
+    {L"max", Words("Maximum")},
+    {L"sum", Words("Sum")},
+    {L"median", Words("Median")},
+    {L"feret_max", Words("Greatest width")},
+    {L"feret_min", Words("Least width")},
+    {L"circularity", Words("Circularity")},
+};
+
+// "Move polygon" by its two parts.
+std::wstring StepText(Language language, const std::string& english)
+{
+    const std::size_t space = english.find(' ');
+    if (space == std::string::npos)
+        return TextIn(language, english.c_str());
+    return Filled(TextIn(language, (english.substr(0, space) + " %1").c_str()),
+                  {TextIn(language, english.substr(space + 1).c_str())});
 }
 
 constexpr const char* NoMemoryForImage = Words("There is not enough memory for this image.");
@@ -55,6 +103,8 @@ ViewerSession::ViewerSession(ViewerWindow window, ViewerSettings settings)
              Settings.SaveRecentFiles),
       Runner(Window.Post)
 {
+    for (int canvas = 0; canvas < CanvasCount; ++canvas)
+        BeginHistory(canvas);
 }
 
 void ViewerSession::Speak(Language language)
@@ -78,6 +128,8 @@ bool ViewerSession::IsEnabled(Command id) const
         return false;
     if (id == Command::CancelRoutine)
         return RoutineRuns();
+    if (id == Command::Undo || id == Command::Redo)
+        return !StepName(CurrentCanvas, StepOf(id)).empty();
     if (entry->Kind == CommandKind::Routine || id == Command::UndoRoutine)
         return !RoutineRuns();
     return true;
@@ -94,6 +146,18 @@ bool ViewerSession::IsChecked(Command id) const
     if (id == Command::SpeakEnglish || id == Command::SpeakChinese)
         return (id == Command::SpeakChinese) == (Spoken == Language::Chinese);
     return IsOn(id, CurrentCanvas);
+}
+
+std::wstring ViewerSession::TextOf(Command id) const
+{
+    const CommandEntry* const entry = FindCommand(id);
+    if (id != Command::Undo && id != Command::Redo)
+        return entry ? Text(entry->Text) : std::wstring();
+    const std::string step = StepName(CurrentCanvas, StepOf(id));
+    if (step.empty())
+        return Text(entry->Text);
+    return Filled(Text(id == Command::Undo ? Words("&Undo: %1") : Words("&Redo: %1")),
+                  {StepText(Spoken, step)});
 }
 
 bool ViewerSession::ForwardsKey(unsigned int virtualKey) const
@@ -135,6 +199,17 @@ void ViewerSession::CarryOut(const CommandEntry& entry)
     case Command::Open:
         if (Window.AskFiles)
             OpenFiles(Window.AskFiles());
+        return;
+    case Command::SaveSession:
+    case Command::SaveSessionAs:
+        SaveSession(CurrentCanvas, id == Command::SaveSessionAs);
+        return;
+    case Command::Undo:
+    case Command::Redo:
+        Take(CurrentCanvas, StepOf(id));
+        return;
+    case Command::MeasureTable:
+        ShowTable();
         return;
     case Command::OneCanvas:
     case Command::TileCanvases:
@@ -222,27 +297,127 @@ std::wstring ViewerSession::OpenOn(int canvas, const std::wstring& path)
 {
     if (RoutineRuns() && canvas == RoutineCanvas)
         return Text(Words("A routine works on this canvas. Press Esc to stop it first."));
-    const char* problem = nullptr;
-    const auto  read = [&] { problem = OpenFile(canvas, path.c_str()); };
+    if (!MayGo(canvas))
+        return {};
+    bool         cancelled = false;
+    std::wstring problem;
     try {
-        if (!Window.ReadFile)
-            read();
-        else if (!Window.ReadFile(canvas, path, read))
-            return {};
+        problem = ReadOnto(canvas, path, cancelled);
     } catch (const std::bad_alloc&) {
-        problem = NoMemoryForImage;
+        problem = Text(NoMemoryForImage);
     }
-    const bool shown = !problem && HasImage(canvas);
-    if (shown)
-        At(canvas).Fits = ScaleOf(canvas) < 0.99;    // it was zoomed out to fit
-    if (shown || !HasImage(canvas))
-        At(canvas).Path = shown ? path : std::wstring();
+    if (cancelled)
+        return {};
+    const bool shown = problem.empty() && HasImage(canvas);
+    if (shown || !HasImage(canvas)) {
+        CanvasFile& file = At(canvas);
+        file.Path = shown ? path : std::wstring();
+        file.Session = shown && IsSessionFile(path) ? path : std::wstring();
+        file.Saved = DrawnOn(canvas);
+        file.Fits = shown && file.Session.empty() && ScaleOf(canvas) < 0.99;    // it was zoomed out to fit
+        BeginHistory(canvas);
+    }
     Call(Window.Repaint, canvas);
     if (shown)
         Recent.Add(path);
-    else if (problem)
+    else if (!problem.empty())
         Recent.Remove(path);
+    return problem;
+}
+
+std::wstring ViewerSession::ReadOnto(int canvas, const std::wstring& path, bool& cancelled)
+{
+    if (IsSessionFile(path)) {
+        const std::string problem = OpenSession(canvas, path);
+        if (problem.empty())
+            StateOf(canvas)->Undo.reset();
+        return WideOf(problem);
+    }
+    const char* problem = nullptr;
+    const auto  read = [&] { problem = OpenFile(canvas, path.c_str()); };
+    if (!Window.ReadFile)
+        read();
+    else
+        cancelled = !Window.ReadFile(canvas, path, read);
     return problem ? Text(problem) : std::wstring();
+}
+
+bool ViewerSession::MayGo(int canvas)
+{
+    if (!Window.AskToKeep || DrawnOn(canvas) == At(canvas).Saved)
+        return true;
+    SelectCanvas(canvas);
+    const std::wstring sentence =
+        Filled(Text(Words("The objects on canvas %1 are not saved. Save them as a session?")),
+               {std::to_wstring(canvas + 1)});
+    switch (Window.AskToKeep(sentence)) {
+    case Keeping::Save:
+        return SaveSession(canvas, false);
+    case Keeping::Discard:
+        return true;
+    case Keeping::Stay:
+        break;
+    }
+    return false;
+}
+
+bool ViewerSession::MayClose()
+{
+    for (int canvas = 0; canvas < CanvasCount; ++canvas)
+        if (!MayGo(canvas))
+            return false;
+    return true;
+}
+
+// True if it is saved.
+bool ViewerSession::SaveSession(int canvas, bool elsewhere)
+{
+    CanvasFile&  file = At(canvas);
+    std::wstring path = elsewhere ? std::wstring() : file.Session;
+    if (path.empty() && Window.AskSavePath) {
+        const std::wstring name = file.Session.empty() ? file.Path + L".vostel.json" : file.Session;
+        path = Window.AskSavePath({WideName(PathOf(name.c_str()).filename()), L"json",
+                                   Text(Words("Sessions")) + L"|*.vostel.json;*.json||"});
+    }
+    if (path.empty() || !ReportSaved(path, viewer::SaveSession(canvas, path)))
+        return false;
+    file.Session = path;
+    file.Saved = DrawnOn(canvas);
+    Recent.Add(path);
+    return true;
+}
+
+void ViewerSession::SaveMeasureTable(int canvas)
+{
+    if (!Window.AskSavePath)
+        return;
+    const std::wstring path = Window.AskSavePath(
+        {L"measures.csv", L"csv", L"CSV|*.csv|" + Text(Words("Text with tabs")) + L"|*.tsv|JSON|*.json||"});
+    if (!path.empty())
+        ReportSaved(path, SaveMeasures(canvas, path));
+}
+
+bool ViewerSession::ReportSaved(const std::wstring& path, const std::string& problem)
+{
+    if (problem.empty())
+        Call(Window.ShowStatus, Filled(Text(Words("Saved %1")), {WideName(PathOf(path.c_str()).filename())}));
+    else
+        Call(Window.Report, path + L'\n' + Text(problem.c_str()));
+    return problem.empty();
+}
+
+void ViewerSession::ShowTable()
+{
+    const int            canvas = CurrentCanvas;
+    viewer::MeasureTable table = MeasuresOf(canvas);
+    const auto kinds = std::find(table.Titles.begin(), table.Titles.end(), L"kind") - table.Titles.begin();
+    for (std::vector<std::wstring>& row : table.Rows)
+        row[static_cast<std::size_t>(kinds)] = Text(Utf8Of(row[static_cast<std::size_t>(kinds)]).c_str());
+    for (std::wstring& title : table.Titles)
+        for (const auto& [name, words] : Titles)
+            if (title == name)
+                title = Text(words);
+    Call(Window.ShowMeasures, canvas, table);
 }
 
 void ViewerSession::OnAreaChanged(int canvas)

@@ -27,6 +27,12 @@ public:
     const std::vector<std::wstring>& RecentFiles() const { return Recent.Paths(); }
     void                             ClearRecentFiles() { Recent.Clear(); }
 
+    // Before objects go that are in no session: asks, and saves them if wanted. False when the person stays.
+    bool MayGo(int canvas);
+    bool MayClose();    // all of them
+
+    void SaveMeasureTable(int canvas);    // asks where, and tells what became of it
+
     // Of all texts, those of the canvases too.
     Language     Speaks() const { return Spoken; }
     void         Speak(Language language);
@@ -34,6 +40,8 @@ public:
 
     bool IsEnabled(Command id) const;
     bool IsChecked(Command id) const;
+    // For its menu: with the name of the step that would be taken back or brought again.
+    std::wstring TextOf(Command id) const;
 
     // Whether a canvas gets a key without Control. C, I and T delete or overwrite objects of the whole canvas
     // for good: they need Command::KeysForAll.
@@ -56,6 +64,8 @@ public:
 private:
     struct CanvasFile {
         std::wstring Path;
+        std::wstring Session;         // the file that its objects were saved in or come from; empty: none
+        std::string  Saved;           // the objects in it
         bool         Fits = false;    // whole image in sight from now on
     };
 
@@ -65,6 +75,10 @@ private:
     void         CarryOut(const CommandEntry& entry);
     void         AskForTextLines();
     std::wstring OpenOn(int canvas, const std::wstring& path);    // what is wrong with it, or nothing
+    std::wstring ReadOnto(int canvas, const std::wstring& path, bool& cancelled);
+    bool         SaveSession(int canvas, bool elsewhere);
+    bool         ReportSaved(const std::wstring& path, const std::string& problem);
+    void         ShowTable();
     void         StartRoutine(const Routine& routine);
     bool         AskForRoutine(RoutineQuestion& question);
     void         OfferSources(RoutineQuestion& question) const;

@@ -2,6 +2,7 @@
 
 // What a toolkit brings to a viewer: its window and a place for settings.
 
+#include "commands/CanvasWork.h"
 #include "commands/Routines.h"
 
 #include <functional>
@@ -24,6 +25,16 @@ struct RoutineQuestion {
     int                 Second = -1;    // in: the likeliest canvas of the second image; out: the chosen one
 };
 
+// What a dialog for a file to be written starts with.
+struct SaveQuestion {
+    std::wstring Name;
+    std::wstring Ending;    // of a name that is typed without one: "csv"
+    std::wstring Filter;    // "text|pattern|text|pattern||"
+};
+
+// What is to become of work that is in no file.
+enum class Keeping : int { Save, Discard, Stay };
+
 // All are called on the thread of the window. An empty member does nothing; but Post must be there.
 struct ViewerWindow {
     // Makes a call later on the thread of the window. The one member that is called on other threads.
@@ -41,9 +52,13 @@ struct ViewerWindow {
     std::function<void()>                              Close;
 
     // Questions; false or nothing when the person cancels.
-    std::function<std::vector<std::wstring>()>     AskFiles;
-    std::function<bool(std::wstring& lines)>       AskTextLines;
-    std::function<bool(RoutineQuestion& question)> AskRoutine;
+    std::function<std::vector<std::wstring>()>                AskFiles;
+    std::function<bool(std::wstring& lines)>                  AskTextLines;
+    std::function<bool(RoutineQuestion& question)>            AskRoutine;
+    std::function<std::wstring(const SaveQuestion& question)> AskSavePath;
+    std::function<Keeping(const std::wstring& sentence)>      AskToKeep;
+    std::function<void(int canvas, const MeasureTable& measures)>
+        ShowMeasures;    // with titles as they are told
     // Calls read; where the file is a raw one, asks for its layout first and gives it to the library, which
     // asks while it reads. The library itself would ask after it has deleted the objects of the canvas.
     // False, without a call, if the person cancels. Empty: the library asks.

@@ -33,9 +33,8 @@ bool ParseShortcut(std::string shortcut, ACCEL& accelerator)
     return accelerator.key != 0;
 }
 
-std::wstring MenuText(const CommandEntry& entry, Language language)
+std::wstring MenuText(const CommandEntry& entry, std::wstring text)
 {
-    std::wstring text = TextIn(language, entry.Text);
     if (*entry.Shortcut != '\0')
         text += L"\t" + WideOf(entry.Shortcut);
     return text;
@@ -62,7 +61,7 @@ HMENU FindRecentFilesMenu(HMENU menuBar)
 // A submenu that is found by the command's number.
 void AppendSubmenu(HMENU menu, const CommandEntry& entry, Language language)
 {
-    const std::wstring text = MenuText(entry, language);
+    const std::wstring text = MenuText(entry, TextIn(language, entry.Text));
     AppendMenuW(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(CreatePopupMenu()), text.c_str());
     MENUITEMINFOW item = {};
     item.cbSize = sizeof item;
@@ -87,7 +86,7 @@ HMENU MakeMenuBar(Language language)
                 AppendSubmenu(menu, entry, language);
             else
                 AppendMenuW(menu, MF_STRING, static_cast<UINT_PTR>(entry.Id),
-                            MenuText(entry, language).c_str());
+                            MenuText(entry, TextIn(language, entry.Text)).c_str());
         }
         AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(menu), TextIn(language, MenuTitle(in)).c_str());
     }
@@ -107,7 +106,7 @@ HACCEL MakeAccelerators()
 }
 
 void RefreshMenu(HMENU menu, const std::function<bool(Command)>& isEnabled,
-                 const std::function<bool(Command)>& isOn)
+                 const std::function<bool(Command)>& isOn, const std::function<std::wstring(Command)>& textOf)
 {
     for (int position = 0; position < GetMenuItemCount(menu); ++position) {
         Command id = {};
@@ -115,7 +114,9 @@ void RefreshMenu(HMENU menu, const std::function<bool(Command)>& isEnabled,
             continue;
         MENUITEMINFOW item = {};
         item.cbSize = sizeof item;
-        item.fMask = MIIM_STATE | MIIM_FTYPE;
+        item.fMask = MIIM_STATE | MIIM_FTYPE | MIIM_STRING;
+        std::wstring text = MenuText(*FindCommand(id), textOf(id));
+        item.dwTypeData = text.data();
         item.fType = FindCommand(id)->Kind == CommandKind::Choice ? MFT_RADIOCHECK : 0;
         item.fState = static_cast<UINT>((isEnabled(id) ? MFS_ENABLED : MFS_GRAYED) |
                                         (isOn(id) ? MFS_CHECKED : MFS_UNCHECKED));

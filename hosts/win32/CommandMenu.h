@@ -18,7 +18,8 @@ HACCEL MakeAccelerators();
 
 // Enables and checks the entries of a menu that is about to open.
 void RefreshMenu(HMENU menu, const std::function<bool(Command)>& isEnabled,
-                 const std::function<bool(Command)>& isOn);
+                 const std::function<bool(Command)>&         isOn,
+                 const std::function<std::wstring(Command)>& textOf);
 
 // Replaces the entries of the submenu of recent files.
 void ShowRecentFiles(HMENU menuBar, const std::vector<std::wstring>& files, Language language);

@@ -37,7 +37,7 @@ bool RegisterWindowClass(WNDPROC procedure)
 
 bool MainWindow::Create(int show)
 {
-    const INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_BAR_CLASSES};
+    const INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_BAR_CLASSES | ICC_LISTVIEW_CLASSES};
     InitCommonControlsEx(&controls);
     if (!RegisterWindowClass(MessageHandler<MainWindow>) || !CanvasWindow::RegisterWindowClass())
         return false;
@@ -85,7 +85,8 @@ LRESULT MainWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_INITMENUPOPUP:
         RefreshMenu(
             reinterpret_cast<HMENU>(wParam), [this](Command id) { return Session.IsEnabled(id); },
-            [this](Command id) { return Session.IsChecked(id); });
+            [this](Command id) { return Session.IsChecked(id); },
+            [this](Command id) { return Session.TextOf(id); });
         return 0;
     case WM_MENUSELECT:
         OnMenuSelect(wParam);
@@ -99,7 +100,11 @@ LRESULT MainWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam)
     case CallQueue::Message:
         Posted.Run();
         return 0;
+    case WM_QUERYENDSESSION:
+        return Session.MayClose() ? TRUE : FALSE;
     case WM_CLOSE:
+        if (!Session.MayClose())
+            return 0;
         Session.CancelRoutine();    // its end is waited for when the window is gone from the screen
         Settings.SavePlacement(Window);
         DestroyWindow(Window);

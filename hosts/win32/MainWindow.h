@@ -46,6 +46,8 @@ private:
     CanvasWindow& CanvasAt(int canvas) { return Canvases[static_cast<std::size_t>(canvas)]; }
     CanvasWindow& CurrentCanvas() { return CanvasAt(Session.Current()); }
 
+    HWND Front() const { return GetLastActivePopup(Window); }    // the dialog that is up, or itself
+
     // What the session asks of it.
     ViewerWindow   Services();
     ViewerSettings Kept();
@@ -56,6 +58,8 @@ private:
     void                      Report(const std::wstring& sentences);
     void                      ShowAbout();
     std::vector<std::wstring> AskFiles();
+    std::wstring              AskSavePath(const SaveQuestion& question);
+    Keeping                   AskToKeep(const std::wstring& sentence);
     bool                      AskTextLines(std::wstring& lines);
     bool                      AskRoutine(RoutineQuestion& question);
 };

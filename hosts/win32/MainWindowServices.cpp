@@ -4,8 +4,10 @@
 
 #include "CommandMenu.h"
 #include "FileDialogs.h"
+#include "MeasuresDialog.h"
 #include "RoutineDialog.h"
 #include "TextDialogs.h"
+#include "commands/Utf8Text.h"
 #include "common/CanvasFacts.h"
 
 #include <utility>
@@ -70,6 +72,13 @@ ViewerWindow MainWindow::Services()
     window.AskFiles = [this] { return AskFiles(); };
     window.AskTextLines = [this](std::wstring& lines) { return AskTextLines(lines); };
     window.AskRoutine = [this](RoutineQuestion& question) { return AskRoutine(question); };
+    window.AskSavePath = [this](const SaveQuestion& question) { return AskSavePath(question); };
+    window.AskToKeep = [this](const std::wstring& sentence) { return AskToKeep(sentence); };
+    window.ShowMeasures = [this](int canvas, const MeasureTable& measures) {
+        MeasuresDialog(measures, Session.Speaks(), WideOf(MeasuresAs(canvas, "tsv")), [this, canvas] {
+            Session.SaveMeasureTable(canvas);
+        }).Show(Window);
+    };
     window.ReadFile = [](int, const std::wstring& path, const std::function<void()>& read) {
         return ReadWithLayout(path, read);
     };
@@ -127,7 +136,7 @@ void MainWindow::ShowTexts()
 
 void MainWindow::Report(const std::wstring& sentences)
 {
-    MessageBoxW(Window, sentences.c_str(), Session.Text(ViewerName).c_str(), MB_OK | MB_ICONWARNING);
+    MessageBoxW(Front(), sentences.c_str(), Session.Text(ViewerName).c_str(), MB_OK | MB_ICONWARNING);
 }
 
 void MainWindow::ShowAbout()
@@ -146,6 +155,31 @@ std::vector<std::wstring> MainWindow::AskFiles()
     if (!AskForFileNames(Window, request, chosen))
         return {};
     return std::vector<std::wstring>(chosen.begin(), chosen.end());
+}
+
+std::wstring MainWindow::AskSavePath(const SaveQuestion& question)
+{
+    VostelFileRequest request;
+    request.Save = true;
+    request.Flags = OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY;
+    request.DefaultName = question.Name.c_str();
+    request.DefaultExtension = question.Ending.c_str();
+    request.Filter = question.Filter.c_str();
+    std::vector<CString> chosen;
+    return AskForFileNames(Front(), request, chosen) ? chosen.front().GetString() : std::wstring();
+}
+
+Keeping MainWindow::AskToKeep(const std::wstring& sentence)
+{
+    switch (MessageBoxW(Window, sentence.c_str(), Session.Text(ViewerName).c_str(),
+                        MB_YESNOCANCEL | MB_ICONQUESTION)) {
+    case IDYES:
+        return Keeping::Save;
+    case IDNO:
+        return Keeping::Discard;
+    default:
+        return Keeping::Stay;
+    }
 }
 
 bool MainWindow::AskTextLines(std::wstring& lines)

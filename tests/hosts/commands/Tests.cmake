@@ -1,5 +1,6 @@
 if(VOSTEL_BUILD_DEMO)
     target_link_libraries(VostelTests PRIVATE vostel-commands)
+    vostel_test(hosts/commands/CanvasWorkTest)
     vostel_test(hosts/commands/CommandTableTest)
     vostel_test(hosts/commands/CanvasCommandsTest)
     vostel_test(hosts/commands/RecentFileListTest)

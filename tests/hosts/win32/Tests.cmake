@@ -4,7 +4,8 @@ set(win32Tests
     ViewerFilesTest
     ViewerLanguageTest
     ViewerPicturesTest
-    ViewerRoutinesTest)
+    ViewerRoutinesTest
+    ViewerWorkTest)
 
 # What moves it is a program for this machine. The sanitizers would see nothing of the viewer.
 if(TARGET VostelTestScreen AND NOT VOSTEL_SANITIZE)

@@ -74,7 +74,7 @@ TEST_CASE("a stroke, texts and measures are drawn, and the saves take them as th
     at.Viewer.Keys({"ctrl+i"});
     at.Viewer.Act([&] { Desk().Move(at.At(200, 250)); });
 
-    at.Viewer.Keys({"ctrl+s"});
+    at.Viewer.Keys({"ctrl+w"});
     at.Viewer.TypePath(at.Path("objects.png"));
     REQUIRE(WaitForFile(at.Path("objects.png")));
     const Picture objects = Load(at.Path("objects.png"));

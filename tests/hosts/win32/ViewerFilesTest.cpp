@@ -107,11 +107,12 @@ TEST_CASE(
     std::ofstream(at.Path("plane.raw")) << std::string(12000, '@');
     at.Viewer.Keys({"ctrl+o"});
     at.Viewer.TypePath(at.Path("plane.raw"));
-    at.Viewer.Keys({"Escape"});
+    at.Viewer.Keys({"n", "Escape"});    // not to save the region, and no layout
     CHECK(at.LabelAt(at.SavedLabels("labels.raw"), 90, 90) == 1);
 
     at.Viewer.Keys({"ctrl+o"});
     at.Viewer.TypePath(at.Path("plane.raw"));
+    at.Viewer.Keys({"n"});
     at.Viewer.Fill({"100", "120"});
     for (int i = 0; i < 3; ++i)    // to unsigned bytes
         Desk().Key("Down");

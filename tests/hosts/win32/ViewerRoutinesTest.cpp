@@ -18,7 +18,7 @@ TEST_CASE("a wrong number keeps the dialog of a routine, its result is undone, a
     at.Viewer.Keys({"Return"});
     CHECK(XScreen::Wait([] { return !BoxOf(Magenta, Desk().Grab()).Found(); }));    // it is gray now
     Desk().Settled();
-    at.Viewer.Keys({"ctrl+z"});
+    at.Viewer.Keys({"ctrl+shift+z"});
     CHECK(Find(at.Shown, Desk().Settled()) == at.Origin);
     CHECK(at.Viewer.Quit());
     CHECK(WineViewer::Settings("Viewer.ini").find("Size of the kernel (odd, px)=15") != std::string::npos);

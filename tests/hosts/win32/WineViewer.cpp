@@ -108,8 +108,13 @@ WineViewer::~WineViewer()
 
 bool WineViewer::Quit()
 {
+    const auto hasEnded = [this] { return waitpid(Starter, nullptr, WNOHANG) == Starter; };
     Desk().Key("ctrl+q");
-    const bool ended = XScreen::Wait([this] { return waitpid(Starter, nullptr, WNOHANG) == Starter; }, 60000);
+    bool ended = XScreen::Wait(hasEnded, 3000);
+    if (!ended) {
+        Desk().Key("n");    // objects are not saved
+        ended = XScreen::Wait(hasEnded, 60000);
+    }
     if (ended)
         Starter = -1;
     Desk().Watch(-1);

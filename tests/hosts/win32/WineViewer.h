@@ -20,7 +20,7 @@ public:
     WineViewer& operator=(const WineViewer&) = delete;
 
     bool IsUp() const { return Up; }
-    bool Quit();    // by its shortcut; false when it does not end
+    bool Quit();    // by its shortcut, without saving; false when it does not end
 
     // Sends events and waits until the screen has changed and rests again.
     void Act(const std::function<void()>& events);

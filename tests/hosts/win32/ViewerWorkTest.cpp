@@ -1,0 +1,74 @@
+// Undo, sessions and the table of measures, by keys and dialogs.
+
+#include "hosts/win32/WineViewer.h"
+
+#include <doctest/doctest.h>
+
+#include <fstream>
+#include <iterator>
+
+namespace {
+
+std::string TextOf(const std::string& path)
+{
+    std::ifstream stream(path, std::ios::binary);
+    return std::string((std::istreambuf_iterator<char>(stream)), std::istreambuf_iterator<char>());
+}
+
+struct DrawnPage : PageOnScreen {
+    DrawnPage()
+    {
+        Viewer.Keys({"ctrl+r"});
+        ShiftDrag(At(40, 50), At(140, 130));
+    }
+
+    int RedOnScreen() const
+    {
+        return Desk().Settled().Count(0xFF0000, Origin.X, Origin.Y, Origin.X + Width, Origin.Y + Height);
+    }
+};
+
+}
+
+TEST_CASE("a drawn rectangle is taken back and brought again by keys")
+{
+    DrawnPage at;
+    CHECK(at.RedOnScreen() > 300);
+    at.Viewer.Keys({"ctrl+z", "ctrl+z"});    // its place, and that it is there
+    CHECK(at.RedOnScreen() == 0);
+    at.Viewer.Keys({"ctrl+y", "ctrl+y"});
+    CHECK(at.LabelAt(at.SavedLabels("again.raw"), 90, 90) == 1);
+    CHECK(at.LabelAt(at.SavedLabels("beside.raw"), 200, 200) == 0);
+    CHECK(at.Viewer.Quit());
+}
+
+TEST_CASE("the measures are a table on the screen, and a file")
+{
+    DrawnPage at;
+    at.Viewer.Keys({"ctrl+l"});
+    REQUIRE(Save(Desk().Settled(), "measures.png"));
+    at.Viewer.Keys({"alt+s"});
+    at.Viewer.TypePath(at.Path("measures.csv"));
+    REQUIRE(WaitForFile(at.Path("measures.csv")));
+    const std::string table = TextOf(at.Path("measures.csv"));
+    CHECK(table.rfind("object,name,kind", 0) == 0);
+    CHECK(table.find("rectangle") != std::string::npos);
+    at.Viewer.Keys({"Escape"});
+    CHECK(at.Viewer.Quit());
+}
+
+TEST_CASE("who quits is asked about objects that are not saved, saves them, and opens them again")
+{
+    DrawnPage at;
+    at.Viewer.Keys({"ctrl+q", "Escape"});    // stays
+    at.Viewer.Keys({"ctrl+s"});
+    at.Viewer.TypePath(at.Path("page.vostel.json"));
+    REQUIRE(WaitForFile(at.Path("page.vostel.json")));
+    CHECK(TextOf(at.Path("page.vostel.json")).find("rectangle") != std::string::npos);
+    at.Viewer.Keys({"ctrl+2", "ctrl+o"});
+    at.Viewer.TypePath(at.Path("page.vostel.json"));
+    CHECK(Find(at.Shown.Part(200, 150, 100, 100), Desk().Settled()).Found());
+    CHECK(at.LabelAt(at.SavedLabels("opened.raw"), 90, 90) == 1);
+    Desk().Key("ctrl+q");    // without a question
+    CHECK(at.Viewer.Quit());
+}
