@@ -671,6 +671,14 @@
         <source>Runs routines and measures on every picture of a folder</source>
         <translation>对文件夹中的每幅图像运行处理并测量</translation>
     </message>
+    <message>
+        <source>&amp;Join with the document before...</source>
+        <translation>与前一个文档拼接(&amp;J)...</translation>
+    </message>
+    <message>
+        <source>Puts this picture to the right of the one before, with what both show once</source>
+        <translation>把本图片接在前一图片的右侧，重叠部分只出现一次</translation>
+    </message>
 </context>
 <context>
     <name>CountTool</name>
@@ -1844,6 +1852,22 @@ or open one by Ctrl+O</source>
     <message>
         <source>The language changes at the next start.</source>
         <translation>语言将在下次启动时更改。</translation>
+    </message>
+    <message>
+        <source>The two pictures have different heights: %1 and %2.</source>
+        <translation>两幅图片的高度不同：%1 和 %2。</translation>
+    </message>
+    <message>
+        <source>Join</source>
+        <translation>拼接</translation>
+    </message>
+    <message>
+        <source>Columns that both pictures show, 0 or at least 2:</source>
+        <translation>两幅图片共有的列数，0 或至少 2：</translation>
+    </message>
+    <message>
+        <source>%1 and %2</source>
+        <translation>%1 与 %2</translation>
     </message>
 </context>
 <context>

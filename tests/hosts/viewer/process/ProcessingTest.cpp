@@ -145,6 +145,37 @@ TEST_CASE("a window that closes while a routine runs goes at once")
     CHECK(time.elapsed() < 5000);
 }
 
+TEST_CASE("two documents are joined side by side, and those of different heights are refused")
+{
+    ShownRuns at;
+    const int width = 384, height = 303, overlap = 20;
+    at.OpenAll({ShownRuns::Sample()});
+    hand::InDialog([&](QDialog& dialog) {
+        hand::Type("20");
+        hand::Key("Return");
+        hand::Wait([&] { return !dialog.isVisible(); });
+    });
+    at.Choose("process.join");
+    REQUIRE(at.Window.Area().All().size() == 3);
+    const vostel::ImageOf<float> joined = at.Open().image_copy<float>();
+    CHECK(joined.width == 2 * width - overlap);
+    CHECK(joined.height == height);
+    const vostel::ImageOf<float> left = at.Window.Area().All()[0]->View().Open().image_copy<float>();
+    for (const int x : {0, width - overlap - 1})
+        CHECK(joined.values[std::size_t(100 * joined.width + x)] ==
+              left.values[std::size_t(100 * width + x)]);
+    CHECK(at.Window.Shown().Title() == "coins.png and coins.png");
+
+    const std::vector<float> values(12);
+    at.Open().image_show(VOSTEL_F32, values.data(), 4, 3);
+    hand::InDialog([](QDialog& box) {
+        CHECK(box.objectName() == "Failure");
+        hand::Key("Return");
+    });
+    at.Choose("process.join");
+    CHECK(at.Window.Area().All().size() == 3);
+}
+
 TEST_CASE("the image of regions wants a region")
 {
     ShownRuns at;
