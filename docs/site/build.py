@@ -38,7 +38,8 @@ CONTENTS = {
     "The library": ["building", "dependencies", "architecture", "performance", "reliability", "security",
                     "contributing", "changelog"],
     "中文": ["zh/index", "zh/tutorials/cpp", "zh/tutorials/c", "zh/tutorials/python", "zh/tutorials/csharp",
-             "zh/tutorials/qt"],
+             "zh/tutorials/qt", "zh/guides/viewer", "zh/guides/coordinates", "zh/guides/measuring",
+             "zh/guides/contrast", "zh/guides/history", "zh/formats"],
 }
 
 CLASSES = ("Canvas", "Object", "Error", "Points", "Plane", "ImageOf", "Profile", "Subscription", "Step")

@@ -20,8 +20,8 @@ namespace {
 constexpr int PathRole = Qt::UserRole;
 
 // In the order in which somebody who begins reads them.
-constexpr const char* Order[] = {"viewer.md",  "measuring.md", "contrast.md",   "coordinates.md",
-                                 "history.md", "formats.md",   "reliability.md"};
+constexpr const char* Order[] = {"viewer.md",      "measuring.md", "contrast.md",
+                                 "coordinates.md", "history.md",   "formats.md"};
 
 // Without pictures, which the program does not carry along.
 QString Content(const QString& path)

@@ -28,6 +28,7 @@ if(TARGET vostel-viewer-parts)
             documents/SavesTest
             documents/SessionKeeperTest
             documents/StackTest
+            help/HelpWindowTest
             help/ViewerGuideTest
             process/BatchDialogTest
             process/BatchTest

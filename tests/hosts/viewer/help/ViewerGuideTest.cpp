@@ -79,3 +79,8 @@ TEST_CASE("the guide has every command with its key and what it does, in the ord
 {
     CheckKeys("en", QStringLiteral("\n## All commands\n"));
 }
+
+TEST_CASE("the Chinese guide has every command too, as the Chinese window names them")
+{
+    CheckKeys("zh_CN", QString::fromUtf8("\n## 所有命令\n"));
+}

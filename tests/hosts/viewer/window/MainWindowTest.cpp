@@ -224,10 +224,10 @@ TEST_CASE("the help has its pages with it and finds words in them")
     QDialog* const help = Dialog("HelpWindow");
     REQUIRE(help);
     auto& pages = hand::Of<QListWidget>(*help, "Pages");
-    CHECK(pages.count() == 7);
+    CHECK(pages.count() == 6);
     hand::Keep(*help, "help");
     hand::Type("percentile");
-    CHECK(pages.count() < 7);
+    CHECK(pages.count() < 6);
     CHECK(pages.count() > 0);
     CHECK(hand::Of<QTextBrowser>(*help, "Text").toPlainText().contains(QStringLiteral("percentile")));
     help->close();
