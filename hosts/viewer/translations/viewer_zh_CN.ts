@@ -677,7 +677,7 @@
     </message>
     <message>
         <source>Puts this picture to the right of the one before, with what both show once</source>
-        <translation>把本图片接在前一图片的右侧，重叠部分只出现一次</translation>
+        <translation>把此图像接在前一文档的图像右侧，重叠部分只出现一次</translation>
     </message>
 </context>
 <context>
@@ -1855,7 +1855,7 @@ or open one by Ctrl+O</source>
     </message>
     <message>
         <source>The two pictures have different heights: %1 and %2.</source>
-        <translation>两幅图片的高度不同：%1 和 %2。</translation>
+        <translation>两幅图像的高度不同：%1 和 %2。</translation>
     </message>
     <message>
         <source>Join</source>
@@ -1863,7 +1863,7 @@ or open one by Ctrl+O</source>
     </message>
     <message>
         <source>Columns that both pictures show, 0 or at least 2:</source>
-        <translation>两幅图片共有的列数，0 或至少 2：</translation>
+        <translation>两幅图像共有的列数，0 或至少 2：</translation>
     </message>
     <message>
         <source>%1 and %2</source>

@@ -59,4 +59,9 @@ if(TARGET vostel-viewer-parts)
     add_test(NAME ${test} COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/hosts/viewer/check-translation
         $<TARGET_FILE:Qt6::lupdate> ${sources}/translations/viewer_zh_CN.ts ${sources} -I ${sources})
     set_tests_properties(${test} PROPERTIES TIMEOUT 60)
+
+    # And keeps what the program puts into it.
+    set(test ${VOSTEL_TEST_PREFIX}hosts/viewer/translations_test)
+    add_test(NAME ${test} COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/hosts/viewer/translations_test.py)
+    set_tests_properties(${test} PROPERTIES TIMEOUT 60 ENVIRONMENT "PYTHONDONTWRITEBYTECODE=1")
 endif()
