@@ -131,7 +131,8 @@ void MainWindow::CreateParts()
         ConnectCanvas(CanvasAt(canvas));
         CanvasAt(canvas).Create(Window, canvas);
     }
-    Session.Speak(Settings.LoadLanguage().value_or(LanguageOfSystem()));
+    const std::optional<Language> kept = Wanted ? Wanted : Settings.LoadLanguage();
+    Session.Speak(kept.value_or(LanguageOfSystem()));
     Status.ShowHint(
         Session.Text(Words("Open a picture with Ctrl+O, or drop one here. F1 shows how the mouse works.")));
 }

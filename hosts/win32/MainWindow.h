@@ -9,6 +9,7 @@
 #include "commands/ViewerSession.h"
 
 #include <array>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,9 @@ namespace vostel::viewer {
 
 class MainWindow {
 public:
+    // The language of this run; without one the kept one, else that of the system.
+    explicit MainWindow(std::optional<Language> language) : Wanted(language) {}
+
     bool Create(int show);
     void OpenFiles(const std::vector<std::wstring>& paths) { Session.OpenFiles(paths); }
     int  Run();    // the message loop; returns the exit code
@@ -24,6 +28,7 @@ public:
     LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
 
 private:
+    std::optional<Language>               Wanted;
     HWND                                  Window = nullptr;
     HMENU                                 Bar = nullptr;
     HACCEL                                Accelerators = nullptr;

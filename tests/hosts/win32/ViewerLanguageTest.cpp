@@ -2,6 +2,8 @@
 
 #include <doctest/doctest.h>
 
+#include <cstdlib>
+
 TEST_CASE("the View menu brings Chinese to title, status bar and dialogs, and English back")
 {
     PageOnScreen at;
@@ -52,4 +54,16 @@ TEST_CASE("menus and new captions are drawn in the language that is chosen, thos
     at.Viewer.Keys({"ctrl+Delete", "alt+v", "g"});
     CHECK(menus(Desk().Settled()) == menus(english));
     CHECK(at.Viewer.Quit());
+}
+
+TEST_CASE("--language chooses the language of a run, and one that is not spoken, or missing, is refused")
+{
+    const std::string viewer = std::getenv("VOSTEL_WIN32_VIEWER");
+    CHECK(RunUnderWine({viewer, "--language", "fr"}) == 2);
+    CHECK(RunUnderWine({viewer, "--language"}) == 2);
+    PageOnScreen at({"--language", "zh_CN"});
+    CHECK(at.Viewer.Says("title", "page.png - 画布 1 - Vostel 图像查看器"));
+    CHECK(at.Viewer.Says("status", "400 x 300 8 位"));
+    CHECK(at.Viewer.Quit());
+    CHECK(WineViewer::Settings("Viewer.ini").find("Language=") == std::string::npos);    // of this run alone
 }

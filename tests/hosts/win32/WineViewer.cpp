@@ -81,10 +81,12 @@ std::filesystem::path SettingsFolder()
 
 }
 
-WineViewer::WineViewer(const std::vector<std::string>& files, const Picture& shown)
+WineViewer::WineViewer(const std::vector<std::string>& files, const Picture& shown,
+                       const std::vector<std::string>& options)
 {
     std::filesystem::remove_all(SettingsFolder());
     std::vector<std::string> words = {Environment("VOSTEL_WIN32_VIEWER")};
+    words.insert(words.end(), options.begin(), options.end());
     for (const std::string& file : files)
         words.push_back(WindowsPath(file));
     const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
@@ -249,7 +251,7 @@ bool WaitForFile(const std::string& path)
     });
 }
 
-PageOnScreen::PageOnScreen()
+PageOnScreen::PageOnScreen(const std::vector<std::string>& options) : Viewer({PagePath}, Shown, options)
 {
     REQUIRE(Written);
     REQUIRE(Viewer.IsUp());

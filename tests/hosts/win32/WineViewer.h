@@ -13,8 +13,9 @@
 // one window of the screen, so that what happens is known by how the screen changes.
 class WineViewer {
 public:
-    // Starts it with files of the test and waits until the screen shows a picture.
-    WineViewer(const std::vector<std::string>& files, const Picture& shown);
+    // Starts it with files of the test, which follow its options, and waits until the screen shows a picture.
+    WineViewer(const std::vector<std::string>& files, const Picture& shown,
+               const std::vector<std::string>& options = {});
     ~WineViewer();    // ends it the hard way if it still runs
     WineViewer(const WineViewer&) = delete;
     WineViewer& operator=(const WineViewer&) = delete;
@@ -62,10 +63,10 @@ struct PageOnScreen : TempFolder {
     Picture     Shown = Page(Width, Height);
     std::string PagePath = Path("page.png");
     bool        Written = Save(Shown, PagePath);
-    WineViewer  Viewer{{PagePath}, Shown};
+    WineViewer  Viewer;
     Place       Origin;
 
-    PageOnScreen();
+    explicit PageOnScreen(const std::vector<std::string>& options = {});
 
     Place At(int x, int y) const { return {Origin.X + x, Origin.Y + y}; }
     void  Drag(Place from, Place to);
