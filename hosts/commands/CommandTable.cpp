@@ -302,7 +302,7 @@ constexpr CommandEntry Commands[] = {
      .In = Menu::Draw,
      .Kind = CommandKind::Toggle,
      .Text = Words("Ke&ys for all objects"),
-     .Hint = Words("Take the keys C, I and T, which delete or overwrite objects of the whole canvas."),
+     .Hint = Words("Take the keys C, I, R and T, which delete or overwrite objects."),
      .ByViewer = true},
 
     {.Id = Convolve,

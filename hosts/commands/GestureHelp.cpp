@@ -18,7 +18,7 @@ std::span<const char* const> GestureHelp()
         Words("Drag inside\tmove the object"),
         Words("Drag a handle\tmove one point of it"),
         Words("A, D\ta wider, a narrower pen for the selected free stroke"),
-        Words("R, Delete\tdelete the selected object"),
+        Words("Delete\tdelete the selected object"),
         Words("Control + Delete\tdelete all objects"),
         Words("E\tturn all rectangles into ellipses, and back"),
         Words("Tab\tswitch the contrast slider off and on"),
@@ -26,6 +26,7 @@ std::span<const char* const> GestureHelp()
         Words("Esc\tstop a routine that is under way"),
         Words("After Draw, Keys for all objects"),
         Words("C\tdelete all objects"),
+        Words("R\tdelete the selected object"),
         Words("I\tmove all texts, profiles and rectangles by numbers to one place"),
         Words("T\tlike I, and give all texts the same words"),
     };

@@ -162,7 +162,7 @@ std::wstring ViewerSession::TextOf(Command id) const
 
 bool ViewerSession::ForwardsKey(unsigned int virtualKey) const
 {
-    return KeysForAll || (virtualKey != 'C' && virtualKey != 'I' && virtualKey != 'T');
+    return KeysForAll || (virtualKey != 'C' && virtualKey != 'I' && virtualKey != 'R' && virtualKey != 'T');
 }
 
 void ViewerSession::Carry(Command id)

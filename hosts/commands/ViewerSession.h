@@ -43,8 +43,8 @@ public:
     // For its menu: with the name of the step that would be taken back or brought again.
     std::wstring TextOf(Command id) const;
 
-    // Whether a canvas gets a key without Control. C, I and T delete or overwrite objects of the whole canvas
-    // for good: they need Command::KeysForAll.
+    // Whether a canvas gets a key without Control. C, I, R and T delete or overwrite objects, which a slip of
+    // the hand should not: they need Command::KeysForAll.
     bool ForwardsKey(unsigned int virtualKey) const;
 
     void Carry(Command id);    // as its menu entry does

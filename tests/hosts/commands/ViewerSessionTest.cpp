@@ -378,16 +378,16 @@ TEST_CASE("drawing and measuring leave their hint in the status bar, other comma
     CHECK(viewer.Repainted.back() == 0);
 }
 
-TEST_CASE("keys that delete or overwrite on the whole canvas reach it only when asked for")
+TEST_CASE("keys that delete or overwrite reach a canvas only when asked for")
 {
     TestViewer viewer;
-    for (const char key : {'C', 'I', 'T'})
+    for (const char key : {'C', 'I', 'R', 'T'})
         CHECK_FALSE(viewer.Session.ForwardsKey(static_cast<unsigned int>(key)));
-    for (const char key : {'A', 'D', 'E', 'R', 'X', '\t'})
+    for (const char key : {'A', 'D', 'E', 'X', '\t'})
         CHECK(viewer.Session.ForwardsKey(static_cast<unsigned int>(key)));
     viewer.Session.Carry(Command::KeysForAll);
     CHECK(viewer.Session.IsChecked(Command::KeysForAll));
-    for (const char key : {'C', 'I', 'T'})
+    for (const char key : {'C', 'I', 'R', 'T'})
         CHECK(viewer.Session.ForwardsKey(static_cast<unsigned int>(key)));
     viewer.Session.Carry(Command::KeysForAll);
     CHECK_FALSE(viewer.Session.IsChecked(Command::KeysForAll));

@@ -19,7 +19,7 @@ TEST_CASE("a Shift drag draws a rectangle, a drag inside moves it, and its label
     CHECK(at.Viewer.Quit());
 }
 
-TEST_CASE("each kind of region is drawn and has a label, and the keys C, I and T leave them")
+TEST_CASE("each kind of region is drawn and has a label, and the keys C, I, R and T leave them")
 {
     PageOnScreen at;
     at.Viewer.Keys({"ctrl+p"});
@@ -42,7 +42,7 @@ TEST_CASE("each kind of region is drawn and has a label, and the keys C, I and T
     CHECK(at.LabelAt(labels, 80, 190) == 4);
 
     at.Viewer.Act([&] { Desk().Click(at.At(390, 290)); });    // the canvas gets the keys
-    for (const char* const key : {"c", "i", "t"})
+    for (const char* const key : {"c", "i", "r", "t"})
         Desk().Key(key);
     CHECK(at.SavedLabels("labels-2.raw") == labels);
     at.Viewer.Keys({"alt+d", "y"});    // asks for them
