@@ -193,6 +193,11 @@ inline constexpr ChineseText ChineseTexts[] = {
     {"There is no such canvas.", L"没有这个画布。"},
     {"The file does not exist.", L"文件不存在。"},
     {"This is a folder, not a file.", L"这是文件夹，不是文件。"},
+    {"The file cannot be written. The folder may be write-protected or the disk full.",
+     L"无法写入该文件。文件夹可能受写保护，或磁盘已满。"},
+    {"The file cannot be written: there is no such folder.", L"无法写入该文件：没有这个文件夹。"},
+    {"The file that is there cannot be replaced. It may be open in another program.",
+     L"无法替换已有的文件。它可能正被其他程序打开。"},
 
     // The routines and their dialogs.
     {"Box mean", L"均值"},

@@ -241,10 +241,27 @@ void ViewerSession::CarryOut(const CommandEntry& entry)
     default:
         break;
     }
-    RunCommand(id, CurrentCanvas);
+    RunAndTell(entry);
+}
+
+void ViewerSession::RunAndTell(const CommandEntry& entry)
+{
+    Saving = LibrarySave();
+    RunCommand(entry.Id, CurrentCanvas);
+    if (Saving.HasBegun()) {
+        const char* const problem = Saving.End();
+        ReportSaved(Saving.Wanted(), problem ? problem : "");
+        Saving = LibrarySave();
+    }
     // How the new object is drawn can be read while it is.
     if (entry.In == Menu::Draw || entry.In == Menu::Measure)
         Call(Window.ShowStatus, Text(entry.Hint));
+}
+
+void ViewerSession::ShowMessage(const std::wstring& text)
+{
+    if (!Saving.HasBegun())
+        Call(Window.Report, text);
 }
 
 void ViewerSession::SelectCanvas(int canvas)

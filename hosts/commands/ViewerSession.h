@@ -1,6 +1,7 @@
 #pragma once
 
 #include "commands/Commands.h"
+#include "commands/LibrarySave.h"
 #include "commands/RecentFileList.h"
 #include "commands/RoutineRunner.h"
 #include "commands/ViewerWindow.h"
@@ -30,6 +31,12 @@ public:
     // Before objects go that are in no session: asks, and saves them if wanted. False when the person stays.
     bool MayGo(int canvas);
     bool MayClose();    // all of them
+
+    // The name that the library gets in place of the one that the person chose in a dialog for saving, so
+    // that the session can tell what became of it.
+    std::wstring NameToSave(const std::wstring& chosen) { return Saving.Begin(chosen); }
+    // The library's own message; a save under way tells more than that itself.
+    void ShowMessage(const std::wstring& text);
 
     void SaveMeasureTable(int canvas);    // asks where, and tells what became of it
 
@@ -77,6 +84,7 @@ private:
     std::wstring OpenOn(int canvas, const std::wstring& path);    // what is wrong with it, or nothing
     std::wstring ReadOnto(int canvas, const std::wstring& path, bool& cancelled);
     bool         SaveSession(int canvas, bool elsewhere);
+    void         RunAndTell(const CommandEntry& entry);
     bool         ReportSaved(const std::wstring& path, const std::string& problem);
     void         ShowTable();
     void         StartRoutine(const Routine& routine);
@@ -97,6 +105,7 @@ private:
     RoutineRunner                       Runner;
     int                                 RoutineCanvas = -1;    // where the routine under way began
     std::wstring                        RoutineTitle;
+    LibrarySave                         Saving;    // of the command that runs
 };
 
 }

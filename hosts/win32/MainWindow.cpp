@@ -122,8 +122,13 @@ void MainWindow::CreateParts()
 {
     VostelHostServices services;
     services.ChooseFiles = [this](const VostelFileRequest& request, std::vector<CString>& paths) {
-        return AskForFileNames(Window, request, paths);
+        if (!AskForFileNames(Window, request, paths))
+            return false;
+        if (request.Save)
+            paths.front() = Session.NameToSave(paths.front().GetString()).c_str();
+        return true;
     };
+    services.ShowMessage = [this](const CString& text) { Session.ShowMessage(CString(text).GetString()); };
     gSetHostServices(services);
 
     Status.Create(Window);

@@ -5,6 +5,7 @@ set(win32Tests
     ViewerLanguageTest
     ViewerPicturesTest
     ViewerRoutinesTest
+    ViewerSavesTest
     ViewerWorkTest)
 
 # What moves it is a program for this machine. The sanitizers would see nothing of the viewer.
