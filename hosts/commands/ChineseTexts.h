@@ -199,6 +199,28 @@ inline constexpr ChineseText ChineseTexts[] = {
     {"The file that is there cannot be replaced. It may be open in another program.",
      L"无法替换已有的文件。它可能正被其他程序打开。"},
 
+    // The dialogs that the library asks for.
+    {"Raw data", L"原始数据"},
+    {"Data type", L"数据类型"},
+    {"16-bit unsigned", L"16 位无符号整数"},
+    {"32-bit float", L"32 位浮点数"},
+    {"16-bit signed", L"16 位有符号整数"},
+    {"8-bit unsigned", L"8 位无符号整数"},
+    {"Bytes before the data", L"文件头字节数"},
+    {"Map to 8 bits", L"映射到 8 位"},
+    {"Value of the darkest gray", L"最暗灰度对应的值"},
+    {"Value of the lightest gray", L"最亮灰度对应的值"},
+    {"Darkest gray", L"最暗灰度"},
+    {"Lightest gray", L"最亮灰度"},
+    {"Rectangle by numbers", L"按数值绘制矩形"},
+    {"Left edge (px)", L"左边缘（像素）"},
+    {"Right edge (px)", L"右边缘（像素）"},
+    {"Upper edge (px)", L"上边缘（像素）"},
+    {"Lower edge (px)", L"下边缘（像素）"},
+    {"Scale", L"比例尺"},
+    {"Length of a pixel (mm)", L"单个像素的长度（毫米）"},
+    {"Text", L"文字"},
+
     // The routines and their dialogs.
     {"Box mean", L"均值"},
     {"Sharpen", L"锐化"},

@@ -3,6 +3,7 @@
 #include "CommandMenu.h"
 #include "FileDialogs.h"
 #include "MessageHandler.h"
+#include "ParameterDialogs.h"
 
 #include <commctrl.h>
 #include <shellapi.h>
@@ -111,6 +112,7 @@ LRESULT MainWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam)
         return 0;
     case WM_DESTROY:
         gSetHostServices({});
+        gDlgSetDialogs({});
         PostQuitMessage(0);
         return 0;
     default:
@@ -130,6 +132,8 @@ void MainWindow::CreateParts()
     };
     services.ShowMessage = [this](const CString& text) { Session.ShowMessage(CString(text).GetString()); };
     gSetHostServices(services);
+    Dialogs = ParameterDialogs(Window, Settings, [this] { return Session.Speaks(); });
+    gDlgSetDialogs(Dialogs);
 
     Status.Create(Window);
     for (int canvas = 0; canvas < CanvasCount; ++canvas) {

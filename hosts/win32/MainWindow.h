@@ -38,6 +38,7 @@ private:
     CallQueue                             Posted;
     ViewerSession                         Session{Services(), Kept()};
     std::wstring                          LastLines;    // of the text dialog
+    TessikDialogs                         Dialogs;      // the library's, while the window stands
 
     // The window.
     void          CreateParts();

@@ -21,21 +21,24 @@ namespace {
 // While it lives the library gets this layout when it asks how a raw file lies.
 class GivenLayout {
 public:
-    explicit GivenLayout(const tagZEKImaLoadPara& layout)
+    GivenLayout(const tagZEKImaLoadPara& layout, const TessikDialogs& before) : Before(before)
     {
-        TessikDialogs dialogs;
+        TessikDialogs dialogs = before;
         dialogs.ImaLoadPara = [layout](tagZEKImaLoadPara& para) {
             para = layout;
             return true;
         };
         gDlgSetDialogs(dialogs);
     }
-    ~GivenLayout() { gDlgSetDialogs({}); }
+    ~GivenLayout() { gDlgSetDialogs(Before); }
     GivenLayout(const GivenLayout&) = delete;
     GivenLayout& operator=(const GivenLayout&) = delete;
+
+private:
+    const TessikDialogs& Before;
 };
 
-bool ReadWithLayout(const std::wstring& path, const std::function<void()>& read)
+bool ReadWithLayout(const std::wstring& path, const TessikDialogs& dialogs, const std::function<void()>& read)
 {
     const DWORD attributes = GetFileAttributesW(path.c_str());
     const bool  isFile = attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
@@ -46,7 +49,7 @@ bool ReadWithLayout(const std::wstring& path, const std::function<void()>& read)
     tagZEKImaLoadPara layout;
     if (!gDlgGetImaLoadPara(layout))
         return false;
-    const GivenLayout given(layout);
+    const GivenLayout given(layout, dialogs);
     read();
     return true;
 }
@@ -79,8 +82,8 @@ ViewerWindow MainWindow::Services()
             Session.SaveMeasureTable(canvas);
         }).Show(Window);
     };
-    window.ReadFile = [](int, const std::wstring& path, const std::function<void()>& read) {
-        return ReadWithLayout(path, read);
+    window.ReadFile = [this](int, const std::wstring& path, const std::function<void()>& read) {
+        return ReadWithLayout(path, Dialogs, read);
     };
     return window;
 }

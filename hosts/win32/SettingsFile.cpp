@@ -68,6 +68,16 @@ void SettingsFile::SaveValue(const Routine& routine, const RoutineParameter& par
     Write(SectionOf(routine), WideOf(parameter.Name), text);
 }
 
+std::wstring SettingsFile::LoadTextLine() const
+{
+    return Read(L"Text", L"Line");
+}
+
+void SettingsFile::SaveTextLine(const std::wstring& text) const
+{
+    Write(L"Text", L"Line", text.c_str());
+}
+
 std::optional<Language> SettingsFile::LoadLanguage() const
 {
     const std::wstring name = Read(L"Window", L"Language");

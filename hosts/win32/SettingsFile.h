@@ -19,6 +19,9 @@ public:
     std::optional<double> LoadValue(const Routine& routine, const RoutineParameter& parameter) const;
     void SaveValue(const Routine& routine, const RoutineParameter& parameter, double value) const;
 
+    std::wstring LoadTextLine() const;    // what was put on a canvas last
+    void         SaveTextLine(const std::wstring& text) const;
+
     std::optional<Language> LoadLanguage() const;    // nothing before a person has chosen one
     void                    SaveLanguage(Language language) const;
 

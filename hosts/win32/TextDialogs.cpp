@@ -4,6 +4,30 @@
 
 namespace vostel::viewer {
 
+namespace {
+
+bool IsBlank(const std::wstring& text)
+{
+    return text.find_first_not_of(L" \t\r\n") == std::wstring::npos;
+}
+
+}
+
+TextLineDialog::TextLineDialog(const std::wstring& start, Language language)
+    : FormDialog(Words("Text"), language), Entered(start)
+{
+    AddText(Text(Words("Text")), start);
+}
+
+bool TextLineDialog::Read()
+{
+    Entered = TextOf(0);
+    if (!IsBlank(Entered))
+        return true;
+    ShowProblem(0, Text(Words("There is no text yet.")));
+    return false;
+}
+
 TextLinesDialog::TextLinesDialog(const std::wstring& start, Language language)
     : FormDialog(Words("Text lines"), language), Entered(start)
 {
@@ -13,7 +37,7 @@ TextLinesDialog::TextLinesDialog(const std::wstring& start, Language language)
 bool TextLinesDialog::Read()
 {
     Entered = TextOf(0);
-    if (Entered.find_first_not_of(L" \t\r\n") != std::wstring::npos)
+    if (!IsBlank(Entered))
         return true;
     ShowProblem(0, Text(Words("There is no text yet.")));
     return false;

@@ -95,7 +95,7 @@ TEST_CASE("a stroke, texts and measures are drawn, and the saves take them as th
         REQUIRE(pixel == (pixel & 0xFF) * 0x010101u);
 
     CHECK(at.Viewer.Quit());
-    CHECK(WineViewer::Settings("TextInfo.ini").find("sample 1") != std::string::npos);
+    CHECK(WineViewer::Settings("Viewer.ini").find("Line=sample 1") != std::string::npos);
 }
 
 TEST_CASE("Control and the wheel zoom, Control and a drag move, and F5 shows the whole image")

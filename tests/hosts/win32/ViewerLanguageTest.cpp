@@ -67,3 +67,29 @@ TEST_CASE("--language chooses the language of a run, and one that is not spoken,
     CHECK(at.Viewer.Quit());
     CHECK(WineViewer::Settings("Viewer.ini").find("Language=") == std::string::npos);    // of this run alone
 }
+
+TEST_CASE("the dialogs that the library asks for are in the language of the viewer, and say what is wrong")
+{
+    PageOnScreen at({"--language", "en"});
+    at.Viewer.Keys({"ctrl+shift+r"});
+    CHECK(at.Viewer.Says("dialog", "Rectangle by numbers"));
+    CHECK(at.Viewer.Says("text", "Left edge (px)"));
+    at.Viewer.Keys({"Escape", "ctrl+t"});
+    CHECK(at.Viewer.Says("dialog", "Text"));
+    at.Viewer.Keys({"Return"});
+    CHECK(at.Viewer.Says("text", "There is no text yet."));
+    at.Viewer.Keys({"Escape", "ctrl+shift+m"});
+    CHECK(at.Viewer.Says("text", "Length of a pixel (mm)"));
+    at.Viewer.Act([] {
+        Desk().Key("ctrl+a");
+        Desk().Type("abc");
+    });
+    at.Viewer.Keys({"Return"});
+    CHECK(at.Viewer.Says("text", "This is not a number."));
+    at.Viewer.Keys({"Escape", "alt+v", "z", "ctrl+shift+r"});
+    CHECK(at.Viewer.Says("dialog", "按数值绘制矩形"));
+    CHECK(at.Viewer.Says("text", "左边缘（像素）"));
+    at.Viewer.Keys({"Escape"});
+    CHECK(Find(at.Shown, Desk().Settled()) == at.Origin);
+    CHECK(at.Viewer.Quit());
+}
