@@ -34,6 +34,8 @@ ObjectsPanel::ObjectsPanel(QWidget* parent)
 
     List->setObjectName(QStringLiteral("objects"));
     List->setAccessibleName(tr("Objects, topmost first"));
+    List->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);    // it scrolls by itself
+    List->setMinimumHeight(4 * fontMetrics().lineSpacing());
     List->setModel(&Model);
     List->setRootIsDecorated(false);
     List->setUniformRowHeights(true);

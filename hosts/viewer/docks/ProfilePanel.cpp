@@ -36,7 +36,6 @@ ProfilePanel::ProfilePanel(QWidget* parent)
     rows->setContentsMargins(4, 4, 4, 4);
     rows->addWidget(Source);
     rows->addWidget(Plot, 1);
-    rows->addWidget(Pointed);
     auto* const controls = new QWidget;
     auto* const flow = new FlowLayout(controls);
     rows->addWidget(controls);
@@ -45,6 +44,9 @@ ProfilePanel::ProfilePanel(QWidget* parent)
     Plot->setObjectName(QStringLiteral("profile"));
     Plot->setAccessibleName(tr("Values along the selected line"));
     Pointed->setObjectName(QStringLiteral("profilePointed"));
+    // Of one width, so that nothing moves under the pointer while it reads the curve.
+    Pointed->setMinimumWidth(Pointed->fontMetrics().horizontalAdvance(
+        QStringLiteral("0000.00 mm: value 00000.0 at x 0000.0, y 0000.0")));
     Width->setObjectName(QStringLiteral("profileWidth"));
     Width->setAccessibleName(tr("Width of the line over which values are averaged"));
     Width->setToolTip(Width->accessibleName());
@@ -61,6 +63,7 @@ ProfilePanel::ProfilePanel(QWidget* parent)
     flow->addWidget(Width);
     flow->addWidget(Channel);
     flow->addWidget(SaveButton);
+    flow->addWidget(Pointed);
     connect(Width, &QSpinBox::valueChanged, this, &ProfilePanel::Later);
     connect(Channel, &QComboBox::currentIndexChanged, this, &ProfilePanel::Later);
     connect(Plot, &CurvePlot::pointed, this, &ProfilePanel::ShowPointed);

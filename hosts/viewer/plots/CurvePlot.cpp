@@ -70,10 +70,10 @@ CurvePlot::Frame CurvePlot::FrameOf(QSizeF size, const QFontMetricsF& metrics) c
 {
     const Axis rough(Least, Most, size.height(), 0.0);
     double     wide = 0.0;
-    const auto ticks = rough.Ticks(2.5 * metrics.height());
+    const auto ticks = rough.Ticks(metrics.height());
     for (const double value : ticks)
         wide = std::max(wide, metrics.horizontalAdvance(TickText(value, TickStep(ticks))));
-    const double left = wide + 10.0, below = 2.0 * metrics.height() + 8.0,
+    const double left = wide + 12.0 + metrics.height(), below = 2.0 * metrics.height() + 8.0,
                  above = metrics.height() / 2.0 + 2.0;
     const QRectF area(left, above, std::max(10.0, size.width() - left - 12.0),
                       std::max(10.0, size.height() - above - below));
@@ -81,6 +81,12 @@ CurvePlot::Frame CurvePlot::FrameOf(QSizeF size, const QFontMetricsF& metrics) c
     const double margin = 0.03 * (Most - Least);
     return {area, Axis(0.0, length, area.left(), area.right()),
             Axis(Least - margin, Most + margin, area.bottom(), area.top())};
+}
+
+std::vector<double> CurvePlot::UpTicks(const Frame& frame, double lineHeight)
+{
+    std::vector<double> ticks = frame.Up.Ticks(2.5 * lineHeight);
+    return ticks.size() > 1 ? ticks : frame.Up.Ticks(lineHeight);
 }
 
 QPoint CurvePlot::PlaceOf(std::size_t sample) const
@@ -127,7 +133,7 @@ void CurvePlot::Paint(QPainter& painter, const Frame& frame, const QFontMetricsF
         painter.drawText(
             QPointF(x - metrics.horizontalAdvance(text) / 2.0, area.bottom() + 3.0 + metrics.ascent()), text);
     }
-    const auto up = frame.Up.Ticks(2.5 * metrics.height());
+    const auto up = UpTicks(frame, metrics.height());
     for (const double value : up) {
         const double  y = frame.Up.At(value);
         const QString text = TickText(value, TickStep(up));
@@ -142,6 +148,12 @@ void CurvePlot::Paint(QPainter& painter, const Frame& frame, const QFontMetricsF
     painter.drawText(QPointF(area.center().x() - metrics.horizontalAdvance(title) / 2.0,
                              area.bottom() + 5.0 + metrics.height() + metrics.ascent()),
                      title);
+    const QString upTitle = tr("Value");
+    painter.save();
+    painter.translate(metrics.ascent(), area.center().y());
+    painter.rotate(-90.0);
+    painter.drawText(QPointF(-metrics.horizontalAdvance(upTitle) / 2.0, 0.0), upTitle);
+    painter.restore();
 }
 
 void CurvePlot::paintEvent(QPaintEvent*)
@@ -230,13 +242,17 @@ bool CurvePlot::WriteSvg(QIODevice& file, QSize size, const QString& title) cons
         label(frame.Across.At(value), area.bottom() + metrics.height(), "middle",
               TickText(value, TickStep(across)));
     }
-    const auto up = frame.Up.Ticks(2.5 * metrics.height());
+    const auto up = UpTicks(frame, metrics.height());
     for (const double value : up) {
         line(area.left(), frame.Up.At(value), area.right(), frame.Up.At(value));
         label(area.left() - 5.0, frame.Up.At(value) + metrics.ascent() / 3.0, "end",
               TickText(value, TickStep(up)));
     }
     label(area.center().x(), area.bottom() + 2.0 * metrics.height(), "middle", tr("Length (%1)").arg(Unit));
+    svg << "<g transform=\"translate(" << metrics.ascent() << ' ' << area.center().y()
+        << ") rotate(-90)\">\n";
+    label(0.0, 0.0, "middle", tr("Value"));
+    svg << "</g>\n";
     svg << "<path fill=\"none\" stroke=\"#1f5fbf\" stroke-width=\"1.5\" d=\"";
     bool begun = false;
     for (std::size_t i = 0; i < Curve.size(); ++i) {

@@ -49,8 +49,10 @@ private:
     Frame FrameOf(QSizeF size, const QFontMetricsF& metrics) const;
     void  Paint(QPainter& painter, const Frame& frame, const QFontMetricsF& metrics,
                 const QPalette& colors) const;
-    void  PaintCurve(QPainter& painter, const Frame& frame) const;
-    void  Point(std::optional<std::size_t> sample);
+    // Round values up the axis: some even of a plot that is hardly high enough for two.
+    static std::vector<double> UpTicks(const Frame& frame, double lineHeight);
+    void                       PaintCurve(QPainter& painter, const Frame& frame) const;
+    void                       Point(std::optional<std::size_t> sample);
 
     std::vector<double>        Curve;
     double                     Spacing = 1.0;    // in the unit

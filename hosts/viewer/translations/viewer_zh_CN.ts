@@ -1891,6 +1891,10 @@ or open one by Ctrl+O</source>
         <source>Length (%1)</source>
         <translation>长度 (%1)</translation>
     </message>
+    <message>
+        <source>Value</source>
+        <translation>数值</translation>
+    </message>
 </context>
 <context>
     <name>vostel::viewer::Document</name>

@@ -50,13 +50,16 @@ constexpr std::array<DockText, 6> Texts = {{
 constexpr CommandText Standard = {"dock.standard", QT_TRANSLATE_NOOP("Commands", "&Standard layout"), nullptr,
                                   QT_TRANSLATE_NOOP("Commands", "Puts the panels where they were at first")};
 
-constexpr int RightWidth = 300, MeasuresHeight = 170;    // layout px
+constexpr std::size_t ManyControls = 2;    // the first panels
 
-// For a panel of many controls: a small dock hides none for good.
+constexpr int RightWidth = 300, MeasuresHeight = 200;    // layout px
+
+// For a panel of many controls: a small dock hides none for good, and what takes the keys is scrolled to.
 QWidget* InScrollArea(QWidget& panel, const QString& title)
 {
     auto* const area = new QScrollArea;
     area->setAccessibleName(title);
+    area->setFocusPolicy(Qt::NoFocus);
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
     area->setWidget(&panel);
@@ -72,7 +75,8 @@ DockSet::DockSet(MainWindow& window) : QObject(&window), Window(window)
                                                            new MeasuresPanel,  profile,
                                                            new HistoryPanel,   new OverviewPanel};
     for (std::size_t i = 0; i < Texts.size(); ++i)
-        Add(*panels[i], Texts[i].Name, TitleOf(CommandList::Translated(Texts[i].Command.Text)), i == 0);
+        Add(*panels[i], Texts[i].Name, TitleOf(CommandList::Translated(Texts[i].Command.Text)),
+            i < ManyControls);
     connect(profile, &ProfilePanel::pointed, this,
             [this](std::optional<QPointF> image) { Window.View().ShowCross(image); });
     ArrangeAtFirst();

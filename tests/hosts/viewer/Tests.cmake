@@ -39,18 +39,22 @@ if(TARGET vostel-viewer-parts)
             window/AccessibleNamesTest
             window/ChineseTest
             window/DocksTest
+            window/LayoutTest
             window/MainWindowTest
             window/PicturesTest)
         vostel_test_source(ViewerTests hosts/viewer/${name})
         set_tests_properties(${VOSTEL_TEST_PREFIX}hosts/viewer/${name} PROPERTIES
             ENVIRONMENT "${VOSTEL_TEST_ENVIRONMENT};LSAN_OPTIONS=suppressions=${CMAKE_CURRENT_SOURCE_DIR}/hosts/leaks-of-others.txt:print_suppressions=0;TMPDIR=${CMAKE_CURRENT_BINARY_DIR}/work/hosts/viewer/${name}")
     endforeach()
-    # Drawing hits the same image points on screens of every density.
+    # On screens of every density drawing hits the same image points, and nothing is cut off.
     foreach(ratio IN ITEMS 1.25 1.5 2 3)
-        set(test ${VOSTEL_TEST_PREFIX}hosts/viewer/canvas/DrawToolsAt${ratio})
-        add_test(NAME ${test} COMMAND ViewerTests "--source-file=*/DrawToolsTest.cpp" --no-path-filenames)
-        get_test_property(${VOSTEL_TEST_PREFIX}hosts/viewer/canvas/DrawToolsTest ENVIRONMENT environment)
-        set_tests_properties(${test} PROPERTIES TIMEOUT 300 ENVIRONMENT "${environment};QT_SCALE_FACTOR=${ratio}")
+        foreach(name IN ITEMS canvas/DrawTools window/Layout)
+            set(test ${VOSTEL_TEST_PREFIX}hosts/viewer/${name}At${ratio})
+            add_test(NAME ${test} COMMAND ViewerTests "--source-file=*/${name}Test.cpp" --no-path-filenames)
+            get_test_property(${VOSTEL_TEST_PREFIX}hosts/viewer/${name}Test ENVIRONMENT environment)
+            set_tests_properties(${test} PROPERTIES TIMEOUT 300
+                ENVIRONMENT "${environment};QT_SCALE_FACTOR=${ratio}")
+        endforeach()
     endforeach()
 
     # Every text of the interface has its Chinese one.

@@ -106,5 +106,6 @@ TEST_CASE("a profile is saved as table and as drawing")
     const QByteArray drawing = at.Saved(folder.filePath(QStringLiteral("edge.svg")));
     CHECK(drawing.contains("<svg"));
     CHECK(drawing.contains("Length (mm)"));
+    CHECK(drawing.contains(">Value</text>"));
     CHECK(drawing.count('L') >= 80);
 }
