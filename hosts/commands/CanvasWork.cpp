@@ -1,6 +1,7 @@
 #include "commands/CanvasWork.h"
 
 #include "commands/FilePaths.h"
+#include "commands/FileSave.h"
 #include "commands/Texts.h"
 #include "commands/Utf8Text.h"
 
@@ -30,11 +31,32 @@ std::string TextOf(const Call& call)
     return text;
 }
 
+// A sentence of the interface, with what the library says of the matter in a line of its own.
 std::string Outcome(VostelStatus status)
 {
-    if (status == VOSTEL_OUT_OF_MEMORY)
+    const char* sentence = nullptr;
+    switch (status) {
+    case VOSTEL_OK:
+        return {};
+    case VOSTEL_OUT_OF_MEMORY:
         throw std::bad_alloc();
-    return status == VOSTEL_OK ? std::string() : vostel_last_message();
+    case VOSTEL_NOT_READ:
+        sentence = Words("The session or its picture cannot be read.");
+        break;
+    case VOSTEL_BAD_FORMAT:
+        sentence = Words("This is not a session that can be read.");
+        break;
+    case VOSTEL_NO_IMAGE:
+        sentence = Words("The picture of this session is in no file, so it cannot be opened.");
+        break;
+    case VOSTEL_NOT_WRITTEN:
+        sentence = Words("The session cannot be written.");
+        break;
+    default:
+        sentence = Words("This cannot be done with the session.");
+        break;
+    }
+    return std::string(sentence) + '\n' + vostel_last_message();
 }
 
 bool EndsWith(const std::wstring& text, std::wstring_view end)
@@ -167,23 +189,21 @@ std::string MeasuresAs(int canvas, const char* format)
     });
 }
 
-// Beside its path and then moved there, so that what fails leaves the file that was there.
 std::string SaveMeasures(int canvas, const std::wstring& path)
 {
     const std::wstring name = InLowerCase(path);
     const char* const  format = EndsWith(name, L".json") ? "json" : EndsWith(name, L".tsv") ? "tsv" : "csv";
-    const std::filesystem::path target = PathOf(path.c_str()), beside = PathOf((path + L"~").c_str());
-    const std::string           text = MeasuresAs(canvas, format);
+    const std::string  text = MeasuresAs(canvas, format);
+    FileSave           save;
+    const std::filesystem::path beside = PathOf(save.Begin(path).c_str());
     std::ofstream               stream(beside, std::ios::binary);
     stream.write(text.data(), static_cast<std::streamsize>(text.size()));
     stream.close();
-    std::error_code failed;
-    if (stream)
-        std::filesystem::rename(beside, target, failed);
-    if (stream && !failed)
-        return {};
-    std::filesystem::remove(beside, failed);
-    return Words("The file cannot be written.");
+    std::error_code ignored;
+    if (!stream)
+        std::filesystem::remove(beside, ignored);    // half a table is none
+    const char* const problem = save.End();
+    return problem ? problem : std::string();
 }
 
 }

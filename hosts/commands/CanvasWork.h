@@ -22,8 +22,9 @@ std::string DrawnOn(int canvas);
 // "NAME.vostel.json" and other JSON files.
 bool IsSessionFile(const std::wstring& path);
 
-// What is wrong, in English, or nothing. A session that is not opened leaves the canvas as it is, and a file
-// that is not written what was there.
+// What is wrong, or nothing: a sentence in English, to be translated, and in the next line the library's
+// words. A session that is not opened leaves the canvas as it is, and a file that is not written what was
+// there.
 std::string OpenSession(int canvas, const std::wstring& path);
 std::string SaveSession(int canvas, const std::wstring& path);
 

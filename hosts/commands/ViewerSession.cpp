@@ -246,12 +246,12 @@ void ViewerSession::CarryOut(const CommandEntry& entry)
 
 void ViewerSession::RunAndTell(const CommandEntry& entry)
 {
-    Saving = LibrarySave();
+    Saving = FileSave();
     RunCommand(entry.Id, CurrentCanvas);
     if (Saving.HasBegun()) {
         const char* const problem = Saving.End();
         ReportSaved(Saving.Wanted(), problem ? problem : "");
-        Saving = LibrarySave();
+        Saving = FileSave();
     }
     // How the new object is drawn can be read while it is.
     if (entry.In == Menu::Draw || entry.In == Menu::Measure)
@@ -348,7 +348,7 @@ std::wstring ViewerSession::ReadOnto(int canvas, const std::wstring& path, bool&
         const std::string problem = OpenSession(canvas, path);
         if (problem.empty())
             StateOf(canvas)->Undo.reset();
-        return WideOf(problem);
+        return TextOfProblem(problem);
     }
     const char* problem = nullptr;
     const auto  read = [&] { problem = OpenFile(canvas, path.c_str()); };
@@ -414,12 +414,18 @@ void ViewerSession::SaveMeasureTable(int canvas)
         ReportSaved(path, SaveMeasures(canvas, path));
 }
 
+std::wstring ViewerSession::TextOfProblem(const std::string& problem) const
+{
+    const std::size_t end = std::min(problem.find('\n'), problem.size());
+    return Text(problem.substr(0, end).c_str()) + WideOf(problem.substr(end));
+}
+
 bool ViewerSession::ReportSaved(const std::wstring& path, const std::string& problem)
 {
     if (problem.empty())
         Call(Window.ShowStatus, Filled(Text(Words("Saved %1")), {WideName(PathOf(path.c_str()).filename())}));
     else
-        Call(Window.Report, path + L'\n' + Text(problem.c_str()));
+        Call(Window.Report, path + L'\n' + TextOfProblem(problem));
     return problem.empty();
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "commands/Commands.h"
-#include "commands/LibrarySave.h"
+#include "commands/FileSave.h"
 #include "commands/RecentFileList.h"
 #include "commands/RoutineRunner.h"
 #include "commands/ViewerWindow.h"
@@ -85,6 +85,7 @@ private:
     std::wstring ReadOnto(int canvas, const std::wstring& path, bool& cancelled);
     bool         SaveSession(int canvas, bool elsewhere);
     void         RunAndTell(const CommandEntry& entry);
+    std::wstring TextOfProblem(const std::string& problem) const;    // the first line translated
     bool         ReportSaved(const std::wstring& path, const std::string& problem);
     void         ShowTable();
     void         StartRoutine(const Routine& routine);
@@ -105,7 +106,7 @@ private:
     RoutineRunner                       Runner;
     int                                 RoutineCanvas = -1;    // where the routine under way began
     std::wstring                        RoutineTitle;
-    LibrarySave                         Saving;    // of the command that runs
+    FileSave                            Saving;    // of the command that runs
 };
 
 }

@@ -2,6 +2,7 @@
 
 #include "commands/CanvasWork.h"
 
+#include "commands/FilePaths.h"
 #include "commands/Utf8Text.h"
 #include "hosts/commands/TestViewer.h"
 
@@ -166,6 +167,12 @@ TEST_CASE("a session that cannot be read or written is reported with its path, a
     session.OpenFiles({broken});
     REQUIRE(viewer.Reports.size() == 2);
     CHECK(viewer.Reports[1].find(L"broken.vostel.json") != std::wstring::npos);
+    CHECK(viewer.Reports[1].find(L"\nThis is not a session that can be read.\n") != std::wstring::npos);
+    session.Speak(Language::Chinese);
+    session.OpenFiles({broken});
+    REQUIRE(viewer.Reports.size() == 3);
+    CHECK(viewer.Reports[2].find(L"\n\u8be5\u6587\u4ef6\u4e0d\u662f") != std::wstring::npos);
+    session.Speak(Language::English);
     CHECK(viewer.Objects() == 1);
     CHECK(session.FileNameOf(0) == L"page.bmp");
     CHECK(session.IsEnabled(Command::Undo));
@@ -247,7 +254,13 @@ TEST_CASE("the table is saved in the form that the ending says, and a failure le
     viewer.SavePath = viewer.NameIn("no folder/m.csv");
     viewer.Works.SaveMeasureTable(0);
     REQUIRE(viewer.Reports.size() == 1);
-    CHECK(viewer.Reports[0] == viewer.SavePath + L"\nThe file cannot be written.");
+    CHECK(viewer.Reports[0] == viewer.SavePath + L"\nThe file cannot be written: there is no such folder.");
+    // A name beside the wanted one may be someone's.
+    const std::wstring other = viewer.NameIn("m.csv~");
+    std::ofstream(PathOf(other.c_str())) << "of someone";
+    viewer.SavePath = viewer.NameIn("m.csv");
+    viewer.Works.SaveMeasureTable(0);
+    CHECK(BytesOf(other) == "of someone");
     viewer.SavePath.clear();    // cancelled
     viewer.Works.SaveMeasureTable(0);
     CHECK(viewer.Reports.size() == 1);

@@ -1,4 +1,4 @@
-#include "commands/LibrarySave.h"
+#include "commands/FileSave.h"
 
 #include "commands/FilePaths.h"
 #include "commands/Utf8Text.h"
@@ -40,7 +40,7 @@ TEST_CASE("what the library has written takes the wanted name, and nothing is le
     const TempFolder   folder;
     const std::wstring wanted = folder.WidePath("a.b.bmp").GetString();
     Write(wanted, "old");
-    LibrarySave save;
+    FileSave save;
     CHECK_FALSE(save.HasBegun());
     const std::wstring given = save.Begin(wanted);
     CHECK(save.HasBegun());
@@ -58,7 +58,7 @@ TEST_CASE("a save that wrote nothing is a problem, and the file that was there s
     const TempFolder   folder;
     const std::wstring wanted = folder.WidePath("kept.raw").GetString();
     Write(wanted, "old");
-    LibrarySave save;
+    FileSave save;
     save.Begin(wanted);
     const char* const problem = save.End();
     REQUIRE(problem);
@@ -69,7 +69,7 @@ TEST_CASE("a save that wrote nothing is a problem, and the file that was there s
 TEST_CASE("a folder that is not there is named as the reason")
 {
     const TempFolder folder;
-    LibrarySave      save;
+    FileSave         save;
     save.Begin(folder.WidePath("none/a.bmp").GetString());
     const char* const problem = save.End();
     REQUIRE(problem);
@@ -80,7 +80,7 @@ TEST_CASE("a folder of the wanted name stays, and what was written for it goes")
 {
     const TempFolder folder;
     std::filesystem::create_directory(folder.Path("pictures.bmp"));
-    LibrarySave        save;
+    FileSave           save;
     const std::wstring given = save.Begin(folder.WidePath("pictures.bmp").GetString());
     Write(given, "new");
     const char* const problem = save.End();
@@ -96,7 +96,7 @@ TEST_CASE("a file of another name beside the wanted one is never overwritten, wi
     for (const char* const name : {"a.bmp", "plain"}) {
         CAPTURE(name);
         const std::wstring wanted = folder.WidePath(name).GetString();
-        LibrarySave        first, second;
+        FileSave           first, second;
         const std::wstring taken = first.Begin(wanted);
         Write(taken, "of someone");
         const std::wstring given = second.Begin(wanted);

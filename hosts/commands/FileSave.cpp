@@ -1,4 +1,4 @@
-#include "commands/LibrarySave.h"
+#include "commands/FileSave.h"
 
 #include "commands/FilePaths.h"
 #include "commands/Texts.h"
@@ -12,7 +12,7 @@ namespace {
 
 namespace files = std::filesystem;
 
-// With the same ending, by which the library chooses the format.
+// With the same ending, by which the format is chosen. A file of someone else's is not taken.
 std::wstring NameBeside(const std::wstring& wanted)
 {
     const std::size_t dot = wanted.find_last_of(L"./\\");
@@ -27,14 +27,14 @@ std::wstring NameBeside(const std::wstring& wanted)
 
 }
 
-std::wstring LibrarySave::Begin(const std::wstring& wanted)
+std::wstring FileSave::Begin(const std::wstring& wanted)
 {
     Target = wanted;
     Beside = NameBeside(wanted);
     return Beside;
 }
 
-const char* LibrarySave::End()
+const char* FileSave::End()
 {
     const files::path beside = PathOf(Beside.c_str()), target = PathOf(Target.c_str());
     std::error_code   failed;
