@@ -16,7 +16,7 @@ std::string TextOf(const std::string& path)
 }
 
 struct DrawnPage : PageOnScreen {
-    DrawnPage()
+    explicit DrawnPage(const std::vector<std::string>& options = {}) : PageOnScreen(options)
     {
         Viewer.Keys({"ctrl+r"});
         ShiftDrag(At(40, 50), At(140, 130));
@@ -69,6 +69,62 @@ TEST_CASE("who quits is asked about objects that are not saved, saves them, and 
     at.Viewer.TypePath(at.Path("page.vostel.json"));
     CHECK(Find(at.Shown.Part(200, 150, 100, 100), Desk().Settled()).Found());
     CHECK(at.LabelAt(at.SavedLabels("opened.raw"), 90, 90) == 1);
-    Desk().Key("ctrl+q");    // without a question
+    CHECK(at.Viewer.QuitsUnasked());
+}
+
+TEST_CASE("the Edit menu offers other steps after undo, and the same ones after redo")
+{
+    DrawnPage  at;
+    const auto menu = [&at] {
+        at.Viewer.Keys({"alt+e"});
+        const Picture shown = Desk().Settled().Part(0, 40, 400, 120);
+        at.Viewer.Keys({"Escape", "Escape"});
+        return shown;
+    };
+    const Picture drawn = menu();
+    at.Viewer.Keys({"ctrl+z"});
+    CHECK(menu() != drawn);
+    at.Viewer.Keys({"ctrl+y"});
+    CHECK(menu() == drawn);
     CHECK(at.Viewer.Quit());
+}
+
+TEST_CASE("the table shows kinds and numbers, is copied with tabs and saved as JSON")
+{
+    DrawnPage at({"--language", "en"});
+    at.Viewer.Keys({"ctrl+l"});
+    CHECK(at.Viewer.Says("dialog", "Measures"));
+    CHECK(at.Viewer.Says("column", "Area"));
+    CHECK(at.Viewer.Says("row", "\trectangle\t"));
+    CHECK(at.Viewer.Says("row", "\t8000\t"));    // 100 x 80
+    Desk().Key("alt+c");
+    CHECK(at.Viewer.Says("clipboard", "object\tname\tkind\t"));
+    CHECK(at.Viewer.Says("clipboard", "\trectangle\t"));
+    at.Viewer.Keys({"alt+s"});
+    at.Viewer.TypePath(at.Path("measures.json"));
+    REQUIRE(WaitForFile(at.Path("measures.json")));
+    CHECK(TextOf(at.Path("measures.json")).find("\"area\":8000,") != std::string::npos);
+    CHECK(at.Viewer.Says("status", "Saved measures.json"));
+    at.Viewer.Keys({"Escape"});
+    CHECK(at.Viewer.Quit());
+}
+
+TEST_CASE("another picture and the end of the viewer ask about objects first, and Escape keeps them")
+{
+    DrawnPage at({"--language", "zh_CN"});
+    REQUIRE(Save(GrayNoise(300, 200, 9), at.Path("noise.png")));
+    at.Viewer.Keys({"ctrl+o"});
+    at.Viewer.TypePath(at.Path("noise.png"));
+    CHECK(at.Viewer.Says("text", "画布 1 上的对象尚未保存。是否保存为会话？"));
+    at.Viewer.Keys({"Escape"});
+    CHECK(at.Viewer.Says("title", "page.png - "));
+    CHECK(at.RedOnScreen() > 300);
+    at.Viewer.Keys({"ctrl+q"});
+    CHECK(at.Viewer.Says("text", "画布 1 上的对象尚未保存。是否保存为会话？"));
+    at.Viewer.Keys({"Escape"});
+    CHECK(at.RedOnScreen() > 300);
+    at.Viewer.Keys({"ctrl+s"});
+    at.Viewer.TypePath(at.Path("page.vostel.json"));
+    CHECK(at.Viewer.Says("status", "已保存 page.vostel.json"));
+    CHECK(at.Viewer.QuitsUnasked());
 }

@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -132,6 +133,25 @@ BOOL CALLBACK SayControl(HWND control, LPARAM)
     return TRUE;
 }
 
+void SayClipboard()
+{
+    if (!OpenClipboard(nullptr))
+        return;
+    if (const HANDLE data = GetClipboardData(CF_UNICODETEXT)) {
+        std::wstring line;
+        for (const auto* at = static_cast<const wchar_t*>(GlobalLock(data)); *at != L'\0'; ++at) {
+            if (*at == L'\n')
+                Say("clipboard", std::exchange(line, {}));
+            else if (*at != L'\r')
+                line += *at;
+        }
+        if (!line.empty())
+            Say("clipboard", line);
+        GlobalUnlock(data);
+    }
+    CloseClipboard();
+}
+
 // The dialogs of a program belong to its main window or to another dialog.
 BOOL CALLBACK SayDialog(HWND window, LPARAM main)
 {
@@ -161,6 +181,7 @@ int main()
     Say("title", TextOf(window));
     SayStatus(FindWindowExW(window, nullptr, STATUSCLASSNAMEW, nullptr));
     EnumWindows(SayDialog, reinterpret_cast<LPARAM>(window));
+    SayClipboard();
     Output.close();
     return Output && MoveFileW(beside.c_str(), target.c_str()) ? 0 : 4;
 }

@@ -123,6 +123,16 @@ bool WineViewer::Quit()
     return ended;
 }
 
+bool WineViewer::QuitsUnasked()
+{
+    Desk().Key("ctrl+q");
+    const bool ended = XScreen::Wait([this] { return waitpid(Starter, nullptr, WNOHANG) == Starter; });
+    if (ended)
+        Starter = -1;
+    Desk().Watch(-1);
+    return ended;
+}
+
 void WineViewer::Act(const std::function<void()>& events)
 {
     const Picture before = Desk().Grab();

@@ -21,7 +21,8 @@ public:
     WineViewer& operator=(const WineViewer&) = delete;
 
     bool IsUp() const { return Up; }
-    bool Quit();    // by its shortcut, without saving; false when it does not end
+    bool Quit();            // by its shortcut, without saving; false when it does not end
+    bool QuitsUnasked();    // the same; false, too, when it asks something before
 
     // Sends events and waits until the screen has changed and rests again.
     void Act(const std::function<void()>& events);
