@@ -209,7 +209,7 @@ void HistogramPanel::AddLooks(QLayout* rows)
     Map = NewChoice("colorMap", tr("Color map"));
     Map->setIconSize(QSize(4 * fontMetrics().height(), fontMetrics().height()));
     for (const std::string& name : MapNames())
-        Map->addItem(QPixmap::fromImage(ShadesOf(name).scaled(3 * Map->iconSize())),
+        Map->addItem(QPixmap::fromImage(ShadesOf(name).scaled(3 * Map->iconSize())), MapText(name),
                      QString::fromStdString(name));
     flow->addWidget(Labelled(tr("Gamma"), Gamma));
     flow->addWidget(Labelled(tr("Colors"), Map));
@@ -222,7 +222,7 @@ void HistogramPanel::AddLooks(QLayout* rows)
     });
     connect(Map, &QComboBox::currentIndexChanged, this, [this] {
         Change("Change contrast",
-               [&](Canvas& canvas) { canvas.contrast_map(Map->currentText().toStdString()); });
+               [&](Canvas& canvas) { canvas.contrast_map(Map->currentData().toString().toStdString()); });
     });
 }
 
@@ -367,7 +367,7 @@ void HistogramPanel::ShowContrast()
     Low->setValue(contrast.low);
     High->setValue(contrast.high);
     Gamma->setValue(contrast.gamma);
-    Map->setCurrentText(QString::fromStdString(map));
+    Map->setCurrentIndex(Map->findData(QString::fromStdString(map)));
     if (map != ShadesMap || contrast.gamma != ShadesGamma) {
         Plot->SetShades(ShadesOf(map, contrast.gamma));
         ShadesMap = map;

@@ -10,6 +10,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
 #include <QToolButton>
 #include <QTreeView>
 #include <QVBoxLayout>
@@ -17,6 +18,24 @@
 #include <algorithm>
 
 namespace vostel::viewer {
+
+namespace {
+
+// Styles outline a box by a darker shade of the window, which cannot be told from a dark list.
+class OutlinedBoxes : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        if (option->palette.color(QPalette::Base).lightness() < 128)
+            option->palette.setColor(QPalette::Window, option->palette.color(QPalette::Text));
+    }
+};
+
+}
 
 ObjectsPanel::ObjectsPanel(QWidget* parent)
     : CanvasPanel(parent), List(new QTreeView), Link(nullptr), Order(new QLabel), Buttons(new QWidget),
@@ -37,6 +56,7 @@ ObjectsPanel::ObjectsPanel(QWidget* parent)
     List->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);    // it scrolls by itself
     List->setMinimumHeight(4 * fontMetrics().lineSpacing());
     List->setModel(&Model);
+    List->setItemDelegate(new OutlinedBoxes(List));
     List->setRootIsDecorated(false);
     List->setUniformRowHeights(true);
     List->setAllColumnsShowFocus(true);

@@ -1,5 +1,6 @@
 #include "plots/MapColours.h"
 
+#include <QCoreApplication>
 #include <vostel.hpp>
 
 #include <algorithm>
@@ -8,6 +9,15 @@
 #include <sstream>
 
 namespace vostel::viewer {
+
+namespace {
+
+// The names that are words; the others are proper names.
+[[maybe_unused]] constexpr const char* Words[] = {
+    QT_TRANSLATE_NOOP("ColorMaps", "gray"), QT_TRANSLATE_NOOP("ColorMaps", "inverted"),
+    QT_TRANSLATE_NOOP("ColorMaps", "fire"), QT_TRANSLATE_NOOP("ColorMaps", "ice")};
+
+}
 
 std::vector<std::string> MapNames()
 {
@@ -22,6 +32,11 @@ std::vector<std::string> MapNames()
         if (!line.empty())
             names.push_back(line);
     return names;
+}
+
+QString MapText(const std::string& map)
+{
+    return QCoreApplication::translate("ColorMaps", map.c_str());
 }
 
 // A canvas that shows all 256 values of a byte tells what they look like.

@@ -170,6 +170,9 @@ QWidget* BatchDialog::MakeChain()
     Chain->setToolTip(tr("One after the other; a drag changes the order"));
     Chain->setDragDropMode(QAbstractItemView::InternalMove);
     Chain->setMaximumHeight(110);
+    Chain->setWordWrap(true);
+    Chain->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    Chain->setResizeMode(QListView::Adjust);
     auto* const menu = new QMenu(this);
     for (const Routine& routine : AllRoutines())
         menu->addAction(RoutineText(routine.Title), this, [this, &routine] { AskStep(routine); });

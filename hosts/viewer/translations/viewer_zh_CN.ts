@@ -94,6 +94,25 @@
     </message>
 </context>
 <context>
+    <name>ColorMaps</name>
+    <message>
+        <source>gray</source>
+        <translation>灰度</translation>
+    </message>
+    <message>
+        <source>inverted</source>
+        <translation>反相</translation>
+    </message>
+    <message>
+        <source>fire</source>
+        <translation>火焰</translation>
+    </message>
+    <message>
+        <source>ice</source>
+        <translation>冰蓝</translation>
+    </message>
+</context>
+<context>
     <name>Commands</name>
     <message>
         <source>&amp;File</source>

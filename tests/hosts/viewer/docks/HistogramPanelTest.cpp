@@ -3,6 +3,7 @@
 #include "canvas/CanvasView.h"
 #include "docks/ColourMenu.h"
 #include "hosts/viewer/docks/ShownPanel.h"
+#include "hosts/viewer/window/Speaking.h"
 #include "plots/HistogramPlot.h"
 
 #include <doctest/doctest.h>
@@ -110,6 +111,21 @@ TEST_CASE("numbers, percentiles, full range and reset set the window in the imag
     at.Open().undo();
     hand::Settle();
     CHECK(at.Of<QDoubleSpinBox>("gamma").value() == 2.0);
+}
+
+TEST_CASE("color maps have Chinese names where those are words, and mean the same maps")
+{
+    const Speaking chinese("zh_CN");
+    ShownHistogram at;
+    auto&          map = at.Of<QComboBox>("colorMap");
+    CHECK(map.currentText() == QString::fromUtf8("灰度"));
+    map.setCurrentText(QString::fromUtf8("反相"));
+    CHECK(at.Open().contrast_map_name() == "inverted");
+    map.setCurrentText(QStringLiteral("viridis"));
+    CHECK(at.Open().contrast_map_name() == "viridis");
+    at.Open().contrast_map("fire");
+    hand::Settle();
+    CHECK(map.currentText() == QString::fromUtf8("火焰"));
 }
 
 TEST_CASE("color maps, marks and the scale of counts are chosen")

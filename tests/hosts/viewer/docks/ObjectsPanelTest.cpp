@@ -209,3 +209,21 @@ TEST_CASE("the list is empty without a canvas, also when it has gone")
     CHECK(list.model()->rowCount() == 0);
     CHECK(hand::Of<QLabel>(panel, "objectsOrder").text() == "No canvas");
 }
+
+TEST_CASE("the box of an object that is not locked is seen on a dark list")
+{
+    ShownObjects at;
+    QPalette     dark(QColor(0x2b, 0x2d, 0x30));
+    dark.setColor(QPalette::Base, QColor(0x1e, 0x1f, 0x22));
+    dark.setColor(QPalette::Text, QColor(0xdf, 0xe1, 0xe5));
+    at.List.setPalette(dark);
+    hand::Settle();
+    const QImage cell = at.List.viewport()
+                            ->grab(at.List.visualRect(at.List.model()->index(1, ObjectsModel::Locked)))
+                            .toImage();
+    int brightest = 0;
+    for (int y = 0; y < cell.height(); ++y)
+        for (int x = 0; x < cell.width(); ++x)
+            brightest = std::max(brightest, qGray(cell.pixel(x, y)));
+    CHECK(brightest > qGray(cell.pixel(cell.width() - 1, 0)) + 60);
+}
