@@ -36,6 +36,7 @@ if(TARGET vostel-viewer-parts)
             process/RoutinesTest
             users/DrawingInARowTest
             users/PicturesOfOthersTest
+            users/SeenOnThePictureTest
             window/AccessibleNamesTest
             window/ChineseTest
             window/DocksTest
