@@ -35,6 +35,7 @@ if(TARGET vostel-viewer-parts)
             process/ProcessingTest
             process/RoutinesTest
             users/DrawingInARowTest
+            users/NothingIsLostTest
             users/PicturesOfOthersTest
             users/SeenOnThePictureTest
             window/AccessibleNamesTest
