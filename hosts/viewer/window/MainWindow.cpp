@@ -9,6 +9,7 @@
 #include "window/StatusLine.h"
 #include "window/StyleDialog.h"
 #include "window/Theme.h"
+#include "window/ViewChoices.h"
 #include "window/Workspace.h"
 #include "window/commands/CommandGroups.h"
 
@@ -63,6 +64,7 @@ MainWindow::MainWindow()
     connect(Panes, &Workspace::paneAdded, this, &MainWindow::ConnectPane);
     connect(Panes, &Workspace::currentChanged, this, &MainWindow::ShowCurrent);
     connect(Panes, &Workspace::closeWanted, this, &MainWindow::CloseDocument);
+    ViewChoices::Restore(*Panes);
     Panes->AddPane();
     AddFileCommands(*this);
     AddEditCommands(*this);
@@ -134,6 +136,7 @@ void MainWindow::ConnectPane(CanvasPane& pane)
     CanvasView&  view = pane.View();
     CanvasModel& model = pane.Shown().Model();
     view.SetDrawingStyle(StyleDialog::Kept());
+    ViewChoices::Restore(view);
     view.SetEscapeFirst([this] { return Routines->Stop(); });
     view.SetClassic(QSettings().value(ClassicKey, false).toBool());
     model.Open().set_language(QLocale().language() == QLocale::Chinese ? "zh" : "en");

@@ -41,6 +41,7 @@ if(TARGET vostel-viewer-parts)
             window/AccessibleNamesTest
             window/ChineseTest
             window/DocksTest
+            window/KeptTest
             window/LayoutTest
             window/MainWindowTest
             window/PicturesTest)

@@ -5,6 +5,7 @@
 #include "window/CommandList.h"
 #include "window/MainWindow.h"
 #include "window/StyleDialog.h"
+#include "window/ViewChoices.h"
 #include "window/Workspace.h"
 #include "window/commands/CommandGroups.h"
 
@@ -112,11 +113,7 @@ void AddDrawCommands(MainWindow& window)
     commands.BeginSubmenu(Menu::Draw, QT_TRANSLATE_NOOP("Commands", "S&nap points"));
     const auto addSnap = [&](const CommandText& text, Snap snap) {
         commands.AddSwitch(
-            Menu::Draw, text,
-            [&window, snap](bool) {
-                for (CanvasPane* const pane : window.Area().All())
-                    pane->View().SetSnap(snap);
-            },
+            Menu::Draw, text, [&window, snap](bool) { ViewChoices::SetSnap(window.Area(), snap); },
             [&window, snap] { return window.View().Snapped() == snap; });
     };
     addSnap(NoSnap, Snap::None);

@@ -5,6 +5,7 @@
 #include "window/Language.h"
 #include "window/MainWindow.h"
 #include "window/Theme.h"
+#include "window/ViewChoices.h"
 #include "window/Workspace.h"
 #include "window/commands/CommandGroups.h"
 
@@ -80,13 +81,13 @@ void AddViewCommands(MainWindow& window)
         Menu::View, Smooth, [&window](bool on) { window.View().Open().view_set_smooth(on); },
         [&window] { return window.View().Open().info().smooth != 0; });
     commands.AddSwitch(
-        Menu::View, Rulers, [&window](bool on) { window.Area().SetRulers(on); },
+        Menu::View, Rulers, [&window](bool on) { ViewChoices::SetRulers(window.Area(), on); },
         [&window] { return window.Area().HasRulers(); });
     commands.AddSwitch(
-        Menu::View, Grid, [&window](bool on) { window.View().SetGrid(on); },
+        Menu::View, Grid, [&window](bool on) { ViewChoices::SetGrid(window.Area(), on); },
         [&window] { return window.View().HasGrid(); });
     commands.AddSwitch(
-        Menu::View, Bar, [&window](bool on) { window.View().SetScaleBar(on); },
+        Menu::View, Bar, [&window](bool on) { ViewChoices::SetScaleBar(window.Area(), on); },
         [&window] { return window.View().HasScaleBar(); });
     commands.AddSeparator(Menu::View);
     commands.AddSwitch(

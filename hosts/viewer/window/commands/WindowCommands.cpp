@@ -1,6 +1,7 @@
 #include "window/CanvasPane.h"
 #include "window/CommandList.h"
 #include "window/MainWindow.h"
+#include "window/ViewChoices.h"
 #include "window/Workspace.h"
 #include "window/commands/CommandGroups.h"
 
@@ -75,7 +76,7 @@ void AddWindowCommands(MainWindow& window)
         Menu::Window, Tiles, [&window](bool on) { window.Area().SetTiled(on); },
         [&window] { return window.Area().IsTiled(); });
     commands.AddSwitch(
-        Menu::Window, Link, [&window](bool on) { window.Area().SetLinked(on); },
+        Menu::Window, Link, [&window](bool on) { ViewChoices::SetLinked(window.Area(), on); },
         [&window] { return window.Area().IsLinked(); });
     commands.AddSwitch(
         Menu::Window, Blink, [&window](bool on) { window.Area().SetBlinking(on); },
