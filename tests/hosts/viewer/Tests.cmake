@@ -44,7 +44,8 @@ if(TARGET vostel-viewer-parts)
             window/KeptTest
             window/LayoutTest
             window/MainWindowTest
-            window/PicturesTest)
+            window/PicturesTest
+            window/StackWindowTest)
         vostel_test_source(ViewerTests hosts/viewer/${name})
         set_tests_properties(${VOSTEL_TEST_PREFIX}hosts/viewer/${name} PROPERTIES
             ENVIRONMENT "${VOSTEL_TEST_ENVIRONMENT};LSAN_OPTIONS=suppressions=${CMAKE_CURRENT_SOURCE_DIR}/hosts/leaks-of-others.txt:print_suppressions=0;TMPDIR=${CMAKE_CURRENT_BINARY_DIR}/work/hosts/viewer/${name}")
