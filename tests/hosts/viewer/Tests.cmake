@@ -37,6 +37,7 @@ if(TARGET vostel-viewer-parts)
             users/DrawingInARowTest
             users/NothingIsLostTest
             users/PicturesOfOthersTest
+            users/SavesThatTellTest
             users/SeenOnThePictureTest
             window/AccessibleNamesTest
             window/ChineseTest
