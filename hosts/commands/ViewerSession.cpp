@@ -247,7 +247,10 @@ void ViewerSession::CarryOut(const CommandEntry& entry)
 void ViewerSession::RunAndTell(const CommandEntry& entry)
 {
     Saving = FileSave();
+    PixelLength.reset();
     RunCommand(entry.Id, CurrentCanvas);
+    if (PixelLength)
+        vostel_set_scale(CurrentCanvas, *PixelLength, "mm");
     if (Saving.HasBegun()) {
         const char* const problem = Saving.End();
         ReportSaved(Saving.Wanted(), problem ? problem : "");

@@ -7,6 +7,7 @@
 #include "commands/ViewerWindow.h"
 
 #include <array>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -35,6 +36,9 @@ public:
     // The name that the library gets in place of the one that the person chose in a dialog for saving, so
     // that the session can tell what became of it.
     std::wstring NameToSave(const std::wstring& chosen) { return Saving.Begin(chosen); }
+    // The length of a pixel in mm that the person gave when the library asked: captions have it then, and the
+    // table of the canvas takes it when the command ends.
+    void TakePixelLength(double length) { PixelLength = length; }
     // The library's own message; a save under way tells more than that itself.
     void ShowMessage(const std::wstring& text);
 
@@ -106,7 +110,8 @@ private:
     RoutineRunner                       Runner;
     int                                 RoutineCanvas = -1;    // where the routine under way began
     std::wstring                        RoutineTitle;
-    FileSave                            Saving;    // of the command that runs
+    FileSave                            Saving;         // of the command that runs
+    std::optional<double>               PixelLength;    // mm; of the command that runs
 };
 
 }

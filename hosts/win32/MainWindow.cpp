@@ -132,7 +132,9 @@ void MainWindow::CreateParts()
     };
     services.ShowMessage = [this](const CString& text) { Session.ShowMessage(CString(text).GetString()); };
     gSetHostServices(services);
-    Dialogs = ParameterDialogs(Window, Settings, [this] { return Session.Speaks(); });
+    Dialogs = ParameterDialogs(
+        Window, Settings, [this] { return Session.Speaks(); },
+        [this](double length) { Session.TakePixelLength(length); });
     gDlgSetDialogs(Dialogs);
 
     Status.Create(Window);

@@ -116,7 +116,7 @@ bool AskEdges(const Asking& asking, tagZEKImaROIRectPara& edges)
 }
 
 // The library reads the length of a pixel from a text.
-bool AskScale(const Asking& asking, CString& text)
+bool AskScale(const Asking& asking, CString& text, const std::function<void(double)>& take)
 {
     const auto values = asking.Values(PixelLength);
     if (!values)
@@ -124,19 +124,22 @@ bool AskScale(const Asking& asking, CString& text)
     wchar_t digits[40];
     std::swprintf(digits, 40, L"%.17g", values->front());
     text = digits;
+    take(values->front());
     return true;
 }
 
 }
 
-TessikDialogs ParameterDialogs(HWND owner, const SettingsFile& settings, std::function<Language()> language)
+TessikDialogs ParameterDialogs(HWND owner, const SettingsFile& settings, std::function<Language()> language,
+                               std::function<void(double length)> takePixelLength)
 {
     const Asking  asking(owner, settings, std::move(language));
     TessikDialogs dialogs;
     dialogs.ImaLoadPara = [asking](tagZEKImaLoadPara& layout) { return AskLayout(asking, layout); };
     dialogs.ImaROIRectPara = [asking](tagZEKImaROIRectPara& edges) { return AskEdges(asking, edges); };
-    dialogs.ImaGeneralPara = [asking](tagZEKImaGeneralPara& para, CString& section, CString&) {
-        return section == L"MeasureScaleInfo" ? AskScale(asking, para.Value) : asking.Line(para.Value);
+    dialogs.ImaGeneralPara = [asking, take = std::move(takePixelLength)](tagZEKImaGeneralPara& para,
+                                                                         CString& section, CString&) {
+        return section == L"MeasureScaleInfo" ? AskScale(asking, para.Value, take) : asking.Line(para.Value);
     };
     return dialogs;
 }

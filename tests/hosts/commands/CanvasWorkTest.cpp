@@ -8,6 +8,7 @@
 
 #include <vostel.h>
 
+#include <algorithm>
 #include <fstream>
 #include <iterator>
 
@@ -264,4 +265,37 @@ TEST_CASE("the table is saved in the form that the ending says, and a failure le
     viewer.SavePath.clear();    // cancelled
     viewer.Works.SaveMeasureTable(0);
     CHECK(viewer.Reports.size() == 1);
+}
+
+TEST_CASE(
+    "the length of a pixel that the person gives is the table's too, and a cancelled one changes nothing")
+{
+    WorkingViewer viewer;
+    viewer.DrawRectangle();
+    bool          isGiven = false;
+    TessikDialogs dialogs;
+    dialogs.ImaGeneralPara = [&](tagZEKImaGeneralPara& para, CString&, CString&) {
+        if (isGiven)
+            viewer.Works.TakePixelLength(0.5);
+        para.Value = L"0.5";
+        return isGiven;
+    };
+    const TestDialogs installed(dialogs);
+    const auto        cell = [&viewer](const wchar_t* title) {
+        const MeasureTable table = MeasuresOf(viewer.Works.Current());
+        const auto         found = std::find(table.Titles.begin(), table.Titles.end(), title);
+        REQUIRE(found != table.Titles.end());
+        return table.Rows.at(0)[static_cast<std::size_t>(found - table.Titles.begin())];
+    };
+    const double area = std::stod(cell(L"area"));
+    viewer.Works.Carry(Command::MeasureScale);
+    CHECK(cell(L"unit") == L"px");
+    isGiven = true;
+    viewer.Works.Carry(Command::MeasureScale);
+    CHECK(cell(L"unit") == L"mm");
+    CHECK(std::stod(cell(L"area")) == area / 4.0);
+    isGiven = false;
+    viewer.Works.Carry(Command::MeasureScale);    // what was given before is not given again
+    viewer.Works.Carry(Command::Undo);
+    CHECK(cell(L"unit") == L"px");
 }

@@ -128,3 +128,15 @@ TEST_CASE("another picture and the end of the viewer ask about objects first, an
     CHECK(at.Viewer.Says("status", "已保存 page.vostel.json"));
     CHECK(at.Viewer.QuitsUnasked());
 }
+
+TEST_CASE("after Measure, Scale the table counts in mm, as the captions do")
+{
+    DrawnPage at({"--language", "en"});
+    at.Viewer.Keys({"ctrl+shift+m"});
+    at.Viewer.Fill({"0.5"});
+    at.Viewer.Keys({"Return", "ctrl+l"});
+    CHECK(at.Viewer.Says("row", "\tmm\t"));
+    CHECK(at.Viewer.Says("row", "\t2000\t"));    // 100 x 80 px of 0.5 mm
+    at.Viewer.Keys({"Escape"});
+    CHECK(at.Viewer.Quit());
+}
