@@ -203,3 +203,33 @@ TEST_CASE("what is drawn has colors that are seen, and its look is part of its s
     CHECK(at.Objects()[0].style().line_color == at.View.Drawn().Line);
     CHECK(at.Undos() == 1);
 }
+
+TEST_CASE("lines and captions are as large to the eye on screens of every density")
+{
+    ShownView at;
+    at.Arm(Shape::Length);
+    hand::Drag(at.View, {60, 200}, {160, 200});
+    at.View.Disarm();
+    at.Open().select({});
+    hand::Settle();
+    const QImage with = at.View.grab().toImage();
+    at.Objects().at(0).set_flags(VOSTEL_HIDDEN);
+    hand::Settle();
+    const QImage without = at.View.grab().toImage();
+    const double ratio = with.devicePixelRatio();
+    QRect        paper;    // of the caption
+    int          thick = 0;
+    for (int y = 0; y < with.height(); ++y)
+        for (int x = 0; x < with.width(); ++x)
+            if (with.pixel(x, y) != without.pixel(x, y) && y < 185 * ratio &&
+                QColor(with.pixel(x, y)) == QColor(Qt::white))
+                paper |= QRect(x, y, 1, 1);
+    for (int y = 0, x = qRound(85 * ratio); y < with.height(); ++y)
+        if ((with.pixel(x, y) & 0xFFFFFF) == at.View.Drawn().Line)
+            ++thick;
+    hand::Keep(at.View, "drawn-length");
+    CHECK(paper.height() / ratio > 17.0);
+    CHECK(paper.height() / ratio < 30.0);
+    CHECK(thick / ratio >= 1.0);
+    CHECK(thick / ratio <= 2.0);
+}
