@@ -239,7 +239,7 @@ typedef struct VostelStyle {
     uint32_t size;              ///< sizeof(VostelStyle)
     uint32_t line_color;        ///< 0xRRGGBB
     uint32_t selected_color;    ///< 0xRRGGBB, of the lines while it is selected
-    uint32_t handle_color;      ///< 0xRRGGBB
+    uint32_t handle_color;      ///< 0xRRGGBB, selected or not; the blue of a new object is red while selected
     uint32_t fill_color;        ///< 0xAARRGGBB, of a region's inside; alpha 0: none
     double   line_width;        ///< px, above 0
     double   text_height;       ///< px, from 1, rounded to a whole one; of texts and captions

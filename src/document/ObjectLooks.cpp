@@ -140,7 +140,10 @@ void TakeStyle(VostelObj& object, const VostelStyle& style)
 {
     object.LineColorIdle = ColorOf(style.line_color);
     object.LineColorSel = ColorOf(style.selected_color);
-    object.HandleColorIdle = ColorOf(style.handle_color);
+    if (style.handle_color != Rgb(object.HandleColorIdle)) {
+        object.HandleColorIdle = ColorOf(style.handle_color);
+        object.HandleColorSel = object.HandleColorIdle == Blue ? Red : object.HandleColorIdle;
+    }
     object.FillColor = style.fill_color;
     object.LineWidth = style.line_width;
     object.StyleHeight = static_cast<int>(std::lround(style.text_height));

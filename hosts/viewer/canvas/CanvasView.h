@@ -21,9 +21,9 @@ enum class Snap { None, PixelCentres, PixelEdges };
 struct DrawingStyle {
     std::uint32_t Line = 0xFFD21E;        // 0xRRGGBB
     std::uint32_t Selected = 0xFF4D2E;    // of the lines while selected
-    std::uint32_t Handle = 0xFFFFFF;
-    double        Width = 1.5;        // layout px
-    double        TextHeight = 16;    // layout px
+    std::uint32_t Handle = 0x29A3FF;      // seen on black, gray and white
+    double        Width = 1.5;            // layout px
+    double        TextHeight = 16;        // layout px
 };
 
 // One canvas as a widget: shows its frame, hands the mouse to a tool, and moves the view: the wheel zooms,

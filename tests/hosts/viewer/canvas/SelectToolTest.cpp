@@ -174,3 +174,38 @@ TEST_CASE("grid, scale bar and cross lie over the frame")
     at.View.SetGrid(true);
     hand::Keep(at.View, "grid");
 }
+
+TEST_CASE("handles have their color while the object is selected too")
+{
+    ShownView at;
+    at.Arm(Shape::Rectangle);
+    hand::Drag(at.View, {100, 80}, {200, 180});
+    at.View.Disarm();
+    REQUIRE(at.Objects().at(0).selected());
+    const auto pixelsOf = [&](std::uint32_t color) {
+        const QImage frame = at.View.grab().toImage();
+        int          count = 0;
+        for (int y = 0; y < frame.height(); ++y)
+            for (int x = 0; x < frame.width(); ++x)
+                count += (frame.pixel(x, y) & 0xFFFFFF) == color;
+        return count;
+    };
+    constexpr std::uint32_t Red = 0xFF0000, Green = 0x00FF00, Blue = 0x0000FF;
+    const auto              give = [&](std::uint32_t color) {
+        vostel::Object object = at.Objects().at(0);
+        vostel::Style  style = object.style();
+        style.handle_color = color;
+        object.set_style(style);
+        hand::Settle();
+    };
+    hand::Keep(at.View, "selected-handles");
+    CHECK(pixelsOf(at.View.Drawn().Handle) > 0);
+    CHECK(pixelsOf(Red) == 0);
+    give(Green);
+    CHECK(pixelsOf(Green) > 0);
+    at.Open().undo();
+    hand::Settle();
+    CHECK(pixelsOf(Green) == 0);
+    give(Blue);
+    CHECK(pixelsOf(Red) > 0);
+}
