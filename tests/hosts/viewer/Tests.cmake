@@ -39,6 +39,7 @@ if(TARGET vostel-viewer-parts)
             users/PicturesOfOthersTest
             users/SavesThatTellTest
             users/SeenOnThePictureTest
+            users/TaskListTest
             window/AccessibleNamesTest
             window/ChineseTest
             window/DocksTest
