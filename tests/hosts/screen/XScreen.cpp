@@ -245,6 +245,19 @@ void XScreen::DragAlong(const std::vector<Place>& path, unsigned button)
     Send();
 }
 
+void XScreen::Press(Place at)
+{
+    Move(at);
+    XTestFakeButtonEvent(Server, 1, True, CurrentTime);
+    Send();
+}
+
+void XScreen::Lift()
+{
+    XTestFakeButtonEvent(Server, 1, False, CurrentTime);
+    Send();
+}
+
 void XScreen::Wheel(int steps)
 {
     const unsigned button = steps > 0 ? 4 : 5;

@@ -38,7 +38,9 @@ public:
     void Click(Place at, unsigned button = 1);
     void Drag(Place from, Place to);
     void DragAlong(const std::vector<Place>& path, unsigned button = 1);    // in steps from place to place
-    void Wheel(int steps);                                                  // up is positive
+    void Press(Place at);    // the left button, held until it is lifted
+    void Lift();
+    void Wheel(int steps);    // up is positive
     void Hold(const char* key);
     void Release(const char* key);
     void Key(std::string_view chord);    // "Return", "ctrl+shift+s", "alt+f"

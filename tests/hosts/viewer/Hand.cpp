@@ -118,6 +118,26 @@ void Move(QWidget& on, QPoint to)
     Do([&](XScreen& screen) { screen.Move(place); });
 }
 
+void Press(QWidget& on, QPoint at)
+{
+    const Place place = OnScreen(on, at);
+    Do([&](XScreen& screen) { screen.Press(place); });
+}
+
+void Lift()
+{
+    Do([](XScreen& screen) { screen.Lift(); });
+}
+
+bool Drop(QWidget& on, const QString& path)
+{
+    const Place       place = OnScreen(on, on.rect().center());
+    const std::string file = path.toStdString();
+    bool              taken = false;
+    Do([&](XScreen& screen) { taken = screen.Drop(file, place); });
+    return taken;
+}
+
 void Wheel(QWidget& on, QPoint at, int steps)
 {
     const Place place = OnScreen(on, at);

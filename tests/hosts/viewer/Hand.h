@@ -30,9 +30,13 @@ void DragAlong(QWidget& on, const std::vector<QPoint>& path);
 void DragMiddle(QWidget& on, QPoint from, QPoint to);    // with the middle button
 void RightClick(QWidget& on, QPoint at);
 void Move(QWidget& on, QPoint to);
+void Press(QWidget& on, QPoint at);    // holds the button down
+void Lift();
 void Wheel(QWidget& on, QPoint at, int steps);
 void Key(const char* chord);    // "ctrl+shift+s", "Return"
 void Type(const char* text);
+bool Drop(QWidget&       on,
+          const QString& path);    // a file of another program, in the middle; whether it is taken
 void With(const char* key, const std::function<void()>& act);    // while it is held
 
 // Waits until it is so; false when it takes too long.

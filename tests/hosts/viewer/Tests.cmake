@@ -43,8 +43,10 @@ if(TARGET vostel-viewer-parts)
             window/AccessibleNamesTest
             window/ChineseTest
             window/DocksTest
+            window/DropsTest
             window/KeptTest
             window/LayoutTest
+            window/LiveDragTest
             window/MainWindowTest
             window/PicturesTest
             window/StackWindowTest)
