@@ -52,7 +52,7 @@ constexpr CommandText Standard = {"dock.standard", QT_TRANSLATE_NOOP("Commands",
 
 constexpr std::size_t ManyControls = 2;    // the first panels
 
-constexpr int RightWidth = 300, MeasuresHeight = 200;    // layout px
+constexpr int RightWidth = 320, MeasuresHeight = 200;    // layout px
 
 // For a panel of many controls: a small dock hides none for good, and what takes the keys is scrolled to.
 QWidget* InScrollArea(QWidget& panel, const QString& title)

@@ -7,6 +7,9 @@
 
 #include <doctest/doctest.h>
 
+#include <QScrollBar>
+#include <QTreeView>
+
 using namespace vostel::viewer;
 
 namespace {
@@ -54,6 +57,7 @@ TEST_CASE("the window in two languages and two themes, each cut off nowhere")
             hand::Settle();
             brightness[dark] = Brightness(at.Window.grab().toImage());
             hand::Keep(at.Window, (std::string("viewer-") + language + (dark ? "-dark" : "-light")).c_str());
+            CHECK(hand::Of<QTreeView>(at.Window, "objects").horizontalScrollBar()->maximum() == 0);
             for (const char* const name : {"Scale", "Zoom", "Size"}) {
                 const QLabel& label = hand::Of<QLabel>(at.Window, name);
                 CHECK(label.width() >= label.sizeHint().width());
