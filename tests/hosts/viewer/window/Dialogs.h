@@ -52,9 +52,9 @@ inline int EachDialog(ShownWindow& at, const std::function<void(QDialog&)>& act)
     return opened;
 }
 
-// A window with a picture, a region and a line that is selected, and rulers.
+// A window with two pictures, on the second one a region and a line that is selected, and rulers.
 struct FullWindow : ShownWindow {
-    explicit FullWindow(const QStringList& files = {Sample()}) : ShownWindow(files)
+    explicit FullWindow(const QStringList& files = {Sample(), Sample()}) : ShownWindow(files)
     {
         Open().add_rectangle(40, 20, 90, 60);
         Open().add_length({24, 258}, {86, 258});
