@@ -6,6 +6,7 @@
 #include <QDateTime>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QGuiApplication>
 #include <QIODevice>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -33,11 +34,10 @@ QByteArray TightBytes(const VostelPlane& plane)
 }
 
 KeptDocument::KeptDocument(Document& document, const QString& stem, int delay, QThreadPool& writers)
-    : Content(document), Stem(stem), Delay(delay), Writers(writers)
+    : Content(document), Stem(stem), Delay(delay), Pause(delay), Writers(writers)
 {
     Timer.setSingleShot(true);
-    Timer.setInterval(delay);
-    connect(&Timer, &QTimer::timeout, this, &KeptDocument::Keep);
+    connect(&Timer, &QTimer::timeout, this, &KeptDocument::KeepAtRest);
     connect(&Content, &Document::changed, this, &KeptDocument::Follow);
     connect(&Content, &Document::modifiedChanged, this, &KeptDocument::Follow);
     connect(&Content, &Document::stackChanged, this, &KeptDocument::Follow);
@@ -51,7 +51,17 @@ void KeptDocument::Follow()
     if (!Content.IsModified())
         Forget();
     else if (!Timer.isActive())
-        Timer.start();    // not again with each change, or somebody who never rests would keep nothing
+        Timer.start(Pause);    // not again with each change, or somebody who never rests would keep nothing
+}
+
+// Keeping many objects stops the window for a moment: not in the middle of a drag.
+void KeptDocument::KeepAtRest()
+{
+    constexpr int Look = 100;    // ms until the button is looked at again
+    if (QGuiApplication::mouseButtons() != Qt::NoButton)
+        Timer.start(Look);
+    else
+        Keep();
 }
 
 void KeptDocument::Keep()
@@ -73,7 +83,7 @@ void KeptDocument::Keep()
         Q_EMIT failed(outcome.Text);
     HasFailed = !outcome.IsDone();
     constexpr int Rests = 50;    // of many objects less often, or the window would do little else
-    Timer.setInterval(std::max(Delay, static_cast<int>(time.elapsed()) * Rests));
+    Pause = std::max(Delay, static_cast<int>(time.elapsed()) * Rests);
 }
 
 void KeptDocument::KeepImage()

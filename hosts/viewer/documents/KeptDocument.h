@@ -30,12 +30,14 @@ Q_SIGNALS:
 
 private:
     void    Follow();
+    void    KeepAtRest();
     void    KeepImage();
     Outcome KeepFacts() const;
 
     Document&    Content;
     QString      Stem;
     int          Delay;    // ms from a change, at least
+    int          Pause;    // ms until what changes now is kept
     QTimer       Timer;
     QThreadPool& Writers;
     bool         ImageIsKept = false;    // of a picture that is in no file

@@ -1,13 +1,17 @@
 // While the button is held the panels tell what is being changed.
 
 #include "hosts/viewer/docks/ShownPanel.h"
+#include "hosts/viewer/documents/MadeFiles.h"
 #include "hosts/viewer/window/ShownWindow.h"
 
+#include "documents/SessionKeeper.h"
 #include "plots/CurvePlot.h"
 #include "window/DockSet.h"
 
 #include <doctest/doctest.h>
 
+#include <QDir>
+#include <QDirIterator>
 #include <QDockWidget>
 #include <QTreeView>
 
@@ -58,6 +62,26 @@ TEST_CASE("measures and profile follow a drag while the button is held, and go b
     CHECK(at.Open().history_info().undo_count == steps + 1);
     hand::Key("ctrl+z");
     CHECK(hand::Wait([&] { return plot.Values().size() == 101; }));
+}
+
+TEST_CASE("what is not saved is kept for a recovery after a drag, and never in the middle of one")
+{
+    const MadeFiles files;
+    const auto      kept = [&] {
+        return QDir(files.Folder()).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size() == 1 &&
+               QDirIterator(files.Folder(), {QStringLiteral("*.vostel.json")}, QDir::Files,
+                                 QDirIterator::Subdirectories)
+                   .hasNext();
+    };
+    constexpr int Soon = 20;    // ms
+    SessionKeeper keeper(files.Folder(), Soon);
+    ShownWindow   at;
+    hand::Press(at.View(), at.At(150, 60));
+    keeper.Watch(at.Window.Shown());
+    at.Open().add_rectangle(20, 20, 80, 80);
+    CHECK_FALSE(hand::Wait(kept, 20 * Soon));
+    hand::Lift();
+    CHECK(hand::Wait(kept));
 }
 
 TEST_CASE("a line that is being drawn is measured before the button is lifted")
