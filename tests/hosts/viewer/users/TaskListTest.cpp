@@ -7,6 +7,7 @@
 
 #include <QAbstractButton>
 #include <QLineEdit>
+#include <QPointer>
 #include <QTableView>
 #include <QTreeView>
 
@@ -69,12 +70,13 @@ public:
     {
         bool closed = false;
         hand::InDialog([&](QDialog& dialog) {
-            auto& name = hand::Of<QLineEdit>(dialog, "fileNameEdit");
+            const QPointer<QDialog> up = &dialog;    // some are gone when they are closed
+            auto&                   name = hand::Of<QLineEdit>(dialog, "fileNameEdit");
             name.setFocus();
             name.setText(path);
             ++Actions;
             Key("Return");
-            closed = hand::Wait([&] { return !dialog.isVisible(); });
+            closed = hand::Wait([&] { return !up || !up->isVisible(); });
         });
         open();
         REQUIRE(hand::Wait([&] { return closed; }));
