@@ -15,6 +15,8 @@ namespace hand {
 
 namespace {
 
+constexpr int Calm = 30;    // ms without an event
+
 Place OnScreen(const QWidget& widget, QPoint at)
 {
     const QPoint global = (QPointF(widget.mapToGlobal(at)) * widget.devicePixelRatioF()).toPoint();
@@ -27,7 +29,6 @@ void Settle()
 {
     QElapsedTimer calm;
     calm.start();
-    constexpr int Calm = 30;    // ms without an event
     while (calm.elapsed() < Calm) {
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         if (QApplication::eventDispatcher()->processEvents(QEventLoop::AllEvents))
@@ -179,7 +180,7 @@ bool Wait(const std::function<bool()>& condition, int milliseconds)
 
 void InDialog(const std::function<void(QDialog&)>& act)
 {
-    constexpr int Look = 10, Patience = 20000;    // ms
+    constexpr int Look = 2 * Calm, Patience = 20000;    // ms; more often would never let Settle rest
     auto* const   clock = new QTimer(qApp);
     QObject::connect(clock, &QTimer::timeout, clock, [clock, act, looks = 0]() mutable {
         auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());

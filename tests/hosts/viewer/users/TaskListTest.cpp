@@ -6,6 +6,7 @@
 #include "hosts/viewer/users/OddFiles.h"
 
 #include <QAbstractButton>
+#include <QFileDialog>
 #include <QLineEdit>
 #include <QPointer>
 #include <QTableView>
@@ -70,19 +71,24 @@ public:
     {
         bool closed = false;
         hand::InDialog([&](QDialog& dialog) {
-            const QPointer<QDialog> up = &dialog;    // some are gone when they are closed
-            auto&                   name = hand::Of<QLineEdit>(dialog, "fileNameEdit");
-            name.setFocus();
-            name.setText(path);
-            ++Actions;
-            Key("Return");
-            closed = hand::Wait([&] { return !up || !up->isVisible(); });
+            TypePath(dialog, path);
+            closed = true;
         });
         open();
         REQUIRE(hand::Wait([&] { return closed; }));
         hand::Settle();
         REQUIRE(hand::Wait([&] { return !at.Window.Shown().IsReading(); }));
         hand::Settle();
+    }
+
+    // The same for a dialog that leaves the window free.
+    void InFileDialogBeside(const char* button, const QString& path)
+    {
+        Press(button);
+        auto* const dialog = at.Window.findChild<QFileDialog*>();
+        REQUIRE(dialog);
+        REQUIRE(hand::Wait([&] { return dialog->isActiveWindow(); }));
+        TypePath(*dialog, path);
     }
 
     // By the letters that are underlined in the menu.
@@ -96,6 +102,17 @@ public:
 
 private:
     int Actions = 0;
+
+    void TypePath(QDialog& dialog, const QString& path)
+    {
+        const QPointer<QDialog> up = &dialog;    // some are gone when they are closed
+        auto&                   name = hand::Of<QLineEdit>(dialog, "fileNameEdit");
+        name.setFocus();
+        name.setText(path);
+        ++Actions;
+        Key("Return");
+        REQUIRE(hand::Wait([&] { return !up || !up->isVisible(); }));
+    }
 };
 
 // Of the table in the page, by the first cell of each row: ours and the other program's.
@@ -149,7 +166,7 @@ TEST_CASE("the usual tasks take as many steps as the documentation counts, and n
     counted["name them"] = person.Take();
 
     const QString table = files.Path("parts.csv");
-    person.InFileDialog([&] { person.Press("saveMeasures"); }, table);
+    person.InFileDialogBeside("saveMeasures", table);
     CHECK(BytesOf(table).contains("part 4"));
     counted["save the table as CSV"] = person.Take();
 
