@@ -178,18 +178,14 @@ TEST_CASE("very many objects are listed without waiting")
     QElapsedTimer time;
     at.AddMany();
     time.start();
-    hand::Settle();
-    CHECK(at.List.model()->rowCount() == Many + 4);
+    CHECK(hand::Wait([&] { return at.List.model()->rowCount() == Many + 4; }));
     at.Open().select({at.Objects()[Many / 2]});
-    hand::Settle();
-    CHECK(at.List.selectionModel()->isRowSelected(Many / 2 + 3));
+    CHECK(hand::Wait([&] { return at.List.selectionModel()->isRowSelected(Many / 2 + 3); }));
     CHECK(at.List.visualRect(at.List.model()->index(Many / 2 + 3, 0)).isValid());
     at.Objects()[Many / 2].set_name("found");
-    hand::Settle();
-    CHECK(hand::CellText(at.List, Many / 2 + 3, ObjectsModel::Name) == "found");
+    CHECK(hand::Wait([&] { return hand::CellText(at.List, Many / 2 + 3, ObjectsModel::Name) == "found"; }));
     at.Objects()[50].remove();
-    hand::Settle();
-    CHECK(at.List.model()->rowCount() == Many + 3);
+    CHECK(hand::Wait([&] { return at.List.model()->rowCount() == Many + 3; }));
     MESSAGE("four updates: ", time.elapsed(), " ms, of which 120 ms are waited");
     CHECK(time.elapsed() < 8000);
 }
